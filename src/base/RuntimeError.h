@@ -1,0 +1,48 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace ornivane {
+
+// The kinds of run-time error, under the numbers that users of the program have always read in them.
+enum class ErrorNumber {
+    InvalidCall = 5,
+    Overflow = 6,
+    SubscriptOutOfRange = 9,
+    DivisionByZero = 11,
+    TypeMismatch = 13,
+    BadFileName = 52,
+    FileNotFound = 53,
+    DeviceError = 57,
+    DiskFull = 61,
+    PermissionDenied = 70,
+    PathNotFound = 76,
+    ObjectNotSet = 91,
+    InvalidNull = 94,
+    NoCurrentRecord = 3021,
+    FieldNotFound = 3265,
+    ObjectClosed = 3704,
+    StoreError = 3706,
+};
+
+// The event in which this happens ends there; the top of the event loop catches it and shows a notice that
+// does not block. It is for mistakes that no rule of the program foresees, never for bad input from outside
+// where the consumer has a rule of its own.
+class RuntimeError : public std::runtime_error {
+  public:
+    explicit RuntimeError(ErrorNumber number, std::string detail = {});
+
+    ErrorNumber Number() const { return number; }
+    // What exactly was wrong (a field's name, a reason of the system); may be empty. Not translated.
+    const std::string& Detail() const { return detail; }
+
+  private:
+    ErrorNumber number;
+    std::string detail;
+};
+
+// "Overflow (6)" or "Überlauf (6)", with the detail behind it when there is one.
+std::string DescribeError(const RuntimeError& error, bool english);
+
+} // namespace ornivane

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+
+#include "base/LocaleText.h"
+#include "platform/Clock.h"
+#include "store/Connection.h"
+#include "store/Recordset.h"
+
+namespace ornivane {
+
+// A calendar date, for settings and data releases.
+struct Date {
+    int Year = 0, Month = 0, Day = 0;
+    bool operator==(const Date&) const = default;
+};
+
+inline Date DateOf(const LocalTime& time) { return {time.Year, time.Month, time.Day}; }
+
+// The state that screens share: one of it for a running program, made by main and handed to whoever needs it.
+struct Variablen {
+    std::filesystem::path ProgramFolder; // the portable folder: program, stores, charts, settings files
+    LocaleText Locale;
+
+    Connection DataConn;
+    Connection TrackConn;
+    Connection LuftraumConn;
+    Connection AirfieldConn;
+    bool AirfieldStoreOpen = false;
+    // The active maps; the current row is the map of flight mode.
+    Recordset MapsSet;
+
+    std::int16_t EnglishUI = 0;  // 1 English, 0 German
+    std::int16_t SymbolType = 0; // 1 arrow, any other value the aeroplane
+    bool TrackEnabled = false;
+    int TrackInterval = 0; // milliseconds
+    bool TrackAuto = false;
+    bool TrackWasRunning = false;
+    std::optional<Date> LuftraumDate;
+    std::int16_t QNH = 0; // hPa
+    std::optional<Date> QNHDate;
+    bool UpdateAvailable = false;
+
+    // The text in the language in use at this moment.
+    const char* Text(const char* german, const char* english) const { return EnglishUI == 1 ? english : german; }
+};
+
+} // namespace ornivane

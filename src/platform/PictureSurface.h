@@ -1,0 +1,50 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+namespace ornivane {
+
+// 0xRRGGBB.
+using Colour = unsigned;
+
+// A rectangle in pixels.
+struct PixelRect {
+    double X = 0, Y = 0, Width = 0, Height = 0;
+    bool operator==(const PixelRect&) const = default;
+};
+
+// A loaded image at its full size.
+class Picture {
+  public:
+    virtual ~Picture() = default;
+    // Reads a BMP or JPG by its content. False when it cannot be read; the picture that was there stays then.
+    virtual bool Load(const std::filesystem::path& file) = 0;
+    // Pixels as stored in the file; 0 before anything was loaded.
+    virtual int ScaleWidth() const = 0;
+    virtual int ScaleHeight() const = 0;
+};
+
+// What maps and instruments are drawn on. Coordinates are view pixels from the top left; lines and circles use
+// the pen width last set. A step of drawing outside the surface draws nothing there and is no error.
+class PictureSurface {
+  public:
+    virtual ~PictureSurface() = default;
+    virtual double ScaleWidth() const = 0;
+    virtual double ScaleHeight() const = 0;
+    virtual void Cls() = 0;
+    // Stretches a source rectangle of the picture, in its pixels, over a rectangle of this surface.
+    virtual void PaintPicture(const Picture& picture, const PixelRect& destination, const PixelRect& source) = 0;
+    virtual void SetDrawWidth(int pixels) = 0;
+    virtual int DrawWidth() const = 0;
+    virtual void SetForeColor(Colour colour) = 0;
+    virtual void Line(double x1, double y1, double x2, double y2, Colour colour) = 0;
+    // An outline; radius to the middle of the pen.
+    virtual void Circle(double x, double y, double radius, Colour colour) = 0;
+    // The text's top left corner, in the fore colour.
+    virtual void Print(double x, double y, const std::string& text) = 0;
+    // Shows what was drawn.
+    virtual void Refresh() = 0;
+};
+
+} // namespace ornivane

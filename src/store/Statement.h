@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "store/Value.h"
+
+struct sqlite3_stmt;
+
+namespace ornivane {
+
+class Connection;
+
+// A prepared statement, for queries that run at every redraw: prepared once, bound and stepped often.
+// Errors are RuntimeError StoreError. Must not outlive its connection's being open.
+class Statement {
+  public:
+    Statement();
+    Statement(Connection& connection, std::string_view sql);
+    ~Statement();
+    Statement(Statement&&) noexcept;
+    Statement& operator=(Statement&&) noexcept;
+
+    bool IsPrepared() const { return statement != nullptr; }
+    // Ends the last run and forgets its rows; bound values stay.
+    void Reset();
+    // Parameters count from 1.
+    void Bind(int parameter, const Value& value);
+    // True while there is a row.
+    bool Step();
+    int ColumnCount() const;
+    // Columns count from 0. Number() and Integer() of Null are a RuntimeError InvalidNull.
+    bool IsNull(int column) const;
+    double Number(int column) const;
+    std::int64_t Integer(int column) const;
+    std::string_view Text(int column) const; // valid until the next Step or Reset; empty for Null
+    Value ColumnValue(int column) const;
+
+  private:
+    struct Finalizer {
+        void operator()(sqlite3_stmt* s) const;
+    };
+    std::unique_ptr<sqlite3_stmt, Finalizer> statement;
+};
+
+} // namespace ornivane

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <variant>
+
+namespace ornivane {
+
+// One field of a row.
+class Value {
+  public:
+    Value() = default; // Null
+    Value(bool value) : data(value) {}
+    Value(int value) : data(static_cast<std::int64_t>(value)) {}
+    Value(std::int64_t value) : data(value) {}
+    Value(double value) : data(value) {}
+    Value(std::string value) : data(std::move(value)) {}
+    Value(const char* value) : data(std::string(value)) {}
+
+    bool IsNull() const { return data.index() == 0; }
+    // RuntimeError InvalidNull for Null, TypeMismatch for a text that is no number (decimal point).
+    double Number() const;
+    std::int64_t Integer() const; // rounds ties to even
+    // True for any number but 0.
+    bool Boolean() const;
+    // Any value as text, numbers with a decimal point; RuntimeError InvalidNull for Null.
+    std::string Text() const;
+
+    bool operator==(const Value&) const = default;
+    const auto& Raw() const { return data; }
+
+  private:
+    std::variant<std::monostate, bool, std::int64_t, double, std::string> data;
+};
+
+} // namespace ornivane
