@@ -55,7 +55,8 @@ std::string Format(double value, std::string_view picture, const LocaleText& loc
     if (!std::isfinite(value)) throw RuntimeError(ErrorNumber::Overflow);
     const auto point = picture.find('.');
     const std::string_view wholePicture = picture.substr(0, point);
-    const std::string_view fractionPicture = point == std::string_view::npos ? std::string_view{} : picture.substr(point + 1);
+    const std::string_view fractionPicture =
+        point == std::string_view::npos ? std::string_view{} : picture.substr(point + 1);
     const std::size_t places = fractionPicture.size();
 
     const std::string digits = RoundedDigits(DecimalOf(value), static_cast<int>(places));

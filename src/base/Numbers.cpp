@@ -27,7 +27,8 @@ std::int16_t ToInt16(double x) {
 }
 
 double CheckedDivide(double numerator, double denominator) {
-    if (denominator == 0.0) throw RuntimeError(numerator == 0.0 ? ErrorNumber::Overflow : ErrorNumber::DivisionByZero);
+    if (denominator == 0.0)
+        throw RuntimeError(numerator == 0.0 ? ErrorNumber::Overflow : ErrorNumber::DivisionByZero);
     const double result = numerator / denominator;
     if (!std::isfinite(result)) throw RuntimeError(ErrorNumber::Overflow);
     return result;
@@ -48,7 +49,8 @@ std::string NumberText(double x) {
     char text[40];
     const double cut = CutToFifteenDigits(x);
     const bool plain = std::fabs(cut) >= 1e-5 && std::fabs(cut) < 1e15;
-    const auto end = std::to_chars(text, text + sizeof text, cut, plain ? std::chars_format::fixed : std::chars_format::scientific);
+    const auto end = std::to_chars(text, text + sizeof text, cut,
+                                   plain ? std::chars_format::fixed : std::chars_format::scientific);
     return std::string(text, end.ptr);
 }
 

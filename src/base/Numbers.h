@@ -18,8 +18,8 @@ double Round(double x, int decimals = 0);
 // Ties to even; RuntimeError Overflow outside -32768..32767 or when not finite.
 std::int16_t ToInt16(double x);
 
-// Doubles do not raise errors by themselves: RuntimeError DivisionByZero for x / 0, Overflow for 0 / 0 and for
-// a result that is not finite.
+// Doubles do not raise errors by themselves: RuntimeError DivisionByZero for x / 0, Overflow for 0 / 0 and
+// for a result that is not finite.
 double CheckedDivide(double numerator, double denominator);
 
 // The value as text has it: cut to fifteen significant digits and read back.

@@ -42,13 +42,13 @@ const ErrorText& TextOf(ErrorNumber number) {
 } // namespace
 
 RuntimeError::RuntimeError(ErrorNumber errorNumber, std::string errorDetail)
-    : std::runtime_error(TextOf(errorNumber).English + (errorDetail.empty() ? "" : ": " + errorDetail)), number(errorNumber),
-      detail(std::move(errorDetail)) {}
+    : std::runtime_error(TextOf(errorNumber).English + (errorDetail.empty() ? "" : ": " + errorDetail)),
+      number(errorNumber), detail(std::move(errorDetail)) {}
 
 std::string DescribeError(const RuntimeError& error, bool english) {
     const ErrorText& text = TextOf(error.Number());
-    std::string result =
-        std::string(english ? text.English : text.German) + " (" + std::to_string(static_cast<int>(error.Number())) + ")";
+    std::string result = std::string(english ? text.English : text.German) + " (" +
+                         std::to_string(static_cast<int>(error.Number())) + ")";
     if (!error.Detail().empty()) result += ": " + error.Detail();
     return result;
 }

@@ -30,14 +30,14 @@ enum class ErrorNumber {
 // does not block. It is for mistakes that no rule of the program foresees, never for bad input from outside
 // where the consumer has a rule of its own.
 class RuntimeError : public std::runtime_error {
-  public:
+public:
     explicit RuntimeError(ErrorNumber number, std::string detail = {});
 
     ErrorNumber Number() const { return number; }
     // What exactly was wrong (a field's name, a reason of the system); may be empty. Not translated.
     const std::string& Detail() const { return detail; }
 
-  private:
+private:
     ErrorNumber number;
     std::string detail;
 };

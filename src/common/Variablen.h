@@ -6,19 +6,11 @@
 #include <string>
 
 #include "base/LocaleText.h"
-#include "platform/Clock.h"
+#include "common/Date.h"
 #include "store/Connection.h"
 #include "store/Recordset.h"
 
 namespace ornivane {
-
-// A calendar date, for settings and data releases.
-struct Date {
-    int Year = 0, Month = 0, Day = 0;
-    bool operator==(const Date&) const = default;
-};
-
-inline Date DateOf(const LocalTime& time) { return {time.Year, time.Month, time.Day}; }
 
 // The state that screens share: one of it for a running program, made by main and handed to whoever needs it.
 struct Variablen {
@@ -45,7 +37,9 @@ struct Variablen {
     bool UpdateAvailable = false;
 
     // The text in the language in use at this moment.
-    const char* Text(const char* german, const char* english) const { return EnglishUI == 1 ? english : german; }
+    const char* Text(const char* german, const char* english) const {
+        return EnglishUI == 1 ? english : german;
+    }
 };
 
 } // namespace ornivane

@@ -10,7 +10,7 @@ struct LocalTime {
 };
 
 class Clock {
-  public:
+public:
     virtual ~Clock() = default;
     virtual LocalTime Now() const = 0;
     // Milliseconds from some fixed moment, never backwards: for measuring spans.

@@ -8,7 +8,7 @@
 namespace ornivane {
 
 class Dialogs {
-  public:
+public:
     virtual ~Dialogs() = default;
     // A message with an OK button that does not stop the program: the call returns at once, the receiver goes
     // on being read. While a message stands, the same one is not shown again; others wait behind it.
@@ -21,14 +21,14 @@ class Dialogs {
 
 // The non-blocking notice at the bottom of the window.
 class Notice {
-  public:
+public:
     virtual ~Notice() = default;
     // Not repeated while the same text stands; goes away by a click.
     virtual void Show(const std::string& text) = 0;
 };
 
 class Progress {
-  public:
+public:
     virtual ~Progress() = default;
     virtual void SetValue(int percent) = 0; // shown at once
     virtual void SetVisible(bool visible) = 0;

@@ -16,7 +16,7 @@ struct PixelRect {
 
 // A loaded image at its full size.
 class Picture {
-  public:
+public:
     virtual ~Picture() = default;
     // Reads a BMP or JPG by its content. False when it cannot be read; the picture that was there stays then.
     virtual bool Load(const std::filesystem::path& file) = 0;
@@ -25,16 +25,17 @@ class Picture {
     virtual int ScaleHeight() const = 0;
 };
 
-// What maps and instruments are drawn on. Coordinates are view pixels from the top left; lines and circles use
-// the pen width last set. A step of drawing outside the surface draws nothing there and is no error.
+// What maps and instruments are drawn on. Coordinates are view pixels from the top left; lines and circles
+// use the pen width last set. A step of drawing outside the surface draws nothing there and is no error.
 class PictureSurface {
-  public:
+public:
     virtual ~PictureSurface() = default;
     virtual double ScaleWidth() const = 0;
     virtual double ScaleHeight() const = 0;
     virtual void Cls() = 0;
     // Stretches a source rectangle of the picture, in its pixels, over a rectangle of this surface.
-    virtual void PaintPicture(const Picture& picture, const PixelRect& destination, const PixelRect& source) = 0;
+    virtual void PaintPicture(const Picture& picture, const PixelRect& destination,
+                              const PixelRect& source) = 0;
     virtual void SetDrawWidth(int pixels) = 0;
     virtual int DrawWidth() const = 0;
     virtual void SetForeColor(Colour colour) = 0;

@@ -6,7 +6,7 @@ namespace ornivane {
 
 // Which numbered ports the machine has.
 class PortList {
-  public:
+public:
     virtual ~PortList() = default;
     // A port is offered when its device exists and is a terminal.
     virtual bool Exists(int number) const = 0;

@@ -5,14 +5,14 @@
 
 namespace ornivane {
 
-// What a serial port tells: bytes wait, the line was held in the break state, or anything else that is no data
-// (a hang-up, a line or device error).
+// What a serial port tells: bytes wait, the line was held in the break state, or anything else that is no
+// data (a hang-up, a line or device error).
 enum class SerialEvent { Receive, Break, Other };
 
 // A serial line by its number, 1 to 20. The callback runs on the one thread of the program, never inside a
 // call of this interface.
 class SerialPort {
-  public:
+public:
     virtual ~SerialPort() = default;
 
     // Settings as "4800,n,8,1": baud rate, parity, data bits, stop bits.

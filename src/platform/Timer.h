@@ -6,7 +6,7 @@ namespace ornivane {
 
 // A repeating timer. An interval of 0 is its off state; setting an interval starts the wait anew.
 class Timer {
-  public:
+public:
     virtual ~Timer() = default;
     virtual void SetInterval(int milliseconds) = 0;
     virtual int Interval() const = 0;

@@ -13,7 +13,7 @@ namespace ornivane {
 
 // An open store: one SQLite file. Rollback journal, synchronous FULL; the collation ORNIVANE is registered.
 class Connection {
-  public:
+public:
     enum class Mode { ReadWrite, ReadOnly };
 
     Connection();
@@ -33,7 +33,7 @@ class Connection {
     // The handle for Statement and Recordset. RuntimeError ObjectClosed when not open.
     sqlite3* Handle() const;
 
-  private:
+private:
     struct Closer {
         void operator()(sqlite3* handle) const;
     };
@@ -42,14 +42,14 @@ class Connection {
 
 // Rolls back by itself unless committed. Nests as savepoints.
 class Transaction {
-  public:
+public:
     explicit Transaction(Connection& connection);
     ~Transaction();
     Transaction(const Transaction&) = delete;
     Transaction& operator=(const Transaction&) = delete;
     void Commit();
 
-  private:
+private:
     Connection* connection;
 };
 

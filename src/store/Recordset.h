@@ -39,9 +39,9 @@ using Bookmark = std::size_t;
 
 // What observers are told. Row counts are places in the present order, from 0.
 class RecordsetObserver {
-  public:
+public:
     virtual ~RecordsetObserver() = default;
-    virtual void RowsReset() = 0;                    // all rows anew: open, requery, sort, filter, close
+    virtual void RowsReset() = 0; // all rows anew: open, requery, sort, filter, close
     virtual void RowInserted(int row) = 0;
     virtual void RowRemoved(int row) = 0;
     virtual void RowChanged(int row) = 0;
@@ -50,17 +50,17 @@ class RecordsetObserver {
 
 // A client-side, updatable snapshot of rows with a current row. The current row is the selection.
 class Recordset {
-  public:
+public:
     Recordset();
     ~Recordset();
     Recordset(Recordset&&) noexcept;
     Recordset& operator=(Recordset&&) noexcept;
 
-    // "SELECT fields FROM one table [WHERE ...] [ORDER BY ...]" with values bound to its ?. Stands on the first
-    // row. An open recordset is closed first. RuntimeError StoreError, ObjectClosed.
+    // "SELECT fields FROM one table [WHERE ...] [ORDER BY ...]" with values bound to its ?. Stands on the
+    // first row. An open recordset is closed first. RuntimeError StoreError, ObjectClosed.
     void Open(Connection& connection, std::string sql, std::vector<Value> parameters = {});
-    // A persisted recordset (rowset XML). RuntimeError FileNotFound, TypeMismatch (with the reason) when it is
-    // none; the recordset stays as it was then.
+    // A persisted recordset (rowset XML). RuntimeError FileNotFound, TypeMismatch (with the reason) when it
+    // is none; the recordset stays as it was then.
     void OpenFile(const std::filesystem::path& file);
     void OpenText(std::string_view xml);
     // Detached: fields first, then Open without a source.
@@ -117,7 +117,7 @@ class Recordset {
     void AddObserver(RecordsetObserver* observer);
     void RemoveObserver(RecordsetObserver* observer);
 
-  private:
+private:
     struct State;
     std::unique_ptr<State> state;
 };

@@ -16,7 +16,7 @@ class Connection;
 // A prepared statement, for queries that run at every redraw: prepared once, bound and stepped often.
 // Errors are RuntimeError StoreError. Must not outlive its connection's being open.
 class Statement {
-  public:
+public:
     Statement();
     Statement(Connection& connection, std::string_view sql);
     ~Statement();
@@ -38,11 +38,24 @@ class Statement {
     std::string_view Text(int column) const; // valid until the next Step or Reset; empty for Null
     Value ColumnValue(int column) const;
 
-  private:
+private:
     struct Finalizer {
         void operator()(sqlite3_stmt* s) const;
     };
     std::unique_ptr<sqlite3_stmt, Finalizer> statement;
+};
+
+// One run of a statement: resets it at the start and, also when an error ends the run, at the end, so that no
+// forgotten row keeps the store locked for other programs.
+class StatementRun {
+public:
+    explicit StatementRun(Statement& of) : statement(of) { statement.Reset(); }
+    ~StatementRun() { statement.Reset(); }
+    StatementRun(const StatementRun&) = delete;
+    StatementRun& operator=(const StatementRun&) = delete;
+
+private:
+    Statement& statement;
 };
 
 } // namespace ornivane

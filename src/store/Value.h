@@ -8,7 +8,7 @@ namespace ornivane {
 
 // One field of a row.
 class Value {
-  public:
+public:
     Value() = default; // Null
     Value(bool value) : data(value) {}
     Value(int value) : data(static_cast<std::int64_t>(value)) {}
@@ -29,7 +29,7 @@ class Value {
     bool operator==(const Value&) const = default;
     const auto& Raw() const { return data; }
 
-  private:
+private:
     std::variant<std::monostate, bool, std::int64_t, double, std::string> data;
 };
 

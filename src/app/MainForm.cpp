@@ -1,0 +1,251 @@
+#include "app/MainForm.h"
+
+#include <QCloseEvent>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+#include "app/StoreOpening.h"
+#include "app/UpdateCheck.h"
+#include "app/frmInfo.h"
+#include "app/frmPlaceholder.h"
+#include "base/RuntimeError.h"
+#include "common/SettingsFiles.h"
+
+namespace ornivane {
+
+namespace {
+
+constexpr int ButtonHeight = 48; // pixels: pressed in turbulence and with gloves
+constexpr QSize SmallestSize(1024, 700);
+
+void Caption(QAction* action, Bilingual text, Bilingual tip, bool english) {
+    action->setText(text.In(english));
+    action->setToolTip(tip.In(english));
+}
+
+// Focus by the Tab key only: a click must not take the keys away from the flying screen.
+QToolButton* ToolbarButton(const QString& name) {
+    auto* button = new QToolButton;
+    button->setObjectName(name);
+    button->setMinimumHeight(ButtonHeight);
+    button->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    button->setFocusPolicy(Qt::TabFocus);
+    QFont font = button->font();
+    font.setPointSizeF(font.pointSizeF() * 1.25);
+    button->setFont(font);
+    return button;
+}
+
+} // namespace
+
+MainForm::MainForm(Variablen& variablenOf, Services servicesOf)
+    : variablen(variablenOf), services(std::move(servicesOf)),
+      screens({services.MakeScreen, [this](Screen* screen) {
+                   if (stack->indexOf(screen) < 0) stack->addWidget(screen);
+                   stack->setCurrentWidget(screen);
+               },
+               [this](const std::function<void()>& step) { return Guarded(step); }}) {
+    setObjectName("Main");
+    setWindowTitle("Ornivane GPS");
+    setMinimumSize(SmallestSize);
+    resize(SmallestSize);
+    setContextMenuPolicy(Qt::NoContextMenu); // the toolbar cannot be hidden away
+
+    MakeToolbar();
+    MakeMenu();
+    auto* centre = new QWidget;
+    auto* layout = new QVBoxLayout(centre);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    stack = new QStackedWidget;
+    stack->setObjectName("screens");
+    layout->addWidget(stack, 1);
+    if (services.NoticeBar) layout->addWidget(services.NoticeBar);
+    setCentralWidget(centre);
+    ApplyLanguage();
+}
+
+MainForm::~MainForm() = default;
+
+void MainForm::MakeToolbar() {
+    toolMain = addToolBar("toolMain");
+    toolMain->setObjectName("toolMain");
+    toolMain->setMovable(false);
+    int number = 1;
+    for (const Mode mode : AllModes) {
+        if (mode != AllModes.front()) toolMain->addSeparator();
+        // Numbered as the places of the toolbar are, separators included.
+        QToolButton* button = ToolbarButton(QString("button%1").arg(2 * number - 1));
+        button->setCheckable(true);
+        connect(button, &QToolButton::clicked, this, [this, button] { toolMain_ButtonClick(button->text()); });
+        auto* key = new QShortcut(QKeySequence(Qt::Key_F1 + number - 1), this);
+        connect(key, &QShortcut::activated, button, &QToolButton::click);
+        toolMain->addWidget(button);
+        buttons[mode] = button;
+        ++number;
+    }
+    auto* gap = new QWidget;
+    gap->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    toolMain->addWidget(gap);
+
+    cmdNight = ToolbarButton("cmdNight");
+    cmdNight->setCheckable(true);
+    connect(cmdNight, &QToolButton::toggled, this, [this](bool night) {
+        if (services.SetNight) services.SetNight(night);
+    });
+    connect(new QShortcut(QKeySequence(Qt::Key_F9), this), &QShortcut::activated, cmdNight, &QToolButton::click);
+    toolMain->addWidget(cmdNight);
+}
+
+void MainForm::MakeMenu() {
+    menu = new QMenu(this);
+    menu->setObjectName("mnuMain");
+    menu->setToolTipsVisible(true);
+    mnuUpdate = AddEntry("mnuUpdate", &MainForm::mnuUpdate_Click);
+    mnuExport = AddEntry("mnuExport", &MainForm::mnuExport_Click);
+    mnuImport = AddEntry("mnuImport", &MainForm::mnuImport_Click);
+    mnuLuftEin = AddEntry("mnuLuftEin", &MainForm::mnuLuftEin_Click);
+    mnuabout = AddEntry("mnuabout", &MainForm::mnuabout_Click);
+    mnuUpdate->setVisible(false);
+
+    cmdMenu = ToolbarButton("cmdMenu");
+    cmdMenu->setPopupMode(QToolButton::InstantPopup);
+    cmdMenu->setMenu(menu);
+    connect(new QShortcut(QKeySequence(Qt::Key_F10), this), &QShortcut::activated, cmdMenu, &QToolButton::showMenu);
+    toolMain->addWidget(cmdMenu);
+}
+
+QAction* MainForm::AddEntry(const char* name, void (MainForm::*handler)()) {
+    QAction* entry = menu->addAction(QString());
+    entry->setObjectName(name);
+    connect(entry, &QAction::triggered, this, [this, handler] { Guarded([&] { (this->*handler)(); }); });
+    return entry;
+}
+
+bool MainForm::Form_Load() {
+    if (!StoreOpening(variablen, *services.Boxes, *this).Run()) return false;
+    // A program folder that cannot be written costs the update tool its knowledge, and nobody the flight.
+    Guarded([this] { WriteVersion(variablen.ProgramFolder, ProgramVersion()); });
+    mnuUpdate->setVisible(variablen.UpdateAvailable);
+    ApplyLanguage();
+    showMaximized();
+    ShowMode(Mode::Flight);
+    for (QDialog* hint : findChildren<QDialog*>()) hint->show(); // above the window, so after it
+    return true;
+}
+
+void MainForm::ApplyLanguage() {
+    const bool english = variablen.EnglishUI == 1;
+    for (const auto& [mode, button] : buttons) {
+        button->setText(ModeCaption(mode).In(english));
+        button->setToolTip(ModeTooltip(mode).In(english));
+    }
+    cmdNight->setText(captions::Night.In(english));
+    cmdNight->setToolTip(captions::NightTip.In(english));
+    cmdMenu->setText(captions::Menu.In(english));
+    cmdMenu->setToolTip(captions::MenuTip.In(english));
+    Caption(mnuUpdate, captions::Update, captions::UpdateTip, english);
+    Caption(mnuExport, captions::Export, captions::ExportTip, english);
+    Caption(mnuImport, captions::Import, captions::ImportTip, english);
+    Caption(mnuLuftEin, captions::Airspace, captions::AirspaceTip, english);
+    Caption(mnuabout, captions::About, captions::AboutTip, english);
+    for (Screen* screen : screens.Loaded()) Guarded([&] { screen->ApplyLanguage(); });
+    ShowState();
+}
+
+void MainForm::ShowState() {
+    const std::optional<Mode> current = screens.Current();
+    for (const auto& [mode, button] : buttons) button->setChecked(mode == current);
+    mnuExport->setEnabled(current == Mode::Planning);
+    mnuImport->setEnabled(current == Mode::Planning);
+}
+
+void MainForm::toolMain_ButtonClick(const QString& caption) {
+    const auto mode = ModeOfCaption(caption.toStdString(), variablen.EnglishUI == 1);
+    if (mode) ShowMode(*mode);
+    ShowState();
+}
+
+void MainForm::ShowMode(Mode mode) {
+    screens.Show(mode);
+    ShowState();
+    if (stack->currentWidget()) stack->currentWidget()->setFocus();
+}
+
+bool MainForm::Guarded(const std::function<void()>& step) {
+    try {
+        step();
+        return true;
+    } catch (const RuntimeError& error) {
+        services.Notices->Show(DescribeError(error, variablen.EnglishUI == 1));
+    } catch (const std::exception& error) {
+        services.Notices->Show(error.what());
+    }
+    return false;
+}
+
+void MainForm::ShowDialogPlaceholder(const char* name, Bilingual title, Bilingual purpose) {
+    if (auto* open = findChild<QDialog*>(name)) return open->raise();
+    auto* dialog = new QDialog(this);
+    dialog->setObjectName(name);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setWindowTitle(title.In(variablen.EnglishUI == 1));
+    auto* layout = new QVBoxLayout(dialog);
+    layout->addWidget(new frmPlaceholder(variablen, "page", title, purpose));
+    dialog->resize(560, 320);
+    dialog->show();
+}
+
+void MainForm::mnuExport_Click() {
+    ShowDialogPlaceholder("frmExport", captions::Export,
+                          {"Hier wird eine Strecke als Datei gespeichert, um sie weiterzugeben.",
+                           "Here a route is saved to a file, to pass it on."});
+}
+
+void MainForm::mnuImport_Click() {
+    ShowDialogPlaceholder("frmImport", captions::Import,
+                          {"Hier wird eine Strecke aus einer Datei übernommen.", "Here a route is taken from a file."});
+}
+
+void MainForm::mnuLuftEin_Click() {
+    ShowDialogPlaceholder("frmLuftraumSettings", captions::Airspace,
+                          {"Hier wird gewählt, welche Lufträume die Planungskarte zeigt.",
+                           "Here you choose which airspaces the planning map shows."});
+}
+
+void MainForm::mnuabout_Click() {
+    ShowDialogPlaceholder("frmAbout", captions::About,
+                          {"Hier stehen Version, Änderungen und Verweise.", "Here are version, changes and links."});
+}
+
+void MainForm::mnuUpdate_Click() {
+    const std::filesystem::path program = variablen.ProgramFolder.string() + "/" + "update.exe";
+    if (services.Programs->Start(program)) {
+        QueryUnload();
+        return;
+    }
+    services.Boxes->Message(windowTitle().toStdString(), "Datei fehlt");
+}
+
+void MainForm::TrackStoreUnavailable(const std::string& reason) {
+    frmInfo::ForTrackStore(variablen, *services.Links, reason, this);
+}
+
+void MainForm::AirspaceStoreUnavailable(const std::string& reason) {
+    frmInfo::ForAirspaceStore(variablen, *services.Links, reason, this);
+}
+
+void MainForm::QueryUnload() {
+    if (unloaded) return;
+    unloaded = true;
+    screens.UnloadAll();
+    Guarded([this] { services.Programs->EndSiblings(); });
+    services.Ended();
+}
+
+void MainForm::closeEvent(QCloseEvent* event) {
+    QueryUnload();
+    event->accept();
+}
+
+} // namespace ornivane

@@ -1,0 +1,86 @@
+#pragma once
+
+#include <QActionGroup>
+#include <QLabel>
+#include <QMainWindow>
+#include <QMenu>
+#include <QStackedWidget>
+#include <QToolBar>
+#include <QToolButton>
+#include <functional>
+#include <map>
+
+#include "app/Hints.h"
+#include "app/ScreenSwitch.h"
+#include "common/Variablen.h"
+#include "platform/Dialogs.h"
+#include "platform/System.h"
+
+namespace ornivane {
+
+// The main window, "Main": toolbar, small menu, the screens, and the notice at the bottom.
+class MainForm : public QMainWindow, private Hints {
+    Q_OBJECT
+  public:
+    // What the window needs of the system, and how its screens are made.
+    struct Services {
+        Dialogs* Boxes = nullptr;
+        Notice* Notices = nullptr;
+        QWidget* NoticeBar = nullptr; // put at the bottom of the window; may be missing
+        Processes* Programs = nullptr;
+        Shell* Links = nullptr;
+        std::function<Screen*(Mode)> MakeScreen;
+        std::function<void(bool night)> SetNight;
+        std::function<void()> Ended; // everything is saved, the program may exit
+    };
+
+    MainForm(Variablen& variablen, Services services);
+    ~MainForm() override;
+
+    // Opens the stores and shows the flying screen. False when the program must end.
+    bool Form_Load();
+    // Every caption in the language of this moment.
+    void ApplyLanguage();
+    // Saves and ends the program; the second call does nothing.
+    void QueryUnload();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    void MakeToolbar();
+    void MakeMenu();
+    QAction* AddEntry(const char* name, void (MainForm::*handler)());
+    void toolMain_ButtonClick(const QString& caption);
+    void ShowMode(Mode mode);
+    void ShowState();
+    bool Guarded(const std::function<void()>& step);
+    void ShowDialogPlaceholder(const char* name, Bilingual title, Bilingual purpose);
+
+    void mnuExport_Click();
+    void mnuImport_Click();
+    void mnuLuftEin_Click();
+    void mnuabout_Click();
+    void mnuUpdate_Click();
+
+    void TrackStoreUnavailable(const std::string& reason) override;
+    void AirspaceStoreUnavailable(const std::string& reason) override;
+
+    Variablen& variablen;
+    Services services;
+    ScreenSwitch screens;
+    QToolBar* toolMain = nullptr;
+    QStackedWidget* stack = nullptr;
+    std::map<Mode, QToolButton*> buttons;
+    QToolButton* cmdMenu = nullptr;
+    QToolButton* cmdNight = nullptr;
+    QMenu* menu = nullptr;
+    QAction* mnuExport = nullptr;
+    QAction* mnuImport = nullptr;
+    QAction* mnuLuftEin = nullptr;
+    QAction* mnuabout = nullptr;
+    QAction* mnuUpdate = nullptr;
+    bool unloaded = false;
+};
+
+} // namespace ornivane

@@ -1,0 +1,100 @@
+#include "app/StoreOpening.h"
+
+#include <initializer_list>
+
+#include "app/Captions.h"
+#include "base/RuntimeError.h"
+#include "store/Statement.h"
+
+namespace ornivane {
+
+namespace {
+
+// The day numbers 1 and 2 of the calendar in which older installations count days: how far the opening of the
+// airspace store came, until the store tells its own date.
+constexpr Date BeforeOpening{1899, 12, 31};
+constexpr Date AfterOpening{1900, 1, 1};
+
+// An empty file opens as a store without tables. Better to learn that here than in the middle of a flight.
+void RequireTables(Connection& connection, std::initializer_list<const char*> tables) {
+    for (const char* table : tables)
+        Statement(connection, "SELECT 1 FROM \"" + std::string(table) + "\" LIMIT 1").Step();
+}
+
+Date ReleaseDate(Connection& connection) {
+    Recordset release;
+    release.Open(connection, "SELECT Datum FROM RELEASE");
+    const std::string text = release.Text("Datum");
+    const std::optional<Date> date = ParseDate(std::string_view(text).substr(0, 10));
+    if (!date) throw RuntimeError(ErrorNumber::TypeMismatch, "RELEASE.Datum = " + text);
+    return *date;
+}
+
+} // namespace
+
+StoreOpening::StoreOpening(Variablen& variablenOf, Dialogs& dialogsOf, Hints& hintsOf)
+    : variablen(variablenOf), dialogs(dialogsOf), hints(hintsOf) {}
+
+bool StoreOpening::Run() {
+    OpenAirfields();
+    if (!OpenData()) return false;
+    OpenTrack();
+    OpenAirspace();
+    return true;
+}
+
+void StoreOpening::OpenAirfields() {
+    variablen.AirfieldStoreOpen = false;
+    try {
+        variablen.AirfieldConn.Open(variablen.ProgramFolder / "ovdata.ovd", Connection::Mode::ReadOnly);
+        variablen.AirfieldStoreOpen = true;
+    } catch (const RuntimeError&) {
+        // Airfields are an extra that many installations do not have; the flag tells the screens.
+    }
+}
+
+bool StoreOpening::OpenData() {
+    const bool english = variablen.EnglishUI == 1;
+    try {
+        variablen.DataConn.Open(variablen.ProgramFolder / "data.ovd", Connection::Mode::ReadWrite);
+        RequireTables(variablen.DataConn, {"Waypoints", "Kategorie", "Route", "GpsPoints", "Maps"});
+        return true;
+    } catch (const RuntimeError& error) {
+        variablen.DataConn.Close();
+        std::string text = variablen.Text("Die Datei - data.ovd - wurde nicht im Programmordner gefunden.",
+                                          "File - data.ovd - was not found.");
+        if (error.Number() != ErrorNumber::FileNotFound) text += "\n" + DescribeError(error, english);
+        dialogs.MessageAndWait(DataErrorTitle.In(english), text);
+        return false;
+    }
+}
+
+void StoreOpening::OpenTrack() {
+    try {
+        variablen.TrackConn.Open(variablen.ProgramFolder / "track.ovd", Connection::Mode::ReadWrite);
+        RequireTables(variablen.TrackConn, {"List", "Track"});
+    } catch (const RuntimeError& error) {
+        variablen.TrackConn.Close();
+        variablen.TrackEnabled = false;
+        variablen.TrackInterval = 0;
+        variablen.TrackAuto = false;
+        const bool missing = error.Number() == ErrorNumber::FileNotFound;
+        hints.TrackStoreUnavailable(missing ? "" : DescribeError(error, variablen.EnglishUI == 1));
+    }
+}
+
+void StoreOpening::OpenAirspace() {
+    try {
+        variablen.LuftraumDate = BeforeOpening;
+        variablen.LuftraumConn.Open(variablen.ProgramFolder / "Luftraum.ovd", Connection::Mode::ReadOnly);
+        variablen.LuftraumDate = AfterOpening;
+        variablen.LuftraumDate = ReleaseDate(variablen.LuftraumConn);
+    } catch (const RuntimeError& error) {
+        // Closed also when only its date could not be read: an open store means airspace on every screen.
+        variablen.LuftraumConn.Close();
+        const bool missing = error.Number() == ErrorNumber::FileNotFound;
+        hints.AirspaceStoreUnavailable(missing ? "" : DescribeError(error, variablen.EnglishUI == 1));
+    }
+}
+
+} // namespace ornivane

@@ -1,0 +1,101 @@
+#include "app/frmInfo.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "app/Captions.h"
+
+namespace ornivane {
+
+struct frmInfo::Texts {
+    const char* Name;
+    Bilingual Missing;
+    Bilingual Unusable;
+    Bilingual Purpose;
+    const char* Address;
+};
+
+namespace {
+
+constexpr Bilingual Download{"Download Datei:", "Download file:"};
+constexpr Bilingual Restart{"Nach dem Download muss der Ornivane neu gestartet werden.",
+                            "After downloading the file please restart ornivane"};
+constexpr Bilingual Title{"Hinweis", "Hint"};
+constexpr Bilingual LinkTip{"Die Seite der Datei im Browser öffnen", "Open the file's address in the browser"};
+constexpr Bilingual Close{"Schließen", "Close"};
+constexpr Bilingual CloseTip{"Hinweis schließen; das Programm läuft ohne die Datei weiter",
+                             "Close the hint; the program goes on without the file"};
+
+constexpr frmInfo::Texts TrackTexts{"frmInfo1",
+                                    {"Die Datei track.ovd wurde nicht im Ornivane Verzeichnis gefunden",
+                                     "File track.ovd was not found in the ornivane directory"},
+                                    {"Die Datei track.ovd konnte nicht geöffnet werden",
+                                     "File track.ovd could not be opened"},
+                                    {"Die Datei wird für den Track Logger benötigt",
+                                     "Track.ovd is needed for the track logger"},
+                                    "http://www.ornivane.example/update-gps/download/track.ovd"};
+
+constexpr frmInfo::Texts AirspaceTexts{"frmInfo3",
+                                       {"Die Datei Luftraum.ovd wurde nicht im Ornivane Verzeichnis gefunden",
+                                        "File Luftraum.ovd was not found in the ornivane directory"},
+                                       {"Die Datei Luftraum.ovd konnte nicht geöffnet werden",
+                                        "File Luftraum.ovd could not be opened"},
+                                       {"Die Datei wird für die Anzeige der Lufträume benötigt",
+                                        "Luftraum.ovd is needed for the airspace display"},
+                                       "http://www.ornivane.example/update-gps/download/Luftraum.ovd"};
+
+QLabel* AddLabel(QVBoxLayout* layout, const char* name, const QString& text) {
+    auto* label = new QLabel(text);
+    label->setObjectName(name);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    layout->addWidget(label);
+    return label;
+}
+
+} // namespace
+
+frmInfo* frmInfo::ForTrackStore(const Variablen& variablen, Shell& shell, const std::string& reason,
+                                QWidget* parent) {
+    return new frmInfo(TrackTexts, variablen.EnglishUI == 1, shell, reason, parent);
+}
+
+frmInfo* frmInfo::ForAirspaceStore(const Variablen& variablen, Shell& shell, const std::string& reason,
+                                   QWidget* parent) {
+    return new frmInfo(AirspaceTexts, variablen.EnglishUI == 1, shell, reason, parent);
+}
+
+frmInfo::frmInfo(const Texts& texts, bool english, Shell& shell, const std::string& reason, QWidget* parent)
+    : QDialog(parent) {
+    setObjectName(texts.Name);
+    setWindowTitle(Title.In(english));
+    setModal(false);
+    setAttribute(Qt::WA_DeleteOnClose);
+    setMinimumWidth(520);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setSpacing(12);
+    AddLabel(layout, "Label1", (reason.empty() ? texts.Missing : texts.Unusable).In(english));
+    if (!reason.empty()) AddLabel(layout, "lblReason", QString::fromStdString(reason));
+    AddLabel(layout, "Label2", texts.Purpose.In(english));
+    AddLabel(layout, "Label3", Download.In(english));
+
+    auto* link = new QPushButton(texts.Address);
+    link->setObjectName("lblLink");
+    link->setToolTip(LinkTip.In(english));
+    link->setMinimumHeight(44);
+    connect(link, &QPushButton::clicked, this, [&shell, address = texts.Address] { shell.Open(address); });
+    layout->addWidget(link);
+
+    AddLabel(layout, "Label4", Restart.In(english));
+    auto* close = new QPushButton(Close.In(english));
+    close->setObjectName("cmdClose");
+    close->setToolTip(CloseTip.In(english));
+    close->setMinimumHeight(44);
+    close->setDefault(true);
+    connect(close, &QPushButton::clicked, this, &QDialog::close);
+    layout->addWidget(close, 0, Qt::AlignRight);
+}
+
+} // namespace ornivane

@@ -1,0 +1,3 @@
+#include <QCoreApplication>
+
+int main(int, char**) { return 0; }

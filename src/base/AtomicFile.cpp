@@ -1,0 +1,75 @@
+#include "base/AtomicFile.h"
+
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <fstream>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "base/RuntimeError.h"
+
+namespace ornivane {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::uintmax_t LargestFile = 256u << 20;
+
+[[noreturn]] void Fail(int reason, const fs::path& file) {
+    const ErrorNumber number = reason == ENOENT || reason == ENOTDIR ? ErrorNumber::PathNotFound
+                               : reason == EACCES || reason == EPERM || reason == EROFS
+                                   ? ErrorNumber::PermissionDenied
+                               : reason == ENOSPC || reason == EDQUOT ? ErrorNumber::DiskFull
+                                                                      : ErrorNumber::DeviceError;
+    throw RuntimeError(number, file.string() + ": " + std::strerror(reason));
+}
+
+// 0, or the reason why not all bytes reached the disk.
+int WriteAll(int descriptor, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
+        if (written < 0 && errno != EINTR) return errno;
+        if (written > 0) bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return ::fsync(descriptor) == 0 ? 0 : errno;
+}
+
+void SyncFolder(const fs::path& folder) {
+    const int descriptor = ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0) return;
+    ::fsync(descriptor); // the name's durability; a file system that cannot do it keeps the old name at worst
+    ::close(descriptor);
+}
+
+} // namespace
+
+void WriteFileAtomically(const fs::path& file, std::string_view bytes) {
+    std::string temporary = file.string() + ".XXXXXX";
+    const int descriptor = ::mkostemp(temporary.data(), O_CLOEXEC);
+    if (descriptor < 0) Fail(errno, file);
+    int reason = WriteAll(descriptor, bytes);
+    if (reason == 0 && ::fchmod(descriptor, 0644) != 0) reason = errno;
+    if (::close(descriptor) != 0 && reason == 0) reason = errno;
+    if (reason == 0 && ::rename(temporary.c_str(), file.c_str()) != 0) reason = errno;
+    if (reason != 0) {
+        ::unlink(temporary.c_str());
+        Fail(reason, file);
+    }
+    SyncFolder(file.parent_path());
+}
+
+std::optional<std::string> ReadWholeFile(const fs::path& file) {
+    std::error_code error;
+    if (!fs::is_regular_file(file, error) || error) return std::nullopt;
+    const auto size = fs::file_size(file, error);
+    if (error || size > LargestFile) return std::nullopt;
+    std::ifstream stream(file, std::ios::binary);
+    std::string bytes(size, '\0');
+    stream.read(bytes.data(), static_cast<std::streamsize>(size));
+    if (!stream) return std::nullopt;
+    return bytes;
+}
+
+} // namespace ornivane

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace ornivane {
+
+// Writes the bytes to a temporary name in the same folder, to the disk, and renames it, so that a crash
+// leaves the old file or the new one, never half. RuntimeError PathNotFound, PermissionDenied, DiskFull,
+// DeviceError.
+void WriteFileAtomically(const std::filesystem::path& file, std::string_view bytes);
+
+// All bytes of a file; empty when it is not there or cannot be read. A file above 256 MiB is taken as
+// unreadable: nothing of this program comes near that size.
+std::optional<std::string> ReadWholeFile(const std::filesystem::path& file);
+
+} // namespace ornivane

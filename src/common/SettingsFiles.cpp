@@ -1,0 +1,155 @@
+#include "common/SettingsFiles.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "base/AtomicFile.h"
+#include "base/Numbers.h"
+#include "common/SettingsText.h"
+
+namespace ornivane {
+
+namespace {
+
+using std::filesystem::path;
+
+// An absent or unreadable file reads like an empty one: every value is missing.
+SettingsReader Reader(const path& folder, const char* name) {
+    return SettingsReader(ReadWholeFile(folder / name).value_or(""));
+}
+
+void Write(const path& folder, const char* name, const SettingsWriter& writer) {
+    WriteFileAtomically(folder / name, writer.Bytes());
+}
+
+template <typename Target, typename Source>
+bool Take(Target& target, const std::optional<Source>& value) {
+    if (value) target = *value;
+    return value.has_value();
+}
+
+std::array<bool*, 7> InOrder(DisplayFlags& flags) {
+    return {&flags.ShowAirspace, &flags.ShowAirspaceText, &flags.ShowPatterns,    &flags.ShowRoute,
+            &flags.ShowNames,    &flags.ShowAirfields,    &flags.ShowAirfieldText};
+}
+
+} // namespace
+
+std::optional<ComSettings> ReadComSettings(const path& folder) {
+    SettingsReader reader = Reader(folder, "data.crm");
+    ComSettings settings;
+    if (!Take(settings.Port, reader.Text()) || !Take(settings.Baud, reader.Text())) return std::nullopt;
+    const auto isNumberUpTo = [](std::string_view text, double most) {
+        const auto number = ParsePlainNumber(text);
+        return number && *number >= 1 && *number <= most && Int(*number) == *number;
+    };
+    if (!isNumberUpTo(settings.Port, 32767) || !isNumberUpTo(settings.Baud, 4e6)) return std::nullopt;
+    return settings;
+}
+
+void WriteComSettings(const path& folder, const ComSettings& settings) {
+    Write(folder, "data.crm", SettingsWriter().Text(settings.Port).Text(settings.Baud));
+}
+
+bool ReadInstrumentSettings(const path& folder, InstrumentSettings& settings) {
+    SettingsReader reader = Reader(folder, "VOR.crm");
+    return Take(settings.Vor, reader.Text()) && Take(settings.Mode, reader.Text()) &&
+           Take(settings.Course, reader.Text());
+}
+
+void WriteInstrumentSettings(const path& folder, const InstrumentSettings& settings) {
+    Write(folder, "VOR.crm", SettingsWriter().Text(settings.Vor).Text(settings.Mode).Text(settings.Course));
+}
+
+bool ReadDisplayFlags(const path& folder, DisplayFlags& flags) {
+    SettingsReader reader = Reader(folder, "Set.crm");
+    const auto all = InOrder(flags);
+    return std::all_of(all.begin(), all.end(), [&](bool* flag) { return Take(*flag, reader.Boolean()); });
+}
+
+void WriteDisplayFlags(const path& folder, const DisplayFlags& flags) {
+    DisplayFlags copy = flags;
+    SettingsWriter writer;
+    for (const bool* flag : InOrder(copy)) writer.Boolean(*flag);
+    Write(folder, "Set.crm", writer);
+}
+
+bool ReadTrackSettings(const path& folder, TrackSettings& settings) {
+    SettingsReader reader = Reader(folder, "track.crm");
+    const auto on = reader.WholeNumber();
+    if (on) settings.On = *on == 1;
+    Take(settings.Seconds, reader.WholeNumber());
+    const auto automatic = reader.WholeNumber();
+    if (automatic) settings.Automatic = *automatic == 1;
+    return automatic.has_value();
+}
+
+void WriteTrackSettings(const path& folder, const TrackSettings& settings) {
+    Write(folder, "track.crm",
+          SettingsWriter()
+              .WholeNumber(settings.On ? 1 : 0)
+              .WholeNumber(settings.Seconds)
+              .WholeNumber(settings.Automatic ? 1 : 0));
+}
+
+std::optional<int> ReadLanguage(const path& folder) { return Reader(folder, "lang.crm").WholeNumber(); }
+void WriteLanguage(const path& folder, int language) {
+    Write(folder, "lang.crm", SettingsWriter().WholeNumber(language));
+}
+std::optional<int> ReadSymbol(const path& folder) { return Reader(folder, "symbol.crm").WholeNumber(); }
+void WriteSymbol(const path& folder, int symbol) {
+    Write(folder, "symbol.crm", SettingsWriter().WholeNumber(symbol));
+}
+
+bool ReadQnhSettings(const path& folder, QnhSettings& settings) {
+    SettingsReader reader = Reader(folder, "LR.crm");
+    return Take(settings.Qnh, reader.WholeNumber()) && Take(settings.Entered, reader.DateValue());
+}
+
+void WriteQnhSettings(const path& folder, const QnhSettings& settings) {
+    SettingsWriter writer;
+    writer.WholeNumber(settings.Qnh);
+    if (settings.Entered) writer.DateValue(*settings.Entered);
+    Write(folder, "LR.crm", writer);
+}
+
+LastChoice ReadLastChoice(const path& folder) {
+    SettingsReader reader = Reader(folder, "kartendaten.crm");
+    LastChoice choice;
+    choice.Map = reader.Text();
+    choice.Route = reader.Text();
+    return choice;
+}
+
+void WriteLastChoice(const path& folder, const LastChoice& choice) {
+    SettingsWriter writer;
+    if (choice.Map) writer.Text(*choice.Map);
+    if (choice.Map && choice.Route) writer.Text(*choice.Route);
+    Write(folder, "kartendaten.crm", writer);
+}
+
+std::optional<std::string> ReadPlanningHeight(const path& folder) {
+    return Reader(folder, "planung.crm").Text();
+}
+void WritePlanningHeight(const path& folder, const std::string& height) {
+    Write(folder, "planung.crm", SettingsWriter().Text(height));
+}
+
+std::array<std::optional<std::string>, 5> ReadFlightPlanEntries(const path& folder) {
+    SettingsReader reader = Reader(folder, "fplan.crm");
+    std::array<std::optional<std::string>, 5> entries;
+    for (auto& entry : entries) entry = reader.Text();
+    return entries;
+}
+
+void WriteFlightPlanEntries(const path& folder, const std::array<std::string, 5>& entries) {
+    SettingsWriter writer;
+    for (const auto& entry : entries) writer.Text(entry);
+    Write(folder, "fplan.crm", writer);
+}
+
+void WriteVersion(const path& folder, const std::string& version) {
+    Write(folder, "version.crm", SettingsWriter().Text(version));
+}
+
+} // namespace ornivane

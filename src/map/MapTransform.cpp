@@ -1,0 +1,40 @@
+#include "map/MapTransform.h"
+
+#include "base/Numbers.h"
+#include "geo/NavigationMaths.h"
+
+namespace ornivane {
+
+MapTransform::MapTransform(const MapScale& mapScale, const SourceRect& sourceRect, double viewWidth,
+                           double viewHeight)
+    : scale(mapScale), rect(sourceRect), width(viewWidth), height(viewHeight),
+      perImageX(CheckedDivide(viewWidth, sourceRect.SW)),
+      perImageY(CheckedDivide(viewHeight, sourceRect.SH)) {}
+
+Point MapTransform::ImageOf(const Position& position) const {
+    return {(position.Long - scale.Links) * 10 * scale.PixPerTenthLong,
+            scale.Höhe - (position.Lat - scale.Unten) * 10 * scale.PixPerTenthLat};
+}
+
+Point MapTransform::ViewOfImage(const Point& image) const {
+    return {(image.X - rect.SX) * perImageX, (image.Y - rect.SY) * perImageY};
+}
+
+Point MapTransform::ImageOfView(const Point& view) const {
+    return {CheckedDivide(view.X, perImageX) + rect.SX, CheckedDivide(view.Y, perImageY) + rect.SY};
+}
+
+Position MapTransform::PositionOfView(const Point& view) const {
+    const Point image = ImageOfView(view);
+    return {scale.Unten - CheckedDivide(image.Y - scale.Höhe, scale.PixPerTenthLat * 10),
+            scale.Links + CheckedDivide(image.X, scale.PixPerTenthLong * 10)};
+}
+
+ViewBounds MapTransform::GetViewBounds(double x1, double y1, double x2, double y2) const {
+    const Position first = PositionOfView({x1, y1});
+    const Position second = PositionOfView({x2, y2});
+    const auto minutes = [](double degrees) { return Round(ToDegMinValue(degrees), 2); };
+    return {minutes(first.Lat), minutes(first.Long), minutes(second.Lat), minutes(second.Long)};
+}
+
+} // namespace ornivane

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+#include "map/Viewport.h"
+#include "store/Recordset.h"
+
+namespace ornivane {
+
+// The view that each map had when it was last shown: one row a map, kept in position.crm.
+struct RememberedView {
+    SourceRect Rect;
+    int SlideMap = 0;
+    bool CenterMap = false;
+};
+
+class ViewMemory {
+public:
+    // Takes the rows of position.crm when there is one that can be read; otherwise starts empty.
+    explicit ViewMemory(std::filesystem::path folder);
+
+    std::optional<RememberedView> Find(const std::string& map);
+    // Replaces the whole file. RuntimeError Overflow for a name over 30 characters, which the file has no
+    // room for, and the errors of writing; the memory of the other maps stays.
+    void Save(const std::string& map, const RememberedView& view);
+
+private:
+    bool FindRow(const std::string& map);
+
+    std::filesystem::path file;
+    Recordset PositionSet;
+};
+
+} // namespace ornivane

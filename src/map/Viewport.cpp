@@ -1,0 +1,74 @@
+#include "map/Viewport.h"
+
+#include "base/Numbers.h"
+
+namespace ornivane {
+
+namespace {
+
+SourceRect CutToHeight(SourceRect rect, const ViewSizes& sizes) {
+    if (rect.SY + rect.SH > sizes.StoreHeight) rect.SY = sizes.StoreHeight - rect.SH;
+    if (rect.SY < 0) {
+        rect.SH += rect.SY;
+        rect.SY = 0;
+    }
+    return rect;
+}
+
+} // namespace
+
+float AspectFactorOf(double storeWidth, double storeHeight, double viewWidth, double viewHeight,
+                     double breite, double höhe) {
+    return static_cast<float>(
+        CheckedDivide(CheckedDivide(storeHeight, storeWidth) * CheckedDivide(viewHeight, viewWidth),
+                      CheckedDivide(höhe, breite)));
+}
+
+SourceRect OpenedView(const ViewSizes& sizes) {
+    const float width = sizes.StoreWidth / 2;
+    return {0, 0, width, sizes.AspectFactor * width};
+}
+
+SourceRect Zoomed(SourceRect rect, const ViewSizes& sizes, int slideValue) {
+    const double step = (sizes.StoreWidth - sizes.HalfWidth) / 100;
+    rect.SW = static_cast<float>(slideValue * step + sizes.HalfWidth);
+    if (sizes.ViewWidth / 8 > rect.SW) rect.SW = static_cast<float>(sizes.ViewWidth / 8);
+    if (rect.SX + rect.SW > sizes.StoreWidth) rect.SX = sizes.StoreWidth - rect.SW;
+    rect.SH = sizes.AspectFactor * rect.SW;
+    return CutToHeight(rect, sizes);
+}
+
+SourceRect CentredOn(SourceRect rect, const ViewSizes& sizes, double x, double y) {
+    rect.SX =
+        static_cast<float>((x - sizes.ViewWidth / 2) * CheckedDivide(rect.SW, sizes.ViewWidth) + rect.SX);
+    rect.SY =
+        static_cast<float>((y - sizes.ViewHeight / 2) * CheckedDivide(rect.SH, sizes.ViewHeight) + rect.SY);
+    if (rect.SW + rect.SX > sizes.StoreWidth) rect.SX = sizes.StoreWidth - rect.SW;
+    if (rect.SH + rect.SY > sizes.StoreHeight) rect.SY = sizes.StoreHeight - rect.SH;
+    if (rect.SX < 0) rect.SX = 0;
+    if (rect.SY < 0) rect.SY = 0;
+    return rect;
+}
+
+SourceRect Dragged(SourceRect rect, const ViewSizes& sizes, double dx, double dy) {
+    rect.SX = static_cast<float>(rect.SX - dx);
+    if (rect.SX < 0) rect.SX = 0;
+    if (sizes.StoreWidth - 10 < rect.SX) rect.SX = sizes.StoreWidth - 10;
+    if (rect.SW + rect.SX > sizes.StoreWidth) rect.SX = sizes.StoreWidth - rect.SW;
+    rect.SY = static_cast<float>(rect.SY - dy);
+    if (rect.SY < 0) rect.SY = 0;
+    const float lowest = sizes.StoreHeight - sizes.AspectFactor * 10;
+    if (lowest < rect.SY) rect.SY = lowest;
+    if (rect.SH + rect.SY > sizes.StoreHeight) rect.SY = sizes.StoreHeight - rect.SH;
+    return rect;
+}
+
+SourceRect Resized(SourceRect rect, const ViewSizes& sizes) {
+    rect.SH = sizes.AspectFactor * rect.SW;
+    if (rect.SW + rect.SX > sizes.StoreWidth) rect.SX = sizes.StoreWidth - rect.SW;
+    return CutToHeight(rect, sizes);
+}
+
+int ZoomWidth(int slideValue) { return static_cast<int>(Round(6 - slideValue / 50.0)); }
+
+} // namespace ornivane

@@ -1,0 +1,151 @@
+#include "nav/DrawingPass.h"
+
+#include <vector>
+
+#include "base/Numbers.h"
+#include "base/RuntimeError.h"
+#include "geo/NavigationMaths.h"
+
+namespace ornivane {
+
+DrawingPass::DrawingPass(const DrawingPassRooms& passRooms, std::function<void(const RuntimeError&)> report)
+    : rooms(passRooms), reportError(std::move(report)), waypoints(passRooms.Shared.DataConn) {}
+
+void DrawingPass::Pass(const std::function<void()>& steps) {
+    // Stepping to the next point inside a pass moves the grid's row, which asks for a redraw: one redraw is
+    // never interrupted by another.
+    if (running || !rooms.Map.HasMap()) return;
+    running = true;
+    try {
+        steps();
+    } catch (const RuntimeError&) {
+        // A damaged row ends this pass; what was drawn stays, and the next pass starts afresh.
+    } catch (...) {
+        running = false;
+        throw;
+    }
+    running = false;
+}
+
+void DrawingPass::UpdateMap() {
+    Pass([this] {
+        PlaceAircraft();
+        if (rooms.Map.CenterMap) rooms.Map.CenterOnAircraft(MapPoint);
+        PaintChart();
+        Overlays();
+    });
+}
+
+void DrawingPass::DrawOverlays() {
+    Pass([this] {
+        const SourceRect standing = rooms.Map.View;
+        PlaceAircraft();
+        if (rooms.Map.CenterMap) rooms.Map.CenterOnAircraft(MapPoint);
+        // A picture that stands for another view than this one would put every point in the wrong place.
+        if (rooms.Map.View != standing) PaintChart();
+        Overlays();
+    });
+}
+
+void DrawingPass::PaintChart() {
+    const SourceRect& view = rooms.Map.View;
+    rooms.picMap.PaintPicture(rooms.picStorage, {0, 0, rooms.picMap.ScaleWidth(), rooms.picMap.ScaleHeight()},
+                              {view.SX, view.SY, view.SW, view.SH});
+}
+
+void DrawingPass::PlaceAircraft() {
+    const MapTransform transform = rooms.Map.Transform();
+    const Point image = transform.ImageOf({rooms.State.CurLat, rooms.State.CurLong});
+    if (image.X < 0 || image.Y < 0 || !(image.X < rooms.Map.Breite) || !(image.Y < rooms.Map.Höhe))
+        rooms.Map.SetCentring(false);
+    MapPoint = transform.ViewOfImage(image);
+}
+
+bool DrawingPass::AircraftIsFarOutside() const {
+    return MapPoint.X < -5 || MapPoint.Y < -5 || MapPoint.X > rooms.picMap.ScaleWidth() + 5 ||
+           MapPoint.Y > rooms.picMap.ScaleHeight() + 5;
+}
+
+void DrawingPass::Overlays() {
+    PlaceAircraft();
+    const MapTransform transform = rooms.Map.Transform();
+    MapSymbols symbols(rooms.picMap, transform, rooms.Map.SlideMap, rooms.Flags.ShowNames);
+    if (rooms.Flags.ShowRoute) DrawRoute(symbols);
+    if (rooms.Route.RouteActive || rooms.Route.GotoActive) DrawActiveLeg(symbols);
+    DrawPoints(symbols, transform);
+    if (!rooms.Route.lblLatx.empty() && rooms.Route.GotoActive)
+        symbols.DrawPoint(NumberIn(rooms.Route.lblLatx), NumberIn(rooms.Route.lblLongx),
+                          PointMode::DirectTarget, "DF");
+    if (AircraftIsFarOutside() && !rooms.Map.AutoMapSwitch) return;
+    const double direction = rooms.State.lblBearing == NoValue ? 0 : NumberIn(rooms.State.lblBearing);
+    DrawAircraft(rooms.picMap, MapPoint, direction, !rooms.State.NoFix, rooms.Shared.SymbolType);
+}
+
+Statement& DrawingPass::RoutePointRows() {
+    if (!routePoints.IsPrepared())
+        routePoints =
+            Statement(rooms.Shared.DataConn,
+                      "SELECT Lat, Long, Name, PointID From GpsPoints WHERE RouteID = ? ORDER BY Nummer ASC");
+    routePoints.Reset();
+    routePoints.Bind(1, rooms.Route.RoutesSet.Get("RouteID"));
+    return routePoints;
+}
+
+void DrawingPass::DrawRoute(MapSymbols& symbols) {
+    if (!rooms.Route.HasRoutes()) return;
+    const StatementRun run(RoutePointRows());
+    Position from;
+    for (bool first = true; routePoints.Step(); first = false) {
+        const Position to{ToDecimalDegrees(routePoints.Number(0)), ToDecimalDegrees(routePoints.Number(1))};
+        if (!first) symbols.DrawLeg(from, to, RouteColour);
+        from = to;
+    }
+}
+
+void DrawingPass::DrawActiveLeg(MapSymbols& symbols) {
+    Position target;
+    if (!rooms.Route.ActiveTarget(target)) return;
+    const Position current{rooms.State.CurLat, rooms.State.CurLong};
+    symbols.DrawLeg(current, target, Blue);
+    try {
+        rooms.ActiveLeg.UpdateLeg(target, current, rooms.Route.GotoActive,
+                                  [this] { rooms.Route.cmdNext_Click(); });
+    } catch (const RuntimeError& error) {
+        reportError(error);
+        throw;
+    }
+    rooms.Route.RefreshRouteList();
+}
+
+void DrawingPass::DrawPoints(MapSymbols& symbols, const MapTransform& transform) {
+    if (picShowPoints) {
+        if (rooms.Route.HasRoutes()) DrawRoutePoints(symbols);
+        return;
+    }
+    const ViewBounds bounds =
+        transform.GetViewBounds(0, 0, rooms.picMap.ScaleWidth(), rooms.picMap.ScaleHeight());
+    waypoints.ForEach(bounds, [&](double lat, double longitude, std::string_view name) {
+        symbols.DrawPoint(lat, longitude, PointMode::Plain, name);
+    });
+}
+
+void DrawingPass::DrawRoutePoints(MapSymbols& symbols) {
+    const Recordset& active = rooms.Route.RoutePointsSet;
+    if (!active.IsOpen() || active.RecordCount() == 0) return;
+    const Value activeId = active.Get("PointID");
+    const Value activeName = active.Get("Name");
+    const StatementRun run(RoutePointRows());
+    while (routePoints.Step()) {
+        const bool isActive =
+            routePoints.ColumnValue(3) == activeId || routePoints.ColumnValue(2) == activeName;
+        symbols.DrawPoint(routePoints.Number(0), routePoints.Number(1),
+                          isActive ? PointMode::ActiveRoutePoint : PointMode::Plain, routePoints.Text(2));
+    }
+}
+
+void DrawingPass::cmdShowPoints_Click() {
+    picShowPoints = rooms.Route.RoutePointsSet.IsOpen() && rooms.Route.HasRoutes();
+    UpdateMap();
+}
+
+} // namespace ornivane

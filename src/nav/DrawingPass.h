@@ -1,0 +1,68 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "base/RuntimeError.h"
+#include "common/SettingsFiles.h"
+#include "common/Variablen.h"
+#include "map/ActiveMap.h"
+#include "map/MapSymbols.h"
+#include "nav/FlightState.h"
+#include "nav/Leg.h"
+#include "nav/RouteFollowing.h"
+#include "nav/WaypointWindow.h"
+
+namespace ornivane {
+
+// What the pass reads and changes; all of it lives longer than the pass.
+struct DrawingPassRooms {
+    Variablen& Shared;
+    FlightState& State;
+    DisplayFlags& Flags;
+    ActiveMap& Map;
+    RouteFollowing& Route;
+    Leg& ActiveLeg;
+    Picture& picStorage;
+    PictureSurface& picMap;
+};
+
+// The redraw of the flying screen: chart, then everything that lies on it, bottom to top. Nothing of it is
+// kept from one redraw to the next. All navigation values are recomputed here and nowhere else.
+class DrawingPass {
+public:
+    // `report` is told of an error of the leg calculation, which ends the pass but is not passed over
+    // silently.
+    DrawingPass(const DrawingPassRooms& rooms, std::function<void(const RuntimeError&)> report);
+
+    // The single entry into a redraw. Does nothing without a map and while a pass is running. Any error ends
+    // it silently: what was drawn so far stays.
+    void UpdateMap();
+    // The overlays only, over the picture that stands.
+    void DrawOverlays();
+
+    bool picShowPoints = false; // only route points are shown
+    // picShowPoints by its button: stays off without points or routes.
+    void cmdShowPoints_Click();
+
+private:
+    void Pass(const std::function<void()>& steps);
+    void PaintChart();
+    void PlaceAircraft();
+    void Overlays();
+    void DrawRoute(MapSymbols& symbols);
+    void DrawActiveLeg(MapSymbols& symbols);
+    void DrawPoints(MapSymbols& symbols, const MapTransform& transform);
+    void DrawRoutePoints(MapSymbols& symbols);
+    Statement& RoutePointRows(); // bound to the route in the list
+    bool AircraftIsFarOutside() const;
+
+    DrawingPassRooms rooms;
+    std::function<void(const RuntimeError&)> reportError;
+    WaypointWindow waypoints;
+    Statement routePoints;
+    Point MapPoint; // the aircraft in view pixels
+    bool running = false;
+};
+
+} // namespace ornivane

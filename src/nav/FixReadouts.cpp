@@ -1,0 +1,114 @@
+#include "nav/FixReadouts.h"
+
+#include "base/Format.h"
+#include "base/Numbers.h"
+#include "base/RuntimeError.h"
+#include "geo/NavigationMaths.h"
+
+namespace ornivane {
+
+namespace {
+
+// A receiver writes a decimal point, whatever the locale of the system is.
+double WireNumber(const std::string& text) {
+    const auto number = ParsePlainNumber(text);
+    if (!number) throw RuntimeError(ErrorNumber::TypeMismatch, text.substr(0, 20));
+    return *number;
+}
+
+} // namespace
+
+FixReadouts::FixReadouts(FlightState& flightState, GpsLink& gpsLink, const LocaleText& localeText,
+                         FixReadoutsOwner& readoutsOwner)
+    : state(flightState), link(gpsLink), locale(localeText), owner(readoutsOwner) {}
+
+void FixReadouts::ShowLamp(std::size_t lamp) {
+    for (std::size_t i = 0; i < link.picGPSCheck.size(); ++i) link.picGPSCheck[i].Visible = i == lamp;
+}
+
+void FixReadouts::FixObtained() {
+    ShowLamp(1);
+    state.NoFix = false;
+}
+
+void FixReadouts::FixLost() {
+    ShowLamp(0);
+    state.NoFix = true;
+    owner.DrawOverlays();
+}
+
+void FixReadouts::PositionReceived(const std::string& latitude, const std::string& longitude,
+                                   const std::string& latraw, const std::string& longraw) {
+    if (state.NoFix) {
+        state.lblLat = NoValue;
+        state.lblLong = NoValue;
+        return;
+    }
+    state.CurLat = ToDecimalDegrees(WireNumber(latraw) / 100);
+    // The hemisphere of the latitude is looked for in the longitude's text, where an S never stands: in
+    // flight mode a southern latitude stays positive. Charts and data of the south are laid out for that.
+    if (longitude.starts_with('S')) state.CurLat = -state.CurLat;
+    state.CurLong = ToDecimalDegrees(WireNumber(longraw) / 100);
+    if (longitude.starts_with('W')) state.CurLong = -state.CurLong;
+    PositionCount = ToInt16(PositionCount + 1.0);
+    if (PositionCount == 0) owner.UpdateMap();
+    if (PositionCount > 20) {
+        owner.UpdateMap();
+        PositionCount = 0;
+    }
+    state.lblLat = latitude;
+    state.lblLong = longitude;
+}
+
+void FixReadouts::TimeChanged(const std::string& time) { state.LabelTime = time; }
+
+void FixReadouts::BearingReceived(const std::string& bearing) {
+    if (state.NoFix) {
+        state.lblBearing = NoValue;
+        return;
+    }
+    state.lblBearing = Format(WireNumber(bearing), "000", locale);
+    state.HeadingIndicator = -NumberIn(state.lblBearing);
+}
+
+void FixReadouts::SpeedReceived(const std::string& speed) {
+    if (state.NoFix) {
+        state.lblSpeed = NoValue;
+        return;
+    }
+    const double knots = WireNumber(speed);
+    state.lblSpeed = Format(state.SpeedInKnots ? knots : knots * KilometresPerNauticalMile, "##0", locale);
+    state.lblSpeedmode = state.SpeedInKnots ? "kts" : "km/h";
+}
+
+void FixReadouts::AltitudeReceived(const std::string& altitude) {
+    if (state.NoFix) {
+        state.lblAlt = NoValue;
+        return;
+    }
+    const double metres = WireNumber(altitude);
+    const double feet = CutToFifteenDigits(metres * FeetPerMetre);
+    state.lblAlt = state.AltInFeet ? Format(feet, "######", locale) : Format(metres, "#####", locale);
+    state.lblAltmode = state.AltInFeet ? "ft" : "m";
+}
+
+void FixReadouts::SatellitesUsedReceived(std::int16_t satellitesUsed) {
+    state.Label7 = std::to_string(satellitesUsed);
+}
+
+void FixReadouts::SatellitesInViewReceived(std::int16_t satellitesInView) {
+    if (state.NoFix) {
+        for (auto& lamp : link.picGPSCheck) lamp.ToolTip = "Sat: -/-";
+        return;
+    }
+    link.picGPSCheck[1].ToolTip = "Sat: " + state.Label7 + "/" + std::to_string(satellitesInView);
+}
+
+void FixReadouts::ClearDisplays() {
+    for (std::string* label : {&state.lblSpeed, &state.lblBearing, &state.lblAlt, &state.lblLat,
+                               &state.lblLong, &state.lblTrueBearing, &state.lblDistanz, &state.lblTime})
+        *label = NoValue;
+    state.HeadingIndicator = 0;
+}
+
+} // namespace ornivane

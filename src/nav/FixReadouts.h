@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "base/LocaleText.h"
+#include "gps/GpsLink.h"
+#include "gps/NmeaInterpreter.h"
+#include "nav/FlightState.h"
+
+namespace ornivane {
+
+// What the readouts ask of the flying screen.
+class FixReadoutsOwner {
+public:
+    virtual ~FixReadoutsOwner() = default;
+    virtual void UpdateMap() = 0;
+    virtual void DrawOverlays() = 0; // over the picture that stands, and shows it
+};
+
+// Turns the receiver's events into the flight state and its displays, and tells when the map redraws: at the
+// first position with a fix and then at every 21st.
+class FixReadouts : public NmeaListener {
+public:
+    FixReadouts(FlightState& state, GpsLink& link, const LocaleText& locale, FixReadoutsOwner& owner);
+
+    void PositionReceived(const std::string& latitude, const std::string& longitude,
+                          const std::string& latraw, const std::string& longraw) override;
+    void TimeChanged(const std::string& time) override;
+    void BearingReceived(const std::string& bearing) override;
+    void SpeedReceived(const std::string& speed) override;
+    void FixObtained() override;
+    void FixLost() override;
+    void AltitudeReceived(const std::string& altitude) override;
+    void SatellitesUsedReceived(std::int16_t satellitesUsed) override;
+    void SatellitesInViewReceived(std::int16_t satellitesInView) override;
+
+    // The link is lost: eight displays go to "---", in their order, and the compass card to 0.
+    void ClearDisplays();
+
+private:
+    void ShowLamp(std::size_t lamp);
+
+    FlightState& state;
+    GpsLink& link;
+    const LocaleText& locale;
+    FixReadoutsOwner& owner;
+    std::int16_t PositionCount = -1; // positions since the last redraw
+};
+
+} // namespace ornivane

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace ornivane {
+
+// What every value without a source shows.
+inline const std::string NoValue = "---";
+
+// What the receiver last said, in the texts that the labels show. Several values are computed from these
+// texts and not from the numbers behind them, so a text and its unit always belong together.
+struct FlightState {
+    double CurLat = 49.0; // decimal degrees, negative south
+    double CurLong = 9.0; // decimal degrees, negative west
+    bool NoFix = true;    // no valid fix is held
+
+    bool SpeedInKnots = true;
+    bool AltInFeet = true;
+    bool ShowETE = true; // lblTime shows the time to go, otherwise the time of arrival
+
+    std::string lblLat = NoValue, lblLong = NoValue;
+    std::string lblSpeed = NoValue, lblSpeedmode = "kts";
+    std::string lblBearing = NoValue;
+    std::string lblAlt = NoValue, lblAltmode = "ft";
+    std::string lblDistanz = NoValue, lblTrueBearing = NoValue, lblTime = NoValue;
+    std::string Label7;          // satellites used
+    std::string LabelTime;       // time of the receiver's last sentence, hh:mm:ss
+    double HeadingIndicator = 0; // degrees by which the compass card is turned
+};
+
+} // namespace ornivane

@@ -1,0 +1,138 @@
+#include "nav/FlyingScreen.h"
+
+#include <algorithm>
+
+#include "base/RuntimeError.h"
+
+namespace ornivane {
+
+FlyingScreen::FlyingScreen(const FlyingScreenWorld& w, std::function<void()> stateChanged,
+                           std::function<void()> focusOnMap)
+    : Link(w.MSComm1, w.timerCheck, w.Messages, w.Shared, State.NoFix, *this),
+      Readouts(State, Link, w.Shared.Locale, *this), gps(Readouts),
+      Map(w.Shared, w.picStorage, w.picMap, w.progBar, w.Messages, *this), Route(w.Shared, State, *this),
+      ActiveLeg(State, w.Shared.Locale, w.SystemClock),
+      Pass({w.Shared, State, Flags, Map, Route, ActiveLeg, w.picStorage, w.picMap},
+           [this](const RuntimeError& error) {
+               world.Notices.Show(DescribeError(error, world.Shared.EnglishUI == 1));
+           }),
+      world(w), changed(std::move(stateChanged)), focusMap(std::move(focusOnMap)) {
+    Link.SetInterpreter(gps);
+}
+
+void FlyingScreen::Form_Load() {
+    Route.OpenRoutes();
+    world.Shared.MapsSet.Open(world.Shared.DataConn,
+                              "SELECT * From Maps Where Active <> 0 Order by NAME ASC");
+    Route.tRoute = Map.LoadLastMap();
+    LoadFlightSet();
+}
+
+void FlyingScreen::LoadFlightSet() {
+    if (!ReadDisplayFlags(world.Shared.ProgramFolder, Flags)) SaveFlightSet();
+}
+
+void FlyingScreen::SaveFlightSet() { WriteDisplayFlags(world.Shared.ProgramFolder, Flags); }
+
+void FlyingScreen::TakeDailyQnh() {
+    // A QNH holds for the day on which it was entered; the standard pressure is what an unset field stands
+    // for.
+    constexpr std::int16_t standardPressure = 1013;
+    if (world.Shared.QNHDate != DateOf(world.SystemClock.Now())) world.Shared.QNH = standardPressure;
+}
+
+void FlyingScreen::ShowLastMap() {
+    world.Shared.MapsSet.Requery();
+    if (!Map.HasMap()) {
+        Map.updateMapInfo();
+        world.picMap.Cls();
+        world.picMap.Refresh();
+        return;
+    }
+    Map.FindMap(Map.LastMapName);
+    Map.InitializeData();
+    Map.updateMapInfo();
+    Map.ApplyZoom();
+}
+
+void FlyingScreen::Form_Activate() {
+    TakeDailyQnh();
+    world.progBar.SetVisible(true);
+    ShowLastMap();
+    Route.Activate();
+    // The first point of the route is where the map opens without a fix, so the picture is made again.
+    UpdateMap();
+    Link.Form_Activate();
+    world.progBar.SetVisible(false);
+    focusMap();
+    changed();
+}
+
+void FlyingScreen::Form_Deactivate() {
+    if (Map.HasMap()) Map.LastMapName = Map.Name();
+    Link.Form_Deactivate();
+    Map.SaveMapPosition();
+}
+
+void FlyingScreen::Form_Unload() {
+    Map.SaveMapPosition();
+    SaveFlightSet();
+}
+
+void FlyingScreen::Form_Resize() {
+    Map.AdjustViewToPicture();
+    UpdateMap();
+    world.picMap.Refresh();
+}
+
+void FlyingScreen::UpdateMap() {
+    Pass.UpdateMap();
+    world.picMap.Refresh();
+    changed();
+}
+
+void FlyingScreen::DrawOverlays() {
+    Pass.DrawOverlays();
+    world.picMap.Refresh();
+    changed();
+}
+
+void FlyingScreen::SetDirectTarget(const Point& view) {
+    if (Map.HasMap() && Route.GotoActive) Route.SetDirectTarget(Map.Transform().PositionOfView(view));
+}
+
+// A click turns the unit of the next value; until it comes the old one stands with its old unit.
+void FlyingScreen::lblSpeed_Click() { State.SpeedInKnots = !State.SpeedInKnots; }
+void FlyingScreen::lblAlt_Click() { State.AltInFeet = !State.AltInFeet; }
+void FlyingScreen::lblTime_Click() { State.ShowETE = !State.ShowETE; }
+
+void FlyingScreen::SetShowRoute(bool on) {
+    Flags.ShowRoute = on;
+    if (on) Route.RefreshRouteList();
+    UpdateMap();
+}
+
+void FlyingScreen::SetShowNames(bool on) {
+    Flags.ShowNames = on;
+    UpdateMap();
+}
+
+void FlyingScreen::StepZoom(int by) {
+    if (!Map.HasMap()) return;
+    const bool canStep = by < 0 ? Map.SlideMap > SlideMin : Map.SlideMap < SlideMax;
+    if (canStep)
+        Map.SetSlide(Map.SlideMap + by);
+    else
+        Map.ApplyZoom();
+}
+
+void FlyingScreen::ClearDisplays() { Readouts.ClearDisplays(); }
+void FlyingScreen::RefreshRouteList() { Route.RefreshRouteList(); }
+void FlyingScreen::FocusMap() { focusMap(); }
+void FlyingScreen::StateChanged() { changed(); }
+std::string FlyingScreen::RouteName() const { return Route.cmbRoute; }
+bool FlyingScreen::HasFix() const { return Link.picGPSCheck[1].Visible; }
+double FlyingScreen::DistanceToTarget() const { return ActiveLeg.LastDistance; }
+std::string FlyingScreen::MapName() const { return Map.HasMap() ? Map.Name() : std::string(); }
+
+} // namespace ornivane

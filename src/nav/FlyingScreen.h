@@ -1,0 +1,95 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "common/Variablen.h"
+#include "gps/GpsLink.h"
+#include "map/ActiveMap.h"
+#include "nav/DrawingPass.h"
+#include "nav/FixReadouts.h"
+#include "nav/FlightState.h"
+#include "nav/Leg.h"
+#include "nav/RouteFollowing.h"
+#include "platform/Clock.h"
+#include "platform/Dialogs.h"
+#include "platform/PictureSurface.h"
+#include "platform/SerialPort.h"
+#include "platform/Timer.h"
+
+namespace ornivane {
+
+// The world that the flying screen works in: the seams, real or faked.
+struct FlyingScreenWorld {
+    Variablen& Shared;
+    SerialPort& MSComm1;
+    Timer& timerCheck;
+    const Clock& SystemClock;
+    Picture& picStorage;
+    PictureSurface& picMap;
+    Progress& progBar;
+    Dialogs& Messages;
+    Notice& Notices;
+};
+
+// The flying screen without its window: puts the rooms together and passes on what one asks of another. The
+// form calls one routine for each event and then shows the state.
+class FlyingScreen : private LinkOwner,
+                     private FixReadoutsOwner,
+                     private ActiveMapOwner,
+                     private RouteFollowingOwner {
+public:
+    // `changed`: the state may be another one, show it; `focusMap`: give the map the focus.
+    FlyingScreen(const FlyingScreenWorld& world, std::function<void()> changed,
+                 std::function<void()> focusMap);
+
+    void Form_Load();
+    void Form_Activate();
+    void Form_Deactivate();
+    void Form_Unload();
+
+    void UpdateMap() override;
+    // picMap has a new size.
+    void Form_Resize();
+    // A right click on the map, in view pixels.
+    void SetDirectTarget(const Point& view);
+    void lblSpeed_Click();
+    void lblAlt_Click();
+    void lblTime_Click();
+    void SetShowRoute(bool on);
+    void SetShowNames(bool on);
+    void SaveFlightSet();
+    // The arrow keys: the slider by 10, not beyond its ends.
+    void StepZoom(int by);
+
+    FlightState State;
+    DisplayFlags Flags;
+    GpsLink Link;
+    FixReadouts Readouts;
+    NmeaInterpreter gps;
+    ActiveMap Map;
+    RouteFollowing Route;
+    Leg ActiveLeg;
+    DrawingPass Pass;
+
+private:
+    void ClearDisplays() override;
+    void RefreshRouteList() override;
+    void FocusMap() override;
+    void StateChanged() override;
+    void DrawOverlays() override;
+    std::string RouteName() const override;
+    bool HasFix() const override;
+    double DistanceToTarget() const override;
+    std::string MapName() const override;
+
+    void LoadFlightSet();
+    void ShowLastMap();
+    void TakeDailyQnh();
+
+    FlyingScreenWorld world;
+    std::function<void()> changed;
+    std::function<void()> focusMap;
+};
+
+} // namespace ornivane

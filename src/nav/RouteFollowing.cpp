@@ -1,0 +1,239 @@
+#include "nav/RouteFollowing.h"
+
+#include <algorithm>
+
+#include "base/Format.h"
+#include "base/Numbers.h"
+#include "common/SettingsFiles.h"
+#include "geo/NavigationMaths.h"
+
+namespace ornivane {
+
+namespace {
+
+const char* const PointsOfRoute = "SELECT * From GpsPoints WHERE RouteID = ? ORDER BY Nummer ASC";
+constexpr int NoRoute = -99999; // no row ever has it: a valid, empty set of points
+
+// While routes and points are reopened, the moves of their current rows are no choices of the pilot.
+class Flagged {
+public:
+    explicit Flagged(bool& target) : flag(target), before(target) { flag = true; }
+    ~Flagged() { flag = before; }
+    Flagged(const Flagged&) = delete;
+    Flagged& operator=(const Flagged&) = delete;
+
+private:
+    bool& flag;
+    bool before;
+};
+
+} // namespace
+
+RouteFollowing::RouteFollowing(Variablen& variablen, FlightState& flightState,
+                               RouteFollowingOwner& routeOwner)
+    : shared(variablen), state(flightState), owner(routeOwner) {
+    RoutePointsSet.AddObserver(this);
+}
+
+RouteFollowing::~RouteFollowing() { RoutePointsSet.RemoveObserver(this); }
+
+void RouteFollowing::OpenRoutes() {
+    RoutesSet.Open(shared.DataConn, "SELECT * From Route Order by NUMMER ASC");
+}
+
+void RouteFollowing::CurrentRowChanged() {
+    if (activating) return;
+    RowSelected = true;
+    owner.UpdateMap();
+}
+
+void RouteFollowing::OpenPoints() {
+    RoutePointsSet.Open(shared.DataConn, PointsOfRoute,
+                        {HasRoutes() && !RoutesSet.Eof() ? RoutesSet.Get("RouteID") : Value(NoRoute)});
+}
+
+void RouteFollowing::cmbRoute_Click(const std::string& name) {
+    if (!HasRoutes()) return;
+    {
+        const Flagged reopening(activating);
+        RoutesSet.MoveFirst();
+        if (!RoutesSet.Find("Name", Comparison::Equal, name)) RoutesSet.MoveFirst();
+        OpenPoints();
+    }
+    cmbRoute = RoutesSet.Text("Name");
+    tRoute = cmbRoute;
+    const std::string map = owner.MapName();
+    if (!map.empty()) WriteLastChoice(shared.ProgramFolder, {map, cmbRoute});
+    RefreshRouteList();
+    owner.UpdateMap();
+}
+
+void RouteFollowing::HideFrameUnless(bool stays) {
+    if (!stays) Frame1 = false;
+}
+
+void RouteFollowing::cmdActivateGoto_Click() {
+    RouteActive = RoutePointsSet.IsOpen() && RoutePointsSet.RecordCount() > 0;
+    picActivateGoto = RouteActive;
+    if (!RouteActive) {
+        HideFrameUnless(GotoActive);
+        return;
+    }
+    Frame1 = true;
+    RowSelected = true;
+    // A route that was flown to its end left its step button off; on a route that is active it works again.
+    cmdNextEnabled = true;
+    owner.UpdateMap();
+    owner.FocusMap();
+}
+
+void RouteFollowing::picActivateGoto_Click() {
+    RouteActive = false;
+    HideFrameUnless(GotoActive);
+    picActivateGoto = false;
+    owner.UpdateMap();
+    owner.FocusMap();
+}
+
+void RouteFollowing::ClearTargetValues() {
+    state.lblTrueBearing.clear();
+    state.lblDistanz.clear();
+    state.lblTime.clear();
+}
+
+void RouteFollowing::cmdDirectFly_Click() {
+    GotoActive = true;
+    Frame1 = true;
+    picDF = true;
+    ClearTargetValues();
+    owner.UpdateMap();
+    owner.FocusMap();
+}
+
+void RouteFollowing::picDF_Click() {
+    GotoActive = false;
+    HideFrameUnless(picActivateGoto);
+    picDF = false;
+    ClearTargetValues();
+    owner.UpdateMap();
+    owner.FocusMap();
+}
+
+void RouteFollowing::SetDirectTarget(const Position& position) {
+    if (!GotoActive) return;
+    lblLatx = Format(ToDegMinValue(position.Lat), "###.##0", shared.Locale);
+    lblLongx = Format(ToDegMinValue(position.Long), "###.##0", shared.Locale);
+    owner.UpdateMap();
+}
+
+void RouteFollowing::cmdNext_Click() {
+    if (!RoutePointsSet.IsOpen()) return;
+    if (RoutePointsSet.RecordCount() > 0) RowSelected = false;
+    if (RoutePointsSet.AbsolutePosition() >= RoutePointsSet.RecordCount() ||
+        RoutePointsSet.RecordCount() == 0) {
+        RouteActive = false;
+        picActivateGoto = false;
+        Frame1 = false;
+        cmdNextEnabled = false;
+    } else {
+        cmdPrevEnabled = true;
+        RoutePointsSet.MoveNext();
+    }
+    RowSelected = true;
+    owner.FocusMap();
+}
+
+void RouteFollowing::cmdPrev_Click() {
+    if (!RoutePointsSet.IsOpen()) return;
+    RowSelected = false;
+    if (RoutePointsSet.AbsolutePosition() < 2) {
+        cmdPrevEnabled = false;
+    } else {
+        cmdNextEnabled = true;
+        RoutePointsSet.MovePrevious();
+    }
+    RowSelected = true;
+    owner.FocusMap();
+}
+
+bool RouteFollowing::ActiveTarget(Position& target) {
+    if (!RoutePointsSet.IsOpen()) return false;
+    if (GotoActive) {
+        if (lblLatx.empty()) return false;
+        target = {ToDecimalDegrees(NumberIn(lblLatx)), ToDecimalDegrees(NumberIn(lblLongx))};
+        return true;
+    }
+    target = {ToDecimalDegrees(RoutePointsSet.Number("Lat")),
+              ToDecimalDegrees(RoutePointsSet.Number("Long"))};
+    return true;
+}
+
+void RouteFollowing::RefreshRouteList() {
+    if (!HasRoutes() || RoutesSet.Eof()) return;
+    if (!legs.IsPrepared())
+        legs = Statement(shared.DataConn,
+                         "SELECT Nummer, Lat, Long From GpsPoints WHERE RouteID = ? ORDER BY Nummer ASC");
+    const bool hasActive = RoutePointsSet.IsOpen() && RoutePointsSet.RecordCount() > 0 &&
+                           !RoutePointsSet.Eof() && !RoutePointsSet.Bof();
+    // The place in the route tells the row, not the waypoint: one waypoint may stand several times in a
+    // route.
+    const double active = hasActive ? RoutePointsSet.Number("Nummer") : -1;
+    double total = 0, rest = 0;
+    Position from;
+    const StatementRun run(legs);
+    legs.Bind(1, RoutesSet.Get("RouteID"));
+    for (bool first = true; legs.Step(); first = false) {
+        const Position to{ToDecimalDegrees(legs.Number(1)), ToDecimalDegrees(legs.Number(2))};
+        if (!first) {
+            const double leg = CalcRouteDist(to.Lat, to.Long, from.Lat, from.Long);
+            total += leg;
+            rest += leg;
+            if (legs.Number(0) == active) rest = 0;
+        }
+        from = to;
+    }
+    lblRoute = Format(total, "#####", shared.Locale);
+    if (owner.HasFix()) rest += owner.DistanceToTarget();
+    lblRemDist = GotoActive ? state.lblDistanz : Format(rest, "###0.0", shared.Locale) + " NM";
+}
+
+void RouteFollowing::ReturnToPoint(const Value& pointId) {
+    if (RoutePointsSet.RecordCount() == 0 || pointId.IsNull()) return;
+    RoutePointsSet.MoveFirst();
+    if (!RoutePointsSet.Find("PointID", Comparison::Equal, pointId)) RoutePointsSet.MoveFirst();
+}
+
+void RouteFollowing::Activate() {
+    const Flagged reopening(activating);
+    Value pointId;
+    if (RoutePointsSet.IsOpen() && !RoutePointsSet.Eof() && !RoutePointsSet.Bof())
+        pointId = RoutePointsSet.Get("PointID");
+    const std::string name = cmbRoute.empty() ? tRoute : cmbRoute;
+    RoutesSet.Requery();
+    RouteNames.clear();
+    for (; !RoutesSet.Eof(); RoutesSet.MoveNext()) RouteNames.push_back(RoutesSet.Text("Name"));
+    if (RouteNames.empty()) {
+        cmbRoute.clear();
+        OpenPoints();
+    } else {
+        RoutesSet.MoveFirst();
+        if (!RoutesSet.Find("Name", Comparison::Equal, name)) RoutesSet.MoveFirst();
+        cmbRoute = RoutesSet.Text("Name");
+        tRoute = cmbRoute;
+        OpenPoints();
+    }
+    if (RoutePointsSet.RecordCount() == 0) {
+        RouteActive = false;
+        picActivateGoto = false;
+        HideFrameUnless(GotoActive);
+        return;
+    }
+    if (state.NoFix) {
+        state.CurLat = ToDecimalDegrees(RoutePointsSet.Number("Lat"));
+        state.CurLong = ToDecimalDegrees(RoutePointsSet.Number("Long"));
+    }
+    ReturnToPoint(pointId);
+    RefreshRouteList();
+}
+
+} // namespace ornivane

@@ -1,0 +1,100 @@
+#pragma once
+
+#include <stdlib.h>
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "app/Hints.h"
+#include "platform/Dialogs.h"
+#include "platform/System.h"
+#include "platform/qt/Screen.h"
+
+namespace ornivane::test {
+
+using Texts = std::vector<std::string>;
+
+// A folder of its own, gone with the test.
+class TemporaryFolder {
+  public:
+    TemporaryFolder() {
+        std::string name = (std::filesystem::temp_directory_path() / "ornivane-app-XXXXXX").string();
+        path = mkdtemp(name.data());
+    }
+    ~TemporaryFolder() {
+        std::error_code ignored;
+        std::filesystem::permissions(path, std::filesystem::perms::owner_all, ignored);
+        std::filesystem::remove_all(path, ignored);
+    }
+    const std::filesystem::path& Path() const { return path; }
+
+  private:
+    std::filesystem::path path;
+};
+
+struct RecordedDialogs : Dialogs {
+    Texts Shown; // "title|text"
+    void Message(const std::string& title, const std::string& text) override { Shown.push_back(title + "|" + text); }
+    void MessageAndWait(const std::string& title, const std::string& text) override { Message(title, text); }
+    bool AskYesNo(const std::string&, const std::string&) override { return false; }
+};
+
+struct RecordedNotice : Notice {
+    Texts Shown;
+    void Show(const std::string& text) override { Shown.push_back(text); }
+};
+
+struct RecordedHints : Hints {
+    Texts Told;
+    void TrackStoreUnavailable(const std::string& reason) override { Told.push_back("track: " + reason); }
+    void AirspaceStoreUnavailable(const std::string& reason) override { Told.push_back("airspace: " + reason); }
+};
+
+struct ScriptedWeb : Web {
+    std::optional<std::string> Answer;
+    Texts Asked;
+    std::optional<std::string> Fetch(const std::string& address, int) override {
+        Asked.push_back(address);
+        return Answer;
+    }
+};
+
+struct ScriptedProcesses : Processes {
+    Texts Calls;
+    bool CanStart = false;
+    void EndSiblings() override { Calls.push_back("EndSiblings"); }
+    bool Start(const std::filesystem::path& program) override {
+        Calls.push_back("Start " + program.string());
+        return CanStart;
+    }
+};
+
+struct RecordedShell : Shell {
+    Texts Opened;
+    void Open(const std::string& address) override { Opened.push_back(address); }
+};
+
+// Writes what it is told into a list that several share; fails where it is told to.
+class RecordedScreen : public Screen {
+  public:
+    RecordedScreen(std::string nameOf, Texts& callsOf, std::string failsInOf = {})
+        : name(std::move(nameOf)), calls(callsOf), failsIn(std::move(failsInOf)) {}
+    void Form_Activate() override { Record("activate"); }
+    void Form_Deactivate() override { Record("deactivate"); }
+    void Form_Unload() override { Record("unload"); }
+
+  private:
+    void Record(const std::string& call) {
+        calls.push_back(name + " " + call);
+        if (call == failsIn) throw std::runtime_error(call + " failed");
+    }
+
+    std::string name;
+    Texts& calls;
+    std::string failsIn;
+};
+
+} // namespace ornivane::test

@@ -1,0 +1,61 @@
+#include "geo/NavigationMaths.h"
+
+#include <cmath>
+
+#include <gtest/gtest.h>
+
+namespace ornivane {
+namespace {
+
+double CourseOf(double latA, double longA, double latB, double longB) {
+    const double a = DegToRad(latA), b = DegToRad(longA), c = DegToRad(latB), d = DegToRad(longB);
+    return TrueCourse(a, b, c, d, AngleBetween(a, b, c, d));
+}
+
+TEST(NavigationMaths, ConvertsStoredCoordinatesWithTheFloorOnBothSidesOfZero) {
+    EXPECT_DOUBLE_EQ(ToDecimalDegrees(48.30), 48.5);
+    EXPECT_DOUBLE_EQ(ToDecimalDegrees(47.75), 47 + 1.25); // minutes beyond 59 are read as written
+    EXPECT_NEAR(ToDecimalDegrees(-8.30), -9 + 7.0 / 6, 1e-12);
+    EXPECT_NEAR(ToDecimalDegrees(-33.70), -33.5, 1e-12);
+    EXPECT_EQ(ToDecimalDegrees(7), 7);
+    for (const double degrees : {51.2249, -33.5, -0.25, 0.0, 179.999})
+        EXPECT_NEAR(ToDecimalDegrees(ToDegMinValue(degrees)), degrees, 1e-12) << degrees;
+}
+
+TEST(NavigationMaths, ArcFunctionsKeepTheirBordersForDisplaysOfOldData) {
+    EXPECT_EQ(Arccos(1), 0);
+    EXPECT_EQ(Arccos(-1), 0); // antipodal points are 0 apart
+    EXPECT_EQ(Arccos(1.0000001), 0);
+    EXPECT_EQ(Arccos(std::nan("")), 0);
+    EXPECT_NEAR(Arccos(0), 1.5707963267948966, 1e-15);
+    EXPECT_NEAR(Arccos(-0.5), 2.0943951023931953, 1e-12);
+    EXPECT_EQ(ASin(1), 1.5707963267949);
+    EXPECT_EQ(ASin(-1), -1.5707963267949);
+    EXPECT_NEAR(ASin(0.5), 0.5235987755982989, 1e-15);
+}
+
+TEST(NavigationMaths, MeasuresGreatCirclesAndTreatsZeroAsUnset) {
+    EXPECT_EQ(CalcRouteDist(50.5, 7.5, 50.5, 7.5), 0);
+    EXPECT_NEAR(CalcRouteDist(51, 7, 50, 7), 60, 1e-9);
+    EXPECT_NEAR(CalcRouteDist(50, 8, 50, 7), 60 * std::cos(DegToRad(50)), 2e-3);
+    // Köln to Düsseldorf; haversine with the same sphere, worked out separately.
+    EXPECT_NEAR(CalcRouteDist(51.225, 6.7766667, 50.9383333, 6.9566667), 18.48977, 1e-4);
+    EXPECT_EQ(CalcRouteDist(0, 7, 1.5, 7), 0);
+    EXPECT_EQ(CalcRouteDist(50, 7, 50, 0), 0);
+}
+
+TEST(NavigationMaths, CoursesEastAreInitialAndWestAreFinal) {
+    EXPECT_NEAR(CourseOf(50, 7, 51, 7), 360, 1e-4);
+    EXPECT_NEAR(CourseOf(51, 7, 50, 7), 180, 1e-4);
+    const double east = CourseOf(50, 7, 50, 27);
+    EXPECT_NEAR(east, 82.3074, 1e-3); // initial course at A, well below 90
+    // The reverse of the angle at the western end: the final course of the way back, so exactly the opposite.
+    EXPECT_NEAR(CourseOf(50, 27, 50, 7), east + 180, 1e-6);
+    // So close that the angle between them is lost: north-east by the eastward branch, south-west by the
+    // other.
+    EXPECT_EQ(TrueCourse(0.88, 0.13, 0.88 + 1e-16, 0.13 + 1e-16, 0), 0);
+    EXPECT_EQ(TrueCourse(0.88, 0.13 + 1e-16, 0.88, 0.13, 0), 180);
+}
+
+} // namespace
+} // namespace ornivane
