@@ -1,7 +1,5 @@
 #pragma once
 
-#include <stdlib.h>
-
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -12,28 +10,11 @@
 #include "platform/Dialogs.h"
 #include "platform/System.h"
 #include "platform/qt/Screen.h"
+#include "support/TemporaryFolder.h"
 
 namespace ornivane::test {
 
 using Texts = std::vector<std::string>;
-
-// A folder of its own, gone with the test.
-class TemporaryFolder {
-  public:
-    TemporaryFolder() {
-        std::string name = (std::filesystem::temp_directory_path() / "ornivane-app-XXXXXX").string();
-        path = mkdtemp(name.data());
-    }
-    ~TemporaryFolder() {
-        std::error_code ignored;
-        std::filesystem::permissions(path, std::filesystem::perms::owner_all, ignored);
-        std::filesystem::remove_all(path, ignored);
-    }
-    const std::filesystem::path& Path() const { return path; }
-
-  private:
-    std::filesystem::path path;
-};
 
 struct RecordedDialogs : Dialogs {
     Texts Shown; // "title|text"

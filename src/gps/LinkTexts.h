@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+#include "base/RuntimeError.h"
+#include "common/Variablen.h"
+
+namespace ornivane {
+
+// Texts that the flying screen and the port test share.
+
+// "COM 5 does not exist"; for a device that this user may not open it names the group to join instead.
+std::string OpenFailureText(const RuntimeError& error, const std::string& port, const Variablen& shared);
+
+// The title of boxes that have none of their own.
+inline constexpr const char* MessageTitle = "Ornivane GPS";
+
+} // namespace ornivane

@@ -1,0 +1,88 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "common/Variablen.h"
+#include "gps/NmeaInterpreter.h"
+#include "gps/SentenceFraming.h"
+#include "platform/Dialogs.h"
+#include "platform/PictureSurface.h"
+#include "platform/PortList.h"
+#include "platform/SerialPort.h"
+#include "platform/Timer.h"
+
+namespace ornivane {
+
+// The port test of the settings screen: opens a port that the user chose, shows what comes, and saves port and baud
+// rate when data came within two seconds. That is the only way in which the saved port changes.
+class PortTest : private NmeaListener {
+  public:
+    struct Label {
+        std::string Caption;
+        Colour ForeColor = 0x000000;
+    };
+    static constexpr Colour Red = 0xFF0000;
+    static constexpr Colour Green = 0x00FF00;
+    static constexpr std::array<const char*, 5> BaudRates{"4800", "9600", "19200", "38400", "57600"};
+    static constexpr int MostPorts = 20;
+
+    // Takes over the callbacks of port and timer, which must outlive it. `changed`: show the members.
+    PortTest(SerialPort& port, Timer& timer, const PortList& ports, Dialogs& dialogs, const Variablen& shared,
+             std::function<void()> changed);
+    PortTest(const PortTest&) = delete;
+    PortTest& operator=(const PortTest&) = delete;
+
+    // Lists the ports of the machine and selects the saved one with its baud rate.
+    void Form_Activate();
+    // Closes the port and stops a test.
+    void Form_Deactivate();
+    void cmdCheck_Click();
+    void timerCheck_Timer();
+    void MSComm1_OnComm(SerialEvent event);
+    void ClearTestDisplays();
+
+    std::vector<int> cmbCom;     // the ports offered
+    int SelectedCom = 0;         // the port chosen among them; 0 when none is
+    std::size_t cmbBaud = 0;     // index into BaudRates
+    std::string tGPS;            // the first line of the input, always UTF-8
+    Label lblStatus;             // how the test goes
+    Label lblComVerbindung;
+    Label LabelStatus;           // the fix
+    std::string lblSatellites;
+    std::string Label7;          // satellites used, hidden
+    std::string lblLat = "---", lblLong = "---";
+    bool Hourglass = false;      // the mouse pointer
+    std::int16_t CheckCount = 0; // seconds left
+    bool DataSeen = false;       // in this test
+
+  private:
+    void FixObtained() override;
+    void FixLost() override;
+    void PositionReceived(const std::string& latitude, const std::string& longitude, const std::string& latraw,
+                          const std::string& longraw) override;
+    void SatellitesUsedReceived(std::int16_t satellitesUsed) override;
+    void SatellitesInViewReceived(std::int16_t satellitesInView) override;
+
+    void SelectSaved();
+    void OpenChosen();
+    void ShowConnected();
+    void ShowFirstPiece(std::string_view piece);
+    void ShowNoSatellites();
+    std::string ComName() const;
+
+    SerialPort& port;
+    Timer& timerCheck;
+    const PortList& ports;
+    Dialogs& dialogs;
+    const Variablen& shared;
+    std::function<void()> changed;
+    bool noFix = true;
+    NmeaInterpreter gps;
+    SentenceFraming framing;
+};
+
+} // namespace ornivane

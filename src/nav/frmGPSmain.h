@@ -1,0 +1,114 @@
+#pragma once
+
+#include <QPointF>
+#include <functional>
+#include <memory>
+
+#include "nav/FlyingScreen.h"
+#include "platform/PortList.h"
+#include "platform/qt/Screen.h"
+
+class QBoxLayout;
+class QComboBox;
+class QFrame;
+class QGridLayout;
+class QLabel;
+class QLineEdit;
+class QProgressBar;
+class QSlider;
+class QTableView;
+class QToolButton;
+
+namespace ornivane {
+
+class EventGuard;
+class GridBinding;
+class LampButton;
+class QtPicture;
+class QtProgress;
+class ReadoutLabel;
+class RecordsetModel;
+class SurfaceWidget;
+
+// What the flying screen's form needs of the program. All of it outlives the form.
+struct FlyingFormServices {
+    Variablen& Shared;
+    SerialPort& MSComm1;
+    Timer& timerCheck;
+    const PortList& Ports;
+    const Clock& SystemClock;
+    Dialogs& Messages;
+    Notice& Notices;
+    EventGuard& Guard;
+};
+
+// The flying screen. Every event calls one routine of FlyingScreen, then the state is shown.
+class frmGPSmain : public Screen {
+    Q_OBJECT
+
+  public:
+    explicit frmGPSmain(const FlyingFormServices& services);
+    ~frmGPSmain() override;
+
+    void Form_Activate() override;
+    void Form_Deactivate() override;
+    void Form_Unload() override;
+    void ApplyLanguage() override;
+
+    FlyingScreen& Logic() { return *screen; }
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void MakeMap(QGridLayout& layout);
+    void MakeBottom(QGridLayout& layout);
+    void MakeSide(QGridLayout& layout);
+    void MakeLinkButtons(QBoxLayout& layout);
+    void MakeReadouts(QBoxLayout& layout);
+    void MakeTarget(QBoxLayout& layout);
+    void MakeRoute(QBoxLayout& layout);
+    void MakePanel();
+    LampButton* Lamp(const char* name, const char* icon, const std::function<void()>& click);
+
+    void MapPressed(QPointF at, Qt::MouseButton button);
+    void MapMoved(QPointF at, Qt::MouseButtons held);
+    void MapReleased(Qt::MouseButton button);
+    bool SliderReleased(double x);
+    bool HandleKey(int key);
+
+    void ShowState();
+    void ShowLink();
+    void ShowReadouts();
+    void ShowMapControls();
+    void ShowRoute();
+    void PlaceOverMap();
+
+    FlyingFormServices services;
+    std::unique_ptr<QtPicture> picStorage;
+    std::unique_ptr<QtProgress> progress;
+    std::unique_ptr<FlyingScreen> screen;
+    std::unique_ptr<RecordsetModel> pointsModel;
+    std::unique_ptr<GridBinding> pointsBinding;
+
+    SurfaceWidget* picMap = nullptr;
+    QSlider* SlideMap = nullptr;
+    QProgressBar* progBar = nullptr;
+    QLabel* lblStatus = nullptr;
+    QComboBox *cmbMaps = nullptr, *cmbRoute = nullptr;
+    QFrame *frmSet = nullptr, *Frame1 = nullptr;
+    QTableView* gridWaypoints = nullptr;
+    ReadoutLabel *speed = nullptr, *bearing = nullptr, *altitude = nullptr, *latitude = nullptr, *longitude = nullptr;
+    ReadoutLabel *distance = nullptr, *course = nullptr, *time = nullptr, *remaining = nullptr;
+    QLabel *lblRoute = nullptr, *lblLatx = nullptr, *lblLongx = nullptr;
+    LampButton *cmdGPS = nullptr, *cmdKartezentrieren = nullptr, *cmdshowRoute = nullptr, *cmdWayInfo = nullptr,
+               *cmdShowPoints = nullptr, *cmdActivateGoto = nullptr, *cmdDirectFly = nullptr, *cmdSet = nullptr;
+    QToolButton *cmdNext = nullptr, *cmdPrev = nullptr;
+    QPointF drag;
+    bool dragging = false;
+    bool loaded = false;
+    bool showing = false; // ShowState is writing to the controls: their signals are no choices of the user
+};
+
+} // namespace ornivane

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <memory>
+
+#include "platform/PictureSurface.h"
+#include "platform/qt/PictureLevels.h"
+
+namespace ornivane {
+
+// A chart image. Colour takes four bytes a pixel as decoded, grey and palette images one.
+//
+// The old picture is let go only when the new one is decoded, because a file can turn out to be damaged at
+// its last byte. So while one chart of 12,000 x 9,000 replaces another, both are in memory (2 x 412 MiB); at
+// rest there is one.
+class QtPicture : public Picture {
+public:
+    bool Load(const std::filesystem::path& file) override;
+    int ScaleWidth() const override { return levels->Width(); }
+    int ScaleHeight() const override { return levels->Height(); }
+
+    // Painting makes reduced levels when it first needs them, which changes nothing that is seen.
+    PictureLevels& Levels() const { return *levels; }
+
+private:
+    std::unique_ptr<PictureLevels> levels = std::make_unique<PictureLevels>();
+};
+
+} // namespace ornivane

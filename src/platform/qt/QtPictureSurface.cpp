@@ -1,0 +1,154 @@
+#include "platform/qt/QtPictureSurface.h"
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+
+#include "platform/qt/LineClip.h"
+#include "platform/qt/QtPicture.h"
+#include "platform/qt/Resample.h"
+
+namespace ornivane {
+
+namespace {
+
+constexpr double LargestStamp = 64; // device pixels of radius and pen together
+constexpr std::size_t MostStamps = 256;
+constexpr int HighestLevel = 8;
+
+bool HasArea(const PixelRect& rect) {
+    return std::isfinite(rect.X) && std::isfinite(rect.Y) && rect.Width > 0 && rect.Height > 0 &&
+           std::isfinite(rect.X + rect.Width) && std::isfinite(rect.Y + rect.Height);
+}
+
+PixelRect Scaled(const PixelRect& rect, double by) {
+    return {rect.X * by, rect.Y * by, rect.Width * by, rect.Height * by};
+}
+
+std::uint32_t Opaque(Colour colour) { return colour | 0xFF000000U; }
+
+// The level whose pixels are at most as large as the target's and more than half as large.
+int LevelFor(double sourcePerTarget) {
+    if (!(sourcePerTarget >= 2)) return 0;
+    const auto whole = static_cast<unsigned>(std::min(sourcePerTarget, 1e6));
+    return std::min(static_cast<int>(std::bit_width(whole)) - 1, HighestLevel);
+}
+
+} // namespace
+
+QtPictureSurface::QtPictureSurface(double surfaceWidth, double surfaceHeight, double devicePixelRatio) {
+    Allocate(surfaceWidth, surfaceHeight, devicePixelRatio);
+}
+
+void QtPictureSurface::Resize(double newWidth, double newHeight, double newRatio) {
+    if (newWidth == width && newHeight == height && newRatio == ratio) return;
+    Allocate(newWidth, newHeight, newRatio);
+}
+
+void QtPictureSurface::Allocate(double newWidth, double newHeight, double newRatio) {
+    if (painter.isActive()) painter.end();
+    if (newRatio != ratio) texts = ChartText(newRatio);
+    stamps.clear();
+    width = newWidth;
+    height = newHeight;
+    ratio = newRatio;
+    const int deviceWidth = std::max(1, static_cast<int>(std::lround(width * ratio)));
+    const int deviceHeight = std::max(1, static_cast<int>(std::lround(height * ratio)));
+    pixels.assign(static_cast<std::size_t>(deviceWidth) * deviceHeight, Opaque(backColor));
+    image = QImage(reinterpret_cast<uchar*>(pixels.data()), deviceWidth, deviceHeight, deviceWidth * 4LL,
+                   QImage::Format_RGB32);
+    image.setDevicePixelRatio(ratio);
+    painter.begin(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    pen = {0, -1};
+}
+
+PixelBlock QtPictureSurface::Block() { return {pixels.data(), image.width(), image.height(), image.width()}; }
+
+void QtPictureSurface::Cls() { std::fill(pixels.begin(), pixels.end(), Opaque(backColor)); }
+
+void QtPictureSurface::FillRect(const PixelRect& rect, Colour colour) {
+    const auto border = [](double at, int limit) {
+        return static_cast<int>(std::clamp(std::ceil(at - 0.5), 0.0, static_cast<double>(limit)));
+    };
+    const int left = border(rect.X, image.width()), right = border(rect.X + rect.Width, image.width());
+    const int bottom = border(rect.Y + rect.Height, image.height());
+    for (int y = border(rect.Y, image.height()); y < bottom && left < right; ++y)
+        std::fill(Block().Row(y) + left, Block().Row(y) + right, Opaque(colour));
+}
+
+void QtPictureSurface::PaintPicture(const Picture& picture, const PixelRect& destination,
+                                    const PixelRect& source) {
+    ++redraws;
+    if (!HasArea(destination)) return;
+    const auto* chart = dynamic_cast<const QtPicture*>(&picture);
+    const PixelRect target = Scaled(destination, ratio);
+    const bool covered =
+        chart && chart->ScaleWidth() > 0 && HasArea(source) && PaintLevel(chart->Levels(), target, source);
+    if (!covered) FillRect(target, backColor);
+}
+
+bool QtPictureSurface::PaintLevel(PictureLevels& levels, const PixelRect& target, const PixelRect& source) {
+    const int level = LevelFor(std::min(source.Width / target.Width, source.Height / target.Height));
+    const double scale = 1.0 / (1 << level);
+    const PixelRect from = Scaled(source, scale);
+    const ResampleAxis x(target.X, target.Width, image.width(), from.X, from.Width, levels.Width(level),
+                         levels.Width() * scale);
+    const ResampleAxis y(target.Y, target.Height, image.height(), from.Y, from.Height, levels.Height(level),
+                         levels.Height() * scale);
+    if (x.IsEmpty() || y.IsEmpty()) return false;
+    const bool insideOfPicture = source.X >= 0 && source.Y >= 0 && source.X + source.Width <= levels.Width() &&
+                                 source.Y + source.Height <= levels.Height();
+    if (!insideOfPicture) FillRect(target, backColor);
+    Resample(Block(), x, y,
+             [&levels, level](int row, int begin, int end) { return levels.Row(level, row, begin, end); });
+    return true;
+}
+
+void QtPictureSurface::UsePen(Colour colour) {
+    if (pen == std::pair(colour, drawWidth)) return;
+    pen = {colour, drawWidth};
+    painter.setPen(QPen(QColor::fromRgb(Opaque(colour)), std::max(drawWidth, 1), Qt::SolidLine, Qt::RoundCap,
+                        Qt::RoundJoin));
+}
+
+void QtPictureSurface::Line(double x1, double y1, double x2, double y2, Colour colour) {
+    const double margin = drawWidth + 2;
+    if (!ClipLine(x1, y1, x2, y2, -margin, -margin, width + margin, height + margin)) return;
+    UsePen(colour);
+    painter.drawLine(QPointF(x1, y1), QPointF(x2, y2));
+}
+
+const CircleStamp& QtPictureSurface::StampFor(double deviceRadius, double deviceWidth) {
+    const std::pair key(deviceRadius, deviceWidth);
+    if (const auto found = stamps.find(key); found != stamps.end()) return found->second;
+    if (stamps.size() >= MostStamps) stamps.clear();
+    return stamps.emplace(key, CircleStamp(deviceRadius, deviceWidth)).first->second;
+}
+
+void QtPictureSurface::Circle(double x, double y, double radius, Colour colour) {
+    const double reach = radius + drawWidth;
+    if (!std::isfinite(reach) || radius < 0) return;
+    if (!(x > -reach && x < width + reach && y > -reach && y < height + reach)) return;
+    if (reach * ratio <= LargestStamp) {
+        StampFor(radius * ratio, std::max(drawWidth, 1) * ratio)
+            .Draw(Block(), static_cast<int>(std::floor(x * ratio)), static_cast<int>(std::floor(y * ratio)),
+                  Opaque(colour));
+        return;
+    }
+    UsePen(colour);
+    painter.drawEllipse(QPointF(x, y), radius, radius);
+}
+
+void QtPictureSurface::Print(double x, double y, const std::string& text) {
+    // Texts far to the left cannot be excluded before their width is known.
+    if (!(x > -1e6 && x < width && y > -ChartText::LineHeight && y < height)) return;
+    texts.Draw(Block(), static_cast<int>(std::lround(x * ratio)), static_cast<int>(std::lround(y * ratio)),
+               text, Opaque(foreColor));
+}
+
+void QtPictureSurface::Refresh() {
+    if (refreshed) refreshed();
+}
+
+} // namespace ornivane

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <QImage>
+#include <QPainter>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <utility>
+#include <vector>
+
+#include "platform/PictureSurface.h"
+#include "platform/qt/ChartText.h"
+#include "platform/qt/CircleStamp.h"
+#include "platform/qt/PictureLevels.h"
+
+namespace ornivane {
+
+// A surface in memory. Sizes and positions are logical pixels; it holds devicePixelRatio times as many, and
+// all drawing is done at that resolution. Positions count from the borders of pixels: the first one reaches
+// from 0 to 1. Coordinates that are no finite number draw nothing.
+class QtPictureSurface : public PictureSurface {
+public:
+    QtPictureSurface(double width, double height, double devicePixelRatio = 1);
+    QtPictureSurface(const QtPictureSurface&) = delete;
+    QtPictureSurface& operator=(const QtPictureSurface&) = delete;
+
+    double ScaleWidth() const override { return width; }
+    double ScaleHeight() const override { return height; }
+    void Cls() override;
+    // Parts of the source rectangle outside of the picture show the background.
+    void PaintPicture(const Picture& picture, const PixelRect& destination, const PixelRect& source) override;
+    void SetDrawWidth(int newWidth) override { drawWidth = newWidth; }
+    int DrawWidth() const override { return drawWidth; }
+    void SetForeColor(Colour colour) override { foreColor = colour; }
+    void Line(double x1, double y1, double x2, double y2, Colour colour) override;
+    void Circle(double x, double y, double radius, Colour colour) override;
+    void Print(double x, double y, const std::string& text) override;
+    void Refresh() override;
+
+    // A new size, cleared to the background. Nothing happens when it is the present one.
+    void Resize(double width, double height, double devicePixelRatio);
+    double DevicePixelRatio() const { return ratio; }
+    void SetBackColor(Colour colour) { backColor = colour; }
+    void OnRefresh(std::function<void()> callback) { refreshed = std::move(callback); }
+    // What was drawn; good until the next Resize.
+    const QImage& Image() const { return image; }
+    // How often PaintPicture was called.
+    int Redraws() const { return redraws; }
+    // For drawing that the seam has no operation for (a turned compass card). Antialiased, logical pixels;
+    // leave its transform as it was.
+    QPainter& Painter() { return painter; }
+
+private:
+    void Allocate(double newWidth, double newHeight, double newRatio);
+    PixelBlock Block();
+    void FillRect(const PixelRect& rect, Colour colour);
+    bool PaintLevel(PictureLevels& levels, const PixelRect& destination, const PixelRect& source);
+    void UsePen(Colour colour);
+    const CircleStamp& StampFor(double deviceRadius, double deviceWidth);
+
+    double width = 0, height = 0, ratio = 1;
+    int drawWidth = 1;
+    Colour foreColor = 0x000000, backColor = 0xFFFFFF;
+    int redraws = 0;
+    std::function<void()> refreshed;
+
+    // The image has no memory of its own: writing to `pixels` must never make it copy itself.
+    std::vector<std::uint32_t> pixels;
+    QImage image;
+    QPainter painter; // kept open: opening one costs more than most of what is drawn with it
+    std::pair<Colour, int> pen{0, -1};
+
+    std::map<std::pair<double, double>, CircleStamp> stamps; // by radius and pen, device pixels
+    ChartText texts;
+};
+
+} // namespace ornivane

@@ -1,0 +1,43 @@
+#include "store/Lists.h"
+
+#include <limits>
+
+#include "base/Numbers.h"
+#include "store/Connection.h"
+
+namespace ornivane {
+
+void Renumber(Connection& connection, const std::string& select, const std::vector<Value>& parameters) {
+    Transaction transaction(connection);
+    Recordset rows;
+    rows.Open(connection, select + " ORDER BY Nummer ASC", parameters);
+    double number = 0;
+    for (; !rows.Eof(); rows.MoveNext()) rows.Set("Nummer", static_cast<int>(ToInt16(++number)));
+    transaction.Commit();
+}
+
+void InsertAfterCurrent(Connection& connection, Recordset& list, const std::string& select,
+                        const std::vector<Value>& parameters,
+                        const std::function<void(Recordset&)>& setFields) {
+    const bool isEmpty = list.RecordCount() == 0;
+    const int place = isEmpty || list.Eof() ? list.RecordCount() : list.Bof() ? 0 : list.AbsolutePosition();
+    const int target = place + 1;
+    try {
+        Transaction transaction(connection);
+        list.AddNew();
+        list.Set("Nummer", isEmpty ? 1.0 : place + 0.3);
+        setFields(list);
+        list.Update();
+        Renumber(connection, select, parameters);
+        transaction.Commit();
+    } catch (...) {
+        // The list must not go on showing a row that the roll back has taken away.
+        list.CancelUpdate();
+        list.Requery();
+        throw;
+    }
+    list.Requery();
+    if (!list.Find("Nummer", Comparison::Equal, target)) list.MoveFirst();
+}
+
+} // namespace ornivane

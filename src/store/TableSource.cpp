@@ -1,0 +1,134 @@
+#include "store/TableSource.h"
+
+#include <sqlite3.h>
+
+#include "base/RuntimeError.h"
+#include "base/Strings.h"
+#include "store/Connection.h"
+#include "store/Sqlite.h"
+#include "store/Statement.h"
+
+namespace ornivane {
+
+namespace {
+
+std::string Quoted(const std::string& name) {
+    std::string quoted = "\"";
+    for (const char c : name) quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
+    return quoted + "\"";
+}
+
+FieldType TypeOf(std::string_view declared) {
+    const std::string type = LowerAscii(declared);
+    if (type.find("bool") != std::string::npos) return FieldType::Boolean;
+    if (type.find("int") != std::string::npos || type == "long") return FieldType::Integer;
+    if (type.find("doub") != std::string::npos || type.find("real") != std::string::npos ||
+        type.find("floa") != std::string::npos)
+        return FieldType::Double;
+    return type == "date" ? FieldType::Date : FieldType::Text;
+}
+
+// A value that the field's type does not fit is kept as it stands: the row can be read, and using that one
+// value is the error.
+Value Fitting(const FieldInfo& field, Value value) {
+    try {
+        return ConvertFor(field, value);
+    } catch (const RuntimeError&) {
+        return value;
+    }
+}
+
+std::vector<FieldInfo> FieldsOf(sqlite3_stmt* statement) {
+    std::vector<FieldInfo> fields;
+    for (int i = 1; i < sqlite3_column_count(statement); ++i) {
+        const char* declared = sqlite3_column_decltype(statement, i);
+        fields.push_back({sqlite3_column_name(statement, i), TypeOf(declared ? declared : ""), 0, true});
+    }
+    return fields;
+}
+
+} // namespace
+
+TableSource::TableSource(Connection& of, std::string sql, std::vector<Value> values)
+    : connection(&of), parameters(std::move(values)) {
+    const std::string lower = LowerAscii(sql);
+    const auto from = lower.find(" from ");
+    if (!lower.starts_with("select ") || from == std::string::npos)
+        throw RuntimeError(ErrorNumber::StoreError, sql);
+    columns = sql.substr(7, from - 7);
+    const auto start = lower.find_first_not_of(' ', from + 6);
+    table = sql.substr(start, lower.find_first_of(" \r\n", start) - start);
+    query = "SELECT rowid, " + columns + sql.substr(from);
+}
+
+TableSource::Result TableSource::Load() const {
+    sqlite3* handle = connection->Handle();
+    sqlite3_stmt* raw = nullptr;
+    if (sqlite3_prepare_v2(handle, query.data(), static_cast<int>(query.size()), &raw, nullptr) != SQLITE_OK)
+        ThrowSqliteError(handle);
+    Result result;
+    result.Fields = FieldsOf(raw);
+    sqlite3_finalize(raw);
+
+    Statement statement(*connection, query);
+    for (std::size_t i = 0; i < parameters.size(); ++i)
+        statement.Bind(static_cast<int>(i) + 1, parameters[i]);
+    while (statement.Step()) {
+        Row row;
+        row.RowId = statement.Integer(0);
+        row.Values.reserve(result.Fields.size());
+        for (std::size_t i = 0; i < result.Fields.size(); ++i)
+            row.Values.push_back(Fitting(result.Fields[i], statement.ColumnValue(static_cast<int>(i) + 1)));
+        result.Rows.push_back(std::move(row));
+    }
+    return result;
+}
+
+Row TableSource::Reread(const std::vector<FieldInfo>& fields, std::int64_t rowId) const {
+    Statement statement(*connection, "SELECT " + columns + " FROM " + table + " WHERE rowid = ?");
+    statement.Bind(1, rowId);
+    if (!statement.Step()) throw RuntimeError(ErrorNumber::NoCurrentRecord, "the row was deleted");
+    Row row;
+    row.RowId = rowId;
+    for (std::size_t i = 0; i < fields.size(); ++i)
+        row.Values.push_back(Fitting(fields[i], statement.ColumnValue(static_cast<int>(i))));
+    return row;
+}
+
+Row TableSource::Insert(const std::vector<FieldInfo>& fields, const Assigned& assigned) const {
+    std::string names, places;
+    std::vector<Value> values;
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        if (!assigned[i]) continue;
+        names += (names.empty() ? "" : ", ") + Quoted(fields[i].Name);
+        places += places.empty() ? "?" : ", ?";
+        values.push_back(*assigned[i]);
+    }
+    if (values.empty())
+        connection->Execute("INSERT INTO " + table + " DEFAULT VALUES");
+    else
+        connection->Execute("INSERT INTO " + table + " (" + names + ") VALUES (" + places + ")", values);
+    return Reread(fields, sqlite3_last_insert_rowid(connection->Handle()));
+}
+
+Row TableSource::Update(const std::vector<FieldInfo>& fields, std::int64_t rowId,
+                        const Assigned& assigned) const {
+    std::string sets;
+    std::vector<Value> values;
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        if (!assigned[i]) continue;
+        sets += (sets.empty() ? "" : ", ") + Quoted(fields[i].Name) + " = ?";
+        values.push_back(*assigned[i]);
+    }
+    if (!values.empty()) {
+        values.emplace_back(rowId);
+        connection->Execute("UPDATE " + table + " SET " + sets + " WHERE rowid = ?", values);
+    }
+    return Reread(fields, rowId);
+}
+
+void TableSource::Delete(std::int64_t rowId) const {
+    connection->Execute("DELETE FROM " + table + " WHERE rowid = ?", {rowId});
+}
+
+} // namespace ornivane

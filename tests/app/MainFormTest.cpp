@@ -1,0 +1,186 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <QAction>
+#include <QDialog>
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+#include <QToolButton>
+#include <fstream>
+#include <memory>
+
+#include "Fakes.h"
+#include "Stores.h"
+#include "app/MainForm.h"
+#include "app/frmSettings.h"
+
+namespace ornivane::test {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+class MainFormTest : public testing::Test {
+  protected:
+    MainFormTest() {
+        MakeStores(folder.Path());
+        variablen.ProgramFolder = folder.Path();
+        Form();
+    }
+    void Form() {
+        MainForm::Services services{&boxes, &notices, nullptr, &programs, &links};
+        services.MakeScreen = [this](Mode mode) -> Screen* {
+            if (mode == Mode::Settings) return new frmSettings(variablen, [this] { form->ApplyLanguage(); });
+            return new RecordedScreen(ModeCaption(mode).English, calls);
+        };
+        services.SetNight = [this](bool on) { night = on; };
+        services.Ended = [this] { calls.push_back("ended"); };
+        form = std::make_unique<MainForm>(variablen, services);
+    }
+    QToolButton* Button(int place) { return form->findChild<QToolButton*>(QString("button%1").arg(place)); }
+    QAction* Entry(const char* name) { return form->findChild<QAction*>(name); }
+    QDialog* Dialog(const char* name) { return form->findChild<QDialog*>(name); }
+    void Key(Qt::Key key) {
+        QTest::qWaitForWindowActive(form.get());
+        QTest::keyClick(form.get(), key);
+    }
+
+    TemporaryFolder folder;
+    Variablen variablen;
+    RecordedDialogs boxes;
+    RecordedNotice notices;
+    ScriptedProcesses programs;
+    RecordedShell links;
+    Texts calls;
+    bool night = false;
+    std::unique_ptr<MainForm> form;
+};
+
+TEST_F(MainFormTest, StartsInFlightModeAndWritesItsVersion) {
+    ASSERT_TRUE(form->Form_Load());
+    EXPECT_THAT(calls, ElementsAre("Flight activate"));
+    EXPECT_TRUE(Button(1)->isChecked());
+    EXPECT_FALSE(Entry("mnuUpdate")->isVisible());
+    std::ifstream file(folder.Path() / "version.crm");
+    std::string line;
+    std::getline(file, line);
+    EXPECT_EQ(line, "\"1.0.0\"\r");
+}
+
+TEST_F(MainFormTest, SwitchesByButtonAndKeyAndLightsTheScreenInFront) {
+    ASSERT_TRUE(form->Form_Load());
+    QTest::mouseClick(Button(7), Qt::LeftButton);
+    EXPECT_TRUE(Button(7)->isChecked());
+    EXPECT_FALSE(Button(1)->isChecked());
+    QTest::mouseClick(Button(7), Qt::LeftButton);
+    EXPECT_TRUE(Button(7)->isChecked()) << "a second press leaves it lit";
+    Key(Qt::Key_F2);
+    EXPECT_TRUE(Button(3)->isChecked());
+    EXPECT_THAT(calls, ElementsAre("Flight activate", "Flight deactivate", "  Map  Data   activate",
+                                   "  Map  Data   deactivate", "Plan Mode activate"));
+}
+
+TEST_F(MainFormTest, OffersRouteExchangeOnlyWhilePlanning) {
+    ASSERT_TRUE(form->Form_Load());
+    for (const auto& [place, offered] : {std::pair{3, true}, {9, false}, {3, true}, {1, false}}) {
+        Button(place)->click();
+        EXPECT_EQ(Entry("mnuExport")->isEnabled(), offered) << place;
+        EXPECT_EQ(Entry("mnuImport")->isEnabled(), offered) << place;
+    }
+}
+
+TEST_F(MainFormTest, TakesTheNewLanguageEverywhereAtOnceAndGoesOnSwitching) {
+    ASSERT_TRUE(form->Form_Load());
+    EXPECT_EQ(Button(3)->text(), "Planung");
+    Button(5)->click();
+    form->findChild<QAbstractButton*>("OptEng")->click();
+    EXPECT_EQ(Button(7)->text(), "  Map  Data  ");
+    EXPECT_EQ(Entry("mnuExport")->text(), "Export Route");
+    Button(9)->click();
+    EXPECT_TRUE(Button(9)->isChecked());
+    std::ifstream file(folder.Path() / "lang.crm");
+    EXPECT_EQ(file.get(), '1');
+}
+
+TEST_F(MainFormTest, ChangesTheLanguageThoughItCannotBeWritten) {
+    std::filesystem::create_directory(folder.Path() / "lang.crm"); // no file can take this name
+    ASSERT_TRUE(form->Form_Load());
+    Button(5)->click();
+    // The error ends the event; the top of the event loop shows it.
+    EXPECT_ANY_THROW(frmSettings(variablen, [this] { form->ApplyLanguage(); })
+                         .findChild<QAbstractButton*>("OptEng")
+                         ->click());
+    EXPECT_EQ(Button(1)->text(), "Flight");
+}
+
+TEST_F(MainFormTest, GoesOnWithANoticeWhenTheVersionCannotBeWritten) {
+    std::filesystem::create_directory(folder.Path() / "version.crm");
+    EXPECT_TRUE(form->Form_Load());
+    EXPECT_EQ(notices.Shown.size(), 1u);
+    EXPECT_THAT(boxes.Shown, IsEmpty());
+}
+
+TEST_F(MainFormTest, ShowsTheHintsOfMissingStoresWithoutStopping) {
+    std::filesystem::remove(folder.Path() / "track.ovd");
+    std::filesystem::remove(folder.Path() / "Luftraum.ovd");
+    ASSERT_TRUE(form->Form_Load());
+    ASSERT_TRUE(Dialog("frmInfo1") && Dialog("frmInfo3"));
+    EXPECT_TRUE(Dialog("frmInfo1")->isVisible() && !Dialog("frmInfo1")->isModal());
+    const char* texts[] = {"Die Datei track.ovd wurde nicht im Ornivane Verzeichnis gefunden",
+                           "Die Datei wird für den Track Logger benötigt", "Download Datei:",
+                           "Nach dem Download muss der Ornivane neu gestartet werden."};
+    for (int i = 0; i < 4; ++i)
+        EXPECT_EQ(Dialog("frmInfo1")->findChild<QLabel*>(QString("Label%1").arg(i + 1))->text(), texts[i]);
+    Dialog("frmInfo3")->findChild<QPushButton*>("lblLink")->click();
+    EXPECT_THAT(links.Opened, ElementsAre(HasSubstr("ornivane.example")));
+}
+
+TEST_F(MainFormTest, EndsOnceSavingFirst) {
+    ASSERT_TRUE(form->Form_Load());
+    Button(9)->click();
+    calls.clear();
+    form->close();
+    form->QueryUnload();
+    EXPECT_THAT(calls, ElementsAre("Flightplan deactivate", "Flight unload", "Flightplan unload", "ended"));
+    EXPECT_THAT(programs.Calls, ElementsAre("EndSiblings"));
+}
+
+TEST_F(MainFormTest, StaysWhenTheUpdateProgramIsMissingAndEndsWhenItStarts) {
+    variablen.UpdateAvailable = true;
+    ASSERT_TRUE(form->Form_Load());
+    EXPECT_TRUE(Entry("mnuUpdate")->isVisible());
+    Entry("mnuUpdate")->trigger();
+    EXPECT_THAT(boxes.Shown, ElementsAre(HasSubstr("|Datei fehlt")));
+    EXPECT_THAT(calls, Not(Contains("ended")));
+
+    programs.CanStart = true;
+    Entry("mnuUpdate")->trigger();
+    EXPECT_THAT(programs.Calls, Contains("Start " + folder.Path().string() + "/update.exe"));
+    EXPECT_THAT(calls, Contains("ended"));
+}
+
+TEST_F(MainFormTest, SwitchesToNightColoursByKey) {
+    ASSERT_TRUE(form->Form_Load());
+    Key(Qt::Key_F9);
+    EXPECT_TRUE(night);
+}
+
+TEST_F(MainFormTest, GivesEveryControlATooltipInBothLanguages) {
+    ASSERT_TRUE(form->Form_Load());
+    for (const char* button : {"button5", "button1"}) form->findChild<QToolButton*>(button)->click();
+    for (const auto* control : form->findChildren<QAbstractButton*>()) {
+        variablen.EnglishUI = 0;
+        form->ApplyLanguage();
+        const QString german = control->toolTip();
+        variablen.EnglishUI = 1;
+        form->ApplyLanguage();
+        if (control->objectName().startsWith("qt_")) continue;
+        EXPECT_FALSE(german.isEmpty()) << control->objectName().toStdString();
+        EXPECT_NE(german, control->toolTip()) << control->objectName().toStdString();
+    }
+}
+
+} // namespace ornivane::test

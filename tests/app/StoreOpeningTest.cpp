@@ -1,0 +1,127 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "Fakes.h"
+#include "Stores.h"
+#include "app/StoreOpening.h"
+
+namespace ornivane::test {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+class StoreOpeningTest : public testing::Test {
+  protected:
+    StoreOpeningTest() {
+        MakeStores(folder.Path());
+        variablen.ProgramFolder = folder.Path();
+        variablen.TrackEnabled = variablen.TrackAuto = true;
+        variablen.TrackInterval = 10000;
+    }
+    bool Run() { return StoreOpening(variablen, boxes, hints).Run(); }
+    void Remove(const char* name) { std::filesystem::remove(folder.Path() / name); }
+    void Replace(const char* name, const std::string& bytes) {
+        Remove(name);
+        std::ofstream(folder.Path() / name) << bytes;
+    }
+
+    TemporaryFolder folder;
+    Variablen variablen;
+    RecordedDialogs boxes;
+    RecordedHints hints;
+};
+
+TEST_F(StoreOpeningTest, OpensAllFourAndSaysNothing) {
+    EXPECT_TRUE(Run());
+    EXPECT_THAT(boxes.Shown, IsEmpty());
+    EXPECT_THAT(hints.Told, IsEmpty());
+    EXPECT_TRUE(variablen.DataConn.IsOpen() && variablen.TrackConn.IsOpen() && variablen.LuftraumConn.IsOpen());
+    EXPECT_TRUE(variablen.AirfieldStoreOpen);
+    EXPECT_EQ(variablen.LuftraumDate, AirspaceRelease);
+    EXPECT_TRUE(variablen.TrackEnabled);
+}
+
+TEST_F(StoreOpeningTest, EndsWithoutTheMainStore) {
+    Remove("data.ovd");
+    EXPECT_FALSE(Run());
+    EXPECT_THAT(boxes.Shown,
+                ElementsAre("Datenfehler|Die Datei - data.ovd - wurde nicht im Programmordner gefunden."));
+    variablen.EnglishUI = 1;
+    EXPECT_FALSE(Run());
+    EXPECT_EQ(boxes.Shown.back(), "Data error|File - data.ovd - was not found.");
+    EXPECT_FALSE(std::filesystem::exists(folder.Path() / "data.ovd"));
+}
+
+TEST_F(StoreOpeningTest, TellsTheReasonWhenTheMainStoreCannotBeUsed) {
+    const std::string good = FileBytes(folder.Path() / "data.ovd");
+    const std::pair<const char*, std::string> cases[] = {
+        {"a text file", "Waypoints: none\n"},
+        {"an empty file, which opens as a store without tables", ""},
+        {"a torn file", good.substr(0, good.size() / 2)},
+    };
+    for (const auto& [name, bytes] : cases) {
+        Replace("data.ovd", bytes);
+        EXPECT_FALSE(Run()) << name;
+        EXPECT_THAT(
+            boxes.Shown,
+            ElementsAre(StartsWith("Datenfehler|Die Datei - data.ovd - wurde nicht im Programmordner gefunden.\n")))
+            << name;
+        EXPECT_FALSE(variablen.DataConn.IsOpen());
+        EXPECT_EQ(FileBytes(folder.Path() / "data.ovd"), bytes) << name << " was changed";
+        boxes.Shown.clear();
+    }
+}
+
+TEST_F(StoreOpeningTest, TellsThatAnotherProgramLocksTheMainStore) {
+    Connection other;
+    other.Open(folder.Path() / "data.ovd", Connection::Mode::ReadWrite);
+    other.Execute("BEGIN EXCLUSIVE");
+    EXPECT_FALSE(Run());
+    EXPECT_THAT(boxes.Shown, ElementsAre(testing::HasSubstr("locked")));
+}
+
+TEST_F(StoreOpeningTest, GoesOnWithoutTracksAndTurnsTheLoggerOff) {
+    for (const auto& [name, bytes, reason] : {std::tuple{"missing", "", false}, {"no store", "x", true}}) {
+        variablen.TrackEnabled = variablen.TrackAuto = true;
+        Remove("track.ovd");
+        if (reason) Replace("track.ovd", bytes);
+        EXPECT_TRUE(Run()) << name;
+        ASSERT_EQ(hints.Told.size(), 1u) << name;
+        EXPECT_EQ(hints.Told.front() != "track: ", reason) << hints.Told.front();
+        EXPECT_FALSE(variablen.TrackEnabled || variablen.TrackAuto || variablen.TrackInterval != 0) << name;
+        EXPECT_FALSE(variablen.TrackConn.IsOpen()) << name;
+        hints.Told.clear();
+    }
+}
+
+TEST_F(StoreOpeningTest, GoesOnWithoutAirspaceAlsoWhenOnlyItsDateIsMissing) {
+    Remove("Luftraum.ovd");
+    EXPECT_TRUE(Run());
+    EXPECT_THAT(hints.Told, ElementsAre("airspace: "));
+
+    hints.Told.clear();
+    MakeStores(folder.Path());
+    Connection store;
+    store.Open(folder.Path() / "Luftraum.ovd", Connection::Mode::ReadWrite);
+    store.Execute("DELETE FROM RELEASE");
+    store.Close();
+    EXPECT_TRUE(Run());
+    EXPECT_THAT(hints.Told, ElementsAre(testing::HasSubstr("3021")));
+    EXPECT_FALSE(variablen.LuftraumConn.IsOpen());
+}
+
+TEST_F(StoreOpeningTest, SaysNothingWithoutAirfields) {
+    for (const bool missing : {true, false}) {
+        if (missing) Remove("ovdata.ovd");
+        else Replace("ovdata.ovd", "no store");
+        EXPECT_TRUE(Run());
+        EXPECT_FALSE(variablen.AirfieldStoreOpen);
+        EXPECT_THAT(hints.Told, IsEmpty());
+        EXPECT_THAT(boxes.Shown, IsEmpty());
+    }
+}
+
+} // namespace ornivane::test

@@ -1,0 +1,283 @@
+#include <gmock/gmock.h>
+
+#include <fstream>
+
+#include "GpsFakes.h"
+#include "common/SettingsFiles.h"
+#include "support/TemporaryFolder.h"
+
+namespace ornivane {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+const std::string Fix = Sentence("GPRMC,123519,A,,,,,,,") + "\r\n";
+const std::string NoFixYet = Sentence("GPRMC,123519,V,,,,,,,") + "\r\n";
+const std::string Text = Sentence("GPTXT,hello") + "\r\n";
+
+class GpsLinkTest : public testing::Test, protected LinkOwner, protected NmeaListener {
+  protected:
+    GpsLinkTest() {
+        Shared.ProgramFolder = Folder.Path();
+        Shared.EnglishUI = 1;
+        WriteComSettings(Folder.Path(), {"7", "9600"});
+        Link.SetInterpreter(gps);
+        Link.Form_Activate();
+    }
+
+    void ClearDisplays() override { Calls += "clear "; }
+    void UpdateMap() override { Calls += "map "; }
+    void RefreshRouteList() override { Calls += "routes "; }
+    void FocusMap() override { Calls += "focus "; }
+    void StateChanged() override {}
+    void FixObtained() override { ShowLamp(1); }
+    void FixLost() override { ShowLamp(0); }
+    void ShowLamp(int lamp) {
+        for (int i = 0; i < 3; ++i) Link.picGPSCheck[i].Visible = i == lamp;
+        NoFix = lamp != 1;
+    }
+
+    // "0", "1" or "2" for the indicator that shows, "-" for none; then what lblStatus shows.
+    std::string Signs() const {
+        std::string lamps;
+        for (int i = 0; i < 3; ++i)
+            if (Link.picGPSCheck[i].Visible) lamps += std::to_string(i);
+        return (lamps.empty() ? "-" : lamps) + (Link.lblStatus.Visible ? " " + Link.lblStatus.Caption : "");
+    }
+    void Run() {
+        Link.cmdGPS_Click();
+        Port.Receive(Fix);
+        Timer.Fire(2);
+        Calls.clear();
+    }
+
+    TemporaryFolder Folder;
+    FakePort Port;
+    FakeTimer Timer;
+    FakeDialogs Dialogs;
+    Variablen Shared;
+    bool NoFix = true;
+    std::string Calls;
+    GpsLink Link{Port, Timer, Dialogs, Shared, NoFix, *this};
+    NmeaInterpreter gps{*this};
+};
+
+TEST_F(GpsLinkTest, ChecksTwoSecondsAndRunsWhenDataCame) {
+    Link.cmdGPS_Click();
+    EXPECT_EQ(Signs(), "0 Checking COM 7");
+    EXPECT_EQ(Calls, "focus ");
+    EXPECT_TRUE(Link.Hourglass);
+    EXPECT_EQ(Timer.Interval(), 1000);
+    EXPECT_EQ(Port.Settings, "9600,n,8,1");
+    Port.Receive(NoFixYet);
+    EXPECT_EQ(Signs(), "0");
+    Timer.Fire();
+    EXPECT_TRUE(Link.Hourglass);
+    Timer.Fire();
+    EXPECT_FALSE(Link.Hourglass);
+    EXPECT_EQ(Timer.Interval(), 0);
+    EXPECT_EQ(Signs(), "0");
+    EXPECT_THAT(Port.Attempts, ElementsAre(7));
+}
+
+TEST_F(GpsLinkTest, ListensOnAfterNoSignalAndStartsWithLateData) {
+    Link.cmdGPS_Click();
+    Timer.Fire(2);
+    EXPECT_EQ(Signs(), "- No Signal an COM 7");
+    EXPECT_THAT(Port.Attempts, ElementsAre(7, 7));
+    EXPECT_TRUE(Port.IsOpen());
+    EXPECT_EQ(Timer.Interval(), 0);
+    EXPECT_FALSE(Link.Hourglass);
+    EXPECT_EQ(Calls, "focus routes ");
+    Port.Receive(Text);
+    EXPECT_EQ(Signs(), "- No Signal an COM 7"); // data without a word on the fix
+    Port.Receive(Fix);
+    EXPECT_EQ(Signs(), "1");
+}
+
+TEST_F(GpsLinkTest, SpeaksBothLanguagesAndTellsWhyAPortDoesNotOpen) {
+    struct Case {
+        std::int16_t English;
+        ErrorNumber Error;
+        const char *Detail, *Status;
+    };
+    for (const Case& c : {Case{1, ErrorNumber::FileNotFound, "", "- COM 7 does not exist"},
+                          Case{0, ErrorNumber::DeviceError, "busy", "- COM 7 existiert nicht"},
+                          Case{1, ErrorNumber::PermissionDenied, "dialout", "- COM 7: permission denied - join the group dialout"},
+                          Case{0, ErrorNumber::PermissionDenied, "dialout", "- COM 7: Zugriff verweigert - Gruppe beitreten: dialout"}}) {
+        Shared.EnglishUI = c.English;
+        Port.Failure = c.Error;
+        Port.FailureDetail = c.Detail;
+        Link.cmdGPS_Click();
+        EXPECT_EQ(Signs(), c.English ? "0 Checking COM 7" : "0 COM 7 wird überprüft");
+        Timer.Fire(2);
+        EXPECT_EQ(Signs(), c.Status);
+        EXPECT_EQ(Timer.Interval(), 0); // it waits for the next click
+        EXPECT_FALSE(Link.Hourglass);
+    }
+    Port.Failure.reset();
+    Link.cmdGPS_Click();
+    Timer.Fire(2);
+    EXPECT_EQ(Signs(), "- Kein Signal an COM 7");
+}
+
+TEST_F(GpsLinkTest, ReopensThePortEveryFiveSecondsUntilDataReturns) {
+    Run();
+    Port.HangUp();
+    EXPECT_EQ(Signs(), "2");
+    EXPECT_EQ(Calls, "clear map ");
+    EXPECT_TRUE(NoFix);
+    EXPECT_FALSE(Link.DataSeen);
+    EXPECT_EQ(Link.CheckCount, GpsLink::DataLostWatch);
+    EXPECT_EQ(Timer.Interval(), 5000);
+
+    Port.Failure = ErrorNumber::FileNotFound;
+    Timer.Fire(3);
+    EXPECT_EQ(Signs(), "2 COM 7 does not exist");
+    EXPECT_EQ(Timer.Interval(), 5000);
+    Port.Failure.reset();
+    Calls.clear();
+    Timer.Fire();
+    EXPECT_EQ(Signs(), "2 No Signal an COM 7");
+    EXPECT_EQ(Calls, "clear routes ");
+    EXPECT_EQ(Port.Attempts.size(), 5u);
+
+    Port.Receive(Fix);
+    EXPECT_EQ(Signs(), "1");
+    Timer.Fire();
+    EXPECT_EQ(Timer.Interval(), 0);
+    EXPECT_EQ(Port.Attempts.size(), 5u);
+}
+
+TEST_F(GpsLinkTest, TakesABreakAsALineEventWithOneMessage) {
+    Run();
+    Port.Callback(SerialEvent::Break);
+    EXPECT_THAT(Dialogs.Messages, ElementsAre("Ornivane GPS|Break"));
+    EXPECT_EQ(Signs(), "2");
+    Port.Receive(Fix);
+    Timer.Fire();
+    EXPECT_EQ(Signs(), "1");
+    EXPECT_EQ(Timer.Interval(), 0);
+}
+
+TEST_F(GpsLinkTest, StartsNothingOnAGapAndIgnoresAReceiveEventWithoutBytes) {
+    Link.cmdGPS_Click();
+    Port.Callback(SerialEvent::Receive);
+    EXPECT_FALSE(Link.DataSeen);
+    EXPECT_EQ(Signs(), "0 Checking COM 7");
+    EXPECT_THAT(Dialogs.Messages, IsEmpty());
+}
+
+TEST_F(GpsLinkTest, PassesASecondCheckAtOnceAndStillFindsTheWayBackWhenThePortWasGone) {
+    Run();
+    Link.picGPSCheck_Click(1);
+    Port.Failure = ErrorNumber::FileNotFound;
+    Link.cmdGPS_Click();
+    Timer.Fire(2);
+    EXPECT_EQ(Signs(), "0");
+    EXPECT_FALSE(Link.Hourglass);
+    Timer.Fire(2);
+    EXPECT_EQ(Signs(), "0");
+    Port.Failure.reset();
+    Timer.Fire();
+    EXPECT_TRUE(Port.IsOpen());
+    EXPECT_EQ(Timer.Interval(), 0);
+}
+
+TEST_F(GpsLinkTest, ReopensAPortThatVanishedOutsideTheRunningStateAtTheSameRhythm) {
+    // While listening after "No signal".
+    Link.cmdGPS_Click();
+    Timer.Fire(2);
+    Port.HangUp();
+    EXPECT_EQ(Signs(), "- No Signal an COM 7");
+    EXPECT_EQ(Timer.Interval(), 5000);
+    Timer.Fire();
+    EXPECT_TRUE(Port.IsOpen());
+    EXPECT_EQ(Timer.Interval(), 0);
+
+    // In the data-lost watch between data that told nothing of a fix and the tick that would end the watch.
+    Port.Receive(Fix);
+    Port.HangUp();
+    Timer.Fire();
+    Port.Receive(Text);
+    Port.HangUp();
+    EXPECT_EQ(Signs(), "2 No Signal an COM 7");
+    Timer.Fire();
+    EXPECT_EQ(Timer.Interval(), 5000);
+    Timer.Fire();
+    EXPECT_TRUE(Port.IsOpen());
+}
+
+TEST_F(GpsLinkTest, DisconnectsByAClickOnAnyIndicatorEvenWithoutAPort) {
+    Run();
+    Port.HangUp();
+    Timer.Fire();
+    Port.HangUp();
+    Calls.clear();
+    Link.picGPSCheck_Click(2);
+    EXPECT_EQ(Signs(), "-");
+    EXPECT_EQ(Timer.Interval(), 0);
+    EXPECT_FALSE(Port.IsOpen());
+    EXPECT_EQ(Calls, "routes ");
+}
+
+TEST_F(GpsLinkTest, SurvivesAVisitToAnotherScreenInEveryState) {
+    // Off.
+    Link.Form_Deactivate();
+    Link.Form_Activate();
+    EXPECT_FALSE(Port.IsOpen());
+
+    // Checking: the check goes on and ends.
+    Link.cmdGPS_Click();
+    Link.Form_Deactivate();
+    EXPECT_FALSE(Port.IsOpen());
+    EXPECT_FALSE(Link.Hourglass);
+    EXPECT_EQ(Timer.Interval(), 0);
+    Link.Form_Activate();
+    EXPECT_EQ(Timer.Interval(), 1000);
+    Port.Receive(Fix);
+    Timer.Fire(2);
+
+    // Running, with another port chosen meanwhile.
+    Link.Form_Deactivate();
+    WriteComSettings(Folder.Path(), {"3", "57600"});
+    Link.Form_Activate();
+    EXPECT_EQ(Port.Attempts.back(), 3);
+    EXPECT_EQ(Port.Settings, "57600,n,8,1");
+    EXPECT_EQ(Signs(), "1");
+    EXPECT_EQ(Timer.Interval(), 0);
+
+    // Running, but the device has gone: no stale fix, and the watch waits for it.
+    Link.Form_Deactivate();
+    Port.Failure = ErrorNumber::FileNotFound;
+    Link.Form_Activate();
+    EXPECT_EQ(Signs(), "2");
+    EXPECT_TRUE(NoFix);
+
+    // Data lost: the watch goes on.
+    Link.Form_Deactivate();
+    Link.Form_Activate();
+    EXPECT_EQ(Timer.Interval(), 5000);
+    Port.Failure.reset();
+    Timer.Fire();
+    EXPECT_TRUE(Port.IsOpen());
+}
+
+TEST_F(GpsLinkTest, MakesTheSettingsFileAnewWhenItCannotBeRead) {
+    for (const char* damage : {"", "\"COM7\",\"4800\"\r\n", "\"7\"\r\n", "\"7\"\r\n\"fast\"\r\n"}) {
+        std::ofstream(Folder.Path() / "data.crm", std::ios::binary) << damage;
+        Link.LoadSavedCom();
+        EXPECT_EQ(Link.ComPort, 1) << damage;
+        EXPECT_EQ(Link.Settings, "9600,n,8,1") << damage;
+        EXPECT_EQ(ReadComSettings(Folder.Path()), (ComSettings{"1", "4800"})) << damage;
+    }
+    // A folder that is gone stops nothing.
+    Shared.ProgramFolder = Folder.Path() / "gone";
+    Link.ComPort = 5;
+    Link.Form_Activate();
+    EXPECT_EQ(Link.ComPort, 1);
+}
+
+} // namespace
+} // namespace ornivane

@@ -1,0 +1,127 @@
+#include <gmock/gmock.h>
+
+#include "GpsFakes.h"
+#include "base/Strings.h"
+#include "common/SettingsFiles.h"
+#include "gps/PortTest.h"
+#include "support/TemporaryFolder.h"
+
+namespace ornivane {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class PortTestTest : public testing::Test {
+  protected:
+    PortTestTest() {
+        Shared.ProgramFolder = Folder.Path();
+        Shared.EnglishUI = 1;
+        Ports.Numbers = {2, 7, 20, 21};
+        WriteComSettings(Folder.Path(), {"7", "9600"});
+        Screen.Form_Activate();
+    }
+
+    TemporaryFolder Folder;
+    FakePort Port;
+    FakeTimer Timer;
+    FakePortList Ports;
+    FakeDialogs Dialogs;
+    Variablen Shared;
+    PortTest Screen{Port, Timer, Ports, Dialogs, Shared, [] {}};
+};
+
+TEST_F(PortTestTest, OffersPortsUpToTwentyAndChoosesTheSavedOneIfItIsStillThere) {
+    EXPECT_THAT(Screen.cmbCom, ElementsAre(2, 7, 20));
+    EXPECT_EQ(Screen.SelectedCom, 7);
+    EXPECT_EQ(Screen.cmbBaud, 1u);
+
+    Ports.Numbers = {2};
+    Screen.Form_Activate();
+    EXPECT_EQ(Screen.SelectedCom, 0);
+    Screen.cmdCheck_Click();
+    EXPECT_THAT(Port.Attempts, IsEmpty());
+    EXPECT_THAT(Dialogs.Messages, IsEmpty());
+
+    Ports.Numbers.clear();
+    Screen.Form_Activate();
+    Shared.EnglishUI = 0;
+    Screen.Form_Activate();
+    EXPECT_THAT(Dialogs.Messages, ElementsAre("No COM was found|No COM Port available",
+                                              "Es wurde kein COM Port gefunden|Keine COM Anschlüsse vorhanden"));
+}
+
+TEST_F(PortTestTest, SavesPortAndBaudRateOnlyWhenDataCame) {
+    Screen.SelectedCom = 20;
+    Screen.cmbBaud = 4;
+    Screen.cmdCheck_Click();
+    EXPECT_EQ(Screen.lblStatus.Caption, "COM 20 - testing connection ");
+    EXPECT_EQ(Screen.lblComVerbindung.Caption, "No COM Connection");
+    EXPECT_TRUE(Screen.Hourglass);
+    EXPECT_EQ(Port.Settings, "57600,n,8,1");
+    Port.Receive("$");
+    EXPECT_EQ(Screen.lblComVerbindung.Caption, "COM 20 connected");
+    EXPECT_EQ(Screen.lblComVerbindung.ForeColor, PortTest::Green);
+    Timer.Fire();
+    EXPECT_EQ(ReadComSettings(Folder.Path())->Port, "7");
+    Timer.Fire();
+    EXPECT_EQ(Screen.lblStatus.Caption, "OK - Data saved");
+    EXPECT_EQ(ReadComSettings(Folder.Path()), (ComSettings{"20", "57600"}));
+    EXPECT_FALSE(Screen.Hourglass);
+    EXPECT_EQ(Timer.Interval(), 0);
+
+    // Another port without data: what the first one sent does not count.
+    Shared.EnglishUI = 0;
+    Screen.SelectedCom = 2;
+    Screen.cmdCheck_Click();
+    EXPECT_EQ(Screen.lblStatus.Caption, "COM 2 wird überprüft");
+    Timer.Fire(2);
+    EXPECT_EQ(Screen.lblStatus.Caption, "Kein Signal an COM 2");
+    EXPECT_TRUE(Port.IsOpen());
+    EXPECT_EQ(ReadComSettings(Folder.Path())->Port, "20");
+}
+
+TEST_F(PortTestTest, TellsOfAPortThatDoesNotOpenAndEndsTheTest) {
+    Port.Failure = ErrorNumber::FileNotFound;
+    Screen.cmdCheck_Click();
+    EXPECT_EQ(Screen.lblStatus.Caption, "COM 7 does not exist");
+    Timer.Fire(2);
+    EXPECT_EQ(Screen.lblStatus.Caption, "COM 7 does not exist");
+    EXPECT_FALSE(Screen.Hourglass);
+    EXPECT_EQ(Timer.Interval(), 0);
+}
+
+TEST_F(PortTestTest, ShowsFixSatellitesAndPositionOnlyWithAFix) {
+    Screen.cmdCheck_Click();
+    const auto rmc = [](const char* status) { return Sentence(std::string("GPRMC,,") + status + ",4807.0,N,01131.0,E,,,") + "\r\n"; };
+    const std::string satellites = Sentence("GPGGA,,,,,,1,06,,,,,,,") + "\r\n" + Sentence("GPGSV,1,1,11") + "\r\n";
+    Port.Receive(rmc("V") + satellites);
+    EXPECT_EQ(Screen.LabelStatus.Caption + Screen.lblLat + Screen.lblSatellites, "No GPS Fix---Number of satellites = -/-");
+    Port.Receive(rmc("A") + satellites);
+    EXPECT_EQ(Screen.LabelStatus.Caption, "GPS Fix");
+    EXPECT_EQ(Screen.LabelStatus.ForeColor, PortTest::Green);
+    EXPECT_EQ(Screen.lblLat + Screen.lblLong, "N 48° 07.0'E 011° 31.0'");
+    EXPECT_EQ(Screen.lblSatellites, "Number of satellites = 6 / 11");
+
+    Port.HangUp();
+    EXPECT_EQ(Screen.lblComVerbindung.ForeColor, PortTest::Red);
+    EXPECT_EQ(Screen.LabelStatus.Caption + Screen.lblLat + Screen.lblSatellites, "No GPS Fix---Number of satellites = -/-");
+}
+
+TEST_F(PortTestTest, ShowsTheFirstLineOrTheSignOfAWrongBaudRate) {
+    Screen.cmdCheck_Click();
+    Port.Receive("$GPTXT,1*00\r\n$GPTXT,2*00\r\n");
+    EXPECT_EQ(Screen.tGPS, "$GPTXT,1*00");
+    Port.Receive("$" + std::string(199, '\xF0'));
+    EXPECT_EQ(CharacterCount(Screen.tGPS), 200u);
+    EXPECT_TRUE(IsValidUtf8(Screen.tGPS));
+    Port.Receive("\xF0");
+    EXPECT_EQ(Screen.tGPS, "No data from GPS received - check baudrate");
+    for (int i = 0; i < 200; ++i) Port.Receive(std::string(90, 'x'));
+    Shared.EnglishUI = 0;
+    Port.Receive("x");
+    EXPECT_EQ(Screen.tGPS, "Kein GPS Datenempfang - Baudrate überprüfen");
+}
+
+} // namespace
+} // namespace ornivane

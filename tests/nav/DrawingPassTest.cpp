@@ -1,0 +1,113 @@
+#include "nav/FlyingScreenFixture.h"
+
+namespace ornivane {
+namespace {
+
+using Steps = std::vector<std::string>;
+
+class DrawingPassTest : public FlyingScreenTest {};
+
+TEST_F(DrawingPassTest, DrawsFromBottomToTop) {
+    AddRoute("R", {6.3, 7.0, 7.3});
+    Sql("INSERT INTO Waypoints (Name, Lat, Long, Kategorie) VALUES ('W', 50.3, 7.15, ''), ('far', 55, 7, "
+        "''), ('V', 50.15, 7.15, '')");
+    Shared.SymbolType = 1;
+    FlyingScreen& screen = Start();
+    screen.Flags.ShowRoute = screen.Flags.ShowNames = true;
+    screen.Map.SlideMap = 100;
+    screen.Map.ApplyZoom();
+    screen.Route.cmdActivateGoto_Click();
+    screen.Route.cmdNext_Click();
+    Fly(50.25, 6.75);
+    // The whole width is in view: 400 view pixels a degree, the aircraft at x 300; the height is cut
+    // to 51..50.
+    EXPECT_EQ(Surface.Drawn,
+              (Steps{"line 400,200 200,200 w4 #000080", "line 600,200 400,200 w4 #000080",
+                     "line 400,200 300,300 w4 #0000FF", "circle 500,300 r2 w4 #000000",
+                     "circle 500,300 r5 w4 #FF0000", "text 510,293 [ V ]", "circle 500,200 r2 w4 #000000",
+                     "circle 500,200 r5 w4 #FF0000", "text 510,193 [ W ]", "line 300,300 300,285 w9 #0000FF",
+                     "line 300,300 300,285 w3 #FFFFFF", "circle 300,300 r1 w5 #00FF00",
+                     "circle 300,300 r6 w5 #151200"}));
+    EXPECT_EQ(screen.State.lblDistanz, "17.8 NM");
+}
+
+TEST_F(DrawingPassTest, ShowsOnlyRoutePointsWithTheActiveOneByNumberOrName) {
+    AddRoute("R", {6.3, 7.0, 7.3});
+    Sql("UPDATE GpsPoints SET Name = 'P1' WHERE Nummer = 3");
+    Sql("INSERT INTO Waypoints (Name, Lat, Long, Kategorie) VALUES ('W', 50.3, 7.15, '')");
+    FlyingScreen& screen = Start();
+    screen.Map.SlideMap = 100;
+    screen.Pass.cmdShowPoints_Click();
+    screen.Map.ApplyZoom();
+    EXPECT_TRUE(screen.Pass.picShowPoints);
+    EXPECT_EQ(Surface.Count("r5 w4 #0000FF"), 2);
+    EXPECT_EQ(Surface.Count("r5 w4 #FF0000"), 1);
+    EXPECT_EQ(Surface.Count("500,200"), 0);
+    Sql("DELETE FROM Route");
+    screen.Form_Activate();
+    screen.Pass.cmdShowPoints_Click();
+    EXPECT_FALSE(screen.Pass.picShowPoints);
+}
+
+TEST_F(DrawingPassTest, ADamagedRowEndsThePassAndTheNextOneIsWholeAgain) {
+    Sql("INSERT INTO Waypoints (Name, Lat, Long, Kategorie) VALUES ('A', 50.3, 7, ''), ('B', 50.31, 7, '')");
+    FlyingScreen& screen = Start();
+    screen.Map.SlideMap = 100;
+    Fly(50.5, 7);
+    ASSERT_EQ(Surface.Count("#00FF00"), 5);
+    Sql("PRAGMA ignore_check_constraints = ON");
+    Sql("UPDATE Waypoints SET Lat = 'x' WHERE Name = 'B'");
+    Sql("UPDATE Waypoints SET Lat = 50.3, Name = 'C' WHERE Name = 'B'");
+    screen.UpdateMap();
+    EXPECT_EQ(Surface.Count("#00FF00"), 5);
+    EXPECT_TRUE(Boxes.Shown.empty());
+}
+
+TEST_F(DrawingPassTest, AnAircraftOffTheChartSwitchesCentringOffAndHasNoSymbol) {
+    FlyingScreen& screen = Start();
+    EXPECT_TRUE(screen.Map.CenterMap);
+    Fly(50.0, 6.0); // on the lower edge: counts as off the chart
+    EXPECT_FALSE(screen.Map.CenterMap);
+    screen.Map.cmdKartezentrieren_Click();
+    EXPECT_FALSE(screen.Map.picKartezentrieren);
+    Screen->State.CurLat = 51.0; // on the upper and left edges it is still on it
+    screen.Map.cmdKartezentrieren_Click();
+    EXPECT_TRUE(screen.Map.picKartezentrieren);
+    Screen->State.CurLong = 5;
+    screen.UpdateMap();
+    EXPECT_EQ(Surface.Count("w2"), 0);
+}
+
+TEST_F(DrawingPassTest, SteppingInsideAPassDoesNotStartAnother) {
+    AddRoute("R", {6.3, 7.0});
+    FlyingScreen& screen = Start();
+    screen.Route.cmdActivateGoto_Click();
+    Fly(50.5, 6.45); // 1.9 NM from the first point
+    const int paints = Surface.Paints;
+    screen.State.CurLong = 6.44; // 0.4 NM farther: passed
+    screen.UpdateMap();
+    EXPECT_EQ(Surface.Paints, paints + 1);
+    EXPECT_EQ(screen.Route.RoutePointsSet.AbsolutePosition(), 2);
+    EXPECT_EQ(screen.State.lblDistanz, "2.3 NM"); // this run still shows the old point
+    screen.UpdateMap();
+    EXPECT_EQ(screen.State.lblDistanz, "21.4 NM");
+    EXPECT_EQ(screen.Route.RoutePointsSet.AbsolutePosition(), 2);
+}
+
+TEST_F(DrawingPassTest, ALegOfADayIsToldAndEndsThePass) {
+    AddRoute("R", {6.3});
+    FlyingScreen& screen = Start();
+    Sql("UPDATE GpsPoints SET Lat = 70");
+    screen.Form_Activate();
+    Fly(50.5, 7);
+    screen.Readouts.SpeedReceived("11");
+    screen.Route.cmdActivateGoto_Click();
+    ASSERT_EQ(Notices.Shown.size(), 1u);
+    EXPECT_EQ(Surface.Count("#00FF00"), 0);
+    screen.Readouts.SpeedReceived("110");
+    screen.UpdateMap();
+    EXPECT_EQ(Surface.Count("#00FF00"), 5);
+}
+
+} // namespace
+} // namespace ornivane

@@ -1,0 +1,96 @@
+#include "common/SettingsFiles.h"
+#include "nav/FlyingScreenFixture.h"
+
+namespace ornivane {
+namespace {
+
+class MapChoiceTest : public FlyingScreenTest {};
+
+TEST_F(MapChoiceTest, AFirstStartTakesTheFirstMapInNameOrder) {
+    FlyingScreen& screen = Start();
+    EXPECT_EQ(screen.Map.Name(), "alpha.jpg");
+    EXPECT_EQ(screen.Map.cmbMaps, "alpha.jpg");
+    EXPECT_EQ(screen.Map.MapNames, (std::vector<std::string>{"alpha.jpg", "Zulu.JPG"}));
+    EXPECT_EQ(ReadLastChoice(Folder.Path()), (LastChoice{"demo.bmp", std::nullopt}));
+    EXPECT_EQ(Surface.Source, (PixelRect{0, 0, 1000, 500}));
+    EXPECT_FALSE(ProgressBar.Visible);
+}
+
+TEST_F(MapChoiceTest, EveryMapKeepsItsViewOverSwitchesAndRestarts) {
+    FlyingScreen& screen = Start();
+    screen.Map.SetCentring(false);
+    screen.Map.SetSlide(-50);
+    screen.Map.Pan(-120, -60);
+    screen.Map.cmbMaps_Click("zulu.jpg"); // the store's case differs, the file's too
+    EXPECT_EQ(screen.Map.Name(), "Zulu.JPG");
+    EXPECT_EQ(Storage.Asked.back(), "zulu.jpg");
+    EXPECT_EQ(screen.Map.SlideMap, 0);
+    screen.Map.SetSlide(100);
+    screen.Form_Deactivate();
+    EXPECT_EQ(ReadLastChoice(Folder.Path()).Map, "Zulu.JPG");
+
+    FlyingScreen& again = Start();
+    EXPECT_EQ(again.Map.Name(), "Zulu.JPG");
+    EXPECT_EQ(again.Map.SlideMap, 100);
+    again.Map.cmbMaps_Click("alpha.jpg");
+    EXPECT_EQ(again.Map.View, (SourceRect{120, 60, 500, 250}));
+    EXPECT_EQ(again.Map.SlideMap, -50);
+    EXPECT_FALSE(again.Map.CenterMap);
+}
+
+TEST_F(MapChoiceTest, AFrameWithoutExtentIsToldAndAMissingImageIsNot) {
+    Sql("UPDATE Maps SET Rechts = 6 WHERE Name = 'Zulu.JPG'");
+    FlyingScreen& screen = Start();
+    screen.Map.cmbMaps_Click("Zulu.JPG");
+    EXPECT_EQ(Boxes.Shown,
+              (std::vector<std::string>{
+                  "Fehler in Karte: Fehler in Karte: Zulu.JPG - Bitte Koordinaten üperprüfen."}));
+    EXPECT_TRUE(ProgressBar.Visible);
+    Boxes.Shown.clear();
+    std::filesystem::remove(Folder.Path() / "Karten" / "alpha.jpg");
+    screen.Map.cmbMaps_Click("alpha.jpg");
+    EXPECT_TRUE(Boxes.Shown.empty());
+    EXPECT_EQ(screen.Map.Sizes.StoreWidth, 2000); // the picture that was there stays
+}
+
+TEST_F(MapChoiceTest, DamagedMemoriesAreReplacedAndLongNamesForgone) {
+    WriteFileAtomically(Folder.Path() / "position.crm", "<xml><broken");
+    const std::string longName(31, 'x');
+    Shared.DataConn.Execute("UPDATE Maps SET Name = ? WHERE Name = 'Zulu.JPG'", {longName});
+    FlyingScreen& screen = Start();
+    screen.Map.SetSlide(30);
+    screen.Map.cmbMaps_Click(longName);
+    screen.Map.SetSlide(-30);
+    screen.Map.cmbMaps_Click("alpha.jpg");
+    EXPECT_EQ(screen.Map.SlideMap, 30);
+    screen.Map.cmbMaps_Click(longName);
+    EXPECT_EQ(screen.Map.SlideMap, 0);
+}
+
+TEST_F(MapChoiceTest, WithoutMapsNothingIsDrawnAndNothingFails) {
+    Sql("DELETE FROM Maps");
+    FlyingScreen& screen = Start();
+    Fly(50.5, 7);
+    screen.StepZoom(10);
+    screen.Map.Pan(5, 5);
+    screen.SetDirectTarget({10, 10});
+    screen.Form_Resize();
+    screen.Form_Deactivate();
+    EXPECT_EQ(Surface.Paints, 0);
+    EXPECT_TRUE(Boxes.Shown.empty());
+}
+
+TEST_F(MapChoiceTest, AnApostropheInANameIsALetterLikeAnyOther) {
+    Sql("UPDATE Maps SET Name = 'O''Hara.jpg' WHERE Name = 'Zulu.JPG'");
+    AddRoute("D'Artagnan", {6.3, 7.0});
+    FlyingScreen& screen = Start();
+    screen.Route.cmbRoute_Click("D'Artagnan");
+    screen.Map.cmbMaps_Click("O'Hara.jpg");
+    FlyingScreen& again = Start();
+    EXPECT_EQ(again.Map.Name(), "O'Hara.jpg");
+    EXPECT_EQ(again.Route.cmbRoute, "D'Artagnan");
+    EXPECT_EQ(again.Route.lblRoute, "19");
+}
+
+} // namespace
+} // namespace ornivane
