@@ -16,7 +16,8 @@ void Require(bool condition) {
 }
 
 struct Listener : NmeaListener {
-    void PositionReceived(const std::string& latitude, const std::string& longitude, const std::string&, const std::string&) override {
+    void PositionReceived(const std::string& latitude, const std::string& longitude, const std::string&,
+                          const std::string&) override {
         Require(IsValidUtf8(latitude) && IsValidUtf8(longitude));
     }
     void TimeChanged(const std::string& time) override { Require(IsValidUtf8(time)); }
@@ -25,8 +26,8 @@ struct Listener : NmeaListener {
 
 } // namespace
 
-// A byte 0x00 in the input is a border between chunks. Each complete chunk is also given as one sentence with the
-// right checksum, which chance would seldom find.
+// A byte 0x00 in the input is a border between chunks. Each complete chunk is also given as one sentence with
+// the right checksum, which chance would seldom find.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     Listener listener;
     NmeaInterpreter gps(listener);

@@ -1,6 +1,5 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <QAction>
 #include <QDialog>
@@ -22,6 +21,7 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::Not;
 
 class MainFormTest : public testing::Test {
   protected:
@@ -31,7 +31,11 @@ class MainFormTest : public testing::Test {
         Form();
     }
     void Form() {
-        MainForm::Services services{&boxes, &notices, nullptr, &programs, &links};
+        MainForm::Services services;
+        services.Boxes = &boxes;
+        services.Notices = &notices;
+        services.Programs = &programs;
+        services.Links = &links;
         services.MakeScreen = [this](Mode mode) -> Screen* {
             if (mode == Mode::Settings) return new frmSettings(variablen, [this] { form->ApplyLanguage(); });
             return new RecordedScreen(ModeCaption(mode).English, calls);
@@ -44,7 +48,7 @@ class MainFormTest : public testing::Test {
     QAction* Entry(const char* name) { return form->findChild<QAction*>(name); }
     QDialog* Dialog(const char* name) { return form->findChild<QDialog*>(name); }
     void Key(Qt::Key key) {
-        QTest::qWaitForWindowActive(form.get());
+        ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
         QTest::keyClick(form.get(), key);
     }
 

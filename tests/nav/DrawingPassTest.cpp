@@ -65,8 +65,13 @@ TEST_F(DrawingPassTest, ADamagedRowEndsThePassAndTheNextOneIsWholeAgain) {
 
 TEST_F(DrawingPassTest, AnAircraftOffTheChartSwitchesCentringOffAndHasNoSymbol) {
     FlyingScreen& screen = Start();
+    EXPECT_FALSE(screen.Map.CenterMap); // the position before the first fix is off this chart
+    Fly(50.5, 6.5);
+    screen.Map.cmdKartezentrieren_Click();
     EXPECT_TRUE(screen.Map.CenterMap);
-    Fly(50.0, 6.0); // on the lower edge: counts as off the chart
+    Screen->State.CurLat = 50.0;
+    Screen->State.CurLong = 6.0;
+    screen.UpdateMap(); // on the lower edge: counts as off the chart
     EXPECT_FALSE(screen.Map.CenterMap);
     screen.Map.cmdKartezentrieren_Click();
     EXPECT_FALSE(screen.Map.picKartezentrieren);

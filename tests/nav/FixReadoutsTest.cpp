@@ -80,6 +80,7 @@ TEST_F(FixReadoutsTest, RedrawAtTheFirstPositionAndAtEvery21st) {
 TEST_F(FixReadoutsTest, ALostFixRecoloursTheSymbolOnAPictureThatFits) {
     FlyingScreen& screen = Start();
     Fly(50.5, 7.0);
+    screen.Map.cmdKartezentrieren_Click();
     EXPECT_EQ(Surface.Count("#00FF00"), 5);
     const int paints = Surface.Paints;
     screen.Readouts.FixLost(); // at the same place: over the picture that stands
