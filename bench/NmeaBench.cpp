@@ -12,7 +12,8 @@ namespace {
 
 // Takes every event, so that nothing is spared.
 struct Counter : NmeaListener {
-    void PositionReceived(const std::string& latitude, const std::string&, const std::string&, const std::string&) override {
+    void PositionReceived(const std::string& latitude, const std::string&, const std::string&,
+                          const std::string&) override {
         Count += latitude.size();
     }
     void TimeChanged(const std::string& time) override { Count += time.size(); }
@@ -20,7 +21,9 @@ struct Counter : NmeaListener {
     void BearingReceived(const std::string& bearing) override { Count += bearing.size(); }
     void SpeedReceived(const std::string& speed) override { Count += speed.size(); }
     void FixObtained() override { ++Count; }
-    void SatelliteReceived(std::int16_t, std::int16_t, std::int16_t, std::int16_t, std::int16_t) override { ++Count; }
+    void SatelliteReceived(std::int16_t, std::int16_t, std::int16_t, std::int16_t, std::int16_t) override {
+        ++Count;
+    }
     void HDOPReceived(double) override { ++Count; }
     void VDOPReceived(double) override { ++Count; }
     void PDOPReceived(double) override { ++Count; }
@@ -37,7 +40,9 @@ struct Counter : NmeaListener {
     std::size_t Count = 0;
 };
 
-std::string Line(const std::string& body) { return "$" + body + "*" + NmeaInterpreter::GetChecksum(body) + "\r\n"; }
+std::string Line(const std::string& body) {
+    return "$" + body + "*" + NmeaInterpreter::GetChecksum(body) + "\r\n";
+}
 
 // What a receiver says in one second.
 std::string Burst() {
@@ -70,7 +75,8 @@ void BurstInPieces(benchmark::State& state) {
     const std::string burst = Burst();
     const auto size = static_cast<std::size_t>(state.range(0));
     for (auto _ : state)
-        for (std::size_t at = 0; at < burst.size(); at += size) framing.HandleInput(std::string_view(burst).substr(at, size));
+        for (std::size_t at = 0; at < burst.size(); at += size)
+            framing.HandleInput(std::string_view(burst).substr(at, size));
     benchmark::DoNotOptimize(counter.Count);
     state.SetItemsProcessed(state.iterations() * SentencesInBurst);
 }
@@ -81,7 +87,8 @@ void SecondOfNoise(benchmark::State& state) {
     Counter counter;
     NmeaInterpreter gps(counter);
     SentenceFraming framing(gps);
-    const std::string chunk = "\x80\xF8\x1E" "a,*9\r\xFF";
+    const std::string chunk = "\x80\xF8\x1E"
+                              "a,*9\r\xFF";
     for (auto _ : state)
         for (int i = 0; i < 640; ++i) framing.HandleInput(chunk);
 }
@@ -89,3 +96,5 @@ BENCHMARK(SecondOfNoise)->Unit(benchmark::kMillisecond);
 
 } // namespace
 } // namespace ornivane
+
+BENCHMARK_MAIN();
