@@ -52,11 +52,17 @@ void WriteFileAtomically(const fs::path& file, std::string_view bytes) {
     int reason = WriteAll(descriptor, bytes);
     if (reason == 0 && ::fchmod(descriptor, 0644) != 0) reason = errno;
     if (::close(descriptor) != 0 && reason == 0) reason = errno;
-    if (reason == 0 && ::rename(temporary.c_str(), file.c_str()) != 0) reason = errno;
-    if (reason != 0) {
+    try {
+        if (reason != 0) Fail(reason, file);
+        ReplaceFile(temporary, file);
+    } catch (const RuntimeError&) {
         ::unlink(temporary.c_str());
-        Fail(reason, file);
+        throw;
     }
+}
+
+void ReplaceFile(const fs::path& finished, const fs::path& file) {
+    if (::rename(finished.c_str(), file.c_str()) != 0) Fail(errno, file);
     SyncFolder(file.parent_path());
 }
 

@@ -12,6 +12,10 @@ namespace ornivane {
 // DeviceError.
 void WriteFileAtomically(const std::filesystem::path& file, std::string_view bytes);
 
+// Gives a finished file its name, durably; a file of that name is replaced. Both in one folder. RuntimeError
+// as above.
+void ReplaceFile(const std::filesystem::path& finished, const std::filesystem::path& file);
+
 // All bytes of a file; empty when it is not there or cannot be read. A file above 256 MiB is taken as
 // unreadable: nothing of this program comes near that size.
 std::optional<std::string> ReadWholeFile(const std::filesystem::path& file);

@@ -17,9 +17,10 @@ constexpr std::int16_t CheckSeconds = 2;
 
 } // namespace
 
-GpsLink::GpsLink(SerialPort& serialPort, Timer& timer, Dialogs& messages, const Variablen& variables, bool& noFix,
-                 LinkOwner& linkOwner)
-    : port(serialPort), timerCheck(timer), dialogs(messages), shared(variables), NoFix(noFix), owner(linkOwner) {
+GpsLink::GpsLink(SerialPort& serialPort, Timer& timer, Dialogs& messages, const Variablen& variables,
+                 bool& noFix, LinkOwner& linkOwner)
+    : port(serialPort), timerCheck(timer), dialogs(messages), shared(variables), NoFix(noFix),
+      owner(linkOwner) {
     port.OnEvent([this](SerialEvent event) { MSComm1_OnComm(event); });
     timerCheck.OnTimer([this] { timerCheck_Timer(); });
 }
@@ -27,7 +28,8 @@ GpsLink::GpsLink(SerialPort& serialPort, Timer& timer, Dialogs& messages, const 
 void GpsLink::SetInterpreter(NmeaInterpreter& gps) { framing.emplace(gps); }
 
 bool GpsLink::AnIndicatorShows() const {
-    return std::any_of(picGPSCheck.begin(), picGPSCheck.end(), [](const Indicator& picture) { return picture.Visible; });
+    return std::any_of(picGPSCheck.begin(), picGPSCheck.end(),
+                       [](const Indicator& picture) { return picture.Visible; });
 }
 
 void GpsLink::LoadSavedCom() {
@@ -40,8 +42,8 @@ void GpsLink::LoadSavedCom() {
     try {
         WriteComSettings(shared.ProgramFolder, ComSettings());
     } catch (const RuntimeError&) {
-        // In a folder that cannot be written the same values simply come back at the next start; the screen must
-        // come forward all the same.
+        // In a folder that cannot be written the same values simply come back at the next start; the screen
+        // must come forward all the same.
     }
 }
 
@@ -49,8 +51,8 @@ void GpsLink::Form_Activate() {
     LoadSavedCom();
     if (!AnIndicatorShows() || port.IsOpen()) return;
     const bool open = OpenSilently();
-    // What was under way when the screen was left goes on: without its timer a check would never end and a lost
-    // link would never come back.
+    // What was under way when the screen was left goes on: without its timer a check would never end and a
+    // lost link would never come back.
     if (CheckCount > 0) {
         Hourglass = true;
         timerCheck.SetInterval(CheckInterval);
@@ -81,7 +83,8 @@ void GpsLink::cmdGPS_Click() {
     picGPSCheck[0].Visible = true;
     picGPSCheck[1].Visible = picGPSCheck[2].Visible = false;
     const std::string number = std::to_string(ComPort);
-    lblStatus = {true, shared.EnglishUI == 1 ? "Checking COM " + number : "COM " + number + " wird überprüft"};
+    lblStatus = {true,
+                 shared.EnglishUI == 1 ? "Checking COM " + number : "COM " + number + " wird überprüft"};
     CheckCount = CheckSeconds;
     Hourglass = true;
     timerCheck.SetInterval(CheckInterval);
@@ -92,8 +95,8 @@ void GpsLink::cmdGPS_Click() {
     owner.StateChanged();
 }
 
-// Also ends a link whose port the line has closed: the port of a pulled plug is not open, and the user must be able
-// to stop the watch.
+// Also ends a link whose port the line has closed: the port of a pulled plug is not open, and the user must
+// be able to stop the watch.
 void GpsLink::picGPSCheck_Click(int /*index*/) {
     port.Close();
     wanted = false;
@@ -180,8 +183,8 @@ void GpsLink::CheckTick() {
         Hourglass = false;
         return;
     }
-    // It stays open and listens, so that data which comes later starts the displays without a further click. A
-    // port that does not open waits for the next click.
+    // It stays open and listens, so that data which comes later starts the displays without a further click.
+    // A port that does not open waits for the next click.
     if (Reopen())
         ShowNoSignal();
     else
@@ -221,8 +224,8 @@ bool GpsLink::OpenSilently() {
     }
 }
 
-// A port that the line closed outside the data-lost watch (while listening after "No signal", or behind a check that
-// passed at once) would stay closed for ever.
+// A port that the line closed outside the data-lost watch (while listening after "No signal", or behind a
+// check that passed at once) would stay closed for ever.
 void GpsLink::ReopenIfWanted() {
     if (!wanted || port.IsOpen() || timerCheck.Interval() != 0) return;
     reopening = true;

@@ -15,7 +15,7 @@ namespace ornivane {
 
 // What the link asks of the screen that owns it.
 class LinkOwner {
-  public:
+public:
     virtual ~LinkOwner() = default;
     virtual void ClearDisplays() = 0;
     virtual void UpdateMap() = 0;
@@ -25,18 +25,19 @@ class LinkOwner {
     virtual void StateChanged() = 0;
 };
 
-// The serial link of the flying screen: opens the port, passes what it receives to the interpreter, and watches
-// over it. Its state is the controls over cmdGPS:
+// The serial link of the flying screen: opens the port, passes what it receives to the interpreter, and
+// watches over it. Its state is the controls over cmdGPS:
 //   picGPSCheck 0 the link is being checked, or the receiver has no fix
 //               1 the receiver has a fix
 //               2 data stopped on a running link
 // None showing means that cmdGPS under them can be clicked.
 //
-// A gap in the data starts nothing: receivers pause. Only an event of the line itself (a hang-up, a break) puts a
-// running link into the data-lost watch, which reopens the port every five seconds until data returns. A port that
-// the line has closed at any other time while the link is wanted is reopened at the same rhythm, without a word.
+// A gap in the data starts nothing: receivers pause. Only an event of the line itself (a hang-up, a break)
+// puts a running link into the data-lost watch, which reopens the port every five seconds until data returns.
+// A port that the line has closed at any other time while the link is wanted is reopened at the same rhythm,
+// without a word.
 class GpsLink {
-  public:
+public:
     struct Indicator {
         bool Visible = false;
         std::string ToolTip;
@@ -47,7 +48,8 @@ class GpsLink {
     };
 
     // Takes over the callbacks of port and timer, which must outlive the link.
-    GpsLink(SerialPort& port, Timer& timer, Dialogs& dialogs, const Variablen& shared, bool& noFix, LinkOwner& owner);
+    GpsLink(SerialPort& port, Timer& timer, Dialogs& dialogs, const Variablen& shared, bool& noFix,
+            LinkOwner& owner);
     GpsLink(const GpsLink&) = delete;
     GpsLink& operator=(const GpsLink&) = delete;
 
@@ -63,13 +65,13 @@ class GpsLink {
     void timerCheck_Timer();
     void MSComm1_OnComm(SerialEvent event);
 
-    // data.crm into ComPort and the line settings. One that cannot be read is replaced by port 1 and 4800; the
-    // line settings stay as they were then.
+    // data.crm into ComPort and the line settings. One that cannot be read is replaced by port 1 and 4800;
+    // the line settings stay as they were then.
     void LoadSavedCom();
 
     std::array<Indicator, 3> picGPSCheck;
     StatusLine lblStatus;
-    bool Hourglass = false;      // the mouse pointer
+    bool Hourglass = false; // the mouse pointer
     std::int16_t ComPort = 1;
     std::int16_t CheckCount = 0; // seconds left in the check; DataLostWatch in the data-lost watch
     bool DataSeen = false;       // a receive event has come; cleared only on entering the data-lost watch
@@ -79,7 +81,7 @@ class GpsLink {
 
     unsigned long long FailedSentences() const { return framing ? framing->FailedSentences() : 0; }
 
-  private:
+private:
     bool ReceiveWaiting();
     void EnterDataLost();
     void WatchTick();

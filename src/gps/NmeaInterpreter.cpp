@@ -28,13 +28,16 @@ std::array<char, 2> HexOf(unsigned sum) {
 // The first six characters in pairs; fractions of a second and what else follows are dropped.
 std::string InPairs(const std::string& value, char separator) {
     const std::string_view text(value);
-    const auto pair = [&](std::size_t at) { return at < text.size() ? DecodeText(text.substr(at, 2)) : std::string(); };
+    const auto pair = [&](std::size_t at) {
+        return at < text.size() ? DecodeText(text.substr(at, 2)) : std::string();
+    };
     return pair(0) + separator + pair(2) + separator + pair(4);
 }
 
 std::string CoordinateText(const std::string& hemisphere, std::string_view value, std::size_t degreeDigits) {
     const std::size_t cut = std::min(degreeDigits, value.size());
-    return DecodeText(hemisphere) + " " + DecodeText(value.substr(0, cut)) + "° " + DecodeText(value.substr(cut)) + "'";
+    return DecodeText(hemisphere) + " " + DecodeText(value.substr(0, cut)) + "° " +
+           DecodeText(value.substr(cut)) + "'";
 }
 
 } // namespace
@@ -148,22 +151,24 @@ void NmeaInterpreter::ParseGPGSV() {
 }
 
 void NmeaInterpreter::ParseSatellite(std::int16_t count) {
-    if (MessageNumber != 0) Satellite.Number = ToInt16(ToInt16((MessageNumber - 1) * 4.0) + static_cast<double>(count));
+    if (MessageNumber != 0)
+        Satellite.Number = ToInt16(ToInt16((MessageNumber - 1) * 4.0) + static_cast<double>(count));
     const std::size_t first = static_cast<std::size_t>(count) * 4;
     // The last message of a series has as many groups as satellites are left.
     if (first + 3 >= Words.size()) return;
-    if (std::any_of(Words.begin() + first, Words.begin() + first + 4, [](const std::string& word) { return word.empty(); }))
+    if (std::any_of(Words.begin() + first, Words.begin() + first + 4,
+                    [](const std::string& word) { return word.empty(); }))
         return;
     Satellite.PseudoRandomCode = IntegerIn(first);
     Satellite.Elevation = IntegerIn(first + 1);
     Satellite.Azimuth = IntegerIn(first + 2);
     Satellite.SignalToNoiseRatio = IntegerIn(first + 3);
-    listener.SatelliteReceived(Satellite.Number, Satellite.PseudoRandomCode, Satellite.Azimuth, Satellite.Elevation,
-                               Satellite.SignalToNoiseRatio);
+    listener.SatelliteReceived(Satellite.Number, Satellite.PseudoRandomCode, Satellite.Azimuth,
+                               Satellite.Elevation, Satellite.SignalToNoiseRatio);
 }
 
-// A position is told whatever the status says: a receiver that lost its fix may go on sending the old one, and
-// the consumers guard themselves.
+// A position is told whatever the status says: a receiver that lost its fix may go on sending the old one,
+// and the consumers guard themselves.
 void NmeaInterpreter::ParseGPRMC() {
     SetTime(Word(1));
     SetFixStatus(Word(2));
@@ -185,8 +190,8 @@ void NmeaInterpreter::SetDate(const std::string& value) {
     listener.DateChanged(SatDate);
 }
 
-// Latitude, its hemisphere, longitude and its hemisphere from the given field on. All four are looked up before
-// they are compared, so that a sentence that ends among them is too short even if it has no position.
+// Latitude, its hemisphere, longitude and its hemisphere from the given field on. All four are looked up
+// before they are compared, so that a sentence that ends among them is too short even if it has no position.
 void NmeaInterpreter::SetPosition(std::size_t firstField) {
     const std::string& lat = Word(firstField);
     const std::string& northSouth = Word(firstField + 1);
@@ -200,7 +205,10 @@ void NmeaInterpreter::SetPosition(std::size_t firstField) {
 
 void NmeaInterpreter::SetPositionFix(const std::string& value) {
     if (value.empty()) return;
-    PositionFix = value == "1" ? "Valid SPS" : value == "2" ? "Valid DGPS" : value == "3" ? "Valid PPS" : "Invalid";
+    PositionFix = value == "1"   ? "Valid SPS"
+                  : value == "2" ? "Valid DGPS"
+                  : value == "3" ? "Valid PPS"
+                                 : "Invalid";
     listener.PositionFixReceived(PositionFix);
 }
 

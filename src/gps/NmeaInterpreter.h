@@ -10,17 +10,17 @@
 
 namespace ornivane {
 
-// Turns one NMEA 0183 sentence into the events of its listener, which run before Parse returns. It understands
-// GGA, GLL, GSA, GSV and RMC of the talker GP; all others are ignored.
+// Turns one NMEA 0183 sentence into the events of its listener, which run before Parse returns. It
+// understands GGA, GLL, GSA, GSV and RMC of the talker GP; all others are ignored.
 class NmeaInterpreter {
-  public:
+public:
     explicit NmeaInterpreter(NmeaListener& nmeaListener) : listener(nmeaListener) {}
 
     // The sentence without its line end. True when it passed the checksum, has one of the five ids and was
     // handled to its end; false for a bad checksum and for an unknown id.
-    // RuntimeError: SubscriptOutOfRange when the sentence has fewer fields than its id needs, TypeMismatch when
-    // a field is no number, Overflow when one does not fit 16 bits, and whatever the listener throws. The events
-    // raised before it stand.
+    // RuntimeError: SubscriptOutOfRange when the sentence has fewer fields than its id needs, TypeMismatch
+    // when a field is no number, Overflow when one does not fit 16 bits, and whatever the listener throws.
+    // The events raised before it stand.
     bool Parse(std::string_view sentence);
 
     // The exclusive-or of the sentence's bytes up to the "*", every "$" left out, as two upper-case digits.
@@ -34,14 +34,15 @@ class NmeaInterpreter {
         std::int16_t SignalToNoiseRatio = 0;
     };
 
-    // What was received last. Nothing is reset by a sentence; a field that is empty leaves the value before it.
+    // What was received last. Nothing is reset by a sentence; a field that is empty leaves the value before
+    // it.
     std::vector<std::string> Words;
     std::string Latitude, Longitude, Time, SatDate;
     SatelliteRecord Satellite;
     std::string PositionFix, AutoManMode, Mode3D;
     std::int16_t TotalMessages = 0, MessageNumber = 0, SatellitesInView = 0;
 
-  private:
+private:
     static bool IsValid(std::string_view sentence);
     void GetWords(std::string_view body);
     const std::string& Word(std::size_t index) const;

@@ -5,18 +5,18 @@
 
 namespace ornivane {
 
-// What NmeaInterpreter tells of a sentence, each at the moment its field is read. A listener overrides what it
-// wants to know. Text parameters are the field exactly as received, which may hold any byte when a damaged
-// sentence passes its checksum; only the texts made for showing (latitude, longitude, time, satDate) are certain
-// to be UTF-8. Who shows another one passes it through DecodeText.
+// What NmeaInterpreter tells of a sentence, each at the moment its field is read. A listener overrides what
+// it wants to know. Text parameters are the field exactly as received, which may hold any byte when a damaged
+// sentence passes its checksum; only the texts made for showing (latitude, longitude, time, satDate) are
+// certain to be UTF-8. Who shows another one passes it through DecodeText.
 class NmeaListener {
-  public:
+public:
     virtual ~NmeaListener() = default;
 
     // latitude as "N 48° 07.038'"; latraw and longraw as sent, 4807.038, without the hemisphere.
     virtual void PositionReceived(const std::string& /*latitude*/, const std::string& /*longitude*/,
                                   const std::string& /*latraw*/, const std::string& /*longraw*/) {}
-    virtual void TimeChanged(const std::string& /*time*/) {}    // hh:mm:ss, with every sentence that has a time
+    virtual void TimeChanged(const std::string& /*time*/) {} // hh:mm:ss, with every sentence that has a time
     virtual void DateChanged(const std::string& /*satDate*/) {} // dd/mm/yy
     virtual void BearingReceived(const std::string& /*bearing*/) {}
     virtual void SpeedReceived(const std::string& /*speed*/) {} // knots

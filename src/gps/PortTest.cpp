@@ -19,10 +19,10 @@ constexpr std::size_t LongestSensibleLine = 200;
 
 } // namespace
 
-PortTest::PortTest(SerialPort& serialPort, Timer& timer, const PortList& portList, Dialogs& messages, const Variablen& variables,
-                   std::function<void()> stateChanged)
-    : port(serialPort), timerCheck(timer), ports(portList), dialogs(messages), shared(variables), changed(std::move(stateChanged)),
-      gps(*this), framing(gps) {
+PortTest::PortTest(SerialPort& serialPort, Timer& timer, const PortList& portList, Dialogs& messages,
+                   const Variablen& variables, std::function<void()> stateChanged)
+    : port(serialPort), timerCheck(timer), ports(portList), dialogs(messages), shared(variables),
+      changed(std::move(stateChanged)), gps(*this), framing(gps) {
     port.OnEvent([this](SerialEvent event) { MSComm1_OnComm(event); });
     timerCheck.OnTimer([this] { timerCheck_Timer(); });
     framing.OnFirstPiece = [this](std::string_view piece) { ShowFirstPiece(piece); };
@@ -94,7 +94,9 @@ void PortTest::ClearTestDisplays() {
     ShowNoSatellites();
 }
 
-void PortTest::ShowNoSatellites() { lblSatellites = shared.Text("Anzahl Satelliten = -/-", "Number of satellites = -/-"); }
+void PortTest::ShowNoSatellites() {
+    lblSatellites = shared.Text("Anzahl Satelliten = -/-", "Number of satellites = -/-");
+}
 
 void PortTest::timerCheck_Timer() {
     if (CheckCount > 0) --CheckCount;
@@ -105,7 +107,8 @@ void PortTest::timerCheck_Timer() {
         // It stays open: what comes later is shown, but saved only by another test.
         port.Close();
         ClearTestDisplays();
-        lblStatus.Caption = shared.EnglishUI == 1 ? "No Signal - " + ComName() : "Kein Signal an " + ComName();
+        lblStatus.Caption =
+            shared.EnglishUI == 1 ? "No Signal - " + ComName() : "Kein Signal an " + ComName();
         OpenChosen();
     } else {
         ShowConnected();
@@ -135,9 +138,9 @@ void PortTest::MSComm1_OnComm(SerialEvent event) {
 
 // The text is shown, so bytes that are no text are made ones.
 void PortTest::ShowFirstPiece(std::string_view piece) {
-    tGPS = piece.size() > LongestSensibleLine
-               ? shared.Text("Kein GPS Datenempfang - Baudrate überprüfen", "No data from GPS received - check baudrate")
-               : DecodeText(piece);
+    tGPS = piece.size() > LongestSensibleLine ? shared.Text("Kein GPS Datenempfang - Baudrate überprüfen",
+                                                            "No data from GPS received - check baudrate")
+                                              : DecodeText(piece);
 }
 
 void PortTest::FixObtained() {
@@ -150,19 +153,22 @@ void PortTest::FixLost() {
     noFix = true;
 }
 
-void PortTest::PositionReceived(const std::string& latitude, const std::string& longitude, const std::string& /*latraw*/,
-                                const std::string& /*longraw*/) {
+void PortTest::PositionReceived(const std::string& latitude, const std::string& longitude,
+                                const std::string& /*latraw*/, const std::string& /*longraw*/) {
     lblLat = noFix ? "---" : latitude;
     lblLong = noFix ? "---" : longitude;
 }
 
-void PortTest::SatellitesUsedReceived(std::int16_t satellitesUsed) { Label7 = std::to_string(satellitesUsed); }
+void PortTest::SatellitesUsedReceived(std::int16_t satellitesUsed) {
+    Label7 = std::to_string(satellitesUsed);
+}
 
 void PortTest::SatellitesInViewReceived(std::int16_t satellitesInView) {
     if (noFix)
         ShowNoSatellites();
     else
-        lblSatellites = shared.Text("Anzahl Satelliten = ", "Number of satellites = ") + Label7 + " / " + std::to_string(satellitesInView);
+        lblSatellites = shared.Text("Anzahl Satelliten = ", "Number of satellites = ") + Label7 + " / " +
+                        std::to_string(satellitesInView);
 }
 
 } // namespace ornivane

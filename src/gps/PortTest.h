@@ -17,10 +17,10 @@
 
 namespace ornivane {
 
-// The port test of the settings screen: opens a port that the user chose, shows what comes, and saves port and baud
-// rate when data came within two seconds. That is the only way in which the saved port changes.
+// The port test of the settings screen: opens a port that the user chose, shows what comes, and saves port
+// and baud rate when data came within two seconds. That is the only way in which the saved port changes.
 class PortTest : private NmeaListener {
-  public:
+public:
     struct Label {
         std::string Caption;
         Colour ForeColor = 0x000000;
@@ -45,25 +45,25 @@ class PortTest : private NmeaListener {
     void MSComm1_OnComm(SerialEvent event);
     void ClearTestDisplays();
 
-    std::vector<int> cmbCom;     // the ports offered
-    int SelectedCom = 0;         // the port chosen among them; 0 when none is
-    std::size_t cmbBaud = 0;     // index into BaudRates
-    std::string tGPS;            // the first line of the input, always UTF-8
-    Label lblStatus;             // how the test goes
+    std::vector<int> cmbCom; // the ports offered
+    int SelectedCom = 0;     // the port chosen among them; 0 when none is
+    std::size_t cmbBaud = 0; // index into BaudRates
+    std::string tGPS;        // the first line of the input, always UTF-8
+    Label lblStatus;         // how the test goes
     Label lblComVerbindung;
-    Label LabelStatus;           // the fix
+    Label LabelStatus; // the fix
     std::string lblSatellites;
-    std::string Label7;          // satellites used, hidden
+    std::string Label7; // satellites used, hidden
     std::string lblLat = "---", lblLong = "---";
     bool Hourglass = false;      // the mouse pointer
     std::int16_t CheckCount = 0; // seconds left
     bool DataSeen = false;       // in this test
 
-  private:
+private:
     void FixObtained() override;
     void FixLost() override;
-    void PositionReceived(const std::string& latitude, const std::string& longitude, const std::string& latraw,
-                          const std::string& longraw) override;
+    void PositionReceived(const std::string& latitude, const std::string& longitude,
+                          const std::string& latraw, const std::string& longraw) override;
     void SatellitesUsedReceived(std::int16_t satellitesUsed) override;
     void SatellitesInViewReceived(std::int16_t satellitesInView) override;
 

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QPointF>
+#include <QString>
+#include <array>
 #include <functional>
 #include <memory>
 
@@ -13,11 +15,9 @@ class QComboBox;
 class QFrame;
 class QGridLayout;
 class QLabel;
-class QLineEdit;
 class QProgressBar;
 class QSlider;
 class QTableView;
-class QToolButton;
 
 namespace ornivane {
 
@@ -46,7 +46,7 @@ struct FlyingFormServices {
 class frmGPSmain : public Screen {
     Q_OBJECT
 
-  public:
+public:
     explicit frmGPSmain(const FlyingFormServices& services);
     ~frmGPSmain() override;
 
@@ -57,11 +57,11 @@ class frmGPSmain : public Screen {
 
     FlyingScreen& Logic() { return *screen; }
 
-  protected:
+protected:
     void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
-  private:
+private:
     void MakeMap(QGridLayout& layout);
     void MakeBottom(QGridLayout& layout);
     void MakeSide(QGridLayout& layout);
@@ -75,7 +75,7 @@ class frmGPSmain : public Screen {
     void MapPressed(QPointF at, Qt::MouseButton button);
     void MapMoved(QPointF at, Qt::MouseButtons held);
     void MapReleased(Qt::MouseButton button);
-    bool SliderReleased(double x);
+    bool SlideTo(double x);
     bool HandleKey(int key);
 
     void ShowState();
@@ -95,16 +95,20 @@ class frmGPSmain : public Screen {
     SurfaceWidget* picMap = nullptr;
     QSlider* SlideMap = nullptr;
     QProgressBar* progBar = nullptr;
-    QLabel* lblStatus = nullptr;
+    QLabel *lblStatus = nullptr, *lblNoMap = nullptr;
     QComboBox *cmbMaps = nullptr, *cmbRoute = nullptr;
     QFrame *frmSet = nullptr, *Frame1 = nullptr;
     QTableView* gridWaypoints = nullptr;
-    ReadoutLabel *speed = nullptr, *bearing = nullptr, *altitude = nullptr, *latitude = nullptr, *longitude = nullptr;
+    ReadoutLabel *speed = nullptr, *bearing = nullptr, *altitude = nullptr, *latitude = nullptr,
+                 *longitude = nullptr;
     ReadoutLabel *distance = nullptr, *course = nullptr, *time = nullptr, *remaining = nullptr;
     QLabel *lblRoute = nullptr, *lblLatx = nullptr, *lblLongx = nullptr;
-    LampButton *cmdGPS = nullptr, *cmdKartezentrieren = nullptr, *cmdshowRoute = nullptr, *cmdWayInfo = nullptr,
-               *cmdShowPoints = nullptr, *cmdActivateGoto = nullptr, *cmdDirectFly = nullptr, *cmdSet = nullptr;
-    QToolButton *cmdNext = nullptr, *cmdPrev = nullptr;
+    LampButton *cmdGPS = nullptr, *cmdKartezentrieren = nullptr, *cmdshowRoute = nullptr,
+               *cmdWayInfo = nullptr, *cmdShowPoints = nullptr, *cmdActivateGoto = nullptr,
+               *cmdDirectFly = nullptr, *cmdSet = nullptr;
+    LampButton *cmdNext = nullptr, *cmdPrev = nullptr;
+    std::array<LampButton*, 3> picGPSCheck{};
+    std::array<QString, 3> lampTips;
     QPointF drag;
     bool dragging = false;
     bool loaded = false;

@@ -1,6 +1,6 @@
 #include "store/Lists.h"
 
-#include <limits>
+#include <algorithm>
 
 #include "base/Numbers.h"
 #include "store/Connection.h"
@@ -34,9 +34,11 @@ void InsertAfterCurrent(Connection& connection, Recordset& list, const std::stri
         // The list must not go on showing a row that the roll back has taken away.
         list.CancelUpdate();
         list.Requery();
+        if (place > 0) list.SetAbsolutePosition(std::min(place, list.RecordCount()));
         throw;
     }
     list.Requery();
+    list.Sort("Nummer"); // an order that the user chose for the grid would hide where the row went
     if (!list.Find("Nummer", Comparison::Equal, target)) list.MoveFirst();
 }
 

@@ -37,8 +37,9 @@ struct Recordset::State {
     }
     template <typename Tell>
     void Notify(Tell tell) const {
-        const auto observers = Observers; // one may leave while it is told
-        for (RecordsetObserver* observer : observers) tell(*observer);
+        const auto observers = Observers; // while one is told, it or another may leave
+        for (RecordsetObserver* observer : observers)
+            if (std::find(Observers.begin(), Observers.end(), observer) != Observers.end()) tell(*observer);
     }
     void Forget() {
         Pending = Edit::None;
@@ -269,7 +270,9 @@ void Recordset::Update() {
 
 void Recordset::Delete() {
     State& s = *state;
+    const bool adding = s.Pending == State::Edit::Adding;
     s.Forget();
+    if (adding) return; // the new row was the current one, not the row that was left for it
     const Row& row = s.CurrentRow();
     if (s.Source) s.Source->Delete(row.RowId);
     const std::size_t number = s.Order[static_cast<std::size_t>(s.Current)];

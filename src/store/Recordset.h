@@ -102,7 +102,7 @@ public:
     // the row stays as it was before and the error passes on.
     void Update();
     void CancelUpdate();
-    // The current row only. Then the next row is current, or Eof.
+    // The current row only. Then the next row is current, or Eof. A row that is only being added is dropped.
     void Delete();
 
     Bookmark CurrentBookmark() const;

@@ -39,6 +39,9 @@ int CompareValues(const Value& a, const Value& b) {
             return CompareText(a.Text(), b.Text());
         }
     }
+    // True is -1 as a number of the program and 1 in a store.
+    if (std::holds_alternative<bool>(a.Raw()) || std::holds_alternative<bool>(b.Raw()))
+        return static_cast<int>(a.Boolean()) - static_cast<int>(b.Boolean());
     const double x = a.Number(), y = b.Number();
     return x < y ? -1 : x > y ? 1 : 0;
 }

@@ -23,6 +23,12 @@ constexpr const char* RowSpace = "#RowsetSchema";
 constexpr int LongText = 536870910; // what ADO gives a text without a limit
 constexpr int ShortText = 255;
 
+// Far beyond what is ever saved, so that no file from elsewhere can fill the memory or stop the program.
+constexpr std::size_t LargestText = 32u << 20; // bytes
+constexpr std::size_t MostFields = 1000;
+constexpr std::size_t MostValues = 4000000; // rows times fields
+constexpr int MostDeclarations = 64;        // attributes of an element among which its namespaces stand
+
 [[noreturn]] void Refuse(const std::string& reason) {
     throw RuntimeError(ErrorNumber::TypeMismatch, "no persisted recordset: " + reason);
 }
@@ -36,8 +42,13 @@ std::string_view SpaceOf(pugi::xml_node node, std::string_view name, bool isAttr
     if (colon == std::string_view::npos && isAttribute) return {};
     const std::string declaration =
         colon == std::string_view::npos ? "xmlns" : "xmlns:" + std::string(name.substr(0, colon));
-    for (; node; node = node.parent())
-        if (const auto attribute = node.attribute(declaration.c_str())) return attribute.value();
+    for (; node; node = node.parent()) {
+        int left = MostDeclarations;
+        for (auto attribute = node.first_attribute(); attribute && left > 0; --left) {
+            if (declaration == attribute.name()) return attribute.value();
+            attribute = attribute.next_attribute();
+        }
+    }
     return {};
 }
 
@@ -75,9 +86,9 @@ FieldType TypeOf(std::string_view type) {
 class Reader {
 public:
     Rowset Read(std::string_view xml) {
-        const std::string decoded = IsUtf16(xml) || IsValidUtf8(xml) ? std::string(xml) : DecodeText(xml);
+        if (xml.size() > LargestText) Refuse("the file is too large");
         pugi::xml_document document;
-        const auto result = document.load_buffer(decoded.data(), decoded.size());
+        const pugi::xml_parse_result result = Parse(document, xml);
         if (!result) Refuse(result.description());
         const pugi::xml_node root = document.document_element();
         ReadSchema(Child(root, SchemaSpace, "Schema"));
@@ -93,12 +104,20 @@ private:
                                    xml[0] == '\0' || xml[1] == '\0');
     }
 
+    // What an XML declaration says of the encoding does not count: a file that was converted keeps it.
+    static pugi::xml_parse_result Parse(pugi::xml_document& document, std::string_view xml) {
+        if (IsUtf16(xml)) return document.load_buffer(xml.data(), xml.size());
+        const std::string text = DecodeText(xml);
+        return document.load_buffer(text.data(), text.size(), pugi::parse_default, pugi::encoding_utf8);
+    }
+
     void ReadSchema(pugi::xml_node schema) {
         const pugi::xml_node row = Child(schema, SchemaSpace, "ElementType");
         if (!row) Refuse("no schema");
         std::vector<std::pair<int, std::pair<std::string, FieldInfo>>> found;
         for (const auto& node : row.children()) {
             if (!Is(node, SchemaSpace, "AttributeType")) continue;
+            if (found.size() == MostFields) Refuse("too many fields");
             const std::string attribute = node.attribute("name").value();
             const auto alias = Attribute(node, RowsetSpace, "name");
             const int place =
@@ -126,16 +145,21 @@ private:
         return field;
     }
 
-    void ReadRows(pugi::xml_node parent) {
-        for (const auto& node : parent.children()) {
+    void ReadRows(pugi::xml_node data) {
+        for (const auto& node : data.children()) {
             if (Is(node, RowSpace, "row"))
-                rowset.Rows.push_back(RowOf(node, std::vector<Value>(rowset.Fields.size())));
+                Add(RowOf(node, std::vector<Value>(rowset.Fields.size())));
             else if (Is(node, RowsetSpace, "insert"))
-                ReadRows(node);
+                ReadInserted(node);
             else if (Is(node, RowsetSpace, "update"))
                 ReadUpdate(node);
             // rs:delete holds rows that are gone
         }
+    }
+
+    void ReadInserted(pugi::xml_node insert) {
+        for (const auto& node : insert.children())
+            if (Is(node, RowSpace, "row")) Add(RowOf(node, std::vector<Value>(rowset.Fields.size())));
     }
 
     // The row as it was and, beside it, the attributes that changed.
@@ -144,6 +168,11 @@ private:
         if (const auto original = Child(Child(update, RowsetSpace, "original"), RowSpace, "row"))
             row = RowOf(original, std::move(row));
         if (const auto changed = Child(update, RowSpace, "row")) row = RowOf(changed, std::move(row));
+        Add(std::move(row));
+    }
+
+    void Add(std::vector<Value> row) {
+        if ((rowset.Rows.size() + 1) * rowset.Fields.size() > MostValues) Refuse("too many rows");
         rowset.Rows.push_back(std::move(row));
     }
 
@@ -151,12 +180,20 @@ private:
         for (const auto& attribute : node.attributes())
             if (const auto column = columns.find(attribute.name()); column != columns.end())
                 row[column->second] = ValueOf(rowset.Fields[column->second], attribute.value());
+        // In a change that was not yet in its source ADO names the fields that became Null.
+        if (const auto nulls = Attribute(node, RowsetSpace, "forcenull"))
+            for (const std::string& name : Split(nulls.value(), " "))
+                if (const auto column = columns.find(name); column != columns.end()) row[column->second] = {};
         return row;
     }
 
     static Value ValueOf(FieldInfo field, const char* text) {
         field.Size = 0; // a text that is there is taken whole
-        return ConvertFor(field, Value(std::string(text)));
+        try {
+            return ConvertFor(field, Value(DecodeText(text)));
+        } catch (const RuntimeError&) {
+            Refuse(field.Name + ": " + std::string(text).substr(0, 40));
+        }
     }
 
     Rowset rowset;
@@ -185,7 +222,7 @@ std::string ExactNumber(double number) {
 
 std::string TextOf(const Value& value) {
     const auto* number = std::get_if<double>(&value.Raw());
-    return number ? ExactNumber(*number) : value.Text();
+    return number ? ExactNumber(*number) : DecodeText(value.Text());
 }
 
 void WriteType(pugi::xml_node node, const FieldInfo& field, std::size_t longest) {
@@ -210,6 +247,17 @@ void WriteType(pugi::xml_node node, const FieldInfo& field, std::size_t longest)
     if (!field.Nullable) type.append_attribute("rs:maybenull") = "false";
 }
 
+// The field's own name where XML allows it.
+std::string AttributeNameOf(const std::vector<FieldInfo>& fields, std::size_t i) {
+    std::string name = fields[i].Name;
+    if (IsXmlName(name)) return name;
+    name = "c" + std::to_string(i);
+    while (
+        std::any_of(fields.begin(), fields.end(), [&](const FieldInfo& field) { return field.Name == name; }))
+        name += '_';
+    return name;
+}
+
 std::vector<std::string> WriteSchema(pugi::xml_node root, const Rowset& rowset) {
     pugi::xml_node schema = root.append_child("s:Schema");
     schema.append_attribute("id") = "RowsetSchema";
@@ -220,7 +268,7 @@ std::vector<std::string> WriteSchema(pugi::xml_node root, const Rowset& rowset) 
     std::vector<std::string> names;
     for (std::size_t i = 0; i < rowset.Fields.size(); ++i) {
         const FieldInfo& field = rowset.Fields[i];
-        names.push_back(IsXmlName(field.Name) ? field.Name : "c" + std::to_string(i));
+        names.push_back(AttributeNameOf(rowset.Fields, i));
         pugi::xml_node node = row.append_child("s:AttributeType");
         node.append_attribute("name") = names.back().c_str();
         if (names.back() != field.Name) node.append_attribute("rs:name") = field.Name.c_str();

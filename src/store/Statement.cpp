@@ -55,6 +55,13 @@ bool Statement::Step() {
 
 int Statement::ColumnCount() const { return sqlite3_column_count(statement.get()); }
 
+std::string Statement::ColumnName(int column) const { return sqlite3_column_name(statement.get(), column); }
+
+std::string Statement::DeclaredType(int column) const {
+    const char* declared = sqlite3_column_decltype(statement.get(), column);
+    return declared ? declared : "";
+}
+
 bool Statement::IsNull(int column) const {
     return sqlite3_column_type(statement.get(), column) == SQLITE_NULL;
 }

@@ -31,6 +31,9 @@ public:
     // True while there is a row.
     bool Step();
     int ColumnCount() const;
+    std::string ColumnName(int column) const;
+    // The type in the table's declaration; empty when the column is no field of a table.
+    std::string DeclaredType(int column) const;
     // Columns count from 0. Number() and Integer() of Null are a RuntimeError InvalidNull.
     bool IsNull(int column) const;
     double Number(int column) const;

@@ -5,7 +5,6 @@
 #include "base/RuntimeError.h"
 #include "base/Strings.h"
 #include "store/Connection.h"
-#include "store/Sqlite.h"
 #include "store/Statement.h"
 
 namespace ornivane {
@@ -28,9 +27,25 @@ FieldType TypeOf(std::string_view declared) {
     return type == "date" ? FieldType::Date : FieldType::Text;
 }
 
+bool Fits(FieldType type, const Value& value) {
+    switch (type) {
+    case FieldType::Integer:
+        return std::holds_alternative<std::int64_t>(value.Raw());
+    case FieldType::Double:
+        return std::holds_alternative<double>(value.Raw());
+    case FieldType::Boolean:
+        return std::holds_alternative<bool>(value.Raw());
+    case FieldType::Text:
+    case FieldType::Date:
+        break;
+    }
+    return std::holds_alternative<std::string>(value.Raw());
+}
+
 // A value that the field's type does not fit is kept as it stands: the row can be read, and using that one
 // value is the error.
 Value Fitting(const FieldInfo& field, Value value) {
+    if (Fits(field.Type, value)) return value;
     try {
         return ConvertFor(field, value);
     } catch (const RuntimeError&) {
@@ -38,12 +53,10 @@ Value Fitting(const FieldInfo& field, Value value) {
     }
 }
 
-std::vector<FieldInfo> FieldsOf(sqlite3_stmt* statement) {
+std::vector<FieldInfo> FieldsOf(const Statement& statement) {
     std::vector<FieldInfo> fields;
-    for (int i = 1; i < sqlite3_column_count(statement); ++i) {
-        const char* declared = sqlite3_column_decltype(statement, i);
-        fields.push_back({sqlite3_column_name(statement, i), TypeOf(declared ? declared : ""), 0, true});
-    }
+    for (int i = 1; i < statement.ColumnCount(); ++i)
+        fields.push_back({statement.ColumnName(i), TypeOf(statement.DeclaredType(i)), 0, true});
     return fields;
 }
 
@@ -57,20 +70,15 @@ TableSource::TableSource(Connection& of, std::string sql, std::vector<Value> val
         throw RuntimeError(ErrorNumber::StoreError, sql);
     columns = sql.substr(7, from - 7);
     const auto start = lower.find_first_not_of(' ', from + 6);
-    table = sql.substr(start, lower.find_first_of(" \r\n", start) - start);
+    if (start == std::string::npos) throw RuntimeError(ErrorNumber::StoreError, sql);
+    table = sql.substr(start, lower.find_first_of(" \r\n;", start) - start);
     query = "SELECT rowid, " + columns + sql.substr(from);
 }
 
 TableSource::Result TableSource::Load() const {
-    sqlite3* handle = connection->Handle();
-    sqlite3_stmt* raw = nullptr;
-    if (sqlite3_prepare_v2(handle, query.data(), static_cast<int>(query.size()), &raw, nullptr) != SQLITE_OK)
-        ThrowSqliteError(handle);
-    Result result;
-    result.Fields = FieldsOf(raw);
-    sqlite3_finalize(raw);
-
     Statement statement(*connection, query);
+    Result result;
+    result.Fields = FieldsOf(statement);
     for (std::size_t i = 0; i < parameters.size(); ++i)
         statement.Bind(static_cast<int>(i) + 1, parameters[i]);
     while (statement.Step()) {

@@ -1,5 +1,6 @@
 #include "store/TextOrder.h"
 
+#include <algorithm>
 #include <cstdint>
 
 namespace ornivane {
@@ -11,6 +12,8 @@ constexpr std::string_view Latin1Base = "aaaaaaaceeeeiiiidnooooo ouuuuy y";
 constexpr std::string_view LatinABase =
     "aaaaaaccccccccddddeeeeeeeeeegggggggghhhhiiiiiiiiiiiijjkk llllllllllnnnnnnnnnoooooooorrrrrr"
     "ssssssssttttttuuuuuuuuuuuuwwyyyzzzzzzs";
+
+static_assert(Latin1Base.size() == 0x100 - 0xE0 && LatinABase.size() == 0x180 - 0x100);
 
 constexpr char32_t SharpS = 0xDF;
 
@@ -102,9 +105,25 @@ int CompareSequences(std::string_view a, std::string_view b) {
     return static_cast<int>(right.AtEnd()) - static_cast<int>(left.AtEnd());
 }
 
+bool IsAscii(char c) { return static_cast<unsigned char>(c) < 0x80; }
+
 } // namespace
 
 int CompareText(std::string_view a, std::string_view b) {
+    // Most names have only letters that are their own base letters: then one look decides. What is equal at
+    // the start does not matter for the rest.
+    std::size_t start = 0;
+    const std::size_t common = std::min(a.size(), b.size());
+    for (; start < common && IsAscii(a[start]) && IsAscii(b[start]); ++start) {
+        if (a[start] == b[start]) continue;
+        const char32_t l = Lower(static_cast<unsigned char>(a[start]));
+        const char32_t r = Lower(static_cast<unsigned char>(b[start]));
+        if (l == r) continue;
+        return l < r ? -1 : 1;
+    }
+    a.remove_prefix(start);
+    b.remove_prefix(start);
+    if (a.empty() || b.empty()) return static_cast<int>(b.empty()) - static_cast<int>(a.empty());
     const int byBase = CompareSequences<BaseLetters>(a, b);
     return byBase != 0 ? byBase : CompareSequences<Letters>(a, b);
 }

@@ -15,7 +15,9 @@
 namespace ornivane {
 
 // A body with its "$", "*" and checksum around it.
-inline std::string Sentence(const std::string& body) { return "$" + body + "*" + NmeaInterpreter::GetChecksum(body); }
+inline std::string Sentence(const std::string& body) {
+    return "$" + body + "*" + NmeaInterpreter::GetChecksum(body);
+}
 
 struct FakePort : SerialPort {
     void SetSettings(const std::string& settings) override { Settings = settings; }
@@ -60,7 +62,9 @@ struct FakeTimer : Timer {
 };
 
 struct FakeDialogs : Dialogs {
-    void Message(const std::string& title, const std::string& text) override { Messages.push_back(title + "|" + text); }
+    void Message(const std::string& title, const std::string& text) override {
+        Messages.push_back(title + "|" + text);
+    }
     void MessageAndWait(const std::string& title, const std::string& text) override { Message(title, text); }
     bool AskYesNo(const std::string&, const std::string&) override { return false; }
     std::vector<std::string> Messages;
@@ -76,15 +80,17 @@ struct FakePortList : PortList {
 
 // Writes every event down as one text.
 struct EventLog : NmeaListener {
-    void Add(const std::string& name, const std::string& value = {}) { Events.push_back(value.empty() ? name : name + " " + value); }
+    void Add(const std::string& name, const std::string& value = {}) {
+        Events.push_back(value.empty() ? name : name + " " + value);
+    }
     static std::string Text(double value) {
         std::string text = std::to_string(value);
         text.erase(text.find_last_not_of('0') + 1);
         return text;
     }
 
-    void PositionReceived(const std::string& latitude, const std::string& longitude, const std::string& latraw,
-                          const std::string& longraw) override {
+    void PositionReceived(const std::string& latitude, const std::string& longitude,
+                          const std::string& latraw, const std::string& longraw) override {
         Add("Position", latitude + "|" + longitude + "|" + latraw + "|" + longraw);
     }
     void TimeChanged(const std::string& time) override { Add("Time", time); }
@@ -93,10 +99,11 @@ struct EventLog : NmeaListener {
     void SpeedReceived(const std::string& speed) override { Add("Speed", speed); }
     void FixObtained() override { Add("FixObtained"); }
     void FixLost() override { Add("FixLost"); }
-    void SatelliteReceived(std::int16_t number, std::int16_t prn, std::int16_t azimuth, std::int16_t elevation,
-                           std::int16_t snr) override {
+    void SatelliteReceived(std::int16_t number, std::int16_t prn, std::int16_t azimuth,
+                           std::int16_t elevation, std::int16_t snr) override {
         std::string text;
-        for (const int value : {number, prn, azimuth, elevation, snr}) text += (text.empty() ? "" : ",") + std::to_string(value);
+        for (const int value : {number, prn, azimuth, elevation, snr})
+            text += (text.empty() ? "" : ",") + std::to_string(value);
         Add("Satellite", text);
     }
     void HDOPReceived(double value) override { Add("HDOP", Text(value)); }

@@ -17,7 +17,7 @@ const std::string NoFixYet = Sentence("GPRMC,123519,V,,,,,,,") + "\r\n";
 const std::string Text = Sentence("GPTXT,hello") + "\r\n";
 
 class GpsLinkTest : public testing::Test, protected LinkOwner, protected NmeaListener {
-  protected:
+protected:
     GpsLinkTest() {
         Shared.ProgramFolder = Folder.Path();
         Shared.EnglishUI = 1;
@@ -104,8 +104,10 @@ TEST_F(GpsLinkTest, SpeaksBothLanguagesAndTellsWhyAPortDoesNotOpen) {
     };
     for (const Case& c : {Case{1, ErrorNumber::FileNotFound, "", "- COM 7 does not exist"},
                           Case{0, ErrorNumber::DeviceError, "busy", "- COM 7 existiert nicht"},
-                          Case{1, ErrorNumber::PermissionDenied, "dialout", "- COM 7: permission denied - join the group dialout"},
-                          Case{0, ErrorNumber::PermissionDenied, "dialout", "- COM 7: Zugriff verweigert - Gruppe beitreten: dialout"}}) {
+                          Case{1, ErrorNumber::PermissionDenied, "dialout",
+                               "- COM 7: permission denied - join the group dialout"},
+                          Case{0, ErrorNumber::PermissionDenied, "dialout",
+                               "- COM 7: Zugriff verweigert - Gruppe beitreten: dialout"}}) {
         Shared.EnglishUI = c.English;
         Port.Failure = c.Error;
         Port.FailureDetail = c.Detail;

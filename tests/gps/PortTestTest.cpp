@@ -13,7 +13,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 class PortTestTest : public testing::Test {
-  protected:
+protected:
     PortTestTest() {
         Shared.ProgramFolder = Folder.Path();
         Shared.EnglishUI = 1;
@@ -47,8 +47,9 @@ TEST_F(PortTestTest, OffersPortsUpToTwentyAndChoosesTheSavedOneIfItIsStillThere)
     Screen.Form_Activate();
     Shared.EnglishUI = 0;
     Screen.Form_Activate();
-    EXPECT_THAT(Dialogs.Messages, ElementsAre("No COM was found|No COM Port available",
-                                              "Es wurde kein COM Port gefunden|Keine COM Anschlüsse vorhanden"));
+    EXPECT_THAT(Dialogs.Messages,
+                ElementsAre("No COM was found|No COM Port available",
+                            "Es wurde kein COM Port gefunden|Keine COM Anschlüsse vorhanden"));
 }
 
 TEST_F(PortTestTest, SavesPortAndBaudRateOnlyWhenDataCame) {
@@ -93,10 +94,14 @@ TEST_F(PortTestTest, TellsOfAPortThatDoesNotOpenAndEndsTheTest) {
 
 TEST_F(PortTestTest, ShowsFixSatellitesAndPositionOnlyWithAFix) {
     Screen.cmdCheck_Click();
-    const auto rmc = [](const char* status) { return Sentence(std::string("GPRMC,,") + status + ",4807.0,N,01131.0,E,,,") + "\r\n"; };
-    const std::string satellites = Sentence("GPGGA,,,,,,1,06,,,,,,,") + "\r\n" + Sentence("GPGSV,1,1,11") + "\r\n";
+    const auto rmc = [](const char* status) {
+        return Sentence(std::string("GPRMC,,") + status + ",4807.0,N,01131.0,E,,,") + "\r\n";
+    };
+    const std::string satellites =
+        Sentence("GPGGA,,,,,,1,06,,,,,,,") + "\r\n" + Sentence("GPGSV,1,1,11") + "\r\n";
     Port.Receive(rmc("V") + satellites);
-    EXPECT_EQ(Screen.LabelStatus.Caption + Screen.lblLat + Screen.lblSatellites, "No GPS Fix---Number of satellites = -/-");
+    EXPECT_EQ(Screen.LabelStatus.Caption + Screen.lblLat + Screen.lblSatellites,
+              "No GPS Fix---Number of satellites = -/-");
     Port.Receive(rmc("A") + satellites);
     EXPECT_EQ(Screen.LabelStatus.Caption, "GPS Fix");
     EXPECT_EQ(Screen.LabelStatus.ForeColor, PortTest::Green);
@@ -105,7 +110,8 @@ TEST_F(PortTestTest, ShowsFixSatellitesAndPositionOnlyWithAFix) {
 
     Port.HangUp();
     EXPECT_EQ(Screen.lblComVerbindung.ForeColor, PortTest::Red);
-    EXPECT_EQ(Screen.LabelStatus.Caption + Screen.lblLat + Screen.lblSatellites, "No GPS Fix---Number of satellites = -/-");
+    EXPECT_EQ(Screen.LabelStatus.Caption + Screen.lblLat + Screen.lblSatellites,
+              "No GPS Fix---Number of satellites = -/-");
 }
 
 TEST_F(PortTestTest, ShowsTheFirstLineOrTheSignOfAWrongBaudRate) {

@@ -32,7 +32,8 @@ TEST(SentenceFraming, ParsesAWholeBurstOnceAndTheNextOneAlone) {
 TEST(SentenceFraming, RepeatsTheSentencesSinceTheLastDollarChunkAndJoinsTheFragment) {
     Framing at;
     const std::string third = At("000003");
-    EXPECT_THAT(at.EventsOf(At("000001") + At("000002") + third.substr(0, 9)), ElementsAre("Time 00:00:01", "Time 00:00:02"));
+    EXPECT_THAT(at.EventsOf(At("000001") + At("000002") + third.substr(0, 9)),
+                ElementsAre("Time 00:00:01", "Time 00:00:02"));
     EXPECT_THAT(at.EventsOf(third.substr(9)), ElementsAre("Time 00:00:01", "Time 00:00:02", "Time 00:00:03"));
     EXPECT_EQ(at.EventsOf("!x").size(), 3u);
 
@@ -54,7 +55,8 @@ TEST(SentenceFraming, EndsALineOnlyAtCarriageReturnAndLineFeedTogether) {
 
 TEST(SentenceFraming, CountsASentenceThatFailsAndGoesOnWithTheNext) {
     Framing at;
-    EXPECT_THAT(at.EventsOf(Sentence("GPRMC,1") + "\r\n" + At("000002")), ElementsAre("Time 1::", "Time 00:00:02"));
+    EXPECT_THAT(at.EventsOf(Sentence("GPRMC,1") + "\r\n" + At("000002")),
+                ElementsAre("Time 1::", "Time 00:00:02"));
     EXPECT_EQ(at.framing.FailedSentences(), 1u);
 }
 
@@ -80,7 +82,8 @@ TEST(SentenceFraming, StaysSmallInNoiseAndFindsTheFirstSentenceBehindIt) {
     // The line end behind the noise in one chunk, and cut between its two characters.
     for (const std::size_t cut : {0U, 1U, 2U}) {
         Framing at;
-        for (int i = 0; i < 3000; ++i) at.framing.HandleInput(std::string("\x80\r$\n\xFFz").substr(i % 3) + (i % 7 ? "" : "\r"));
+        for (int i = 0; i < 3000; ++i)
+            at.framing.HandleInput(std::string("\x80\r$\n\xFFz").substr(i % 3) + (i % 7 ? "" : "\r"));
         EXPECT_LE(at.framing.SerialBuffer().size(), SentenceFraming::LongestLine + 2 * 8);
         const std::string end = "\r\n" + after;
         at.framing.HandleInput("#" + end.substr(0, cut));

@@ -23,44 +23,47 @@ namespace {
 
 // A line with a receiver at the other end, linked as a numbered port.
 class Line {
-  public:
+public:
     explicit Line(const std::filesystem::path& portLink) : link(portLink) { PlugIn(); }
     ~Line() { HangUp(); }
     void PlugIn() {
         int slave = -1;
         char name[128];
-        if (openpty(&master, &slave, name, nullptr, nullptr) != 0) throw std::runtime_error("no pseudo-terminal");
+        if (openpty(&master, &slave, name, nullptr, nullptr) != 0)
+            throw std::runtime_error("no pseudo-terminal");
         close(slave);
         std::filesystem::create_directories(link.parent_path());
         std::filesystem::remove(link);
         std::filesystem::create_symlink(name, link);
     }
-    void Send(const std::string& bytes) { ASSERT_EQ(write(master, bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size())); }
+    void Send(const std::string& bytes) {
+        ASSERT_EQ(write(master, bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
+    }
     void HangUp() {
         if (master >= 0) close(master);
         master = -1;
     }
 
-  private:
+private:
     std::filesystem::path link;
     int master = -1;
 };
 
 // Runs an action when the first event for an object is about to be delivered.
 class BeforeFirstEvent : public QObject {
-  public:
+public:
     explicit BeforeFirstEvent(std::function<void()> before) : action(std::move(before)) {}
     bool eventFilter(QObject*, QEvent* event) override {
         if (event->type() == QEvent::MetaCall && action) std::exchange(action, nullptr)();
         return false;
     }
 
-  private:
+private:
     std::function<void()> action;
 };
 
 class QtSerialPortTest : public testing::Test {
-  protected:
+protected:
     QtSerialPortTest() {
         Port.OnEvent([this](SerialEvent event) {
             Events += event == SerialEvent::Receive ? 'R' : event == SerialEvent::Break ? 'B' : 'O';
@@ -70,10 +73,12 @@ class QtSerialPortTest : public testing::Test {
     }
 
     // Runs the event loop until it is so, five seconds at most.
-    template <typename Condition> void WaitUntil(Condition condition) {
+    template <typename Condition>
+    void WaitUntil(Condition condition) {
         QElapsedTimer since;
         since.start();
-        while (!condition() && since.elapsed() < 5000) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 100);
+        while (!condition() && since.elapsed() < 5000)
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 100);
         EXPECT_TRUE(condition());
     }
 

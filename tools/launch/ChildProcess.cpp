@@ -44,10 +44,14 @@ ChildProcess::ChildProcess(const std::filesystem::path& program, const Options& 
     const std::vector<char*> argumentPointers = Pointers(arguments);
     const std::vector<char*> environmentPointers = Pointers(environment);
 
+    int ends[2];
+    if (pipe2(ends, O_CLOEXEC) != 0) throw std::runtime_error(std::string("pipe: ") + std::strerror(errno));
+    input = ends[1];
     pid = fork();
     if (pid < 0) throw std::runtime_error(std::string("fork: ") + std::strerror(errno));
     if (pid == 0) {
         prctl(PR_SET_PDEATHSIG, SIGTERM);
+        dup2(ends[0], STDIN_FILENO);
         if (!options.Output.empty()) {
             const int file = open(options.Output.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0644);
             dup2(file, STDOUT_FILENO);
@@ -56,6 +60,7 @@ ChildProcess::ChildProcess(const std::filesystem::path& program, const Options& 
         execve(program.c_str(), argumentPointers.data(), environmentPointers.data());
         _exit(127);
     }
+    close(ends[0]);
     handle = pidfd_open(pid, 0);
     if (handle < 0) throw std::runtime_error(std::string("pidfd_open: ") + std::strerror(errno));
 }
@@ -67,10 +72,17 @@ ChildProcess::~ChildProcess() {
         WaitForEnd(std::chrono::seconds(5));
     }
     close(handle);
+    close(input);
 }
 
 void ChildProcess::Signal(int signal) const {
     if (!status) kill(pid, signal);
+}
+
+void ChildProcess::Tell(const std::string& line) const {
+    const std::string bytes = line + "\n";
+    if (write(input, bytes.data(), bytes.size()) != static_cast<ssize_t>(bytes.size()))
+        throw std::runtime_error("the program does not read: " + line);
 }
 
 std::optional<int> ChildProcess::WaitForEnd(std::chrono::milliseconds timeout) {

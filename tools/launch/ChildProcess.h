@@ -29,6 +29,8 @@ class ChildProcess {
 
     pid_t Pid() const { return pid; }
     void Signal(int signal) const;
+    // A line to its standard input.
+    void Tell(const std::string& line) const;
     // The exit status, 128 + the signal for one that was ended by a signal; empty when it still runs after the
     // given time.
     std::optional<int> WaitForEnd(std::chrono::milliseconds timeout);
@@ -39,6 +41,7 @@ class ChildProcess {
   private:
     pid_t pid = -1;
     int handle = -1; // pidfd
+    int input = -1;  // the writing end of its standard input
     std::optional<int> status;
 };
 

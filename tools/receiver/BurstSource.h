@@ -13,7 +13,7 @@ struct Burst {
 };
 
 class BurstSource {
-  public:
+public:
     virtual ~BurstSource() = default;
     // In the order of time; empty at the end.
     virtual std::optional<Burst> Next() = 0;

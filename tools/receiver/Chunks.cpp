@@ -7,23 +7,30 @@
 namespace ornivane::receiver {
 
 bool ChunkMode::Read(const std::string& text) {
-    if (text == "burst") How = Kind::Burst;
-    else if (text == "sentence") How = Kind::Sentence;
-    else if (text == "lines") How = Kind::Lines;
-    else if (text == "byte") How = Kind::Byte;
+    if (text == "burst")
+        How = Kind::Burst;
+    else if (text == "sentence")
+        How = Kind::Sentence;
+    else if (text == "lines")
+        How = Kind::Lines;
+    else if (text == "byte")
+        How = Kind::Byte;
     else if (text.starts_with("random:") && std::atoi(text.c_str() + 7) > 0) {
         How = Kind::Random;
         Longest = std::atoi(text.c_str() + 7);
-    } else return false;
+    } else
+        return false;
     return true;
 }
 
 namespace {
 
 // Each piece as long as `length` says.
-template <typename Length> std::vector<std::string> Cut(const std::string& all, Length length) {
+template <typename Length>
+std::vector<std::string> Cut(const std::string& all, Length length) {
     std::vector<std::string> chunks;
-    for (std::size_t at = 0; at < all.size(); at += chunks.back().size()) chunks.push_back(all.substr(at, length()));
+    for (std::size_t at = 0; at < all.size(); at += chunks.back().size())
+        chunks.push_back(all.substr(at, length()));
     return chunks;
 }
 
@@ -41,7 +48,8 @@ std::vector<std::string> BehindLineEnds(const std::vector<std::string>& sentence
 
 } // namespace
 
-std::vector<std::string> ChunksOf(const std::vector<std::string>& sentences, const ChunkMode& mode, std::mt19937& chance) {
+std::vector<std::string> ChunksOf(const std::vector<std::string>& sentences, const ChunkMode& mode,
+                                  std::mt19937& chance) {
     if (mode.How == ChunkMode::Kind::Sentence) return sentences;
     if (mode.How == ChunkMode::Kind::Lines) return BehindLineEnds(sentences);
     const std::string all = std::accumulate(sentences.begin(), sentences.end(), std::string());

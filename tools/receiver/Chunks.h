@@ -12,12 +12,13 @@ struct ChunkMode {
     Kind How = Kind::Burst;
     int Longest = 0; // bytes, for Random
 
-    // "burst", "sentence", "lines" (a sentence behind the line end of the one before, so that none begins with "$"),
-    // "byte", "random:N". False when it is none of them.
+    // "burst", "sentence", "lines" (a sentence behind the line end of the one before, so that none begins
+    // with "$"), "byte", "random:N". False when it is none of them.
     bool Read(const std::string& text);
 };
 
 // The bytes in order, none left out.
-std::vector<std::string> ChunksOf(const std::vector<std::string>& sentences, const ChunkMode& mode, std::mt19937& chance);
+std::vector<std::string> ChunksOf(const std::vector<std::string>& sentences, const ChunkMode& mode,
+                                  std::mt19937& chance);
 
 } // namespace ornivane::receiver

@@ -26,19 +26,23 @@ bool Faults::Command(const std::string& line, double now) {
         return true;
     }
     if (word == "chunk") return (words >> value) && Chunks.Read(value);
-    if (word == "cut") cutting = true;
-    else if (word == "quit") quit = true;
+    if (word == "cut")
+        cutting = true;
+    else if (word == "quit")
+        quit = true;
     else if (word == "resume") {
         hungUpUntil = silentUntil = noisyUntil = withoutFixUntil = 0;
         cutting = false;
-    } else return false;
+    } else
+        return false;
     return true;
 }
 
 bool Faults::At(double seconds, const std::string& line) {
     if (!Faults(*this).Command(line, 0)) return false;
     scheduled.push_back({seconds, line});
-    std::stable_sort(scheduled.begin(), scheduled.end(), [](const auto& a, const auto& b) { return a.Seconds < b.Seconds; });
+    std::stable_sort(scheduled.begin(), scheduled.end(),
+                     [](const auto& a, const auto& b) { return a.Seconds < b.Seconds; });
     return true;
 }
 
@@ -51,7 +55,8 @@ void Faults::Advance(double now) {
     }
 }
 
-std::vector<std::string> Faults::Apply(std::vector<std::string> sentences, double now, std::mt19937& chance) const {
+std::vector<std::string> Faults::Apply(std::vector<std::string> sentences, double now,
+                                       std::mt19937& chance) const {
     if (HungUp(now) || Silent(now) || Noisy(now) || sentences.empty()) return {};
     if (WithoutFix(now))
         for (std::string& sentence : sentences) sentence = receiver::WithoutFix(sentence);

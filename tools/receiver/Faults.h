@@ -8,11 +8,12 @@
 
 namespace ornivane::receiver {
 
-// What goes wrong with the line, by command and by the clock. Times are seconds since the start, given by the caller.
+// What goes wrong with the line, by command and by the clock. Times are seconds since the start, given by the
+// caller.
 class Faults {
-  public:
-    // "hangup S", "silence S", "noise S", "nofix S" (S seconds), "cut", "chunk MODE", "resume" (all faults end),
-    // "quit". False when it is none of them; nothing changes then.
+public:
+    // "hangup S", "silence S", "noise S", "nofix S" (S seconds), "cut", "chunk MODE", "resume" (all faults
+    // end), "quit". False when it is none of them; nothing changes then.
     bool Command(const std::string& line, double now);
     // A command for later. False when it is none.
     bool At(double seconds, const std::string& line);
@@ -27,9 +28,10 @@ class Faults {
     ChunkMode Chunks;
 
     // The sentences as the faults of this moment leave them; without any when nothing is sent.
-    std::vector<std::string> Apply(std::vector<std::string> sentences, double now, std::mt19937& chance) const;
+    std::vector<std::string> Apply(std::vector<std::string> sentences, double now,
+                                   std::mt19937& chance) const;
 
-  private:
+private:
     double* SpanOf(const std::string& word);
 
     struct Scheduled {

@@ -57,7 +57,7 @@ Flight::Flight(std::vector<FlightPoint> flightPoints, const FlightSettings& flig
     state.AltitudeFeet = settings.GroundFeet;
     if (points.size() < 2) return;
     const double north = points[1].Lat - state.Lat;
-    const double east = (points[1].Long - state.Long) * std::cos(Radians(state.Lat));
+    const double east = std::remainder(points[1].Long - state.Long, 360) * std::cos(Radians(state.Lat));
     state.TrackDegrees = std::fmod(Degrees(std::atan2(east, north)) + 360, 360);
 }
 
@@ -72,7 +72,7 @@ void Flight::StepOnce(double seconds) {
     if (points.size() < 2 || state.Ended) return;
     const double shrink = std::cos(Radians(state.Lat));
     const double north = (points[next].Lat - state.Lat) / DegreesPerNauticalMile;
-    const double east = (points[next].Long - state.Long) * shrink / DegreesPerNauticalMile;
+    const double east = std::remainder(points[next].Long - state.Long, 360) * shrink / DegreesPerNauticalMile;
     const double distance = std::hypot(north, east);
     const double bearing = Degrees(std::atan2(east, north));
 
@@ -101,10 +101,12 @@ void Flight::ChangeAltitude(double distance, double seconds) {
         (state.AltitudeFeet - settings.GroundFeet) / settings.DescentFeetPerMinute / 60 * settings.SpeedKnots;
     descending = descending || (OnLastLeg() && distance <= descentMiles);
     if (descending) {
-        state.AltitudeFeet = std::max(settings.GroundFeet, state.AltitudeFeet - settings.DescentFeetPerMinute / 60 * seconds);
+        state.AltitudeFeet =
+            std::max(settings.GroundFeet, state.AltitudeFeet - settings.DescentFeetPerMinute / 60 * seconds);
         landed = OnGround();
     } else {
-        state.AltitudeFeet = std::min(settings.AltitudeFeet, state.AltitudeFeet + settings.ClimbFeetPerMinute / 60 * seconds);
+        state.AltitudeFeet =
+            std::min(settings.AltitudeFeet, state.AltitudeFeet + settings.ClimbFeetPerMinute / 60 * seconds);
     }
 }
 

@@ -11,8 +11,9 @@ struct FlightPoint {
     double Lat = 0, Long = 0; // decimal degrees, north and east positive
 };
 
-// One point a line: name, latitude and longitude in decimal degrees, between blanks; the name may hold blanks. What
-// follows a "#" is a comment. Throws std::runtime_error with the line's number when a line is anything else.
+// One point a line: name, latitude and longitude in decimal degrees, between blanks; the name may hold
+// blanks. What follows a "#" is a comment. Throws std::runtime_error with the line's number when a line is
+// anything else.
 std::vector<FlightPoint> ReadPoints(std::istream& in);
 
 struct FlightSettings {
@@ -26,10 +27,10 @@ struct FlightSettings {
     bool Loop = false;       // from the last point to the first, without landing
 };
 
-// An aeroplane that flies from point to point without wind: rolls and takes off at the first, turns at the standard
-// rate over each, descends towards the last and rolls out behind it.
+// An aeroplane that flies from point to point without wind: rolls and takes off at the first, turns at the
+// standard rate over each, descends towards the last and rolls out behind it.
 class Flight {
-  public:
+public:
     struct State {
         double Lat = 0, Long = 0;
         double SpeedKnots = 0;
@@ -45,7 +46,7 @@ class Flight {
     const State& Now() const { return state; }
     std::size_t NextPoint() const { return next; }
 
-  private:
+private:
     void StepOnce(double seconds);
     void Steer(double bearing, double seconds);
     void ChangeSpeed(double seconds);

@@ -9,11 +9,12 @@ namespace ornivane::receiver {
 
 // A flight as its receiver tells it, once a second.
 class FlightSource : public BurstSource {
-  public:
-    FlightSource(Flight theFlight, std::chrono::sys_seconds startTime) : flight(std::move(theFlight)), start(startTime) {}
+public:
+    FlightSource(Flight theFlight, std::chrono::sys_seconds startTime)
+        : flight(std::move(theFlight)), start(startTime) {}
     std::optional<Burst> Next() override;
 
-  private:
+private:
     Flight flight;
     std::chrono::sys_seconds start;
     int second = 0;

@@ -65,9 +65,11 @@ double AboveZero(const std::string& text) {
 std::chrono::sys_seconds UtcTime(const std::string& text) {
     using namespace std::chrono;
     int y = 0, mo = 0, d = 0, h = 0, mi = 0, s = 0;
-    if (std::sscanf(text.c_str(), "%d-%d-%d%*[T ]%d:%d:%d", &y, &mo, &d, &h, &mi, &s) != 6) throw std::invalid_argument(text);
+    if (std::sscanf(text.c_str(), "%d-%d-%d%*[T ]%d:%d:%d", &y, &mo, &d, &h, &mi, &s) != 6)
+        throw std::invalid_argument(text);
     const year_month_day date{year(y), month(static_cast<unsigned>(mo)), day(static_cast<unsigned>(d))};
-    if (!date.ok() || h < 0 || h > 23 || mi < 0 || mi > 59 || s < 0 || s > 59) throw std::invalid_argument(text);
+    if (!date.ok() || h < 0 || h > 23 || mi < 0 || mi > 59 || s < 0 || s > 59)
+        throw std::invalid_argument(text);
     return sys_days(date) + hours(h) + minutes(mi) + seconds(s);
 }
 
@@ -127,7 +129,10 @@ Options ReadOptions(const std::vector<std::string>& arguments) {
         }
     }
     options.Flight.Loop = options.Loop;
-    if (!options.Help && options.Play.empty() == options.Fly.empty()) throw std::runtime_error("one of --fly and --play; --help tells all");
+    if (options.Flight.AltitudeFeet <= options.Flight.GroundFeet)
+        throw std::runtime_error("--altitude must be above --ground");
+    if (!options.Help && options.Play.empty() == options.Fly.empty())
+        throw std::runtime_error("one of --fly and --play; --help tells all");
     return options;
 }
 

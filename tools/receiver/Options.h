@@ -12,12 +12,12 @@
 namespace ornivane::receiver {
 
 struct Options {
-    std::filesystem::path Play, Fly;  // one of the two
-    std::filesystem::path Write;      // a file instead of a line
+    std::filesystem::path Play, Fly; // one of the two
+    std::filesystem::path Write;     // a file instead of a line
     std::filesystem::path Link, Fifo;
-    double Pace = 1;                  // times as fast as a real receiver
-    int Baud = 0;                     // 0: as fast as the line takes it
-    double Gap = 10;                  // ms between the chunks of a burst, at most
+    double Pace = 1; // times as fast as a real receiver
+    int Baud = 0;    // 0: as fast as the line takes it
+    double Gap = 10; // ms between the chunks of a burst, at most
     std::string Chunk = "burst";
     std::vector<std::pair<double, std::string>> At; // seconds and command
     std::optional<double> For;                      // seconds of the recording or flight

@@ -35,8 +35,10 @@ std::optional<double> TimeIn(const std::string& sentence) {
     for (const TimeField& kind : TimeFields) {
         if (std::string_view(sentence).substr(3, 3) != kind.Kind) continue;
         const std::string field(FieldOf(sentence, kind.Field));
-        if (field.size() < 6 || field.find_first_not_of("0123456789.") != std::string::npos) return std::nullopt;
-        return std::stod(field.substr(0, 2)) * 3600 + std::stod(field.substr(2, 2)) * 60 + std::stod(field.substr(4));
+        if (field.size() < 6 || field.find_first_not_of("0123456789.") != std::string::npos)
+            return std::nullopt;
+        return std::stod(field.substr(0, 2)) * 3600 + std::stod(field.substr(2, 2)) * 60 +
+               std::stod(field.substr(4));
     }
     return std::nullopt;
 }
@@ -47,7 +49,8 @@ Playback::Playback(std::istream& in, bool again) : loop(again) {
         line.erase(line.find_last_not_of(" \r\n") + 1);
         if (line.starts_with('$') || line.starts_with('!')) sentences.push_back(line + "\r\n");
     }
-    const bool timed = std::any_of(sentences.begin(), sentences.end(), [](const auto& sentence) { return TimeIn(sentence); });
+    const bool timed = std::any_of(sentences.begin(), sentences.end(),
+                                   [](const auto& sentence) { return TimeIn(sentence); });
     for (const std::string& sentence : sentences) {
         if (bursts.empty()) bursts.emplace_back();
         if (timed)
@@ -75,7 +78,9 @@ void Playback::AddByTime(const std::string& sentence) {
 }
 
 void Playback::AddByKind(const std::string& sentence) {
-    const auto kind = [](const std::string& text) { return std::string_view(text).substr(0, text.find(',')); };
+    const auto kind = [](const std::string& text) {
+        return std::string_view(text).substr(0, text.find(','));
+    };
     const auto& burst = bursts.back().Sentences;
     if (!burst.empty() && kind(burst.front()) == kind(sentence)) NewBurst(1);
     bursts.back().Sentences.push_back(sentence);

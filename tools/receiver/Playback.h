@@ -6,16 +6,16 @@
 
 namespace ornivane::receiver {
 
-// A recorded receiver. Sentences with the same time make a burst, and the times tell when it is due. A recording
-// without times has a burst each second: from one sentence of the kind it begins with to the next.
+// A recorded receiver. Sentences with the same time make a burst, and the times tell when it is due. A
+// recording without times has a burst each second: from one sentence of the kind it begins with to the next.
 class Playback : public BurstSource {
-  public:
-    // Lines that begin with "$" or "!" are sentences; all others (headers, comments) are left out. Each gets the
-    // line end of a receiver, whatever the file has. With `loop` it never ends.
+public:
+    // Lines that begin with "$" or "!" are sentences; all others (headers, comments) are left out. Each gets
+    // the line end of a receiver, whatever the file has. With `loop` it never ends.
     Playback(std::istream& in, bool loop);
     std::optional<Burst> Next() override;
 
-  private:
+private:
     void AddByTime(const std::string& sentence);
     void AddByKind(const std::string& sentence);
     void NewBurst(double secondsLater);
@@ -23,7 +23,7 @@ class Playback : public BurstSource {
     std::vector<Burst> bursts;
     std::size_t at = 0;
     bool loop;
-    double loopStart = 0;          // seconds of the loops before this one
+    double loopStart = 0;           // seconds of the loops before this one
     std::optional<double> lastTime; // second of the day
 };
 

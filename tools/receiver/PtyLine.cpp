@@ -14,15 +14,17 @@ namespace {
 
 constexpr int LongestWait = 1000; // ms
 
-[[noreturn]] void Fail(const std::string& what) { throw std::system_error(errno, std::generic_category(), what); }
+[[noreturn]] void Fail(const std::string& what) {
+    throw std::system_error(errno, std::generic_category(), what);
+}
 
 short EventsOf(int descriptor, short wanted, int milliseconds) {
     pollfd entry{descriptor, wanted, 0};
     return poll(&entry, 1, milliseconds) > 0 ? entry.revents : short{0};
 }
 
-// Raw from the beginning, or the line would echo back what comes before anybody opens it. The slave is closed again:
-// from then on the master reports a hang-up while nobody has it open.
+// Raw from the beginning, or the line would echo back what comes before anybody opens it. The slave is closed
+// again: from then on the master reports a hang-up while nobody has it open.
 void MakeRaw(const std::string& device) {
     const int slave = open(device.c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC);
     if (slave < 0) Fail(device);
@@ -42,7 +44,8 @@ PtyLine::~PtyLine() {
     HangUp();
     std::error_code error;
     // Another receiver may have taken the name meanwhile.
-    if (!link.empty() && std::filesystem::read_symlink(link, error) == device) std::filesystem::remove(link, error);
+    if (!link.empty() && std::filesystem::read_symlink(link, error) == device)
+        std::filesystem::remove(link, error);
 }
 
 void PtyLine::PlugIn() {
@@ -59,7 +62,8 @@ void PtyLine::PlugIn() {
 // Made beside and renamed: at no moment is the name gone or half.
 void PtyLine::Link() const {
     if (link.has_parent_path()) std::filesystem::create_directories(link.parent_path());
-    if (std::filesystem::exists(std::filesystem::symlink_status(link)) && !std::filesystem::is_symlink(link)) {
+    if (std::filesystem::exists(std::filesystem::symlink_status(link)) &&
+        !std::filesystem::is_symlink(link)) {
         errno = EEXIST;
         Fail(link.string() + " is no link");
     }
@@ -91,7 +95,8 @@ void PtyLine::Write(const std::string& bytes) {
 
 void PtyLine::Drain() {
     char bytes[256];
-    while (PluggedIn() && read(master, bytes, sizeof bytes) > 0) {}
+    while (PluggedIn() && read(master, bytes, sizeof bytes) > 0) {
+    }
 }
 
 } // namespace ornivane::receiver

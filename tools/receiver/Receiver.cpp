@@ -33,13 +33,16 @@ void WriteAll(BurstSource& source, Faults& faults, const Options& options, std::
         if (options.For && burst->Seconds > *options.For) return;
         faults.Advance(burst->Seconds);
         if (faults.Quit()) return;
-        if (faults.Noisy(burst->Seconds)) out << Noise(static_cast<std::size_t>(DefaultNoiseBaud / BitsPerByte), chance);
-        for (const std::string& sentence : faults.Apply(burst->Sentences, burst->Seconds, chance)) out << sentence;
+        if (faults.Noisy(burst->Seconds))
+            out << Noise(static_cast<std::size_t>(DefaultNoiseBaud / BitsPerByte), chance);
+        for (const std::string& sentence : faults.Apply(burst->Sentences, burst->Seconds, chance))
+            out << sentence;
     }
 }
 
 Receiver::Receiver(BurstSource& burstSource, Faults& lineFaults, const Options& receiverOptions)
-    : source(burstSource), faults(lineFaults), options(receiverOptions), line(options.Link), chance(options.Seed) {
+    : source(burstSource), faults(lineFaults), options(receiverOptions), line(options.Link),
+      chance(options.Seed) {
     inputs.push_back({STDIN_FILENO, true, {}});
     if (!options.Fifo.empty()) OpenFifo();
 }
@@ -110,7 +113,8 @@ void Receiver::TakeBurst(double now) {
             if (chunk.empty()) continue;
             sent += chunk.size();
             // A chunk has arrived when its last byte has.
-            if (options.Baud > 0) due = std::max(due, begin + static_cast<double>(sent) * BitsPerByte / options.Baud);
+            if (options.Baud > 0)
+                due = std::max(due, begin + static_cast<double>(sent) * BitsPerByte / options.Baud);
             pieces.push_back({due, chunk});
             due += gap;
         }
@@ -158,14 +162,15 @@ void Receiver::ReadCommands(CommandInput& input, double now) {
     char bytes[512];
     const ssize_t count = read(input.Descriptor, bytes, sizeof bytes);
     if (count <= 0) {
-        if (input.EndsAtEof && errno != EINTR) input.Descriptor = -1;
+        if (input.EndsAtEof && (count == 0 || errno != EINTR)) input.Descriptor = -1;
         return;
     }
     input.Line.append(bytes, static_cast<std::size_t>(count));
     for (auto end = input.Line.find('\n'); end != std::string::npos; end = input.Line.find('\n')) {
         const std::string command = input.Line.substr(0, end);
         input.Line.erase(0, end + 1);
-        if (!command.empty() && !faults.Command(command, now)) std::cerr << "not understood: " << command << std::endl;
+        if (!command.empty() && !faults.Command(command, now))
+            std::cerr << "not understood: " << command << std::endl;
     }
 }
 

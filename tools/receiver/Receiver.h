@@ -19,12 +19,12 @@ void WriteAll(BurstSource& source, Faults& faults, const Options& options, std::
 
 // A receiver at its line, in real time: sends the bursts when they are due and hears commands.
 class Receiver {
-  public:
+public:
     Receiver(BurstSource& source, Faults& faults, const Options& options);
     // Until the end of the source, "quit" or a signal to end.
     void Run();
 
-  private:
+private:
     // A descriptor that commands come in by.
     struct CommandInput {
         int Descriptor;

@@ -22,7 +22,8 @@ constexpr std::array<Satellite, 10> Sky{{{2, 45, 120, 42},
                                          {24, 28, 20, 35},
                                          {26, 8, 190, 0}}};
 
-template <typename... Values> std::string Printed(const char* picture, Values... values) {
+template <typename... Values>
+std::string Printed(const char* picture, Values... values) {
     char text[128];
     std::snprintf(text, sizeof text, picture, values...);
     return text;
@@ -32,11 +33,13 @@ template <typename... Values> std::string Printed(const char* picture, Values...
 std::string Coordinate(double degrees, int degreeDigits) {
     const long long parts = std::llround(std::fabs(degrees) * 60 * 10'000);
     const long long perDegree = 60LL * 10'000;
-    return Printed("%0*lld%02lld.%04lld", degreeDigits, parts / perDegree, parts % perDegree / 10'000, parts % 10'000);
+    return Printed("%0*lld%02lld.%04lld", degreeDigits, parts / perDegree, parts % perDegree / 10'000,
+                   parts % 10'000);
 }
 
 std::string Position(const Fix& fix) {
-    return Coordinate(fix.Lat, 2) + (fix.Lat < 0 ? ",S," : ",N,") + Coordinate(fix.Long, 3) + (fix.Long < 0 ? ",W" : ",E");
+    return Coordinate(fix.Lat, 2) + (fix.Lat < 0 ? ",S," : ",N,") + Coordinate(fix.Long, 3) +
+           (fix.Long < 0 ? ",W" : ",E");
 }
 
 std::string SatellitesInUse() {
@@ -80,7 +83,8 @@ struct FixField {
     const char* NoFix;
     std::size_t EmptyFrom, EmptyTo;
 };
-constexpr std::array<FixField, 4> FixFields{{{"GGA", 6, "0", 2, 5}, {"GSA", 2, "1", 3, 14}, {"RMC", 2, "V", 3, 8}, {"GLL", 6, "V", 1, 4}}};
+constexpr std::array<FixField, 4> FixFields{
+    {{"GGA", 6, "0", 2, 5}, {"GSA", 2, "1", 3, 14}, {"RMC", 2, "V", 3, 8}, {"GLL", 6, "V", 1, 4}}};
 
 } // namespace
 
@@ -94,18 +98,22 @@ std::vector<std::string> SentencesOf(const Fix& fix) {
     const auto day = std::chrono::floor<std::chrono::days>(fix.Time);
     const std::chrono::year_month_day date(day);
     const std::chrono::hh_mm_ss clock(fix.Time - day);
-    const std::string time = Printed("%02d%02d%02d.00", static_cast<int>(clock.hours().count()),
-                                     static_cast<int>(clock.minutes().count()), static_cast<int>(clock.seconds().count()));
-    const std::string dateText = Printed("%02u%02u%02d", static_cast<unsigned>(date.day()), static_cast<unsigned>(date.month()),
-                                         static_cast<int>(date.year()) % 100);
+    const std::string time =
+        Printed("%02d%02d%02d.00", static_cast<int>(clock.hours().count()),
+                static_cast<int>(clock.minutes().count()), static_cast<int>(clock.seconds().count()));
+    const std::string dateText =
+        Printed("%02u%02u%02d", static_cast<unsigned>(date.day()), static_cast<unsigned>(date.month()),
+                static_cast<int>(date.year()) % 100);
     const std::string position = Position(fix);
 
     std::vector<std::string> sentences;
-    sentences.push_back(Sentence("GPGGA," + time + "," + position + Printed(",1,09,0.9,%.1f,M,47.0,M,,", fix.AltitudeMetres)));
+    sentences.push_back(Sentence("GPGGA," + time + "," + position +
+                                 Printed(",1,09,0.9,%.1f,M,47.0,M,,", fix.AltitudeMetres)));
     sentences.push_back(Sentence("GPGSA,A,3" + SatellitesInUse() + ",1.8,0.9,1.5"));
     AddSatellitesInView(sentences);
-    sentences.push_back(Sentence("GPRMC," + time + ",A," + position + Printed(",%.1f,%05.1f,", fix.SpeedKnots, fix.TrackDegrees) +
-                                 dateText + ",1.2,E"));
+    sentences.push_back(Sentence("GPRMC," + time + ",A," + position +
+                                 Printed(",%.1f,%05.1f,", fix.SpeedKnots, fix.TrackDegrees) + dateText +
+                                 ",1.2,E"));
     sentences.push_back(Sentence("GPGLL," + position + "," + time + ",A"));
     return sentences;
 }
@@ -114,7 +122,8 @@ std::string WithoutFix(const std::string& sentence) {
     if (sentence.size() < 6 || sentence.front() != '$') return sentence;
     for (const FixField& kind : FixFields) {
         if (std::string_view(sentence).substr(3, 3) != kind.Kind) continue;
-        std::vector<std::string> fields = Fields(std::string_view(sentence).substr(1, sentence.find('*') - 1));
+        std::vector<std::string> fields =
+            Fields(std::string_view(sentence).substr(1, sentence.find('*') - 1));
         if (fields.size() <= kind.Field) return sentence;
         for (std::size_t i = kind.EmptyFrom; i <= kind.EmptyTo && i < fields.size(); ++i) fields[i].clear();
         fields[kind.Field] = kind.NoFix;

@@ -22,8 +22,8 @@ std::string Sentence(std::string_view body);
 // The sentences of one second: GGA, GSA, three GSV, RMC and GLL.
 std::vector<std::string> SentencesOf(const Fix& fix);
 
-// The sentence as the same receiver would say it without a fix: status and quality tell so, position, speed, track
-// and altitude are empty. What does not speak of a fix is returned as it is.
+// The sentence as the same receiver would say it without a fix: status and quality tell so, position, speed,
+// track and altitude are empty. What does not speak of a fix is returned as it is.
 std::string WithoutFix(const std::string& sentence);
 
 } // namespace ornivane::receiver

@@ -19,13 +19,15 @@ std::unique_ptr<BurstSource> SourceFor(const Options& options) {
     if (!in) throw std::runtime_error("cannot read " + file.string());
     if (!options.Play.empty()) return std::make_unique<Playback>(in, options.Loop);
     const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
-    return std::make_unique<FlightSource>(Flight(ReadPoints(in), options.Flight), options.Start.value_or(now));
+    return std::make_unique<FlightSource>(Flight(ReadPoints(in), options.Flight),
+                                          options.Start.value_or(now));
 }
 
 void Run(const Options& options) {
     const auto source = SourceFor(options);
     Faults faults;
-    if (!faults.Chunks.Read(options.Chunk)) throw std::runtime_error("--chunk: no such mode: " + options.Chunk);
+    if (!faults.Chunks.Read(options.Chunk))
+        throw std::runtime_error("--chunk: no such mode: " + options.Chunk);
     for (const auto& [seconds, command] : options.At)
         if (!faults.At(seconds, command)) throw std::runtime_error("--at: not understood: " + command);
     if (options.Write.empty()) {

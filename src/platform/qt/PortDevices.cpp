@@ -20,7 +20,8 @@ std::optional<std::filesystem::path> PortDevices::DeviceOf(int number) const {
     if (!fs::exists(fs::symlink_status(path, error))) {
         if (number < 1 || number > static_cast<int>(Families.size()) * PerFamily) return std::nullopt;
         const int index = number - 1;
-        path = fs::path("/dev") / (std::string(Families[static_cast<std::size_t>(index / PerFamily)]) + std::to_string(index % PerFamily));
+        path = fs::path("/dev") / (std::string(Families[static_cast<std::size_t>(index / PerFamily)]) +
+                                   std::to_string(index % PerFamily));
     }
     const fs::path device = fs::canonical(path, error);
     if (error) return std::nullopt;

@@ -14,7 +14,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// The system makes the names ttyS0 to ttyS3 whether or not there is a chip behind them; one without has type 0.
+// The system makes the names ttyS0 to ttyS3 whether or not there is a chip behind them; one without has type
+// 0.
 bool IsRealUart(const fs::path& entry) {
     std::ifstream file(entry / "type");
     int type = 0;

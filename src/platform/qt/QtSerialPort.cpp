@@ -18,7 +18,8 @@ namespace {
 // The group that may read and write the device; empty when there is none, or when it is no group to join.
 std::string GroupToJoin(const std::filesystem::path& device) {
     struct stat status {};
-    if (stat(device.c_str(), &status) != 0 || (status.st_mode & S_IRGRP) == 0 || status.st_gid == 0) return {};
+    if (stat(device.c_str(), &status) != 0 || (status.st_mode & S_IRGRP) == 0 || status.st_gid == 0)
+        return {};
     const struct group* owner = getgrgid(status.st_gid);
     return owner == nullptr ? std::string() : owner->gr_name;
 }
@@ -42,9 +43,13 @@ void QtSerialPort::SetSettings(const std::string& newSettings) {
 // Baud rate, parity, data bits, stop bits. No handshaking; what is not understood stays at n, 8, 1.
 void QtSerialPort::ApplySettings() {
     const std::vector<std::string> words = Split(settings, ",");
-    const auto word = [&](std::size_t i) { return i < words.size() ? QString::fromStdString(words[i]) : QString(); };
+    const auto word = [&](std::size_t i) {
+        return i < words.size() ? QString::fromStdString(words[i]) : QString();
+    };
     if (const int baud = word(0).toInt(); baud > 0) port.setBaudRate(baud);
-    port.setParity(word(1) == "e" ? QSerialPort::EvenParity : word(1) == "o" ? QSerialPort::OddParity : QSerialPort::NoParity);
+    port.setParity(word(1) == "e"   ? QSerialPort::EvenParity
+                   : word(1) == "o" ? QSerialPort::OddParity
+                                    : QSerialPort::NoParity);
     port.setDataBits(word(2) == "7" ? QSerialPort::Data7 : QSerialPort::Data8);
     port.setStopBits(word(3) == "2" ? QSerialPort::TwoStop : QSerialPort::OneStop);
     port.setFlowControl(QSerialPort::NoFlowControl);
@@ -63,7 +68,8 @@ void QtSerialPort::Open(int number) {
 
 void QtSerialPort::ThrowOpenError(const std::filesystem::path& device) const {
     const QSerialPort::SerialPortError error = port.error();
-    if (error == QSerialPort::DeviceNotFoundError) throw RuntimeError(ErrorNumber::FileNotFound, device.string());
+    if (error == QSerialPort::DeviceNotFoundError)
+        throw RuntimeError(ErrorNumber::FileNotFound, device.string());
     // QSerialPort calls it a permission error as well when another program holds the device.
     if (error == QSerialPort::PermissionError && access(device.c_str(), R_OK) != 0)
         throw RuntimeError(ErrorNumber::PermissionDenied, GroupToJoin(device));
@@ -114,8 +120,8 @@ void QtSerialPort::Tell(SerialEvent event) {
         Qt::QueuedConnection);
 }
 
-// How often the line was held in the break state since the machine started; 0 where the device cannot tell. A break
-// always comes with a byte, so looking whenever bytes come is enough.
+// How often the line was held in the break state since the machine started; 0 where the device cannot tell. A
+// break always comes with a byte, so looking whenever bytes come is enough.
 unsigned QtSerialPort::BreakCount() const {
     struct serial_icounter_struct counters {};
     if (!port.isOpen() || ioctl(port.handle(), TIOCGICOUNT, &counters) != 0) return 0;
