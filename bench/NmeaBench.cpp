@@ -96,5 +96,3 @@ BENCHMARK(SecondOfNoise)->Unit(benchmark::kMillisecond);
 
 } // namespace
 } // namespace ornivane
-
-BENCHMARK_MAIN();

@@ -10,7 +10,8 @@ struct ModeTexts {
 };
 
 constexpr std::array<ModeTexts, AllModes.size()> Texts{{
-    {{"Flug", "Flight"}, {"Flugbildschirm mit bewegter Karte (F1)", "Flying screen with the moving map (F1)"}},
+    {{"Flug", "Flight"},
+     {"Flugbildschirm mit bewegter Karte (F1)", "Flying screen with the moving map (F1)"}},
     {{"Planung", "Plan Mode"}, {"Wegpunkte und Strecken planen (F2)", "Plan waypoints and routes (F2)"}},
     {{"Einstellungen", "Settings"},
      {"GPS-Anschluss, Sprache und Aufzeichnung einstellen (F3)", "Set GPS port, language and logging (F3)"}},

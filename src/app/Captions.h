@@ -41,7 +41,8 @@ inline constexpr Bilingual Airspace{"Luftraumanzeige", "Airspace View"};
 inline constexpr Bilingual AirspaceTip{"Wählen, welche Lufträume die Planungskarte zeigt",
                                        "Choose which airspaces the planning map shows"};
 inline constexpr Bilingual About{"Über Ornivane GPS", "About Ornivane GPS"};
-inline constexpr Bilingual AboutTip{"Version und Herkunft des Programms", "Version and origin of the program"};
+inline constexpr Bilingual AboutTip{"Version und Herkunft des Programms",
+                                    "Version and origin of the program"};
 inline constexpr Bilingual Menu{"Menü", "Menu"};
 inline constexpr Bilingual MenuTip{"Strecken austauschen, Luftraumanzeige, Über das Programm (F10)",
                                    "Exchange routes, airspace view, about the program (F10)"};

@@ -30,9 +30,7 @@ QToolButton* ToolbarButton(const QString& name) {
     button->setMinimumHeight(ButtonHeight);
     button->setToolButtonStyle(Qt::ToolButtonTextOnly);
     button->setFocusPolicy(Qt::TabFocus);
-    QFont font = button->font();
-    font.setPointSizeF(font.pointSizeF() * 1.25);
-    button->setFont(font);
+    button->setStyleSheet("font-size: 18px");
     return button;
 }
 
@@ -40,7 +38,8 @@ QToolButton* ToolbarButton(const QString& name) {
 
 MainForm::MainForm(Variablen& variablenOf, Services servicesOf)
     : variablen(variablenOf), services(std::move(servicesOf)),
-      screens({services.MakeScreen, [this](Screen* screen) {
+      screens({services.MakeScreen,
+               [this](Screen* screen) {
                    if (stack->indexOf(screen) < 0) stack->addWidget(screen);
                    stack->setCurrentWidget(screen);
                },
@@ -77,7 +76,8 @@ void MainForm::MakeToolbar() {
         // Numbered as the places of the toolbar are, separators included.
         QToolButton* button = ToolbarButton(QString("button%1").arg(2 * number - 1));
         button->setCheckable(true);
-        connect(button, &QToolButton::clicked, this, [this, button] { toolMain_ButtonClick(button->text()); });
+        connect(button, &QToolButton::clicked, this,
+                [this, button] { toolMain_ButtonClick(button->text()); });
         auto* key = new QShortcut(QKeySequence(Qt::Key_F1 + number - 1), this);
         connect(key, &QShortcut::activated, button, &QToolButton::click);
         toolMain->addWidget(button);
@@ -93,7 +93,8 @@ void MainForm::MakeToolbar() {
     connect(cmdNight, &QToolButton::toggled, this, [this](bool night) {
         if (services.SetNight) services.SetNight(night);
     });
-    connect(new QShortcut(QKeySequence(Qt::Key_F9), this), &QShortcut::activated, cmdNight, &QToolButton::click);
+    connect(new QShortcut(QKeySequence(Qt::Key_F9), this), &QShortcut::activated, cmdNight,
+            &QToolButton::click);
     toolMain->addWidget(cmdNight);
 }
 
@@ -111,7 +112,8 @@ void MainForm::MakeMenu() {
     cmdMenu = ToolbarButton("cmdMenu");
     cmdMenu->setPopupMode(QToolButton::InstantPopup);
     cmdMenu->setMenu(menu);
-    connect(new QShortcut(QKeySequence(Qt::Key_F10), this), &QShortcut::activated, cmdMenu, &QToolButton::showMenu);
+    connect(new QShortcut(QKeySequence(Qt::Key_F10), this), &QShortcut::activated, cmdMenu,
+            &QToolButton::showMenu);
     toolMain->addWidget(cmdMenu);
 }
 
@@ -203,8 +205,9 @@ void MainForm::mnuExport_Click() {
 }
 
 void MainForm::mnuImport_Click() {
-    ShowDialogPlaceholder("frmImport", captions::Import,
-                          {"Hier wird eine Strecke aus einer Datei übernommen.", "Here a route is taken from a file."});
+    ShowDialogPlaceholder(
+        "frmImport", captions::Import,
+        {"Hier wird eine Strecke aus einer Datei übernommen.", "Here a route is taken from a file."});
 }
 
 void MainForm::mnuLuftEin_Click() {
@@ -214,8 +217,9 @@ void MainForm::mnuLuftEin_Click() {
 }
 
 void MainForm::mnuabout_Click() {
-    ShowDialogPlaceholder("frmAbout", captions::About,
-                          {"Hier stehen Version, Änderungen und Verweise.", "Here are version, changes and links."});
+    ShowDialogPlaceholder(
+        "frmAbout", captions::About,
+        {"Hier stehen Version, Änderungen und Verweise.", "Here are version, changes and links."});
 }
 
 void MainForm::mnuUpdate_Click() {

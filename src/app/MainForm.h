@@ -21,7 +21,7 @@ namespace ornivane {
 // The main window, "Main": toolbar, small menu, the screens, and the notice at the bottom.
 class MainForm : public QMainWindow, private Hints {
     Q_OBJECT
-  public:
+public:
     // What the window needs of the system, and how its screens are made.
     struct Services {
         Dialogs* Boxes = nullptr;
@@ -44,10 +44,10 @@ class MainForm : public QMainWindow, private Hints {
     // Saves and ends the program; the second call does nothing.
     void QueryUnload();
 
-  protected:
+protected:
     void closeEvent(QCloseEvent* event) override;
 
-  private:
+private:
     void MakeToolbar();
     void MakeMenu();
     QAction* AddEntry(const char* name, void (MainForm::*handler)());

@@ -10,10 +10,10 @@
 
 namespace ornivane {
 
-// Which screen is in front. A screen is made when it is first shown and then kept. Its owner is the window that
-// it is put into.
+// Which screen is in front. A screen is made when it is first shown and then kept. Its owner is the window
+// that it is put into.
 class ScreenSwitch {
-  public:
+public:
     struct Window {
         std::function<Screen*(Mode)> Make;
         std::function<void(Screen*)> BringToFront;
@@ -33,7 +33,7 @@ class ScreenSwitch {
     // the others from it.
     void UnloadAll();
 
-  private:
+private:
     Screen* Made(Mode mode);
 
     Window window;

@@ -11,13 +11,15 @@ namespace {
 
 // 0 for what no 16-bit number can hold: the file comes from outside and may say anything.
 std::int16_t Int16OrZero(int value) {
-    const bool fits =
-        value >= std::numeric_limits<std::int16_t>::min() && value <= std::numeric_limits<std::int16_t>::max();
+    const bool fits = value >= std::numeric_limits<std::int16_t>::min() &&
+                      value <= std::numeric_limits<std::int16_t>::max();
     return fits ? static_cast<std::int16_t>(value) : std::int16_t{0};
 }
 
 // Seconds of the file to the milliseconds of the timer.
-int Milliseconds(int seconds) { return std::clamp(seconds, 0, std::numeric_limits<int>::max() / 1000) * 1000; }
+int Milliseconds(int seconds) {
+    return std::clamp(seconds, 0, std::numeric_limits<int>::max() / 1000) * 1000;
+}
 
 } // namespace
 

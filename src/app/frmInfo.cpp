@@ -22,28 +22,28 @@ constexpr Bilingual Download{"Download Datei:", "Download file:"};
 constexpr Bilingual Restart{"Nach dem Download muss der Ornivane neu gestartet werden.",
                             "After downloading the file please restart ornivane"};
 constexpr Bilingual Title{"Hinweis", "Hint"};
-constexpr Bilingual LinkTip{"Die Seite der Datei im Browser öffnen", "Open the file's address in the browser"};
+constexpr Bilingual LinkTip{"Die Seite der Datei im Browser öffnen",
+                            "Open the file's address in the browser"};
 constexpr Bilingual Close{"Schließen", "Close"};
 constexpr Bilingual CloseTip{"Hinweis schließen; das Programm läuft ohne die Datei weiter",
                              "Close the hint; the program goes on without the file"};
 
-constexpr frmInfo::Texts TrackTexts{"frmInfo1",
-                                    {"Die Datei track.ovd wurde nicht im Ornivane Verzeichnis gefunden",
-                                     "File track.ovd was not found in the ornivane directory"},
-                                    {"Die Datei track.ovd konnte nicht geöffnet werden",
-                                     "File track.ovd could not be opened"},
-                                    {"Die Datei wird für den Track Logger benötigt",
-                                     "Track.ovd is needed for the track logger"},
-                                    "http://www.ornivane.example/update-gps/download/track.ovd"};
+constexpr frmInfo::Texts TrackTexts{
+    "frmInfo1",
+    {"Die Datei track.ovd wurde nicht im Ornivane Verzeichnis gefunden",
+     "File track.ovd was not found in the ornivane directory"},
+    {"Die Datei track.ovd konnte nicht geöffnet werden", "File track.ovd could not be opened"},
+    {"Die Datei wird für den Track Logger benötigt", "Track.ovd is needed for the track logger"},
+    "http://www.ornivane.example/update-gps/download/track.ovd"};
 
-constexpr frmInfo::Texts AirspaceTexts{"frmInfo3",
-                                       {"Die Datei Luftraum.ovd wurde nicht im Ornivane Verzeichnis gefunden",
-                                        "File Luftraum.ovd was not found in the ornivane directory"},
-                                       {"Die Datei Luftraum.ovd konnte nicht geöffnet werden",
-                                        "File Luftraum.ovd could not be opened"},
-                                       {"Die Datei wird für die Anzeige der Lufträume benötigt",
-                                        "Luftraum.ovd is needed for the airspace display"},
-                                       "http://www.ornivane.example/update-gps/download/Luftraum.ovd"};
+constexpr frmInfo::Texts AirspaceTexts{
+    "frmInfo3",
+    {"Die Datei Luftraum.ovd wurde nicht im Ornivane Verzeichnis gefunden",
+     "File Luftraum.ovd was not found in the ornivane directory"},
+    {"Die Datei Luftraum.ovd konnte nicht geöffnet werden", "File Luftraum.ovd could not be opened"},
+    {"Die Datei wird für die Anzeige der Lufträume benötigt",
+     "Luftraum.ovd is needed for the airspace display"},
+    "http://www.ornivane.example/update-gps/download/Luftraum.ovd"};
 
 QLabel* AddLabel(QVBoxLayout* layout, const char* name, const QString& text) {
     auto* label = new QLabel(text);

@@ -12,7 +12,7 @@ namespace ornivane {
 // what that means, where to get it.
 class frmInfo : public QDialog {
     Q_OBJECT
-  public:
+public:
     struct Texts;
 
     // frmInfo1 about track.ovd, frmInfo3 about Luftraum.ovd. The reason is empty when the file is missing.
@@ -21,7 +21,7 @@ class frmInfo : public QDialog {
     static frmInfo* ForAirspaceStore(const Variablen& variablen, Shell& shell, const std::string& reason,
                                      QWidget* parent);
 
-  private:
+private:
     frmInfo(const Texts& texts, bool english, Shell& shell, const std::string& reason, QWidget* parent);
 };
 

@@ -6,8 +6,9 @@ namespace ornivane {
 
 namespace {
 
-constexpr Bilingual NotYet{"Dieser Bildschirm kommt in einer späteren Ausgabe des Programms. Es gibt ihn noch nicht.",
-                           "This screen comes in a later edition of the program. It is not there yet."};
+constexpr Bilingual NotYet{
+    "Dieser Bildschirm kommt in einer späteren Ausgabe des Programms. Es gibt ihn noch nicht.",
+    "This screen comes in a later edition of the program. It is not there yet."};
 
 } // namespace
 
@@ -18,10 +19,8 @@ frmPlaceholder::frmPlaceholder(const Variablen& variablenOf, const char* name, B
     lblTitle.setObjectName("lblTitle");
     lblText.setObjectName("lblText");
     lblText.setWordWrap(true);
-    QFont large = lblTitle.font();
-    large.setPointSizeF(large.pointSizeF() * 1.8);
-    large.setBold(true);
-    lblTitle.setFont(large);
+    lblTitle.setStyleSheet("font-size: 28px; font-weight: bold");
+    lblText.setStyleSheet("font-size: 18px");
     for (QLabel* label : {&lblTitle, &lblText}) label->setAlignment(Qt::AlignCenter);
 
     auto* layout = new QVBoxLayout(this);

@@ -10,13 +10,13 @@ namespace ornivane {
 
 // Stands where a screen will be that does not exist yet, and says so.
 class frmPlaceholder : public Screen {
-  public:
+public:
     // The title names the screen, the purpose what can be done there one day.
     frmPlaceholder(const Variablen& variablen, const char* name, Bilingual title, Bilingual purpose);
 
     void ApplyLanguage() override;
 
-  private:
+private:
     const Variablen& variablen;
     Bilingual title;
     Bilingual purpose;

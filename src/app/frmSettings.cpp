@@ -33,10 +33,8 @@ frmSettings::frmSettings(Variablen& variablenOf, std::function<void()> languageC
     Name(Option1, "Option1");
     Name(Option2, "Option2");
     Name(lblText, "lblText");
-    QFont large = lblTitle.font();
-    large.setPointSizeF(large.pointSizeF() * 1.8);
-    large.setBold(true);
-    lblTitle.setFont(large);
+    lblTitle.setStyleSheet("font-size: 28px; font-weight: bold");
+    lblText.setStyleSheet("font-size: 18px");
     lblText.setWordWrap(true);
     LayOutPair(frmLanguage, OptGer, OptEng);
     LayOutPair(frmSymbol, Option1, Option2);
@@ -81,7 +79,9 @@ void frmSettings::ChooseSymbol(std::int16_t symbol) {
 }
 
 void frmSettings::ApplyLanguage() {
-    const auto text = [this](const char* german, const char* english) { return variablen.Text(german, english); };
+    const auto text = [this](const char* german, const char* english) {
+        return variablen.Text(german, english);
+    };
     lblTitle.setText(text("Einstellungen", "Settings"));
     frmLanguage.setTitle(text("Sprache", "Language"));
     OptGer.setText("Deutsch");
@@ -93,10 +93,11 @@ void frmSettings::ApplyLanguage() {
     Option2.setText(text("Flugzeug", "Aeroplane"));
     Option1.setToolTip(text("Das eigene Flugzeug als Pfeil zeigen", "Show the own aircraft as an arrow"));
     Option2.setToolTip(text("Das eigene Flugzeug als Umriss zeigen", "Show the own aircraft as an outline"));
-    lblText.setText(text("Test des GPS-Anschlusses, Track Logger, QNH und Wegpunkt-Kategorien kommen in einer späteren "
-                         "Ausgabe des Programms. Es gibt sie noch nicht.",
-                         "The test of the GPS port, the track logger, QNH and waypoint categories come in a later "
-                         "edition of the program. They are not there yet."));
+    lblText.setText(
+        text("Test des GPS-Anschlusses, Track Logger, QNH und Wegpunkt-Kategorien kommen in einer späteren "
+             "Ausgabe des Programms. Es gibt sie noch nicht.",
+             "The test of the GPS port, the track logger, QNH and waypoint categories come in a later "
+             "edition of the program. They are not there yet."));
 }
 
 } // namespace ornivane

@@ -10,17 +10,18 @@
 
 namespace ornivane {
 
-// The settings screen, so far as it exists: language and aircraft symbol. The rest of the page says what comes.
+// The settings screen, so far as it exists: language and aircraft symbol. The rest of the page says what
+// comes.
 class frmSettings : public Screen {
     Q_OBJECT
-  public:
+public:
     // The callback rewrites every caption of the program.
     frmSettings(Variablen& variablen, std::function<void()> languageChanged);
 
     void Form_Activate() override;
     void ApplyLanguage() override;
 
-  private:
+private:
     void ChooseLanguage(std::int16_t language);
     void ChooseSymbol(std::int16_t symbol);
     void ShowState();

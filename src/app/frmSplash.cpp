@@ -3,6 +3,7 @@
 #include <QLinearGradient>
 #include <QPainter>
 #include <QPainterPath>
+#include <QScreen>
 #include <QtMath>
 #include <utility>
 
@@ -51,8 +52,9 @@ void DrawAeroplane(QPainter& painter, QPointF centre, double length) {
     painter.translate(centre);
     painter.rotate(38);
     painter.scale(length, length);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(0xFF, 0xC8, 0x3C));
+    const QColor yellow(0xFF, 0xC8, 0x3C);
+    painter.setPen(QPen(yellow, 0.01)); // closes the seam between the halves
+    painter.setBrush(yellow);
     painter.drawPath(Aeroplane());
     painter.restore();
 }
@@ -64,11 +66,11 @@ QFont SizedFont(const QFont& base, int pixels, bool bold) {
     return font;
 }
 
-void StyleLabel(QLabel& label, const char* name, const QRect& place, const QFont& font, const char* colour) {
+// The splash has its own colours, by day and by night.
+void StyleLabel(QLabel& label, const char* name, const QRect& place, const char* style) {
     label.setObjectName(name);
     label.setGeometry(place);
-    label.setFont(font);
-    label.setStyleSheet(QString("color: %1; background: transparent").arg(colour));
+    label.setStyleSheet(QString("background: transparent; ") + style);
 }
 
 } // namespace
@@ -78,8 +80,10 @@ frmSplash::frmSplash(Variablen& variablenOf, Web& webOf)
     setObjectName("frmSplash");
     setFixedSize(SplashSize);
     setWindowTitle("Ornivane GPS");
-    StyleLabel(lblVersion, "lblVersion", {40, 216, 300, 28}, SizedFont(font(), 18, false), "#d6e4f0");
-    StyleLabel(lblUpdate, "lblUpdate", {40, 252, 300, 32}, SizedFont(font(), 20, true), "#ffc83c");
+    StyleLabel(lblVersion, "lblVersion", {40, 216, 300, 28}, "color: #d6e4f0; font-size: 18px");
+    StyleLabel(lblUpdate, "lblUpdate", {40, 252, 300, 32},
+               "color: #ffc83c; font-size: 20px; font-weight: bold");
+    if (const QScreen* where = screen()) move(where->availableGeometry().center() - rect().center());
     Timer1.setObjectName("Timer1");
     Timer1.setSingleShot(true);
     connect(&Timer1, &QTimer::timeout, this, &frmSplash::End);
@@ -106,8 +110,8 @@ void frmSplash::CheckForUpdate() {
     if (endAsked) End();
 }
 
-// The main window needs all that the splash finds out. So whoever ends it while the server is being asked, the
-// timer or the user, waits for the answer.
+// The main window needs all that the splash finds out. So whoever ends it while the server is being asked,
+// the timer or the user, waits for the answer.
 void frmSplash::End() {
     if (check != Check::Done) {
         endAsked = true;

@@ -10,22 +10,22 @@
 
 namespace ornivane {
 
-// The first thing seen: name, version and whether there is an update. Reads the settings that all screens need
-// while it stands.
+// The first thing seen: name, version and whether there is an update. Reads the settings that all screens
+// need while it stands.
 class frmSplash : public QWidget {
     Q_OBJECT
-  public:
+public:
     frmSplash(Variablen& variablen, Web& web);
 
     // Called once, after two seconds or a click.
     void OnEnd(std::function<void()> callback) { ended = std::move(callback); }
 
-  protected:
+protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
-  private:
+private:
     void Form_Load();
     void CheckForUpdate();
     void End();

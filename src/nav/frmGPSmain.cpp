@@ -511,6 +511,7 @@ void frmGPSmain::ApplyLanguage() {
     cmdshowRoute->setText(text("Strecke", "Route"));
     cmdWayInfo->setText(text("Namen", "Names"));
     cmdShowPoints->setText(text("Nur Strecke", "Route only"));
+    const QString device = Q(services.Ports.Description(screen->Link.ComPort));
     const std::pair<QWidget*, QString> tips[] = {
         {picMap, text("Karte: ziehen verschiebt, Pfeiltasten auf/ab ändern den Maßstab",
                       "Chart: drag to move, arrow keys up/down to zoom")},
@@ -522,8 +523,7 @@ void frmGPSmain::ApplyLanguage() {
         {lblRoute, text("Länge der Strecke", "Length of the route")},
         {gridWaypoints, text("Punkte der Strecke; ein Klick macht einen Punkt aktiv",
                              "Points of the route; a click makes one active")},
-        {cmdGPS, text("Mit dem GPS-Empfänger an COM %1 verbinden", "Connect to the GPS receiver on COM %1")
-                     .arg(screen->Link.ComPort)},
+        {cmdGPS, text("Mit dem GPS-Empfänger an COM %1 verbinden", "Connect to the GPS receiver on COM %1").arg(screen->Link.ComPort) + (device.isEmpty() ? device : "\n" + device)},
         {cmdKartezentrieren,
          text("Karte auf das Flugzeug zentrieren", "Keep the chart centred on the aircraft")},
         {cmdSet, text("Anzeige einstellen", "What the chart shows")},

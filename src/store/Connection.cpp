@@ -37,7 +37,7 @@ void CheckFile(const fs::path& file, Connection::Mode mode) {
     std::ifstream stream(file, std::ios::binary);
     if (!stream) Refuse("the file may not be read");
     stream.read(start.data(), start.size());
-    if (!stream || std::string_view(start.data()) != "SQLite format 3") Refuse("not a data store");
+    if (!stream || std::string_view(start.data(), 15) != "SQLite format 3") Refuse("not a data store");
     // The journal of a change is a file beside the store.
     if (mode == Connection::Mode::ReadWrite && access(fs::absolute(file).parent_path().c_str(), W_OK) != 0)
         Refuse("the folder is read-only");

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <map>
+#include <set>
 #include <sstream>
 
 #include <pugixml.hpp>
@@ -247,15 +248,18 @@ void WriteType(pugi::xml_node node, const FieldInfo& field, std::size_t longest)
     if (!field.Nullable) type.append_attribute("rs:maybenull") = "false";
 }
 
-// The field's own name where XML allows it.
-std::string AttributeNameOf(const std::vector<FieldInfo>& fields, std::size_t i) {
-    std::string name = fields[i].Name;
-    if (IsXmlName(name)) return name;
-    name = "c" + std::to_string(i);
-    while (
-        std::any_of(fields.begin(), fields.end(), [&](const FieldInfo& field) { return field.Name == name; }))
-        name += '_';
-    return name;
+// The fields' own names where XML allows them.
+std::vector<std::string> AttributeNamesOf(const std::vector<FieldInfo>& fields) {
+    std::vector<std::string> names(fields.size());
+    std::set<std::string> used;
+    for (std::size_t i = 0; i < fields.size(); ++i)
+        if (IsXmlName(fields[i].Name) && used.insert(fields[i].Name).second) names[i] = fields[i].Name;
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        if (!names[i].empty()) continue;
+        names[i] = "c" + std::to_string(i);
+        while (!used.insert(names[i]).second) names[i] += '_';
+    }
+    return names;
 }
 
 std::vector<std::string> WriteSchema(pugi::xml_node root, const Rowset& rowset) {
@@ -265,13 +269,12 @@ std::vector<std::string> WriteSchema(pugi::xml_node root, const Rowset& rowset) 
     row.append_attribute("name") = "row";
     row.append_attribute("content") = "eltOnly";
     row.append_attribute("rs:updatable") = "true";
-    std::vector<std::string> names;
+    std::vector<std::string> names = AttributeNamesOf(rowset.Fields);
     for (std::size_t i = 0; i < rowset.Fields.size(); ++i) {
         const FieldInfo& field = rowset.Fields[i];
-        names.push_back(AttributeNameOf(rowset.Fields, i));
         pugi::xml_node node = row.append_child("s:AttributeType");
-        node.append_attribute("name") = names.back().c_str();
-        if (names.back() != field.Name) node.append_attribute("rs:name") = field.Name.c_str();
+        node.append_attribute("name") = names[i].c_str();
+        if (names[i] != field.Name) node.append_attribute("rs:name") = field.Name.c_str();
         node.append_attribute("rs:number") = static_cast<int>(i) + 1;
         if (field.Nullable) node.append_attribute("rs:nullable") = "true";
         node.append_attribute("rs:write") = "true";

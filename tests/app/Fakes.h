@@ -18,7 +18,9 @@ using Texts = std::vector<std::string>;
 
 struct RecordedDialogs : Dialogs {
     Texts Shown; // "title|text"
-    void Message(const std::string& title, const std::string& text) override { Shown.push_back(title + "|" + text); }
+    void Message(const std::string& title, const std::string& text) override {
+        Shown.push_back(title + "|" + text);
+    }
     void MessageAndWait(const std::string& title, const std::string& text) override { Message(title, text); }
     bool AskYesNo(const std::string&, const std::string&) override { return false; }
 };
@@ -31,7 +33,9 @@ struct RecordedNotice : Notice {
 struct RecordedHints : Hints {
     Texts Told;
     void TrackStoreUnavailable(const std::string& reason) override { Told.push_back("track: " + reason); }
-    void AirspaceStoreUnavailable(const std::string& reason) override { Told.push_back("airspace: " + reason); }
+    void AirspaceStoreUnavailable(const std::string& reason) override {
+        Told.push_back("airspace: " + reason);
+    }
 };
 
 struct ScriptedWeb : Web {
@@ -60,14 +64,14 @@ struct RecordedShell : Shell {
 
 // Writes what it is told into a list that several share; fails where it is told to.
 class RecordedScreen : public Screen {
-  public:
+public:
     RecordedScreen(std::string nameOf, Texts& callsOf, std::string failsInOf = {})
         : name(std::move(nameOf)), calls(callsOf), failsIn(std::move(failsInOf)) {}
     void Form_Activate() override { Record("activate"); }
     void Form_Deactivate() override { Record("deactivate"); }
     void Form_Unload() override { Record("unload"); }
 
-  private:
+private:
     void Record(const std::string& call) {
         calls.push_back(name + " " + call);
         if (call == failsIn) throw std::runtime_error(call + " failed");

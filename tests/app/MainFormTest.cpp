@@ -24,7 +24,7 @@ using testing::IsEmpty;
 using testing::Not;
 
 class MainFormTest : public testing::Test {
-  protected:
+protected:
     MainFormTest() {
         MakeStores(folder.Path());
         variablen.ProgramFolder = folder.Path();
@@ -134,8 +134,8 @@ TEST_F(MainFormTest, ShowsTheHintsOfMissingStoresWithoutStopping) {
     ASSERT_TRUE(Dialog("frmInfo1") && Dialog("frmInfo3"));
     EXPECT_TRUE(Dialog("frmInfo1")->isVisible() && !Dialog("frmInfo1")->isModal());
     const char* texts[] = {"Die Datei track.ovd wurde nicht im Ornivane Verzeichnis gefunden",
-                           "Die Datei wird für den Track Logger benötigt", "Download Datei:",
-                           "Nach dem Download muss der Ornivane neu gestartet werden."};
+                           "Die Datei wird für den Track Logger benötigt",
+                           "Download Datei:", "Nach dem Download muss der Ornivane neu gestartet werden."};
     for (int i = 0; i < 4; ++i)
         EXPECT_EQ(Dialog("frmInfo1")->findChild<QLabel*>(QString("Label%1").arg(i + 1))->text(), texts[i]);
     Dialog("frmInfo3")->findChild<QPushButton*>("lblLink")->click();

@@ -7,14 +7,14 @@ namespace {
 
 // Forms need an application object; it lives as long as the tests run, without a display.
 class QtEnvironment : public testing::Environment {
-  public:
+public:
     void SetUp() override {
         qputenv("QT_QPA_PLATFORM", "offscreen");
         application = std::make_unique<QApplication>(argumentCount, arguments);
     }
     void TearDown() override { application.reset(); }
 
-  private:
+private:
     int argumentCount = 1;
     char name[9] = "test_app";
     char* arguments[2] = {name, nullptr};

@@ -13,7 +13,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 class ScreenSwitching : public testing::Test {
-  protected:
+protected:
     Screen* Make(Mode mode) {
         calls.push_back("make " + NameOf(mode));
         if (unmakeable.contains(mode)) throw std::runtime_error("no table");

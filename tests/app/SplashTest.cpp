@@ -19,7 +19,7 @@ struct SlowWeb : ScriptedWeb {
 };
 
 class Splash : public testing::Test {
-  protected:
+protected:
     Splash() { variablen.ProgramFolder = folder.Path(); }
     void Show() {
         splash = std::make_unique<frmSplash>(variablen, web);

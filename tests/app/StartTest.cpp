@@ -16,21 +16,22 @@ TEST(UpdateCheck, OffersAnyDifferentShortVersionAndNothingElse) {
         std::optional<std::string> Served;
         bool Offered;
     } cases[] = {
-        {std::nullopt, false},                            // server not reached
-        {"", false},                                      //
-        {"1.0.0", false},                                 // this version
-        {"1.0.1", true},                                  //
-        {"0.9.9", true},                                  // older counts too
-        {"9.9.99", true},                                 // the longest that is a version
-        {"1.10.10", false},                               // seven characters are an error page
-        {"<html>404</html>", false},                      //
+        {std::nullopt, false},                              // server not reached
+        {"", false},                                        //
+        {"1.0.0", false},                                   // this version
+        {"1.0.1", true},                                    //
+        {"0.9.9", true},                                    // older counts too
+        {"9.9.99", true},                                   // the longest that is a version
+        {"1.10.10", false},                                 // seven characters are an error page
+        {"<html>404</html>", false},                        //
         {"\xC3\xA4\xC3\xB6\xC3\xBC\xC3\xA4\xC3\xB6", true}, // characters are counted, not bytes
     };
     for (const auto& one : cases) {
         ScriptedWeb web;
         web.Answer = one.Served;
         EXPECT_EQ(UpdateOffered(web, "1.0.0"), one.Offered) << one.Served.value_or("nothing");
-        EXPECT_THAT(web.Asked, testing::ElementsAre(testing::EndsWith("/update-gps/download/version-prog.txt")));
+        EXPECT_THAT(web.Asked,
+                    testing::ElementsAre(testing::EndsWith("/update-gps/download/version-prog.txt")));
     }
 }
 
@@ -41,12 +42,13 @@ TEST(Captions, AreKeysInTheirOwnLanguageOnly) {
     EXPECT_EQ(ModeOfCaption("Flightplan", true), Mode::FlightPlan);
     EXPECT_EQ(ModeOfCaption("Plan Mode", true), Mode::Planning);
     EXPECT_EQ(ModeOfCaption("Einstellungen", false), Mode::Settings);
-    for (const auto& [caption, english] : {std::pair{"Flug", true}, {"Flight", false}, {"Map Data", true}, {"flug", false}})
+    for (const auto& [caption, english] :
+         {std::pair{"Flug", true}, {"Flight", false}, {"Map Data", true}, {"flug", false}})
         EXPECT_EQ(ModeOfCaption(caption, english), std::nullopt) << caption;
 }
 
 class StartSettings : public testing::Test {
-  protected:
+protected:
     StartSettings() { variablen.ProgramFolder = folder.Path(); }
     void File(const char* name, const std::string& text) { std::ofstream(folder.Path() / name) << text; }
 

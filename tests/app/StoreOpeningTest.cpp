@@ -14,7 +14,7 @@ using testing::IsEmpty;
 using testing::StartsWith;
 
 class StoreOpeningTest : public testing::Test {
-  protected:
+protected:
     StoreOpeningTest() {
         MakeStores(folder.Path());
         variablen.ProgramFolder = folder.Path();
@@ -38,7 +38,8 @@ TEST_F(StoreOpeningTest, OpensAllFourAndSaysNothing) {
     EXPECT_TRUE(Run());
     EXPECT_THAT(boxes.Shown, IsEmpty());
     EXPECT_THAT(hints.Told, IsEmpty());
-    EXPECT_TRUE(variablen.DataConn.IsOpen() && variablen.TrackConn.IsOpen() && variablen.LuftraumConn.IsOpen());
+    EXPECT_TRUE(variablen.DataConn.IsOpen() && variablen.TrackConn.IsOpen() &&
+                variablen.LuftraumConn.IsOpen());
     EXPECT_TRUE(variablen.AirfieldStoreOpen);
     EXPECT_EQ(variablen.LuftraumDate, AirspaceRelease);
     EXPECT_TRUE(variablen.TrackEnabled);
@@ -65,9 +66,9 @@ TEST_F(StoreOpeningTest, TellsTheReasonWhenTheMainStoreCannotBeUsed) {
     for (const auto& [name, bytes] : cases) {
         Replace("data.ovd", bytes);
         EXPECT_FALSE(Run()) << name;
-        EXPECT_THAT(
-            boxes.Shown,
-            ElementsAre(StartsWith("Datenfehler|Die Datei - data.ovd - wurde nicht im Programmordner gefunden.\n")))
+        EXPECT_THAT(boxes.Shown,
+                    ElementsAre(StartsWith(
+                        "Datenfehler|Die Datei - data.ovd - wurde nicht im Programmordner gefunden.\n")))
             << name;
         EXPECT_FALSE(variablen.DataConn.IsOpen());
         EXPECT_EQ(FileBytes(folder.Path() / "data.ovd"), bytes) << name << " was changed";
@@ -115,8 +116,10 @@ TEST_F(StoreOpeningTest, GoesOnWithoutAirspaceAlsoWhenOnlyItsDateIsMissing) {
 
 TEST_F(StoreOpeningTest, SaysNothingWithoutAirfields) {
     for (const bool missing : {true, false}) {
-        if (missing) Remove("ovdata.ovd");
-        else Replace("ovdata.ovd", "no store");
+        if (missing)
+            Remove("ovdata.ovd");
+        else
+            Replace("ovdata.ovd", "no store");
         EXPECT_TRUE(Run());
         EXPECT_FALSE(variablen.AirfieldStoreOpen);
         EXPECT_THAT(hints.Told, IsEmpty());

@@ -15,7 +15,8 @@ inline constexpr Date AirspaceRelease{2024, 3, 21};
 
 // The four stores, empty but for the airspace's date. Those that are there already stay.
 inline void MakeStores(const std::filesystem::path& folder) {
-    for (const StoreKind kind : {StoreKind::Data, StoreKind::Track, StoreKind::Luftraum, StoreKind::Airfields}) {
+    for (const StoreKind kind :
+         {StoreKind::Data, StoreKind::Track, StoreKind::Luftraum, StoreKind::Airfields}) {
         const std::filesystem::path file = folder / StoreFileName(kind);
         if (std::filesystem::exists(file)) continue;
         CreateStore(file, kind);

@@ -66,10 +66,46 @@ TEST_F(ConnectionTest, NeverMakesAStoreAndSaysWhyOneCannotBeOpened) {
     const std::string whole = *ReadWholeFile(Store());
     WriteFileAtomically(Store(), whole.substr(0, whole.size() / 2));
     EXPECT_NE(ReasonOf().find("cut short"), std::string::npos);
+    WriteFileAtomically(Store(), whole.substr(0, whole.size() - 1));
+    EXPECT_NE(ReasonOf().find("cut short"), std::string::npos);
     std::string damaged = whole;
     damaged.replace(100, 400, 400, '\xAA');
     WriteFileAtomically(Store(), damaged);
     EXPECT_NE(ReasonOf().find("malformed"), std::string::npos);
+    damaged = whole; // elsewhere than at the start
+    damaged.replace(whole.size() / 2, 200, 200, '\xAA');
+    WriteFileAtomically(Store(), damaged);
+    EXPECT_NE(ReasonOf().find("the file is damaged"), std::string::npos);
+}
+
+// What a power cut leaves in the middle of a commit: the first page, which tells more pages, is written, the
+// others are not, and the journal stands beside.
+TEST_F(ConnectionTest, BringsBackAStoreWhoseLastChangeWasCutOff) {
+    CreateStore(Store(), StoreKind::Data);
+    const std::string journal = Store().string() + "-journal";
+    std::string before = *ReadWholeFile(Store()), inTheMiddle;
+    {
+        Connection data;
+        data.Open(Store(), Connection::Mode::ReadWrite);
+        data.Execute("INSERT INTO Kategorie VALUES (1, 'kept')");
+        before = *ReadWholeFile(Store());
+        data.Execute("PRAGMA cache_size = 1");
+        data.Execute("BEGIN");
+        data.Execute("INSERT INTO Kategorie WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n "
+                     "WHERE i < 2000) SELECT i, 'lost' FROM n");
+        data.Execute("UPDATE Kategorie SET Nummer = 7");
+        inTheMiddle = *ReadWholeFile(journal);
+        data.Execute("ROLLBACK");
+    }
+    before.replace(28, 4, std::string("\0\0\1\0", 4)); // 256 pages
+    WriteFileAtomically(Store(), before);
+    WriteFileAtomically(journal, inTheMiddle);
+    Connection data;
+    data.Open(Store(), Connection::Mode::ReadWrite);
+    Recordset rows;
+    rows.Open(data, "SELECT * FROM Kategorie");
+    ASSERT_EQ(rows.RecordCount(), 1);
+    EXPECT_EQ(rows.Text("Kategorie"), "kept");
 }
 
 TEST_F(ConnectionTest, ALockedStoreIsToldAndNotWaitedFor) {

@@ -98,6 +98,9 @@ TEST_F(RecordsetTest, ARefusedWriteLeavesTheRowAndADeletedIdDoesNotComeBack) {
     Rows.Set("Name", "B");
     EXPECT_THROW(Rows.Update(), RuntimeError);
     EXPECT_EQ(Rows.RecordCount(), 2);
+    Rows.AddNew();
+    Rows.Delete(); // only the row that was begun
+    EXPECT_EQ(Rows.RecordCount(), 2);
     Rows.MoveLast();
     Rows.Delete();
     EXPECT_TRUE(Rows.Eof());
@@ -134,7 +137,12 @@ TEST_F(RecordsetTest, BooleansAreTrueForAnyNumberButZero) {
     EXPECT_TRUE(Rows.Get("Active").Boolean());
     EXPECT_EQ(Rows.Number("Active"), -1);
     EXPECT_EQ(Rows.Fields().back().Type, FieldType::Boolean);
-    EXPECT_TRUE(Rows.Get("Höhe").IsNull());
+    EXPECT_TRUE(Rows.Get("HÖHE").IsNull());
+    EXPECT_THROW(Rows.Get("Hohe"), RuntimeError);
+    for (const Value& isTrue : {Value(true), Value(1), Value(-1)}) {
+        Rows.MoveFirst();
+        EXPECT_TRUE(Rows.Find("Active", Comparison::Equal, isTrue));
+    }
 }
 
 TEST_F(RecordsetTest, TellsItsObserversEveryChange) {
@@ -161,6 +169,36 @@ TEST_F(RecordsetTest, TellsItsObserversEveryChange) {
     EXPECT_EQ(log.Text, "reset > > ~1 +2 > -2 > ");
 }
 
+TEST_F(RecordsetTest, ObserversMayReadAndLeaveWhileTheyAreTold) {
+    struct Reader : RecordsetObserver {
+        explicit Reader(Recordset& of) : Rows(of) {}
+        void RowsReset() override {}
+        void RowInserted(int row) override { Seen += Rows.ValueAt(row, "Name").Text(); }
+        void RowRemoved(int) override { Seen += std::to_string(Rows.RecordCount()); }
+        void RowChanged(int row) override {
+            Seen += Rows.ValueAt(row, "Name").Text();
+            if (Other) Rows.RemoveObserver(Other);
+        }
+        void CurrentRowChanged() override { Seen += Rows.Eof() ? "end" : Rows.Text("Name"); }
+        Recordset& Rows;
+        RecordsetObserver* Other = nullptr;
+        std::string Seen;
+    } first(Rows), second(Rows);
+    AddWaypoints({"A", "B"});
+    OpenWaypoints();
+    first.Other = &second;
+    Rows.AddObserver(&first);
+    Rows.AddObserver(&second);
+    Rows.Set("Name", "a");
+    Rows.MoveNext();
+    Rows.AddNew();
+    Rows.Set("Name", "C");
+    Rows.Update();
+    Rows.Delete();
+    EXPECT_EQ(first.Seen, "aBCC2end");
+    EXPECT_EQ(second.Seen, "");
+}
+
 class ListsTest : public RecordsetTest {
 protected:
     void Insert(const std::string& name) {
@@ -179,6 +217,10 @@ TEST_F(ListsTest, InsertsBehindTheCurrentRowAndNumbersAnew) {
     EXPECT_EQ(Rows.Text("Kategorie"), "new");
     EXPECT_EQ(All(Rows, "Kategorie"), (Names{"1", "2", "new", "3", "4", "5"}));
     EXPECT_EQ(All(Rows, "Nummer"), (Names{"1", "2", "3", "4", "5", "6"}));
+    Rows.Sort("Kategorie", false);
+    Insert("after the new one"); // "new" stands first in this order
+    EXPECT_EQ(All(Rows, "Kategorie"), (Names{"1", "after the new one", "2", "new", "3", "4", "5"}));
+    EXPECT_EQ(Rows.AbsolutePosition(), 2);
 }
 
 TEST_F(ListsTest, AListBeyondSixteenBitsOverflowsAndStaysAsItWas) {
@@ -186,8 +228,10 @@ TEST_F(ListsTest, AListBeyondSixteenBitsOverflowsAndStaysAsItWas) {
                  "i < 32767) "
                  "SELECT i, 'k' || i FROM n");
     OpenList();
+    Rows.SetAbsolutePosition(500);
     EXPECT_THROW(Insert("one too many"), RuntimeError);
     EXPECT_EQ(Rows.RecordCount(), 32767);
+    EXPECT_EQ(Rows.AbsolutePosition(), 500);
     OpenList();
     EXPECT_EQ(Rows.RecordCount(), 32767);
     EXPECT_EQ(Rows.ValueAt(1, "Nummer").Text(), "2");

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QTimer>
+#include <memory>
+
+#include "app/EndSignals.h"
+#include "app/MainForm.h"
+#include "app/frmSplash.h"
+#include "common/Variablen.h"
+#include "platform/qt/Events.h"
+#include "platform/qt/QtDialogs.h"
+#include "platform/qt/QtNotice.h"
+#include "platform/qt/QtPortList.h"
+#include "platform/qt/QtSerialPort.h"
+#include "platform/qt/QtSystem.h"
+#include "platform/qt/QtTimer.h"
+#include "platform/qt/SystemClock.h"
+
+namespace ornivane {
+
+// The running program: the shared state, the real system behind the seams, and the windows in their order.
+class Program {
+public:
+    // The folder is where stores, charts and settings are.
+    Program(GuardedApplication& application, const std::filesystem::path& folder);
+    ~Program();
+
+    // Shows the splash; everything else follows from there.
+    void Start();
+
+private:
+    void SplashEnded();
+    void EndAsked();
+    Screen* MakeScreen(Mode mode);
+    MainForm::Services MainServices();
+
+    GuardedApplication& application;
+    Variablen variablen;
+    QtNotice* notices; // the main window's, once it is there
+    EventGuard guard;
+    QtDialogs dialogs;
+    QtWeb web;
+    QtShell shell;
+    QtProcesses processes;
+    SystemClock clock;
+    QtPortList ports;
+    QtSerialPort MSComm1;
+    QtTimer timerCheck;
+    std::unique_ptr<frmSplash> splash;
+    std::unique_ptr<MainForm> main;
+    EndSignals endSignals;
+};
+
+} // namespace ornivane

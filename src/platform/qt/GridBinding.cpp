@@ -1,0 +1,45 @@
+#include "platform/qt/GridBinding.h"
+
+#include <QHeaderView>
+#include <QItemSelectionModel>
+
+namespace ornivane {
+
+GridBinding::GridBinding(RecordsetModel& of, QTableView& view) : model(of), grid(view) {
+    grid.setModel(&model);
+    grid.setSelectionBehavior(QAbstractItemView::SelectRows);
+    grid.setSelectionMode(QAbstractItemView::SingleSelection);
+    grid.setEditTriggers(QAbstractItemView::NoEditTriggers);
+    grid.verticalHeader()->hide();
+    connect(&model, &RecordsetModel::CurrentMoved, this, &GridBinding::FollowRecordset);
+    connect(&model, &QAbstractItemModel::modelReset, this, &GridBinding::FollowRecordset);
+    connect(grid.selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            [this](const QModelIndex& current) { FollowGrid(current); });
+}
+
+void GridBinding::FollowRecordset() {
+    if (following) return;
+    following = true;
+    const Recordset& rows = model.Rows();
+    const int row = rows.IsOpen() && !rows.Eof() && !rows.Bof() ? rows.AbsolutePosition() - 1 : -1;
+    grid.selectionModel()->setCurrentIndex(model.index(row, 0), QItemSelectionModel::NoUpdate);
+    if (row >= 0) grid.scrollTo(model.index(row, 0));
+    following = false;
+}
+
+void GridBinding::FollowGrid(const QModelIndex& current) {
+    if (following || !current.isValid()) return;
+    following = true;
+    model.Rows().SetAbsolutePosition(current.row() + 1);
+    following = false;
+}
+
+void GridBinding::SelectRow() {
+    const QModelIndex current = grid.selectionModel()->currentIndex();
+    if (current.isValid())
+        grid.selectionModel()->select(current, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+}
+
+void GridBinding::ClearRowSelection() { grid.selectionModel()->clearSelection(); }
+
+} // namespace ornivane

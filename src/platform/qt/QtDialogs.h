@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QPointer>
+#include <QQueue>
+#include <QWidget>
+#include <utility>
+
+#include "platform/Dialogs.h"
+
+class QMessageBox;
+
+namespace ornivane {
+
+class QtDialogs : public Dialogs {
+public:
+    // The window that boxes belong to; may come later than this.
+    void SetWindow(QWidget* window) { parent = window; }
+
+    void Message(const std::string& title, const std::string& text) override;
+    void MessageAndWait(const std::string& title, const std::string& text) override;
+    bool AskYesNo(const std::string& title, const std::string& text) override;
+
+private:
+    using Box = std::pair<QString, QString>;
+    void ShowNext();
+
+    QPointer<QWidget> parent;
+    QPointer<QMessageBox> standing;
+    QQueue<Box> waiting; // the first one is the one that stands
+};
+
+} // namespace ornivane

@@ -1,0 +1,78 @@
+#include "platform/qt/Theme.h"
+
+#include <QApplication>
+#include <QPalette>
+#include <QStyleFactory>
+
+// The icons lie in a static library, where nothing registers them by itself. Not inside a namespace: the macro
+// declares a function of the global one.
+static void RegisterIcons() { Q_INIT_RESOURCE(icons); }
+
+namespace ornivane {
+
+namespace {
+
+struct Colours {
+    const char *Window, *Base, *Text, *Faint, *Button, *Border, *Lit, *LitText, *Focus, *Notice, *NoticeText;
+};
+
+constexpr Colours Day{"#e9ecef", "#ffffff", "#101418", "#4a5560", "#fbfcfd", "#8a96a3", "#0b5fa5", "#ffffff", "#d9480f", "#ffe08a", "#2b1d00"};
+constexpr Colours Night{"#0b0d10", "#14181d", "#d8c9a8", "#8f8467", "#1a1f25", "#4d5560", "#c98a1b", "#0b0d10", "#e0b050", "#5a2a00", "#ffd9a0"};
+
+constexpr const char* Sheet = R"(
+QWidget { font-size: 15px; }
+QToolTip { color: %TEXT; background: %BASE; border: 1px solid %BORDER; padding: 3px; }
+QToolButton, QPushButton { min-height: 40px; padding: 0 10px; background: %BUTTON; color: %TEXT; border: 2px solid %BORDER; border-radius: 6px; }
+QToolButton:checked, QPushButton:checked { background: %LIT; color: %LITTEXT; border: 3px solid %LIT; font-weight: bold; }
+QToolButton:disabled, QPushButton:disabled { color: %BORDER; border-style: dashed; }
+QToolButton:focus, QPushButton:focus, QComboBox:focus, QTableView:focus, QSlider:focus { border: 2px solid %FOCUS; }
+QToolButton::menu-indicator { width: 0; }
+QComboBox { min-height: 34px; padding: 0 8px; background: %BUTTON; color: %TEXT; border: 2px solid %BORDER; border-radius: 6px; }
+QComboBox QAbstractItemView::item { min-height: 40px; }
+QTableView { background: %BASE; color: %TEXT; gridline-color: %BORDER; selection-background-color: %LIT; selection-color: %LITTEXT; border: 1px solid %BORDER; }
+QHeaderView::section { background: %BUTTON; color: %FAINT; border: none; padding: 3px; }
+QSlider::groove:horizontal { height: 10px; background: %BORDER; border-radius: 5px; }
+QSlider::handle:horizontal { width: 34px; margin: -15px 0; background: %BUTTON; border: 3px solid %LIT; border-radius: 8px; }
+QProgressBar { min-height: 22px; border: 1px solid %BORDER; border-radius: 4px; text-align: center; background: %BASE; }
+QProgressBar::chunk { background: %LIT; }
+#noticeBar { background: %NOTICE; color: %NOTEXT; font-weight: bold; }
+#lblStatus { background: %BASE; color: %TEXT; border: 2px solid %BORDER; border-radius: 6px; padding: 8px 12px; font-size: 18px; font-weight: bold; }
+#lblNoMap { color: %TEXT; font-size: 20px; }
+#frmSet { background: %WINDOW; border: 2px solid %BORDER; border-radius: 8px; }
+QLabel[role="value"] { color: %TEXT; font-weight: bold; }
+QLabel[role="unit"], QLabel[role="caption"] { color: %FAINT; font-size: 12px; }
+QFrame[role="readout"] { background: %BASE; border: 1px solid %BORDER; border-radius: 6px; }
+)";
+
+QString Filled(const Colours& c) {
+    QString sheet = Sheet;
+    // Longer names first: %LITTEXT begins like %LIT.
+    const std::pair<const char*, const char*> fills[] = {
+        {"%LITTEXT", c.LitText}, {"%NOTEXT", c.NoticeText}, {"%NOTICE", c.Notice}, {"%WINDOW", c.Window}, {"%BASE", c.Base}, {"%TEXT", c.Text},
+        {"%FAINT", c.Faint},     {"%BUTTON", c.Button},     {"%BORDER", c.Border}, {"%LIT", c.Lit},       {"%FOCUS", c.Focus}};
+    for (const auto& [name, colour] : fills) sheet.replace(name, colour);
+    return sheet;
+}
+
+} // namespace
+
+void Theme::Apply(QApplication& application, bool night) {
+    RegisterIcons();
+    const Colours& c = night ? Night : Day;
+    application.setStyle(QStyleFactory::create("Fusion"));
+    QPalette palette;
+    palette.setColor(QPalette::Window, c.Window);
+    palette.setColor(QPalette::Base, c.Base);
+    palette.setColor(QPalette::AlternateBase, c.Window);
+    palette.setColor(QPalette::Button, c.Button);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) palette.setColor(role, c.Text);
+    palette.setColor(QPalette::PlaceholderText, c.Faint);
+    palette.setColor(QPalette::Mid, c.Border);
+    palette.setColor(QPalette::Highlight, c.Lit);
+    palette.setColor(QPalette::HighlightedText, c.LitText);
+    palette.setColor(QPalette::Link, c.Lit);
+    application.setPalette(palette);
+    application.setStyleSheet(Filled(c));
+}
+
+} // namespace ornivane
