@@ -49,6 +49,8 @@ inline constexpr Bilingual MenuTip{"Strecken austauschen, Luftraumanzeige, Über
 inline constexpr Bilingual Night{"Nacht", "Night"};
 inline constexpr Bilingual NightTip{"Dunkle Farben für die Nacht, die Karte bleibt wie sie ist (F9)",
                                     "Dark colours for the night, the chart stays as it is (F9)"};
+inline constexpr Bilingual Close{"Schließen", "Close"};
+inline constexpr Bilingual CloseTip{"Dieses Fenster schließen", "Close this window"};
 } // namespace captions
 
 // Titles of message boxes.

@@ -1,6 +1,8 @@
 #include "app/MainForm.h"
 
 #include <QCloseEvent>
+#include <QFontMetrics>
+#include <QPushButton>
 #include <QShortcut>
 #include <QVBoxLayout>
 
@@ -17,6 +19,13 @@ namespace {
 
 constexpr int ButtonHeight = 48; // pixels: pressed in turbulence and with gloves
 constexpr QSize SmallestSize(1024, 700);
+// Entries as high as buttons, the chosen one and those that are off told by more than a shade.
+constexpr const char* MenuStyle = R"(
+QMenu { background: palette(base); border: 2px solid palette(mid); }
+QMenu::item { min-height: 44px; padding: 0 28px; font-size: 18px; color: palette(text); }
+QMenu::item:selected { background: palette(highlight); color: palette(highlighted-text); }
+QMenu::item:disabled { color: palette(mid); font-style: italic; }
+)";
 
 void Caption(QAction* action, Bilingual text, Bilingual tip, bool english) {
     action->setText(text.In(english));
@@ -32,6 +41,15 @@ QToolButton* ToolbarButton(const QString& name) {
     button->setFocusPolicy(Qt::TabFocus);
     button->setStyleSheet("font-size: 18px");
     return button;
+}
+
+// A lit button is bold. Its neighbours must not move for that: the pilot's finger knows their places.
+void KeepWidthWhenLit(QToolButton& button) {
+    button.ensurePolished();
+    QFont bold = button.font();
+    bold.setBold(true);
+    constexpr int frameAndPadding = 28;
+    button.setMinimumWidth(QFontMetrics(bold).horizontalAdvance(button.text()) + frameAndPadding);
 }
 
 } // namespace
@@ -102,6 +120,7 @@ void MainForm::MakeMenu() {
     menu = new QMenu(this);
     menu->setObjectName("mnuMain");
     menu->setToolTipsVisible(true);
+    menu->setStyleSheet(MenuStyle);
     mnuUpdate = AddEntry("mnuUpdate", &MainForm::mnuUpdate_Click);
     mnuExport = AddEntry("mnuExport", &MainForm::mnuExport_Click);
     mnuImport = AddEntry("mnuImport", &MainForm::mnuImport_Click);
@@ -140,9 +159,11 @@ void MainForm::ApplyLanguage() {
     const bool english = variablen.EnglishUI == 1;
     for (const auto& [mode, button] : buttons) {
         button->setText(ModeCaption(mode).In(english));
+        KeepWidthWhenLit(*button);
         button->setToolTip(ModeTooltip(mode).In(english));
     }
     cmdNight->setText(captions::Night.In(english));
+    KeepWidthWhenLit(*cmdNight);
     cmdNight->setToolTip(captions::NightTip.In(english));
     cmdMenu->setText(captions::Menu.In(english));
     cmdMenu->setToolTip(captions::MenuTip.In(english));
@@ -194,7 +215,13 @@ void MainForm::ShowDialogPlaceholder(const char* name, Bilingual title, Bilingua
     dialog->setWindowTitle(title.In(variablen.EnglishUI == 1));
     auto* layout = new QVBoxLayout(dialog);
     layout->addWidget(new frmPlaceholder(variablen, "page", title, purpose));
-    dialog->resize(560, 320);
+    auto* close = new QPushButton(captions::Close.In(variablen.EnglishUI == 1));
+    close->setObjectName("cmdClose");
+    close->setToolTip(captions::CloseTip.In(variablen.EnglishUI == 1));
+    close->setMinimumHeight(ButtonHeight);
+    connect(close, &QPushButton::clicked, dialog, &QDialog::close);
+    layout->addWidget(close, 0, Qt::AlignRight);
+    dialog->resize(560, 340);
     dialog->show();
 }
 

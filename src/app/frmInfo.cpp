@@ -24,7 +24,6 @@ constexpr Bilingual Restart{"Nach dem Download muss der Ornivane neu gestartet w
 constexpr Bilingual Title{"Hinweis", "Hint"};
 constexpr Bilingual LinkTip{"Die Seite der Datei im Browser öffnen",
                             "Open the file's address in the browser"};
-constexpr Bilingual Close{"Schließen", "Close"};
 constexpr Bilingual CloseTip{"Hinweis schließen; das Programm läuft ohne die Datei weiter",
                              "Close the hint; the program goes on without the file"};
 
@@ -89,7 +88,7 @@ frmInfo::frmInfo(const Texts& texts, bool english, Shell& shell, const std::stri
     layout->addWidget(link);
 
     AddLabel(layout, "Label4", Restart.In(english));
-    auto* close = new QPushButton(Close.In(english));
+    auto* close = new QPushButton(captions::Close.In(english));
     close->setObjectName("cmdClose");
     close->setToolTip(CloseTip.In(english));
     close->setMinimumHeight(44);

@@ -9,6 +9,17 @@ namespace ornivane {
 
 namespace {
 
+// Choices are hit in turbulence: large marks, seen by day and by night.
+constexpr const char* ChoiceStyle = R"(
+QGroupBox { border: 2px solid palette(mid); border-radius: 8px; margin-top: 12px; padding: 16px 8px 4px 8px; font-size: 18px; }
+QGroupBox::title { subcontrol-origin: margin; left: 14px; padding: 0 6px; }
+QRadioButton { font-size: 18px; spacing: 12px; border: 2px solid transparent; }
+QRadioButton:checked { font-weight: bold; }
+QRadioButton:focus { border-color: palette(highlight); border-radius: 8px; }
+QRadioButton::indicator { width: 22px; height: 22px; border: 3px solid palette(mid); border-radius: 14px; background: palette(base); }
+QRadioButton::indicator:checked { border-color: palette(highlight); background: qradialgradient(cx:0.5, cy:0.5, radius:0.5, fx:0.5, fy:0.5, stop:0.55 palette(highlight), stop:0.65 palette(base)); }
+)";
+
 void Name(QWidget& widget, const char* name) { widget.setObjectName(name); }
 
 void LayOutPair(QGroupBox& box, QRadioButton& first, QRadioButton& second) {
@@ -36,6 +47,7 @@ frmSettings::frmSettings(Variablen& variablenOf, std::function<void()> languageC
     lblTitle.setStyleSheet("font-size: 28px; font-weight: bold");
     lblText.setStyleSheet("font-size: 18px");
     lblText.setWordWrap(true);
+    setStyleSheet(ChoiceStyle);
     LayOutPair(frmLanguage, OptGer, OptEng);
     LayOutPair(frmSymbol, Option1, Option2);
 

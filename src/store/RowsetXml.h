@@ -19,9 +19,9 @@ struct Rowset {
 std::string WriteRowset(const Rowset& rowset);
 
 // Reads what WriteRowset and ADO write: any prefixes, aliases (rs:name), rs:insert, rs:update and rs:delete
-// blocks, UTF-8 and UTF-16. Nothing outside the text is ever resolved. Beyond 32 MiB,
-// 1000 fields or four million values it is refused. RuntimeError TypeMismatch with the
-// reason when it is no such XML, or a value does not fit its field.
+// blocks, UTF-8 and UTF-16. Nothing outside the text is ever resolved. RuntimeError TypeMismatch with the
+// reason when it is no such XML, a value does not fit its field, or it is beyond 32 MiB, 1000 fields or four
+// million values.
 Rowset ReadRowset(std::string_view xml);
 
 } // namespace ornivane

@@ -17,7 +17,7 @@ QLabel* Part(const char* role, QWidget* parent) {
 }
 
 int ValueSize(ReadoutLabel::Size size) { // pixels
-    return size == ReadoutLabel::Size::Large ? 34 : size == ReadoutLabel::Size::Medium ? 22 : 18;
+    return size == ReadoutLabel::Size::Large ? 34 : size == ReadoutLabel::Size::Medium ? 18 : 17;
 }
 
 } // namespace

@@ -1,0 +1,72 @@
+#include "probe/ProbeClient.h"
+
+#include <cstring>
+#include <poll.h>
+#include <stdexcept>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <thread>
+#include <unistd.h>
+
+namespace ornivane {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+constexpr std::chrono::milliseconds Pause{20};
+constexpr int AnswerMilliseconds = 30000;
+
+int Connect(const std::string& path) {
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    if (path.size() >= sizeof address.sun_path)
+        throw std::runtime_error("the socket's path is too long: " + path);
+    std::memcpy(address.sun_path, path.c_str(), path.size() + 1);
+    const int descriptor = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    if (connect(descriptor, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0) return descriptor;
+    close(descriptor);
+    return -1;
+}
+
+} // namespace
+
+ProbeClient::ProbeClient(const std::filesystem::path& path, std::chrono::milliseconds patience) {
+    const auto end = Clock::now() + patience;
+    while ((descriptor = Connect(path.string())) < 0) {
+        if (Clock::now() > end) throw std::runtime_error("the program does not answer at " + path.string());
+        std::this_thread::sleep_for(Pause);
+    }
+}
+
+ProbeClient::~ProbeClient() { close(descriptor); }
+
+std::string ProbeClient::Ask(const std::string& line) {
+    const std::string request = line + "\n";
+    if (send(descriptor, request.data(), request.size(), MSG_NOSIGNAL) !=
+        static_cast<ssize_t>(request.size()))
+        throw std::runtime_error("the program is gone");
+    std::size_t end = 0;
+    while ((end = received.find('\n')) == std::string::npos) {
+        pollfd waiting{descriptor, POLLIN, 0};
+        char bytes[4096];
+        const ssize_t count =
+            poll(&waiting, 1, AnswerMilliseconds) == 1 ? read(descriptor, bytes, sizeof bytes) : 0;
+        if (count <= 0) throw std::runtime_error("no answer to: " + line);
+        received.append(bytes, static_cast<std::size_t>(count));
+    }
+    const std::string answer = received.substr(0, end);
+    received.erase(0, end + 1);
+    return answer;
+}
+
+bool ProbeClient::WaitFor(const std::string& line, const std::string& answer,
+                          std::chrono::milliseconds patience) {
+    const auto end = Clock::now() + patience;
+    while (Ask(line) != answer) {
+        if (Clock::now() > end) return false;
+        std::this_thread::sleep_for(Pause);
+    }
+    return true;
+}
+
+} // namespace ornivane
