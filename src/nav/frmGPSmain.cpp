@@ -358,12 +358,13 @@ void frmGPSmain::MapReleased(Qt::MouseButton button) {
     screen->UpdateMap();
 }
 
-// The slider jumps to the pointer instead of being dragged by its knob. Its width counts as 3500 units; the margin
-// at the left end is where a finger still means the end.
+// The slider jumps to the pointer instead of being dragged by its knob. Its width counts as 3500 units; in
+// the margins at both ends a finger means the end.
 bool frmGPSmain::SlideTo(double x) {
-    const double units = x * 3500 / std::max(1, SlideMap->width());
-    const int value = static_cast<int>(std::nearbyint((units - 1750) * 100 / 1750));
-    SlideMap->setValue(units > 3800 ? SlideMax : units < 200 ? SlideMin : value);
+    constexpr double width = 3500, margin = 200;
+    const double units = x * width / std::max(1, SlideMap->width());
+    const int value = static_cast<int>(std::nearbyint((units - width / 2) * SlideMax / (width / 2)));
+    SlideMap->setValue(units > width - margin ? SlideMax : units < margin ? SlideMin : value);
     return true;
 }
 
@@ -483,78 +484,6 @@ void frmGPSmain::ShowRoute() {
         pointsBinding->SelectRow();
     else
         pointsBinding->ClearRowSelection();
-}
-
-void frmGPSmain::ApplyLanguage() {
-    const auto text = [this](const char* german, const char* english) {
-        return QString::fromUtf8(services.Shared.Text(german, english));
-    };
-    speed->SetCaption(text("Geschwindigkeit", "Speed"));
-    bearing->SetCaption(text("Kurs", "Track"));
-    altitude->SetCaption(text("Höhe", "Altitude"));
-    latitude->SetCaption(text("Breite", "Lat"));
-    longitude->SetCaption(text("Länge", "Long"));
-    distance->SetCaption(text("Distanz", "Distance"));
-    course->SetCaption(text("Kurs zum Ziel", "Course"));
-    time->SetCaption(screen->State.ShowETE ? text("Zeit bis Ziel", "Time to go")
-                                           : text("Ankunft", "Arrival"));
-    remaining->SetCaption(text("Reststrecke", "Remaining"));
-    cmdGPS->setText("GPS");
-    lampTips = {text("Verbindung wird geprüft oder kein Fix – Klick trennt",
-                     "Checking, or no fix – click to disconnect"),
-                text("GPS-Fix – Klick trennt", "GPS fix – click to disconnect"),
-                text("Daten verloren – Klick trennt", "Data lost – click to disconnect")};
-    lblNoMap->setText(
-        text("Keine Karte. Legen Sie ein Kartenbild in den Ordner Karten und geben Sie ihm unter Kartendaten "
-             "seinen Rahmen.",
-             "No chart. Put a chart image into the folder Karten and give it its frame under Map Data."));
-    cmdshowRoute->setText(text("Strecke", "Route"));
-    cmdWayInfo->setText(text("Namen", "Names"));
-    cmdShowPoints->setText(text("Nur Strecke", "Route only"));
-    const QString device = Q(services.Ports.Description(screen->Link.ComPort));
-    const std::pair<QWidget*, QString> tips[] = {
-        {picMap, text("Karte: ziehen verschiebt, Pfeiltasten auf/ab ändern den Maßstab",
-                      "Chart: drag to move, arrow keys up/down to zoom")},
-        {SlideMap, text("Maßstab", "Zoom")},
-        {progBar, text("Karte wird geladen", "Loading the chart")},
-        {lblStatus, text("Zustand der GPS-Verbindung", "State of the GPS link")},
-        {cmbMaps, text("Karte wählen", "Choose the chart")},
-        {cmbRoute, text("Strecke wählen", "Choose the route")},
-        {lblRoute, text("Länge der Strecke", "Length of the route")},
-        {gridWaypoints, text("Punkte der Strecke; ein Klick macht einen Punkt aktiv",
-                             "Points of the route; a click makes one active")},
-        {cmdGPS, text("Mit dem GPS-Empfänger an COM %1 verbinden", "Connect to the GPS receiver on COM %1").arg(screen->Link.ComPort) + (device.isEmpty() ? device : "\n" + device)},
-        {cmdKartezentrieren,
-         text("Karte auf das Flugzeug zentrieren", "Keep the chart centred on the aircraft")},
-        {cmdSet, text("Anzeige einstellen", "What the chart shows")},
-        {cmdPrev, text("Voriger Punkt (Pfeil links)", "Previous point (left arrow)")},
-        {cmdNext, text("Nächster Punkt (Pfeil rechts)", "Next point (right arrow)")},
-        {cmdActivateGoto, text("Strecke abfliegen", "Fly the route")},
-        {cmdDirectFly, text("Direktflug: Ziel mit der rechten Maustaste auf der Karte wählen",
-                            "Direct Fly: choose the target on the chart with the right button")},
-        {cmdshowRoute, text("Strecke auf der Karte zeigen", "Show the route on the chart")},
-        {cmdWayInfo, text("Namen der Wegpunkte zeigen", "Show the names of waypoints")},
-        {cmdShowPoints, text("Nur die Punkte der Strecke zeigen", "Show only the points of the route")},
-        {speed, text("Geschwindigkeit über Grund; Klick wechselt kts und km/h",
-                     "Ground speed; click for kts or km/h")},
-        {bearing, text("Kurs über Grund", "Track over ground")},
-        {altitude, text("GPS-Höhe; Klick wechselt ft und m", "GPS altitude; click for ft or m")},
-        {latitude, text("Geografische Breite", "Latitude")},
-        {longitude, text("Geografische Länge", "Longitude")},
-        {distance, text("Entfernung zum nächsten Punkt", "Distance to the next point")},
-        {course, text("Rechtweisender Kurs zum nächsten Punkt", "True course to the next point")},
-        {time, text("Zeit bis zum nächsten Punkt; Klick wechselt zur Ankunftszeit",
-                    "Time to the next point; click for the time of arrival")},
-        {remaining, text("Reststrecke bis zum letzten Punkt", "Remaining distance to the last point")},
-        {lblLatx, text("Breite des Direktflugziels, Grad und Minuten",
-                       "Latitude of the Direct Fly target, degrees and minutes")},
-        {lblLongx, text("Länge des Direktflugziels, Grad und Minuten",
-                        "Longitude of the Direct Fly target, degrees and minutes")},
-    };
-    for (const auto& [widget, tip] : tips) widget->setToolTip(tip);
-    pointsModel->HeadersChanged();
-    PlaceOverMap();
-    ShowState();
 }
 
 } // namespace ornivane

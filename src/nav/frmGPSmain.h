@@ -84,6 +84,9 @@ private:
     void ShowMapControls();
     void ShowRoute();
     void PlaceOverMap();
+    QString Text(const char* german, const char* english) const;
+    void ApplyCaptions();
+    void ApplyToolTips();
 
     FlyingFormServices services;
     std::unique_ptr<QtPicture> picStorage;

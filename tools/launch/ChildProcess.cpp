@@ -2,7 +2,6 @@
 
 #include <fcntl.h>
 #include <poll.h>
-#include <sys/pidfd.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -13,6 +12,10 @@
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
+
+extern "C" { // which this header of glibc 2.36 forgets
+#include <sys/pidfd.h>
+}
 
 namespace ornivane {
 

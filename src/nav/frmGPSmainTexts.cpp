@@ -1,0 +1,99 @@
+#include <QComboBox>
+#include <QFrame>
+#include <QLabel>
+#include <QProgressBar>
+#include <QSlider>
+#include <QTableView>
+
+#include "nav/frmGPSmain.h"
+#include "platform/qt/LampButton.h"
+#include "platform/qt/ReadoutLabel.h"
+#include "platform/qt/RecordsetModel.h"
+#include "platform/qt/SurfaceWidget.h"
+
+namespace ornivane {
+
+QString frmGPSmain::Text(const char* german, const char* english) const {
+    return QString::fromUtf8(services.Shared.Text(german, english));
+}
+
+void frmGPSmain::ApplyLanguage() {
+    ApplyCaptions();
+    ApplyToolTips();
+    pointsModel->HeadersChanged();
+    PlaceOverMap();
+    ShowState();
+}
+
+void frmGPSmain::ApplyCaptions() {
+    speed->SetCaption(Text("Geschwindigkeit", "Speed"));
+    bearing->SetCaption(Text("Kurs", "Track"));
+    altitude->SetCaption(Text("Höhe", "Altitude"));
+    latitude->SetCaption(Text("Breite", "Lat"));
+    longitude->SetCaption(Text("Länge", "Long"));
+    distance->SetCaption(Text("Distanz", "Distance"));
+    course->SetCaption(Text("Kurs zum Ziel", "Course"));
+    time->SetCaption(screen->State.ShowETE ? Text("Zeit bis Ziel", "Time to go")
+                                           : Text("Ankunft", "Arrival"));
+    remaining->SetCaption(Text("Reststrecke", "Remaining"));
+    cmdGPS->setText("GPS");
+    lampTips = {Text("Verbindung wird geprüft oder kein Fix – Klick trennt",
+                     "Checking, or no fix – click to disconnect"),
+                Text("GPS-Fix – Klick trennt", "GPS fix – click to disconnect"),
+                Text("Daten verloren – Klick trennt", "Data lost – click to disconnect")};
+    lblNoMap->setText(
+        Text("Keine Karte. Legen Sie ein Kartenbild in den Ordner Karten und geben Sie ihm unter Kartendaten "
+             "seinen Rahmen.",
+             "No chart. Put a chart image into the folder Karten and give it its frame under Map Data."));
+    cmdshowRoute->setText(Text("Strecke", "Route"));
+    cmdWayInfo->setText(Text("Namen", "Names"));
+    cmdShowPoints->setText(Text("Nur Strecke", "Route only"));
+}
+
+void frmGPSmain::ApplyToolTips() {
+    const QString device = QString::fromStdString(services.Ports.Description(screen->Link.ComPort));
+    const std::pair<QWidget*, QString> tips[] = {
+        {picMap, Text("Karte: ziehen verschiebt, Pfeiltasten auf/ab ändern den Maßstab",
+                      "Chart: drag to move, arrow keys up/down to zoom")},
+        {SlideMap, Text("Maßstab", "Zoom")},
+        {progBar, Text("Karte wird geladen", "Loading the chart")},
+        {lblStatus, Text("Zustand der GPS-Verbindung", "State of the GPS link")},
+        {cmbMaps, Text("Karte wählen", "Choose the chart")},
+        {cmbRoute, Text("Strecke wählen", "Choose the route")},
+        {lblRoute, Text("Länge der Strecke", "Length of the route")},
+        {gridWaypoints, Text("Punkte der Strecke; ein Klick macht einen Punkt aktiv",
+                             "Points of the route; a click makes one active")},
+        {cmdGPS, Text("Mit dem GPS-Empfänger an COM %1 verbinden", "Connect to the GPS receiver on COM %1")
+                         .arg(screen->Link.ComPort) +
+                     (device.isEmpty() ? device : "\n" + device)},
+        {cmdKartezentrieren,
+         Text("Karte auf das Flugzeug zentrieren", "Keep the chart centred on the aircraft")},
+        {cmdSet, Text("Anzeige einstellen", "What the chart shows")},
+        {cmdPrev, Text("Voriger Punkt (Pfeil links)", "Previous point (left arrow)")},
+        {cmdNext, Text("Nächster Punkt (Pfeil rechts)", "Next point (right arrow)")},
+        {cmdActivateGoto, Text("Strecke abfliegen", "Fly the route")},
+        {cmdDirectFly, Text("Direktflug: Ziel mit der rechten Maustaste auf der Karte wählen",
+                            "Direct Fly: choose the target on the chart with the right button")},
+        {cmdshowRoute, Text("Strecke auf der Karte zeigen", "Show the route on the chart")},
+        {cmdWayInfo, Text("Namen der Wegpunkte zeigen", "Show the names of waypoints")},
+        {cmdShowPoints, Text("Nur die Punkte der Strecke zeigen", "Show only the points of the route")},
+        {speed, Text("Geschwindigkeit über Grund; Klick wechselt kts und km/h",
+                     "Ground speed; click for kts or km/h")},
+        {bearing, Text("Kurs über Grund", "Track over ground")},
+        {altitude, Text("GPS-Höhe; Klick wechselt ft und m", "GPS altitude; click for ft or m")},
+        {latitude, Text("Geografische Breite", "Latitude")},
+        {longitude, Text("Geografische Länge", "Longitude")},
+        {distance, Text("Entfernung zum nächsten Punkt", "Distance to the next point")},
+        {course, Text("Rechtweisender Kurs zum nächsten Punkt", "True course to the next point")},
+        {time, Text("Zeit bis zum nächsten Punkt; Klick wechselt zur Ankunftszeit",
+                    "Time to the next point; click for the time of arrival")},
+        {remaining, Text("Reststrecke bis zum letzten Punkt", "Remaining distance to the last point")},
+        {lblLatx, Text("Breite des Direktflugziels, Grad und Minuten",
+                       "Latitude of the Direct Fly target, degrees and minutes")},
+        {lblLongx, Text("Länge des Direktflugziels, Grad und Minuten",
+                        "Longitude of the Direct Fly target, degrees and minutes")},
+    };
+    for (const auto& [widget, tip] : tips) widget->setToolTip(tip);
+}
+
+} // namespace ornivane

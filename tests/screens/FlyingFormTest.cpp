@@ -1,0 +1,213 @@
+#include <QComboBox>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPainter>
+#include <QSlider>
+#include <QTableView>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include "base/Format.h"
+#include "common/SettingsFiles.h"
+#include "geo/NavigationMaths.h"
+#include "nav/frmGPSmain.h"
+#include "platform/qt/Events.h"
+#include "platform/qt/LampButton.h"
+#include "platform/qt/QtDialogs.h"
+#include "platform/qt/QtNotice.h"
+#include "platform/qt/QtTimer.h"
+#include "platform/qt/SurfaceWidget.h"
+#include "platform/qt/SystemClock.h"
+#include "support/FlightFolder.h"
+
+namespace ornivane {
+namespace {
+
+// A receiver that the test speaks for.
+class SpokenPort : public SerialPort, public PortList {
+public:
+    void SetSettings(const std::string&) override {}
+    void Open(int) override { open = true; }
+    void Close() override { open = false; }
+    bool IsOpen() const override { return open; }
+    std::string ReadAll() override { return std::exchange(waiting, {}); }
+    void OnEvent(std::function<void(SerialEvent)> handler) override { callback = std::move(handler); }
+    bool Exists(int) const override { return true; }
+    std::string Description(int) const override { return "a test"; }
+
+    void Say(const std::string& body) {
+        waiting = "$" + body + "*" + NmeaInterpreter::GetChecksum("$" + body) + "\r\n";
+        callback(SerialEvent::Receive);
+    }
+    void Tell(SerialEvent event) { callback(event); }
+
+private:
+    bool open = false;
+    std::string waiting;
+    std::function<void(SerialEvent)> callback;
+};
+
+class FlyingFormTest : public testing::Test, protected FlightFolder {
+protected:
+    FlyingFormTest() {
+        QImage chart(2000, 1000, QImage::Format_RGB32);
+        chart.fill(Qt::white);
+        for (const char* name : {"alpha.jpg", "zulu.jpg"})
+            chart.save(QString::fromStdString((Folder.Path() / "Karten" / name).string()), "JPG");
+        AddRoute("R", {6.3, 7.0, 7.3});
+        AddRoute("S", {6.4});
+    }
+    void Show(int width = 1024, int height = 640) {
+        Form.resize(width, height);
+        Form.show();
+        Form.Form_Activate();
+    }
+    template <typename Widget>
+    Widget& Find(const char* name) {
+        auto* widget = Form.findChild<Widget*>(name);
+        if (!widget) throw std::runtime_error(std::string("no widget ") + name);
+        return *widget;
+    }
+    std::string Text(const char* name) { return Find<QLabel>(name).text().toStdString(); }
+    void Click(const char* name) { QTest::mouseClick(&Find<QWidget>(name), Qt::LeftButton); }
+    void Fix() {
+        Port.Say("GPRMC,120000,A,5030.000,N,00700.000,E,100.0,090.0,221126,,");
+        Port.Say("GPGGA,120000,5030.000,N,00700.000,E,1,07,1.2,300.0,M,46.0,M,,");
+    }
+
+    SpokenPort Port;
+    SystemClock Clock;
+    QtNotice Notices;
+    QtDialogs Dialogs;
+    EventGuard Guard{Notices, [this] { return Shared.EnglishUI == 1; }};
+    QtTimer Timer{Guard};
+    frmGPSmain Form{{Shared, Port, Timer, Port, Clock, Dialogs, Notices, Guard}};
+};
+
+TEST_F(FlyingFormTest, ShowsTheReceiversWordsInTheLabels) {
+    Show();
+    Click("cmdGPS");
+    EXPECT_TRUE(Find<QLabel>("lblStatus").isVisible());
+    EXPECT_EQ(Text("lblStatus"), "COM 1 wird überprüft");
+    EXPECT_FALSE(Find<QWidget>("cmdGPS").isVisible());
+    Fix();
+    EXPECT_TRUE(Find<LampButton>("picGPSCheck1").isVisible());
+    EXPECT_FALSE(Find<QLabel>("lblStatus").isVisible());
+    EXPECT_EQ(Text("lblLat"), "N 50° 30.000'");
+    EXPECT_EQ(Text("lblSpeed") + Text("lblSpeedmode"), "100kts");
+    EXPECT_EQ(Text("lblAlt") + Text("lblAltmode"), "984ft");
+    Click("lblSpeed");
+    Fix();
+    EXPECT_EQ(Text("lblSpeed") + Text("lblSpeedmode"), "185km/h");
+    Port.Tell(SerialEvent::Other);
+    EXPECT_TRUE(Find<LampButton>("picGPSCheck2").isVisible());
+    EXPECT_EQ(Text("lblSpeed"), "---");
+    Click("picGPSCheck2");
+    EXPECT_TRUE(Find<QWidget>("cmdGPS").isVisible());
+    EXPECT_FALSE(Port.IsOpen());
+}
+
+TEST_F(FlyingFormTest, ZoomsBySliderAndKeysAndDragsTheChart) {
+    Show();
+    auto& slider = Find<QSlider>("SlideMap");
+    QTest::mouseClick(&slider, Qt::LeftButton, {}, {slider.width() - 2, 10});
+    EXPECT_EQ(Form.Logic().Map.SlideMap, 100);
+    QTest::mouseClick(&slider, Qt::LeftButton, {}, {5, 10});
+    EXPECT_EQ(Form.Logic().Map.SlideMap, -100);
+    auto& map = Find<SurfaceWidget>("picMap");
+    QTest::keyClick(&map, Qt::Key_Down); // the end already
+    EXPECT_EQ(slider.value(), -100);
+    QTest::keyClick(&map, Qt::Key_Up);
+    EXPECT_EQ(slider.value(), -90);
+    Form.Logic().Map.SetCentring(false);
+    const SourceRect before = Form.Logic().Map.View;
+    QTest::mousePress(&map, Qt::LeftButton, {}, {400, 300});
+    QTest::mouseMove(&map, {360, 290});
+    QTest::mouseRelease(&map, Qt::LeftButton, {}, {360, 290});
+    EXPECT_EQ(Form.Logic().Map.View.SX, before.SX + 40);
+    EXPECT_EQ(Form.Logic().Map.View.SY, before.SY + 10);
+}
+
+TEST_F(FlyingFormTest, TheGridFollowsTheRouteAndTheRouteTheGrid) {
+    Show();
+    auto& grid = Find<QTableView>("gridWaypoints");
+    EXPECT_EQ(grid.model()->rowCount(), 3);
+    Click("cmdActivateGoto");
+    EXPECT_TRUE(Find<QWidget>("Frame1").isVisible());
+    QTest::keyClick(&Find<QWidget>("picMap"), Qt::Key_Right);
+    EXPECT_EQ(grid.currentIndex().row(), 1);
+    QTest::mouseClick(grid.viewport(), Qt::LeftButton, {},
+                      grid.visualRect(grid.model()->index(2, 1)).center());
+    EXPECT_EQ(Form.Logic().Route.RoutePointsSet.AbsolutePosition(), 3);
+    Click("cmdNext"); // the end of the route
+    EXPECT_FALSE(Find<QWidget>("Frame1").isVisible());
+    EXPECT_FALSE(Find<QWidget>("cmdNext").isEnabled());
+    auto& routes = Find<QComboBox>("cmbRoute");
+    routes.setCurrentIndex(1);
+    emit routes.activated(1);
+    EXPECT_EQ(grid.model()->rowCount(), 1);
+    EXPECT_EQ(ReadLastChoice(Folder.Path()).Route, "S");
+}
+
+TEST_F(FlyingFormTest, ARightClickIsTheTargetOfDirectFly) {
+    Show();
+    auto& map = Find<SurfaceWidget>("picMap");
+    QTest::mouseClick(&map, Qt::RightButton, {}, {100, 100}); // not while it is off
+    EXPECT_EQ(Text("lblLatx"), "");
+    Fix();
+    Click("cmdDirectFly");
+    QTest::mouseClick(&map, Qt::RightButton, {}, {100, 100});
+    const Position target = Form.Logic().Map.Transform().PositionOfView({100, 100});
+    EXPECT_EQ(Text("lblLatx"), Format(ToDegMinValue(target.Lat), "###.##0", Shared.Locale));
+    EXPECT_NE(Text("lblDistanz"), "");
+    EXPECT_EQ(Text("lblRemDist"), Text("lblDistanz"));
+}
+
+TEST_F(FlyingFormTest, FitsFromSmallToLargeAndKeepsEveryTooltipInTheLanguage) {
+    Show(1024, 620);
+    for (const QSize size : {QSize(1024, 620), QSize(1920, 1000), QSize(1100, 700)}) {
+        Form.resize(size);
+        const auto& map = Find<SurfaceWidget>("picMap");
+        EXPECT_EQ(map.width(), size.width() - 280);
+        EXPECT_EQ(map.height(), size.height() - 53);
+        const SourceRect& view = Form.Logic().Map.View;
+        EXPECT_LE(view.SX + view.SW, 2000.5f);
+        EXPECT_LE(view.SY + view.SH, 1000.5f);
+        for (const QWidget* widget : Form.findChildren<QWidget*>())
+            if (widget->isVisible() && !widget->objectName().startsWith("qt_") && widget->window() == &Form) {
+                const QRect inForm(widget->mapTo(&Form, QPoint()), widget->size());
+                EXPECT_LE(inForm.bottom(), Form.height()) << widget->objectName().toStdString();
+            }
+    }
+    const QString german = Find<QWidget>("cmdGPS").toolTip();
+    Shared.EnglishUI = 1;
+    Form.ApplyLanguage();
+    EXPECT_NE(Find<QWidget>("cmdGPS").toolTip(), german);
+    for (const char* name :
+         {"cmdNext", "cmdPrev", "cmdSet", "cmbMaps", "SlideMap", "picMap", "gridWaypoints", "cmbRoute"})
+        EXPECT_FALSE(Find<QWidget>(name).toolTip().isEmpty()) << name;
+}
+
+TEST_F(FlyingFormTest, ABoxThatStandsStopsNothingAndDoesNotStackUp) {
+    Show();
+    Click("cmdGPS");
+    Fix();
+    for (int i = 0; i < 5; ++i) Port.Tell(SerialEvent::Break);
+    const auto boxes = [] {
+        int count = 0;
+        for (QWidget* window : QApplication::topLevelWidgets())
+            count += qobject_cast<QMessageBox*>(window) && window->isVisible();
+        return count;
+    };
+    EXPECT_EQ(boxes(), 1);
+    Fix();
+    EXPECT_EQ(Text("lblSpeed"), "100");
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (auto* box = qobject_cast<QMessageBox*>(window)) box->accept();
+    QTest::qWait(0);
+    EXPECT_EQ(boxes(), 0);
+}
+
+} // namespace
+} // namespace ornivane

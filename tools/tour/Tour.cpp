@@ -1,0 +1,196 @@
+#include "tour/Tour.h"
+
+#include <csignal>
+#include <cstdlib>
+#include <iostream>
+
+#include "common/SettingsFiles.h"
+
+namespace ornivane {
+
+namespace fs = std::filesystem;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr const char* DemoChart = "rhineland.jpg";
+constexpr const char* DemoRoute = "Rheinlandrunde";
+constexpr const char* Pace = "10"; // times as fast as real
+
+fs::path Copy(const fs::path& folder) {
+    std::string name = (fs::temp_directory_path() / "ornivane-tour-XXXXXX").string();
+    if (!mkdtemp(name.data())) throw std::runtime_error("no temporary folder");
+    for (const auto& entry : fs::directory_iterator(folder)) {
+        const std::string own = entry.path().filename().string();
+        if (own != "pictures" && own != "Ports" && !own.starts_with("."))
+            fs::copy(entry.path(), fs::path(name) / own, fs::copy_options::recursive);
+    }
+    return name;
+}
+
+} // namespace
+
+int PortOf(const fs::path& folder) {
+    const std::optional<ComSettings> saved = ReadComSettings(folder);
+    return saved ? std::stoi(saved->Port) : 1;
+}
+
+void ChooseDemo(RunningProgram& program) {
+    program.Ask(std::string("select cmbMaps ") + DemoChart); // without the demo's data there is none
+    program.Ask(std::string("select cmbRoute ") + DemoRoute);
+    program.Click("cmdActivateGoto");
+    program.Click("cmdGPS");
+}
+
+Tour::Tour(const fs::path& folder, const fs::path& flightFile)
+    : pictures(folder / "pictures"), copy(Copy(folder)), flight(flightFile) {
+    fs::create_directories(pictures);
+}
+
+Tour::~Tour() {
+    program.reset();
+    receiver.reset();
+    std::error_code ignored;
+    fs::remove_all(copy, ignored);
+}
+
+bool Tour::Run() {
+    WriteLanguage(copy, 0);
+    receiver =
+        std::make_unique<RunningReceiver>(copy, PortOf(copy), flight,
+                                          std::vector<std::string>{"--pace", Pace, "--loop", "--once-open",
+                                                                   "--speed", "110", "--altitude", "2500"});
+    Start(1);
+    ChooseRoute();
+    Connect();
+    Fly();
+    VisitScreens("de", "day");
+    program->Click("cmdNight");
+    VisitScreens("de", "night");
+    program->Click("button5");
+    program->Click("OptEng");
+    VisitScreens("en", "night");
+    program->Click("cmdNight");
+    VisitScreens("en", "day");
+    VisitDialogs();
+    End();
+    FlyEnlarged();
+    return good;
+}
+
+void Tour::Start(int scale) {
+    RunningProgram::Options options;
+    options.Scale = scale;
+    options.Width *= scale;
+    options.Height *= scale;
+    options.Output = copy / "output.txt";
+    program = std::make_unique<RunningProgram>(copy, options);
+    if (scale == 1 && program->Probe().WaitFor("visible frmSplash", "yes")) Picture("splash", "frmSplash");
+    Check(program->Probe().WaitFor("visible Main", "yes", 20s), "the main window comes up");
+    LeaveHints();
+}
+
+void Tour::End() {
+    program->Process().Signal(SIGTERM);
+    Check(program->Process().WaitForEnd(10s) == 0, "the program ends in the orderly way when asked to");
+    Check(fs::exists(copy / "position.crm") && fs::exists(copy / "Set.crm"), "it saves what must survive");
+    program.reset();
+}
+
+// What the demo has no data for.
+void Tour::LeaveHints() {
+    for (const std::string hint : {"frmInfo1", "frmInfo3"}) {
+        if (!program->Visible(hint)) continue;
+        Picture(hint, hint);
+        program->Click("cmdClose");
+    }
+}
+
+void Tour::ChooseRoute() {
+    Picture("flight-not-connected");
+    Check(program->Text("lblSpeed") == "---", "no speed before there is a receiver");
+    ChooseDemo(*program);
+    Picture("flight-checking");
+}
+
+void Tour::Connect() {
+    Check(WaitUntil([this] { return program->Text("lblSpeed") != "---"; }, 15s), "lblSpeed lives");
+    Check(program->Probe().WaitFor("visible picGPSCheck1", "yes"), "the lamp tells of a fix");
+    Picture("flight-first-fix");
+}
+
+void Tour::Fly() {
+    Check(WaitUntil([this] { return std::atof(program->Text("lblSpeed").c_str()) > 60; }, 30s),
+          "it takes off");
+    Picture("flight-climbing");
+    for (const auto& [key, name] : {std::pair{"Up", "flight-zoomed-in"}, {"Down", "flight-zoomed-out"}}) {
+        for (int presses = 0; presses < 5; ++presses) program->Do(std::string("key picMap ") + key);
+        Picture(name);
+    }
+    program->Click("cmdSet");
+    for (const std::string button : {"cmdshowRoute", "cmdWayInfo"})
+        if (program->Ask("property " + button + " Lit") != "true") program->Click(button);
+    Picture("flight-settings-panel");
+    program->Click("cmdSet");
+    program->Click("cmdNext");
+    const std::string before = program->Text("lblLat") + program->Text("lblLong");
+    Check(WaitUntil([&] { return program->Text("lblLat") + program->Text("lblLong") != before; }),
+          "it moves");
+    Check(!program->Text("lblDistanz").empty() && program->Text("lblDistanz") != "---",
+          "the leg has a distance");
+    Picture("flight-next-leg");
+}
+
+void Tour::VisitScreens(const std::string& language, const std::string& palette) {
+    constexpr std::pair<const char*, const char*> screens[] = {{"button3", "planning"},
+                                                               {"button5", "settings"},
+                                                               {"button7", "map-data"},
+                                                               {"button9", "flight-plan"},
+                                                               {"button1", "flight"}};
+    for (const auto& [button, name] : screens) {
+        program->Click(button);
+        Check(program->Ask(std::string("property ") + button + " checked") == "true",
+              std::string("the button of ") + name + " is lit");
+        if (std::string(name) == "flight")
+            Check(program->Probe().WaitFor("visible picGPSCheck1", "yes", 20s),
+                  "the link comes back with the flying screen");
+        Picture(std::string(name) + "-" + language + "-" + palette);
+    }
+}
+
+void Tour::VisitDialogs() {
+    program->Click("button3");
+    constexpr std::pair<const char*, const char*> dialogs[] = {{"mnuExport", "frmExport"},
+                                                               {"mnuImport", "frmImport"},
+                                                               {"mnuLuftEin", "frmLuftraumSettings"},
+                                                               {"mnuabout", "frmAbout"}};
+    for (const auto& [entry, dialog] : dialogs) {
+        program->Do(std::string("menu ") + entry);
+        Picture(dialog, dialog);
+        program->Click("cmdClose");
+    }
+    program->Click("button1");
+}
+
+void Tour::FlyEnlarged() {
+    Start(2);
+    ChooseDemo(*program);
+    Check(program->Probe().WaitFor("visible picGPSCheck1", "yes", 20s), "the lamp tells of a fix at 200 %");
+    program->Do("resize 1024 700");
+    Picture("flight-200-percent");
+    End();
+}
+
+void Tour::Picture(const std::string& name, const std::string& widget) {
+    const fs::path file = pictures / (name + ".png");
+    program->Do("grab " + file.string() + (widget.empty() ? "" : " " + widget));
+    std::cout << file.string() << '\n';
+}
+
+void Tour::Check(bool isSo, const std::string& what) {
+    if (isSo) return;
+    std::cout << "FAILED: " << what << '\n';
+    good = false;
+}
+
+} // namespace ornivane

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "launch/RunningProgram.h"
+
+namespace ornivane {
+
+// Flies the demo off screen, at many times its pace, and takes a picture of every screen that there is.
+class Tour {
+public:
+    // Works on a copy of the portable folder: a tour presses many buttons, and the user's settings are the
+    // user's.
+    Tour(const std::filesystem::path& folder, const std::filesystem::path& flight);
+    ~Tour();
+
+    // False when something was not as it should be; all is printed.
+    bool Run();
+
+private:
+    void Start(int scale);
+    void End();
+    void LeaveHints();
+    void ChooseRoute();
+    void Connect();
+    void Fly();
+    void VisitScreens(const std::string& language, const std::string& palette);
+    void VisitDialogs();
+    void FlyEnlarged();
+    void Picture(const std::string& name, const std::string& widget = {});
+    void Check(bool isSo, const std::string& what);
+
+    std::filesystem::path pictures;
+    std::filesystem::path copy;
+    std::filesystem::path flight;
+    std::unique_ptr<RunningReceiver> receiver;
+    std::unique_ptr<RunningProgram> program;
+    bool good = true;
+};
+
+// The number of the port in data.crm; 1 when there is none yet, as the program itself takes it.
+int PortOf(const std::filesystem::path& folder);
+
+// As a pilot would before take-off: the demo's chart and route, and the receiver.
+void ChooseDemo(RunningProgram& program);
+
+} // namespace ornivane
