@@ -15,7 +15,7 @@ namespace {
 
 constexpr const char* DemoChart = "rhineland.jpg";
 constexpr const char* DemoRoute = "Rheinlandrunde";
-constexpr const char* Pace = "10"; // times as fast as real
+constexpr const char* Pace = "30"; // times as fast as real
 
 fs::path Copy(const fs::path& folder) {
     std::string name = (fs::temp_directory_path() / "ornivane-tour-XXXXXX").string();
@@ -87,7 +87,7 @@ void Tour::Start(int scale) {
     program = std::make_unique<RunningProgram>(copy, options);
     if (scale == 1 && program->Probe().WaitFor("visible frmSplash", "yes")) Picture("splash", "frmSplash");
     Check(program->Probe().WaitFor("visible Main", "yes", 20s), "the main window comes up");
-    LeaveHints();
+    if (scale == 1) LeaveHints();
 }
 
 void Tour::End() {
@@ -117,6 +117,7 @@ void Tour::Connect() {
     Check(WaitUntil([this] { return program->Text("lblSpeed") != "---"; }, 15s), "lblSpeed lives");
     Check(program->Probe().WaitFor("visible picGPSCheck1", "yes"), "the lamp tells of a fix");
     Picture("flight-first-fix");
+    program->Click("cmdKartezentrieren");
 }
 
 void Tour::Fly() {
@@ -132,12 +133,12 @@ void Tour::Fly() {
         if (program->Ask("property " + button + " Lit") != "true") program->Click(button);
     Picture("flight-settings-panel");
     program->Click("cmdSet");
-    program->Click("cmdNext");
     const std::string before = program->Text("lblLat") + program->Text("lblLong");
     Check(WaitUntil([&] { return program->Text("lblLat") + program->Text("lblLong") != before; }),
           "it moves");
-    Check(!program->Text("lblDistanz").empty() && program->Text("lblDistanz") != "---",
-          "the leg has a distance");
+    Check(WaitUntil([this] { return Distance() > 0 && Distance() < 8; }, 40s), "the next point comes nearer");
+    Picture("flight-underway");
+    Check(WaitUntil([this] { return Distance() > 10; }, 40s), "it steps to the next leg");
     Picture("flight-next-leg");
 }
 
@@ -180,6 +181,8 @@ void Tour::FlyEnlarged() {
     Picture("flight-200-percent");
     End();
 }
+
+double Tour::Distance() { return std::atof(program->Text("lblDistanz").c_str()); }
 
 void Tour::Picture(const std::string& name, const std::string& widget) {
     const fs::path file = pictures / (name + ".png");

@@ -29,6 +29,7 @@ private:
     void VisitScreens(const std::string& language, const std::string& palette);
     void VisitDialogs();
     void FlyEnlarged();
+    double Distance(); // to the next point, in NM
     void Picture(const std::string& name, const std::string& widget = {});
     void Check(bool isSo, const std::string& what);
 
