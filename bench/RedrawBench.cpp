@@ -1,9 +1,10 @@
 // The whole redraw of the flying screen, chart and 10,000 waypoints, at the two ends and the middle of the
-// slider, beside the bare stretching of the chart in the same run. The chart is 12,000 x 9,000 pixels, the
-// view 1640 x 980. Needs QT_QPA_PLATFORM=offscreen where there is no display.
+// slider, beside the bare stretching of the chart in the same run. Loading beside the bare decoder. The chart
+// is 12,000 x 9,000 pixels, the view 1640 x 980. Needs QT_QPA_PLATFORM=offscreen where there is no display.
 
 #include <QGuiApplication>
 #include <QImage>
+#include <QImageReader>
 #include <benchmark/benchmark.h>
 
 #include "nav/FlyingScreen.h"
@@ -124,6 +125,47 @@ void BareStretch(benchmark::State& state) {
     }
 }
 
+std::filesystem::path ChartFile() { return TheFlight().Folder.Path() / "Karten" / "large.jpg"; }
+
+void LoadChart(benchmark::State& state) {
+    const auto file = ChartFile();
+    for (auto _ : state) {
+        QtPicture picture;
+        if (!picture.Load(file)) state.SkipWithError("the chart cannot be read");
+    }
+}
+
+void BareDecode(benchmark::State& state) {
+    QImageReader::setAllocationLimit(0);
+    const QString file = QString::fromStdString(ChartFile().string());
+    for (auto _ : state) {
+        QImageReader reader(file);
+        if (reader.read().isNull()) state.SkipWithError("the chart cannot be read");
+    }
+}
+
+// The first redraw after a load, which makes what it needs for its zoom.
+void FirstRedraw(benchmark::State& state) {
+    Flight& flight = TheFlight();
+    const auto file = ChartFile();
+    Zoom(flight, static_cast<int>(state.range(0)), false);
+    for (auto _ : state) {
+        state.PauseTiming();
+        flight.Chart.Load(file);
+        state.ResumeTiming();
+        flight.Screen->UpdateMap();
+    }
+}
+
+BENCHMARK(BareDecode)->Unit(benchmark::kMillisecond);
+BENCHMARK(LoadChart)->Unit(benchmark::kMillisecond);
+BENCHMARK(FirstRedraw)
+    ->ArgName("slider")
+    ->Arg(-100)
+    ->Arg(0)
+    ->Arg(100)
+    ->Iterations(3)
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK(BareStretch)->ArgName("slider")->Arg(-100)->Arg(0)->Arg(100)->Unit(benchmark::kMillisecond);
 BENCHMARK(Redraw)
     ->ArgNames({"slider", "names"})

@@ -20,7 +20,6 @@ INSERT INTO Waypoints (Name, Lat, Long, Kategorie) VALUES
   ('Neuss', 51.119, 6.415, 'Stadt'),
   ('Grevenbroich', 51.053, 6.352, 'Stadt'),
   ('Bergheim', 50.573, 6.384, 'Stadt'),
-  ('Brühl', 50.497, 6.543, 'Stadt'),
   ('Solingen', 51.103, 7.05, 'Stadt'),
   ('Erkelenz', 51.048, 6.189, 'Stadt'),
   ('Heinsberg', 51.038, 6.058, 'Stadt'),
@@ -60,7 +59,7 @@ INSERT INTO Route (Nummer, Name) VALUES (2, 'Köln und zurück');
 INSERT INTO GpsPoints (Nummer, RouteID, PointID, Name, Lat, Long)
   SELECT 1, (SELECT RouteID FROM Route WHERE Name = 'Köln und zurück'), PointID, Name, Lat, Long FROM Waypoints WHERE Name = 'Bonn-Hangelar';
 INSERT INTO GpsPoints (Nummer, RouteID, PointID, Name, Lat, Long)
-  SELECT 2, (SELECT RouteID FROM Route WHERE Name = 'Köln und zurück'), PointID, Name, Lat, Long FROM Waypoints WHERE Name = 'Brühl';
+  SELECT 2, (SELECT RouteID FROM Route WHERE Name = 'Köln und zurück'), PointID, Name, Lat, Long FROM Waypoints WHERE Name = 'Siegburg';
 INSERT INTO GpsPoints (Nummer, RouteID, PointID, Name, Lat, Long)
   SELECT 3, (SELECT RouteID FROM Route WHERE Name = 'Köln und zurück'), PointID, Name, Lat, Long FROM Waypoints WHERE Name = 'Köln';
 INSERT INTO GpsPoints (Nummer, RouteID, PointID, Name, Lat, Long)
