@@ -1,0 +1,98 @@
+#include "platform/qt/QtPictureSurface.h"
+
+#include <cmath>
+#include <fstream>
+#include <limits>
+
+#include <QImageWriter>
+#include <gtest/gtest.h>
+
+#include "platform/qt/QtPicture.h"
+#include "support/TemporaryFolder.h"
+
+namespace ornivane {
+namespace {
+
+class PictureSurfaceTest : public testing::Test {
+protected:
+    // A grey chart with a black line of one pixel at every hundredth column and row.
+    void Load(int width, int height, const char* name = "chart.bmp",
+              QImage::Format format = QImage::Format_RGB32) {
+        QImage image(width, height, QImage::Format_RGB32);
+        for (int y = 0; y < height; ++y)
+            for (int x = 0; x < width; ++x)
+                image.setPixel(x, y, x % 100 == 0 || y % 100 == 0 ? qRgb(0, 0, 0) : qRgb(220, 220, 220));
+        const auto file = Folder.Path() / name;
+        ASSERT_TRUE(image.convertToFormat(format).save(QString::fromStdString(file.string())));
+        ASSERT_TRUE(Chart.Load(file));
+    }
+    int Grey(int x, int y) { return qGray(Surface.Image().pixel(x, y)); }
+
+    TemporaryFolder Folder;
+    QtPicture Chart;
+    QtPictureSurface Surface{200, 100};
+};
+
+TEST_F(PictureSurfaceTest, AThinLineSurvivesZoomingOut) {
+    Load(1400, 700);
+    Surface.PaintPicture(Chart, {0, 0, 200, 100}, {0, 0, 1400, 700});
+    // A pixel of the view stands for seven of the chart, so a line is a seventh as dark, wherever it falls.
+    for (int line = 1; line < 14; ++line) {
+        const int at = static_cast<int>((100 * line + 0.5) / 7);
+        const int darkness = 3 * 220 - Grey(at - 1, 50) - Grey(at, 50) - Grey(at + 1, 50);
+        EXPECT_NEAR(darkness, 220 / 7, 6) << line;
+    }
+}
+
+TEST_F(PictureSurfaceTest, PixelsLieWhereTheTransformPutsThem) {
+    Load(400, 200);
+    Surface.PaintPicture(Chart, {0, 0, 200, 100}, {90, 90, 25, 12.5}); // eight view pixels for one
+    EXPECT_LT(Grey(84, 10), 40);                                       // the middle of column 100
+    EXPECT_GT(Grey(72, 10), 200);
+    EXPECT_GT(Grey(96, 10), 200);
+    Surface.PaintPicture(Chart, {0, 0, 200, 100}, {90.5, 90, 25, 12.5}); // half a pixel on
+    EXPECT_LT(Grey(80, 10), 40);
+    Surface.PaintPicture(Chart, {0, 0, 200, 100}, {350, 150, 100, 50}); // half of it beyond the edge
+    EXPECT_EQ(Grey(150, 90), 255);
+}
+
+TEST_F(PictureSurfaceTest, LoadsGreyAndPaletteImagesAndKeepsTheOldOneOfADamagedFile) {
+    for (const auto format : {QImage::Format_Grayscale8, QImage::Format_Indexed8, QImage::Format_Mono}) {
+        Load(300, 200, "other.bmp", format);
+        Surface.PaintPicture(Chart, {0, 0, 200, 100}, {0, 0, 200, 100});
+        EXPECT_LT(Grey(100, 50), 60);
+        EXPECT_GT(Grey(150, 50), 150);
+    }
+    for (const std::string& bytes :
+         {std::string(), std::string("BM no image"), std::string(100000, '\xFF')}) {
+        std::ofstream(Folder.Path() / "bad.jpg", std::ios::binary) << bytes;
+        EXPECT_FALSE(Chart.Load(Folder.Path() / "bad.jpg"));
+        EXPECT_EQ(Chart.ScaleWidth(), 300);
+    }
+    EXPECT_FALSE(Chart.Load(Folder.Path() / "nowhere.jpg"));
+}
+
+TEST_F(PictureSurfaceTest, DrawsOnItsPixelsAndIgnoresWhatIsNowhere) {
+    Surface.Cls();
+    Surface.SetDrawWidth(4);
+    Surface.Line(10, 50, 190, 50, 0xFF0000);
+    EXPECT_EQ(Surface.Image().pixel(100, 50), qRgb(255, 0, 0));
+    EXPECT_EQ(Surface.Image().pixel(100, 55), qRgb(255, 255, 255));
+    Surface.Circle(100, 20, 5, 0x0000FF);
+    EXPECT_EQ(Surface.Image().pixel(105, 20), qRgb(0, 0, 255));
+    EXPECT_EQ(Surface.Image().pixel(100, 20), qRgb(255, 255, 255));
+    const double far = 1e12, none = std::numeric_limits<double>::quiet_NaN();
+    Surface.Line(-far, 80, far, 80, 0x00FF00);
+    EXPECT_EQ(Surface.Image().pixel(100, 80), qRgb(0, 255, 0));
+    Surface.Line(none, 0, 100, 100, 0);
+    Surface.Circle(far, none, 5, 0);
+    Surface.Print(far, 0, "far");
+    Surface.SetForeColor(0);
+    Surface.Print(20, 2, " Köln 😀 ");
+    EXPECT_NE(Surface.Image().copy(0, 0, 90, 25), QImage(90, 25, Surface.Image().format()));
+    Surface.Resize(0, 0, 1);
+    Surface.PaintPicture(Chart, {0, 0, 0, 0}, {0, 0, 0, 0});
+}
+
+} // namespace
+} // namespace ornivane
