@@ -40,6 +40,10 @@ void ChooseDemo(RunningProgram& program) {
     program.Ask(std::string("select cmbRoute ") + DemoRoute);
     program.Click("cmdActivateGoto");
     program.Click("cmdGPS");
+    // The chart can only follow an aircraft whose place is known.
+    const bool hasFix = program.Probe().WaitFor("visible picGPSCheck1", "yes", 20s);
+    if (hasFix && program.Ask("property cmdKartezentrieren Lit") != "true")
+        program.Click("cmdKartezentrieren");
 }
 
 Tour::Tour(const fs::path& folder, const fs::path& flightFile)
@@ -110,21 +114,19 @@ void Tour::ChooseRoute() {
     Picture("flight-not-connected");
     Check(program->Text("lblSpeed") == "---", "no speed before there is a receiver");
     ChooseDemo(*program);
-    Picture("flight-checking");
 }
 
 void Tour::Connect() {
     Check(WaitUntil([this] { return program->Text("lblSpeed") != "---"; }, 15s), "lblSpeed lives");
     Check(program->Probe().WaitFor("visible picGPSCheck1", "yes"), "the lamp tells of a fix");
     Picture("flight-first-fix");
-    program->Click("cmdKartezentrieren");
 }
 
 void Tour::Fly() {
     Check(WaitUntil([this] { return std::atof(program->Text("lblSpeed").c_str()) > 60; }, 30s),
           "it takes off");
     Picture("flight-climbing");
-    for (const auto& [key, name] : {std::pair{"Up", "flight-zoomed-in"}, {"Down", "flight-zoomed-out"}}) {
+    for (const auto& [key, name] : {std::pair{"Up", "flight-zoomed-out"}, {"Down", "flight-zoomed-in"}}) {
         for (int presses = 0; presses < 5; ++presses) program->Do(std::string("key picMap ") + key);
         Picture(name);
     }
@@ -176,7 +178,7 @@ void Tour::VisitDialogs() {
 void Tour::FlyEnlarged() {
     Start(2);
     ChooseDemo(*program);
-    Check(program->Probe().WaitFor("visible picGPSCheck1", "yes", 20s), "the lamp tells of a fix at 200 %");
+    Check(program->Visible("picGPSCheck1"), "the lamp tells of a fix at 200 %");
     program->Do("resize 1024 700");
     Picture("flight-200-percent");
     End();
