@@ -38,8 +38,9 @@ inline constexpr Bilingual Import{"Strecke importieren", "Import Route"};
 inline constexpr Bilingual ImportTip{"Eine Strecke aus einer Datei einlesen (im Bildschirm Planung)",
                                      "Read a route from a file (on the planning screen)"};
 inline constexpr Bilingual Airspace{"Luftraumanzeige", "Airspace View"};
-inline constexpr Bilingual AirspaceTip{"Wählen, welche Lufträume die Planungskarte zeigt",
-                                       "Choose which airspaces the planning map shows"};
+inline constexpr Bilingual AirspaceTip{
+    "Wählen, welche Lufträume die Planungskarte zeigt (im Bildschirm Planung)",
+    "Choose which airspaces the planning map shows (on the planning screen)"};
 inline constexpr Bilingual About{"Über Ornivane GPS", "About Ornivane GPS"};
 inline constexpr Bilingual AboutTip{"Version und Herkunft des Programms",
                                     "Version and origin of the program"};

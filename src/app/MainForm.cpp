@@ -10,7 +10,6 @@
 #include "app/UpdateCheck.h"
 #include "app/frmInfo.h"
 #include "app/frmPlaceholder.h"
-#include "base/RuntimeError.h"
 #include "common/SettingsFiles.h"
 
 namespace ornivane {
@@ -61,7 +60,7 @@ MainForm::MainForm(Variablen& variablenOf, Services servicesOf)
                    if (stack->indexOf(screen) < 0) stack->addWidget(screen);
                    stack->setCurrentWidget(screen);
                },
-               [this](const std::function<void()>& step) { return Guarded(step); }}) {
+               [this](const std::function<void()>& step) { return services.Guard->Run(step); }}) {
     setObjectName("Main");
     setWindowTitle("Ornivane GPS");
     setMinimumSize(SmallestSize);
@@ -94,8 +93,8 @@ void MainForm::MakeToolbar() {
         // Numbered as the places of the toolbar are, separators included.
         QToolButton* button = ToolbarButton(QString("button%1").arg(2 * number - 1));
         button->setCheckable(true);
-        connect(button, &QToolButton::clicked, this,
-                [this, button] { toolMain_ButtonClick(button->text()); });
+        services.Guard->Connect(button, &QToolButton::clicked,
+                                [this, button] { toolMain_ButtonClick(button->text()); });
         auto* key = new QShortcut(QKeySequence(Qt::Key_F1 + number - 1), this);
         connect(key, &QShortcut::activated, button, &QToolButton::click);
         toolMain->addWidget(button);
@@ -108,7 +107,7 @@ void MainForm::MakeToolbar() {
 
     cmdNight = ToolbarButton("cmdNight");
     cmdNight->setCheckable(true);
-    connect(cmdNight, &QToolButton::toggled, this, [this](bool night) {
+    services.Guard->Connect(cmdNight, &QToolButton::toggled, [this](bool night) {
         if (services.SetNight) services.SetNight(night);
     });
     connect(new QShortcut(QKeySequence(Qt::Key_F9), this), &QShortcut::activated, cmdNight,
@@ -139,14 +138,14 @@ void MainForm::MakeMenu() {
 QAction* MainForm::AddEntry(const char* name, void (MainForm::*handler)()) {
     QAction* entry = menu->addAction(QString());
     entry->setObjectName(name);
-    connect(entry, &QAction::triggered, this, [this, handler] { Guarded([&] { (this->*handler)(); }); });
+    services.Guard->Connect(entry, &QAction::triggered, [this, handler] { (this->*handler)(); });
     return entry;
 }
 
 bool MainForm::Form_Load() {
     if (!StoreOpening(variablen, *services.Boxes, *this).Run()) return false;
     // A program folder that cannot be written costs the update tool its knowledge, and nobody the flight.
-    Guarded([this] { WriteVersion(variablen.ProgramFolder, ProgramVersion()); });
+    services.Guard->Run([this] { WriteVersion(variablen.ProgramFolder, ProgramVersion()); });
     mnuUpdate->setVisible(variablen.UpdateAvailable);
     ApplyLanguage();
     showMaximized();
@@ -172,7 +171,7 @@ void MainForm::ApplyLanguage() {
     Caption(mnuImport, captions::Import, captions::ImportTip, english);
     Caption(mnuLuftEin, captions::Airspace, captions::AirspaceTip, english);
     Caption(mnuabout, captions::About, captions::AboutTip, english);
-    for (Screen* screen : screens.Loaded()) Guarded([&] { screen->ApplyLanguage(); });
+    for (Screen* screen : screens.Loaded()) services.Guard->Run([&] { screen->ApplyLanguage(); });
     ShowState();
 }
 
@@ -181,6 +180,7 @@ void MainForm::ShowState() {
     for (const auto& [mode, button] : buttons) button->setChecked(mode == current);
     mnuExport->setEnabled(current == Mode::Planning);
     mnuImport->setEnabled(current == Mode::Planning);
+    mnuLuftEin->setEnabled(current == Mode::Planning);
 }
 
 void MainForm::toolMain_ButtonClick(const QString& caption) {
@@ -192,19 +192,9 @@ void MainForm::toolMain_ButtonClick(const QString& caption) {
 void MainForm::ShowMode(Mode mode) {
     screens.Show(mode);
     ShowState();
-    if (stack->currentWidget()) stack->currentWidget()->setFocus();
-}
-
-bool MainForm::Guarded(const std::function<void()>& step) {
-    try {
-        step();
-        return true;
-    } catch (const RuntimeError& error) {
-        services.Notices->Show(DescribeError(error, variablen.EnglishUI == 1));
-    } catch (const std::exception& error) {
-        services.Notices->Show(error.what());
-    }
-    return false;
+    // A screen that knows where its keys belong has taken the focus already.
+    QWidget* front = stack->currentWidget();
+    if (front && !front->isAncestorOf(focusWidget())) front->setFocus();
 }
 
 void MainForm::ShowDialogPlaceholder(const char* name, Bilingual title, Bilingual purpose) {
@@ -270,7 +260,7 @@ void MainForm::QueryUnload() {
     if (unloaded) return;
     unloaded = true;
     screens.UnloadAll();
-    Guarded([this] { services.Programs->EndSiblings(); });
+    services.Guard->Run([this] { services.Programs->EndSiblings(); });
     services.Ended();
 }
 

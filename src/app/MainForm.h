@@ -15,6 +15,7 @@
 #include "common/Variablen.h"
 #include "platform/Dialogs.h"
 #include "platform/System.h"
+#include "platform/qt/Events.h"
 
 namespace ornivane {
 
@@ -25,7 +26,7 @@ public:
     // What the window needs of the system, and how its screens are made.
     struct Services {
         Dialogs* Boxes = nullptr;
-        Notice* Notices = nullptr;
+        EventGuard* Guard = nullptr;
         QWidget* NoticeBar = nullptr; // put at the bottom of the window; may be missing
         Processes* Programs = nullptr;
         Shell* Links = nullptr;
@@ -54,7 +55,6 @@ private:
     void toolMain_ButtonClick(const QString& caption);
     void ShowMode(Mode mode);
     void ShowState();
-    bool Guarded(const std::function<void()>& step);
     void ShowDialogPlaceholder(const char* name, Bilingual title, Bilingual purpose);
 
     void mnuExport_Click();

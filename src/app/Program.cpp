@@ -50,7 +50,7 @@ void Program::EndAsked() {
 MainForm::Services Program::MainServices() {
     MainForm::Services services;
     services.Boxes = &dialogs;
-    services.Notices = notices;
+    services.Guard = &guard;
     services.NoticeBar = notices;
     services.Programs = &processes;
     services.Links = &shell;
@@ -65,7 +65,7 @@ Screen* Program::MakeScreen(Mode mode) {
     case Mode::Flight:
         return new frmGPSmain({variablen, MSComm1, timerCheck, ports, clock, dialogs, *notices, guard});
     case Mode::Settings:
-        return new frmSettings(variablen, [this] { main->ApplyLanguage(); });
+        return new frmSettings(variablen, guard, [this] { main->ApplyLanguage(); });
     case Mode::Planning:
         return new frmPlaceholder(variablen, "frmPlanung", ModeCaption(mode),
                                   {"Hier werden Wegpunkte verwaltet und Strecken auf der Karte gebaut.",

@@ -33,7 +33,7 @@ void LayOutPair(QGroupBox& box, QRadioButton& first, QRadioButton& second) {
 
 } // namespace
 
-frmSettings::frmSettings(Variablen& variablenOf, std::function<void()> languageChangedOf)
+frmSettings::frmSettings(Variablen& variablenOf, EventGuard& guard, std::function<void()> languageChangedOf)
     : variablen(variablenOf), languageChanged(std::move(languageChangedOf)) {
     Name(*this, "frmSettings");
     Name(lblTitle, "lblTitle");
@@ -60,10 +60,10 @@ frmSettings::frmSettings(Variablen& variablenOf, std::function<void()> languageC
     layout->addWidget(&lblText);
     layout->addStretch();
 
-    connect(&OptGer, &QRadioButton::clicked, this, [this] { ChooseLanguage(0); });
-    connect(&OptEng, &QRadioButton::clicked, this, [this] { ChooseLanguage(1); });
-    connect(&Option1, &QRadioButton::clicked, this, [this] { ChooseSymbol(1); });
-    connect(&Option2, &QRadioButton::clicked, this, [this] { ChooseSymbol(2); });
+    guard.Connect(&OptGer, &QRadioButton::clicked, [this] { ChooseLanguage(0); });
+    guard.Connect(&OptEng, &QRadioButton::clicked, [this] { ChooseLanguage(1); });
+    guard.Connect(&Option1, &QRadioButton::clicked, [this] { ChooseSymbol(1); });
+    guard.Connect(&Option2, &QRadioButton::clicked, [this] { ChooseSymbol(2); });
     frmSettings::ApplyLanguage();
     ShowState();
 }

@@ -6,6 +6,7 @@
 #include <functional>
 
 #include "common/Variablen.h"
+#include "platform/qt/Events.h"
 #include "platform/qt/Screen.h"
 
 namespace ornivane {
@@ -16,7 +17,7 @@ class frmSettings : public Screen {
     Q_OBJECT
 public:
     // The callback rewrites every caption of the program.
-    frmSettings(Variablen& variablen, std::function<void()> languageChanged);
+    frmSettings(Variablen& variablen, EventGuard& guard, std::function<void()> languageChanged);
 
     void Form_Activate() override;
     void ApplyLanguage() override;

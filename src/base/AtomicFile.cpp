@@ -50,7 +50,7 @@ void WriteFileAtomically(const fs::path& file, std::string_view bytes) {
     const int descriptor = ::mkostemp(temporary.data(), O_CLOEXEC);
     if (descriptor < 0) Fail(errno, file);
     int reason = WriteAll(descriptor, bytes);
-    if (reason == 0 && ::fchmod(descriptor, 0644) != 0) reason = errno;
+    ::fchmod(descriptor, 0644); // a file system without modes may refuse; the bytes are what counts
     if (::close(descriptor) != 0 && reason == 0) reason = errno;
     try {
         if (reason != 0) Fail(reason, file);

@@ -41,10 +41,12 @@ public:
     struct Indicator {
         bool Visible = false;
         std::string ToolTip;
+        bool operator==(const Indicator&) const = default;
     };
     struct StatusLine {
         bool Visible = false;
         std::string Caption;
+        bool operator==(const StatusLine&) const = default;
     };
 
     // Takes over the callbacks of port and timer, which must outlive the link.

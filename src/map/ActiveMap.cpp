@@ -94,7 +94,7 @@ std::string ActiveMap::LoadLastMap() {
         LastMapName = *last.Map;
     }
     if (last.Map && last.Route) return *last.Route;
-    WriteLastChoice(shared.ProgramFolder, {"demo.bmp", std::nullopt});
+    CallOffErrors([this] { WriteLastChoice(shared.ProgramFolder, {"demo.bmp", std::nullopt}); });
     return {};
 }
 
@@ -136,7 +136,7 @@ void ActiveMap::CallOffErrors(const std::function<void()>& action) const {
     try {
         action();
     } catch (const RuntimeError&) {
-        // The view stands as it is: a memory of views is a comfort, never a reason to disturb the pilot.
+        // What is remembered for the next time is a comfort, never a reason to disturb the pilot.
     }
 }
 

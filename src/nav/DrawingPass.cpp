@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "base/Flagged.h"
 #include "base/Numbers.h"
 #include "base/RuntimeError.h"
 #include "geo/NavigationMaths.h"
@@ -15,16 +16,12 @@ void DrawingPass::Pass(const std::function<void()>& steps) {
     // Stepping to the next point inside a pass moves the grid's row, which asks for a redraw: one redraw is
     // never interrupted by another.
     if (running || !rooms.Map.HasMap()) return;
-    running = true;
+    const Flagged now(running);
     try {
         steps();
     } catch (const RuntimeError&) {
         // A damaged row ends this pass; what was drawn stays, and the next pass starts afresh.
-    } catch (...) {
-        running = false;
-        throw;
     }
-    running = false;
 }
 
 void DrawingPass::UpdateMap() {

@@ -27,6 +27,8 @@ struct FlightState {
     std::string Label7;          // satellites used
     std::string LabelTime;       // time of the receiver's last sentence, hh:mm:ss
     double HeadingIndicator = 0; // degrees by which the compass card is turned
+
+    bool operator==(const FlightState&) const = default;
 };
 
 } // namespace ornivane

@@ -29,7 +29,12 @@ void FlyingScreen::Form_Load() {
 }
 
 void FlyingScreen::LoadFlightSet() {
-    if (!ReadDisplayFlags(world.Shared.ProgramFolder, Flags)) SaveFlightSet();
+    if (ReadDisplayFlags(world.Shared.ProgramFolder, Flags)) return;
+    try {
+        SaveFlightSet();
+    } catch (const RuntimeError&) {
+        // A folder that cannot be written costs the memory of the flags, never the flight.
+    }
 }
 
 void FlyingScreen::SaveFlightSet() { WriteDisplayFlags(world.Shared.ProgramFolder, Flags); }
@@ -58,10 +63,20 @@ void FlyingScreen::ShowLastMap() {
 void FlyingScreen::Form_Activate() {
     TakeDailyQnh();
     world.progBar.SetVisible(true);
-    ShowLastMap();
-    Route.Activate();
-    // The first point of the route is where the map opens without a fix, so the picture is made again.
-    UpdateMap();
+    // A damaged row or a store that another program holds must not keep the receiver from coming back.
+    try {
+        ShowLastMap();
+        Route.Activate();
+        // The first point of the route is where the map opens without a fix, so the picture is made again.
+        UpdateMap();
+    } catch (...) {
+        ActivateLink();
+        throw;
+    }
+    ActivateLink();
+}
+
+void FlyingScreen::ActivateLink() {
     Link.Form_Activate();
     world.progBar.SetVisible(false);
     focusMap();
@@ -129,7 +144,16 @@ void FlyingScreen::StepZoom(int by) {
 void FlyingScreen::ClearDisplays() { Readouts.ClearDisplays(); }
 void FlyingScreen::RefreshRouteList() { Route.RefreshRouteList(); }
 void FlyingScreen::FocusMap() { focusMap(); }
-void FlyingScreen::StateChanged() { changed(); }
+
+// Comes with every chunk of bytes, hundreds of times a second when a line carries noise; what did not change
+// need not be shown again.
+void FlyingScreen::StateChanged() {
+    LiveState now{State, Link.picGPSCheck, Link.lblStatus, Link.Hourglass, Route.lblRoute, Route.lblRemDist};
+    if (now == told) return;
+    told = std::move(now);
+    changed();
+}
+
 std::string FlyingScreen::RouteName() const { return Route.cmbRoute; }
 bool FlyingScreen::HasFix() const { return Link.picGPSCheck[1].Visible; }
 double FlyingScreen::DistanceToTarget() const { return ActiveLeg.LastDistance; }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <functional>
 #include <string>
 
@@ -83,13 +84,25 @@ private:
     double DistanceToTarget() const override;
     std::string MapName() const override;
 
+    // What the receiver and the link can change on the screen.
+    struct LiveState {
+        FlightState Flight;
+        std::array<GpsLink::Indicator, 3> Lamps;
+        GpsLink::StatusLine Status;
+        bool Hourglass = false;
+        std::string RouteLength, Remaining;
+        bool operator==(const LiveState&) const = default;
+    };
+
     void LoadFlightSet();
     void ShowLastMap();
+    void ActivateLink();
     void TakeDailyQnh();
 
     FlyingScreenWorld world;
     std::function<void()> changed;
     std::function<void()> focusMap;
+    LiveState told;
 };
 
 } // namespace ornivane

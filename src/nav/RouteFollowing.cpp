@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/Flagged.h"
 #include "base/Format.h"
 #include "base/Numbers.h"
 #include "common/SettingsFiles.h"
@@ -13,19 +14,6 @@ namespace {
 
 const char* const PointsOfRoute = "SELECT * From GpsPoints WHERE RouteID = ? ORDER BY Nummer ASC";
 constexpr int NoRoute = -99999; // no row ever has it: a valid, empty set of points
-
-// While routes and points are reopened, the moves of their current rows are no choices of the pilot.
-class Flagged {
-public:
-    explicit Flagged(bool& target) : flag(target), before(target) { flag = true; }
-    ~Flagged() { flag = before; }
-    Flagged(const Flagged&) = delete;
-    Flagged& operator=(const Flagged&) = delete;
-
-private:
-    bool& flag;
-    bool before;
-};
 
 } // namespace
 

@@ -80,7 +80,7 @@ private:
     FlightState& state;
     RouteFollowingOwner& owner;
     Statement legs;
-    bool activating = false;
+    bool activating = false; // routes are reopened: the moves of their rows are no choices of the pilot
 };
 
 } // namespace ornivane

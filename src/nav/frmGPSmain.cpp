@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/Flagged.h"
 #include "platform/qt/Events.h"
 #include "platform/qt/GridBinding.h"
 #include "platform/qt/LampButton.h"
@@ -413,12 +414,11 @@ void frmGPSmain::PlaceOverMap() {
 
 void frmGPSmain::ShowState() {
     if (showing || !screen) return;
-    showing = true;
+    const Flagged now(showing);
     ShowLink();
     ShowReadouts();
     ShowMapControls();
     ShowRoute();
-    showing = false;
 }
 
 void frmGPSmain::ShowLink() {

@@ -16,7 +16,9 @@ constexpr std::size_t MostOthers = 4096;
 
 // One character of UTF-8, and the place behind it. Damaged bytes give U+FFFD each.
 char32_t NextCode(std::string_view text, std::size_t& at) {
-    const auto byte = [&](std::size_t i) { return i < text.size() ? static_cast<unsigned char>(text[i]) : 0U; };
+    const auto byte = [&](std::size_t i) {
+        return i < text.size() ? static_cast<unsigned char>(text[i]) : 0U;
+    };
     const unsigned first = byte(at++);
     if (first < 0x80) return first;
     const int more = first >= 0xF0 ? 3 : first >= 0xE0 ? 2 : first >= 0xC2 ? 1 : 0;
@@ -47,7 +49,8 @@ ChartText::ChartText(double devicePixelRatio)
     font.setStyleHint(QFont::SansSerif);
     font.setPixelSize(static_cast<int>(std::lround(14 * devicePixelRatio)));
     font.setHintingPreference(QFont::PreferFullHinting); // whole advances, letters the same everywhere
-    font.setStyleStrategy(static_cast<QFont::StyleStrategy>(QFont::PreferAntialias | QFont::NoSubpixelAntialias));
+    font.setStyleStrategy(
+        static_cast<QFont::StyleStrategy>(QFont::PreferAntialias | QFont::NoSubpixelAntialias));
 }
 
 ChartText::Letter ChartText::Render(char32_t code) const {
@@ -110,8 +113,8 @@ void ChartText::Draw(const PixelBlock& target, int x, int y, std::string_view te
 void ChartText::DrawLetter(const PixelBlock& target, int x, int y, const Letter& letter,
                            std::uint32_t colour) const {
     const int reach = lineHeight; // no letter is inked farther than this beside its place
-    const bool inside = x >= reach && y >= 0 && x + letter.Advance + reach < target.Width &&
-                        y + lineHeight <= target.Height;
+    const bool inside =
+        x >= reach && y >= 0 && x + letter.Advance + reach < target.Width && y + lineHeight <= target.Height;
     for (const Inked& ink : letter.Ink) {
         const int column = x + ink.X, row = y + ink.Y;
         if (!inside && (column < 0 || row < 0 || column >= target.Width || row >= target.Height)) continue;

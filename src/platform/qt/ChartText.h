@@ -11,8 +11,8 @@
 namespace ornivane {
 
 // Texts on a chart: letters on a light plate that lets a quarter of the chart through, so that they can be
-// read over forests, towns and contour lines. The blanks that texts begin and end with are the plate's margin.
-// Letters are rendered once and then stamped.
+// read over forests, towns and contour lines. The blanks that texts begin and end with are the plate's
+// margin. Letters are rendered once and then stamped.
 class ChartText {
 public:
     // Height of a plate: lines of text follow one another at this distance and join.

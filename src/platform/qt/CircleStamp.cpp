@@ -41,8 +41,7 @@ CircleStamp::CircleStamp(double radius, double penWidth) {
 
 void CircleStamp::Draw(const PixelBlock& target, int x, int y, std::uint32_t colour) const {
     if (x + reach < 0 || y + reach < 0 || x - reach >= target.Width || y - reach >= target.Height) return;
-    const bool inside =
-        x >= reach && y >= reach && x + reach < target.Width && y + reach < target.Height;
+    const bool inside = x >= reach && y >= reach && x + reach < target.Width && y + reach < target.Height;
     inside ? DrawInside(target, x, y, colour) : DrawClipped(target, x, y, colour);
 }
 

@@ -6,7 +6,8 @@
 
 namespace ornivane {
 
-EventGuard::EventGuard(Notice& notice, std::function<bool()> english) : notices(notice), isEnglish(std::move(english)) {}
+EventGuard::EventGuard(Notice& notice, std::function<bool()> english)
+    : notices(notice), isEnglish(std::move(english)) {}
 
 bool EventGuard::Run(const std::function<void()>& event) {
     try {

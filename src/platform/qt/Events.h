@@ -10,8 +10,8 @@
 
 namespace ornivane {
 
-// The top of every event: a run-time error ends the event in which it happens, is shown in the notice, and the
-// program goes on.
+// The top of every event: a run-time error ends the event in which it happens, is shown in the notice, and
+// the program goes on.
 class EventGuard {
 public:
     // `english`: the language of this moment.

@@ -3,6 +3,8 @@
 #include <QHeaderView>
 #include <QItemSelectionModel>
 
+#include "base/Flagged.h"
+
 namespace ornivane {
 
 GridBinding::GridBinding(RecordsetModel& of, QTableView& view) : model(of), grid(view) {
@@ -19,25 +21,29 @@ GridBinding::GridBinding(RecordsetModel& of, QTableView& view) : model(of), grid
 
 void GridBinding::FollowRecordset() {
     if (following) return;
-    following = true;
+    const Flagged now(following);
     const Recordset& rows = model.Rows();
     const int row = rows.IsOpen() && !rows.Eof() && !rows.Bof() ? rows.AbsolutePosition() - 1 : -1;
     grid.selectionModel()->setCurrentIndex(model.index(row, 0), QItemSelectionModel::NoUpdate);
     if (row >= 0) grid.scrollTo(model.index(row, 0));
-    following = false;
 }
 
 void GridBinding::FollowGrid(const QModelIndex& current) {
     if (following || !current.isValid()) return;
-    following = true;
-    model.Rows().SetAbsolutePosition(current.row() + 1);
-    following = false;
+    try {
+        const Flagged now(following);
+        model.Rows().SetAbsolutePosition(current.row() + 1);
+    } catch (...) {
+        FollowRecordset(); // the row was not left: its change could not be written
+        throw;
+    }
 }
 
 void GridBinding::SelectRow() {
     const QModelIndex current = grid.selectionModel()->currentIndex();
     if (current.isValid())
-        grid.selectionModel()->select(current, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+        grid.selectionModel()->select(current,
+                                      QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
 
 void GridBinding::ClearRowSelection() { grid.selectionModel()->clearSelection(); }

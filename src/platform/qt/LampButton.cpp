@@ -56,9 +56,11 @@ void LampButton::paintEvent(QPaintEvent*) {
     const QPixmap pixmap = Tinted(ink, IconSize);
     const int textWidth = text().isEmpty() ? 0 : fontMetrics().horizontalAdvance(text()) + 8;
     const int left = (width() - IconSize - textWidth) / 2;
-    if (!pixmap.isNull()) painter.drawPixmap(QRect(left, (height() - IconSize) / 2, IconSize, IconSize), pixmap);
+    if (!pixmap.isNull())
+        painter.drawPixmap(QRect(left, (height() - IconSize) / 2, IconSize, IconSize), pixmap);
     painter.setPen(ink);
-    if (textWidth > 0) painter.drawText(QRect(left + IconSize + 6, 0, textWidth + 4, height()), Qt::AlignVCenter, text());
+    if (textWidth > 0)
+        painter.drawText(QRect(left + IconSize + 6, 0, textWidth + 4, height()), Qt::AlignVCenter, text());
     if (lit) { // the lamp
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setBrush(QColor(0x7CFC00));

@@ -5,8 +5,8 @@
 
 namespace ornivane {
 
-// A button that shows whether its setting is on: lit it is filled, thickly framed and carries a lamp, so that it
-// is told apart without colour. At least 44 pixels high.
+// A button that shows whether its setting is on: lit it is filled, thickly framed and carries a lamp, so that
+// it is told apart without colour. At least 44 pixels high.
 class LampButton : public QToolButton {
     Q_OBJECT
     Q_PROPERTY(bool Lit READ IsLit)

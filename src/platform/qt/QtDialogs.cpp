@@ -13,7 +13,8 @@ void QtDialogs::Message(const std::string& title, const std::string& text) {
 
 void QtDialogs::ShowNext() {
     if (waiting.isEmpty()) return;
-    standing = new QMessageBox(QMessageBox::NoIcon, waiting.head().first, waiting.head().second, QMessageBox::Ok, parent);
+    standing = new QMessageBox(QMessageBox::NoIcon, waiting.head().first, waiting.head().second,
+                               QMessageBox::Ok, parent);
     standing->setObjectName("messageBox");
     standing->setTextFormat(Qt::PlainText); // a name is never markup
     standing->setAttribute(Qt::WA_DeleteOnClose);
@@ -26,7 +27,8 @@ void QtDialogs::ShowNext() {
 }
 
 void QtDialogs::MessageAndWait(const std::string& title, const std::string& text) {
-    QMessageBox box(QMessageBox::NoIcon, QString::fromStdString(title), QString::fromStdString(text), QMessageBox::Ok, parent);
+    QMessageBox box(QMessageBox::NoIcon, QString::fromStdString(title), QString::fromStdString(text),
+                    QMessageBox::Ok, parent);
     box.setObjectName("messageBox");
     box.setTextFormat(Qt::PlainText);
     box.exec();

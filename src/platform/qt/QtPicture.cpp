@@ -27,10 +27,14 @@ QImage InKeptFormat(QImage image) {
     switch (image.format()) {
     case QImage::Format_RGB32:
     case QImage::Format_Grayscale8:
-    case QImage::Format_Indexed8: break;
+    case QImage::Format_Indexed8:
+        break;
     case QImage::Format_Mono:
-    case QImage::Format_MonoLSB: image.convertTo(QImage::Format_Indexed8); break;
-    default: image.convertTo(QImage::Format_RGB32);
+    case QImage::Format_MonoLSB:
+        image.convertTo(QImage::Format_Indexed8);
+        break;
+    default:
+        image.convertTo(QImage::Format_RGB32);
     }
     return image;
 }

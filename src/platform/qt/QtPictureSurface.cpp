@@ -97,7 +97,8 @@ bool QtPictureSurface::PaintLevel(PictureLevels& levels, const PixelRect& target
     const ResampleAxis y(target.Y, target.Height, image.height(), from.Y, from.Height, levels.Height(level),
                          levels.Height() * scale);
     if (x.IsEmpty() || y.IsEmpty()) return false;
-    const bool insideOfPicture = source.X >= 0 && source.Y >= 0 && source.X + source.Width <= levels.Width() &&
+    const bool insideOfPicture = source.X >= 0 && source.Y >= 0 &&
+                                 source.X + source.Width <= levels.Width() &&
                                  source.Y + source.Height <= levels.Height();
     if (!insideOfPicture) FillRect(target, backColor);
     Resample(Block(), x, y,

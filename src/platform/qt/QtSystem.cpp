@@ -7,6 +7,7 @@
 #include <QNetworkReply>
 #include <QNetworkRequest>
 #include <QProcess>
+#include <QTimer>
 #include <QUrl>
 #include <charconv>
 #include <csignal>
@@ -24,15 +25,21 @@ std::optional<std::string> QtWeb::Fetch(const std::string& address, int millisec
     QNetworkReply* reply = manager.get(request);
     QEventLoop loop;
     QObject::connect(reply, &QNetworkReply::finished, &loop, &QEventLoop::quit);
+    // The transfer timeout starts anew with every byte; a server that drips must not hold the program.
+    QTimer::singleShot(milliseconds, reply, &QNetworkReply::abort);
     if (!reply->isFinished()) loop.exec(QEventLoop::ExcludeUserInputEvents);
     if (reply->error() != QNetworkReply::NoError) return std::nullopt;
     constexpr qint64 longestText = 1 << 16;
     return reply->read(longestText).toStdString();
 }
 
-void QtShell::Open(const std::string& address) { QDesktopServices::openUrl(QUrl::fromUserInput(QString::fromStdString(address))); }
+void QtShell::Open(const std::string& address) {
+    QDesktopServices::openUrl(QUrl::fromUserInput(QString::fromStdString(address)));
+}
 
-bool QtProcesses::Start(const fs::path& program) { return QProcess::startDetached(QString::fromStdString(program.string()), {}); }
+bool QtProcesses::Start(const fs::path& program) {
+    return QProcess::startDetached(QString::fromStdString(program.string()), {});
+}
 
 namespace {
 
@@ -64,7 +71,8 @@ LocaleText ReadSystemLocale() {
     LocaleText text;
     text.DecimalSeparator = locale.decimalPoint() == "," ? ',' : '.';
     for (int month = 1; month <= 12; ++month)
-        text.ShortMonths[static_cast<std::size_t>(month - 1)] = locale.standaloneMonthName(month, QLocale::ShortFormat).toStdString();
+        text.ShortMonths[static_cast<std::size_t>(month - 1)] =
+            locale.standaloneMonthName(month, QLocale::ShortFormat).toStdString();
     return text;
 }
 

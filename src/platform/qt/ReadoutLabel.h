@@ -6,8 +6,8 @@ class QLabel;
 
 namespace ornivane {
 
-// A value with its caption and unit, readable at arm's length: tabular figures in a place that does not move when
-// the value changes its length.
+// A value with its caption and unit, readable at arm's length: tabular figures in a place that does not move
+// when the value changes its length.
 class ReadoutLabel : public QFrame {
     Q_OBJECT
 

@@ -2,15 +2,20 @@
 
 namespace ornivane {
 
-RecordsetModel::RecordsetModel(Recordset& recordset, std::vector<Column> shown) : rows(recordset), columns(std::move(shown)) {
+RecordsetModel::RecordsetModel(Recordset& recordset, std::vector<Column> shown)
+    : rows(recordset), columns(std::move(shown)) {
     rows.AddObserver(this);
 }
 
 RecordsetModel::~RecordsetModel() { rows.RemoveObserver(this); }
 
-int RecordsetModel::rowCount(const QModelIndex& parent) const { return parent.isValid() || !rows.IsOpen() ? 0 : rows.RecordCount(); }
+int RecordsetModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() || !rows.IsOpen() ? 0 : rows.RecordCount();
+}
 
-int RecordsetModel::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : static_cast<int>(columns.size()); }
+int RecordsetModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(columns.size());
+}
 
 QVariant RecordsetModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid() || index.row() >= rowCount()) return {};

@@ -15,7 +15,7 @@ class RecordsetModel : public QAbstractTableModel, private RecordsetObserver {
 public:
     struct Column {
         std::string Field;
-        std::function<QString()> Header;            // asked anew at each HeadersChanged
+        std::function<QString()> Header;             // asked anew at each HeadersChanged
         std::function<QString(const Value&)> Format; // left out: the value's text, empty for Null
     };
 

@@ -39,11 +39,11 @@ void MixTwo(const std::uint8_t* __restrict a, const std::uint8_t* __restrict b, 
 }
 
 void MixThree(const std::uint8_t* __restrict a, const std::uint8_t* __restrict b,
-              const std::uint8_t* __restrict c, Lane weightA, Lane weightB, Lane weightC, Lane* __restrict out,
-              std::size_t count) {
+              const std::uint8_t* __restrict c, Lane weightA, Lane weightB, Lane weightC,
+              Lane* __restrict out, std::size_t count) {
     for (std::size_t i = 0; i < count; ++i)
-        out[i] = static_cast<Lane>(
-            static_cast<Lane>(a[i] * weightA + b[i] * weightB + c[i] * weightC + 128) >> 8);
+        out[i] =
+            static_cast<Lane>(static_cast<Lane>(a[i] * weightA + b[i] * weightB + c[i] * weightC + 128) >> 8);
 }
 
 void AddWeighted(const std::uint8_t* __restrict row, Lane weight, Lane* __restrict sum, std::size_t count) {
@@ -113,10 +113,14 @@ void AverageWholeSquares(const Lane* sums, std::uint32_t* target, int count) {
 
 void AverageWhole(int level, const Lane* sums, std::uint32_t* target, int count) {
     switch (level) {
-    case 1: return AverageWholeSquares<1>(sums, target, count);
-    case 2: return AverageWholeSquares<2>(sums, target, count);
-    case 3: return AverageWholeSquares<3>(sums, target, count);
-    default: return AverageWholeSquares<4>(sums, target, count);
+    case 1:
+        return AverageWholeSquares<1>(sums, target, count);
+    case 2:
+        return AverageWholeSquares<2>(sums, target, count);
+    case 3:
+        return AverageWholeSquares<3>(sums, target, count);
+    default:
+        return AverageWholeSquares<4>(sums, target, count);
     }
 }
 
@@ -130,9 +134,14 @@ void Resample(const PixelBlock& target, const ResampleAxis& x, const ResampleAxi
     for (int row = y.Begin; row < y.End; ++row) {
         MixRows(y, row, from, to, rows, mixed);
         switch (x.Taps) {
-        case 2: MixColumns<2>(x, from, mixed.data(), target.Row(row)); break;
-        case 3: MixColumns<3>(x, from, mixed.data(), target.Row(row)); break;
-        default: MixColumns<0>(x, from, mixed.data(), target.Row(row));
+        case 2:
+            MixColumns<2>(x, from, mixed.data(), target.Row(row));
+            break;
+        case 3:
+            MixColumns<3>(x, from, mixed.data(), target.Row(row));
+            break;
+        default:
+            MixColumns<0>(x, from, mixed.data(), target.Row(row));
         }
     }
 }
@@ -153,7 +162,8 @@ void ReduceToLevel(const PixelBlock& target, int level, int sourceX, int sourceY
         AverageWhole(level, sums.data(), target.Row(y), whole);
         for (int x = whole; x < target.Width; ++x) {
             const int columns = std::min(side, endX - sourceX - x * side);
-            target.Row(y)[x] = AverageOf(sums.data() + static_cast<std::size_t>(x) * side * 4, columns, height);
+            target.Row(y)[x] =
+                AverageOf(sums.data() + static_cast<std::size_t>(x) * side * 4, columns, height);
         }
     }
 }

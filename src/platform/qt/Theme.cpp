@@ -4,8 +4,8 @@
 #include <QPalette>
 #include <QStyleFactory>
 
-// The icons lie in a static library, where nothing registers them by itself. Not inside a namespace: the macro
-// declares a function of the global one.
+// The icons lie in a static library, where nothing registers them by itself. Not inside a namespace: the
+// macro declares a function of the global one.
 static void RegisterIcons() { Q_INIT_RESOURCE(icons); }
 
 namespace ornivane {
@@ -16,8 +16,10 @@ struct Colours {
     const char *Window, *Base, *Text, *Faint, *Button, *Border, *Lit, *LitText, *Focus, *Notice, *NoticeText;
 };
 
-constexpr Colours Day{"#e9ecef", "#ffffff", "#101418", "#4a5560", "#fbfcfd", "#8a96a3", "#0b5fa5", "#ffffff", "#d9480f", "#ffe08a", "#2b1d00"};
-constexpr Colours Night{"#0b0d10", "#14181d", "#d8c9a8", "#8f8467", "#1a1f25", "#4d5560", "#c98a1b", "#0b0d10", "#e0b050", "#5a2a00", "#ffd9a0"};
+constexpr Colours Day{"#e9ecef", "#ffffff", "#101418", "#4a5560", "#fbfcfd", "#8a96a3",
+                      "#0b5fa5", "#ffffff", "#d9480f", "#ffe08a", "#2b1d00"};
+constexpr Colours Night{"#0b0d10", "#14181d", "#d8c9a8", "#8f8467", "#1a1f25", "#4d5560",
+                        "#c98a1b", "#0b0d10", "#e0b050", "#5a2a00", "#ffd9a0"};
 
 constexpr const char* Sheet = R"(
 QWidget { font-size: 15px; }
@@ -48,8 +50,9 @@ QString Filled(const Colours& c) {
     QString sheet = Sheet;
     // Longer names first: %LITTEXT begins like %LIT.
     const std::pair<const char*, const char*> fills[] = {
-        {"%LITTEXT", c.LitText}, {"%NOTEXT", c.NoticeText}, {"%NOTICE", c.Notice}, {"%WINDOW", c.Window}, {"%BASE", c.Base}, {"%TEXT", c.Text},
-        {"%FAINT", c.Faint},     {"%BUTTON", c.Button},     {"%BORDER", c.Border}, {"%LIT", c.Lit},       {"%FOCUS", c.Focus}};
+        {"%LITTEXT", c.LitText}, {"%NOTEXT", c.NoticeText}, {"%NOTICE", c.Notice}, {"%WINDOW", c.Window},
+        {"%BASE", c.Base},       {"%TEXT", c.Text},         {"%FAINT", c.Faint},   {"%BUTTON", c.Button},
+        {"%BORDER", c.Border},   {"%LIT", c.Lit},           {"%FOCUS", c.Focus}};
     for (const auto& [name, colour] : fills) sheet.replace(name, colour);
     return sheet;
 }
@@ -65,7 +68,8 @@ void Theme::Apply(QApplication& application, bool night) {
     palette.setColor(QPalette::Base, c.Base);
     palette.setColor(QPalette::AlternateBase, c.Window);
     palette.setColor(QPalette::Button, c.Button);
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) palette.setColor(role, c.Text);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(role, c.Text);
     palette.setColor(QPalette::PlaceholderText, c.Faint);
     palette.setColor(QPalette::Mid, c.Border);
     palette.setColor(QPalette::Highlight, c.Lit);
