@@ -116,7 +116,6 @@ void ActiveMap::SwitchTo(const std::string& name, bool firstIfGone) {
     if (maps.Eof()) maps.MoveFirst();
     cmbMaps = Name();
     InitializeData();
-    RememberChoice();
 }
 
 void ActiveMap::cmbMaps_Click(const std::string& name) {
@@ -124,12 +123,15 @@ void ActiveMap::cmbMaps_Click(const std::string& name) {
     SwitchTo(name, false);
     owner.UpdateMap();
     surface.Refresh();
+    // Last: a folder that cannot be written must not keep the new map from the screen.
+    RememberChoice();
 }
 
 void ActiveMap::cmbMaps_Change(const std::string& name) {
     cmbMaps = name;
     if (!HasMap() || (name == CurrentMapName && !AutoMapSwitch)) return;
     SwitchTo(name, true);
+    CallOffErrors([this] { RememberChoice(); });
 }
 
 void ActiveMap::CallOffErrors(const std::function<void()>& action) const {
@@ -144,8 +146,8 @@ void ActiveMap::RestoreMapPosition() {
     CallOffErrors([this] {
         const auto view = memory.Find(Name());
         if (!view) return;
-        View = view->Rect;
         SlideMap = view->SlideMap;
+        View = Resized(view->Rect, Sizes); // the window may have another proportion now
         SetCentring(view->CenterMap || AutoMapSwitch);
     });
 }

@@ -77,7 +77,7 @@ public:
     SourceRect View;
     int SlideMap = 0;
     bool CenterMap = true;
-    bool picKartezentrieren = false; // the lamp over cmdKartezentrieren
+    bool picKartezentrieren = true; // the lamp over cmdKartezentrieren
     bool AutoMapSwitch = false;
 
 private:

@@ -50,6 +50,7 @@ void FixReadouts::PositionReceived(const std::string& latitude, const std::strin
     if (longitude.starts_with('S')) state.CurLat = -state.CurLat;
     state.CurLong = ToDecimalDegrees(WireNumber(longraw) / 100);
     if (longitude.starts_with('W')) state.CurLong = -state.CurLong;
+    state.HadPosition = true;
     PositionCount = ToInt16(PositionCount + 1.0);
     if (PositionCount == 0) owner.UpdateMap();
     if (PositionCount > 20) {

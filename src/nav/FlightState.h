@@ -11,9 +11,10 @@ inline const std::string NoValue = "---";
 // What the receiver last said, in the texts that the labels show. Several values are computed from these
 // texts and not from the numbers behind them, so a text and its unit always belong together.
 struct FlightState {
-    double CurLat = 49.0; // decimal degrees, negative south
-    double CurLong = 9.0; // decimal degrees, negative west
-    bool NoFix = true;    // no valid fix is held
+    double CurLat = 49.0;     // decimal degrees, negative south
+    double CurLong = 9.0;     // decimal degrees, negative west
+    bool NoFix = true;        // no valid fix is held
+    bool HadPosition = false; // the position is one of the receiver
 
     bool SpeedInKnots = true;
     bool AltInFeet = true;

@@ -57,7 +57,6 @@ void FlyingScreen::ShowLastMap() {
     Map.FindMap(Map.LastMapName);
     Map.InitializeData();
     Map.updateMapInfo();
-    Map.ApplyZoom();
 }
 
 void FlyingScreen::Form_Activate() {
@@ -66,9 +65,10 @@ void FlyingScreen::Form_Activate() {
     // A damaged row or a store that another program holds must not keep the receiver from coming back.
     try {
         ShowLastMap();
+        // Before the first redraw: without a position yet the map opens at the route's first point, and a
+        // position off the chart would switch centring off.
         Route.Activate();
-        // The first point of the route is where the map opens without a fix, so the picture is made again.
-        UpdateMap();
+        if (Map.HasMap()) Map.ApplyZoom();
     } catch (...) {
         ActivateLink();
         throw;
@@ -119,7 +119,12 @@ void FlyingScreen::SetDirectTarget(const Point& view) {
 // A click turns the unit of the next value; until it comes the old one stands with its old unit.
 void FlyingScreen::lblSpeed_Click() { State.SpeedInKnots = !State.SpeedInKnots; }
 void FlyingScreen::lblAlt_Click() { State.AltInFeet = !State.AltInFeet; }
-void FlyingScreen::lblTime_Click() { State.ShowETE = !State.ShowETE; }
+
+// Time of arrival and time to go look alike, so the value must change together with its caption.
+void FlyingScreen::lblTime_Click() {
+    State.ShowETE = !State.ShowETE;
+    UpdateMap();
+}
 
 void FlyingScreen::SetShowRoute(bool on) {
     Flags.ShowRoute = on;

@@ -50,10 +50,12 @@ void RouteFollowing::cmbRoute_Click(const std::string& name) {
     }
     cmbRoute = RoutesSet.Text("Name");
     tRoute = cmbRoute;
-    const std::string map = owner.MapName();
-    if (!map.empty()) WriteLastChoice(shared.ProgramFolder, {map, cmbRoute});
+    if (RoutePointsSet.RecordCount() == 0) SwitchOff();
     RefreshRouteList();
     owner.UpdateMap();
+    // Last: a folder that cannot be written must not keep the new route from the screen.
+    const std::string map = owner.MapName();
+    if (!map.empty()) WriteLastChoice(shared.ProgramFolder, {map, cmbRoute});
 }
 
 void RouteFollowing::HideFrameUnless(bool stays) {
@@ -75,10 +77,14 @@ void RouteFollowing::cmdActivateGoto_Click() {
     owner.FocusMap();
 }
 
-void RouteFollowing::picActivateGoto_Click() {
+void RouteFollowing::SwitchOff() {
     RouteActive = false;
-    HideFrameUnless(GotoActive);
     picActivateGoto = false;
+    HideFrameUnless(GotoActive);
+}
+
+void RouteFollowing::picActivateGoto_Click() {
+    SwitchOff();
     owner.UpdateMap();
     owner.FocusMap();
 }
@@ -119,9 +125,7 @@ void RouteFollowing::cmdNext_Click() {
     if (RoutePointsSet.RecordCount() > 0) RowSelected = false;
     if (RoutePointsSet.AbsolutePosition() >= RoutePointsSet.RecordCount() ||
         RoutePointsSet.RecordCount() == 0) {
-        RouteActive = false;
-        picActivateGoto = false;
-        Frame1 = false;
+        SwitchOff();
         cmdNextEnabled = false;
     } else {
         cmdPrevEnabled = true;
@@ -151,6 +155,7 @@ bool RouteFollowing::ActiveTarget(Position& target) {
         target = {ToDecimalDegrees(NumberIn(lblLatx)), ToDecimalDegrees(NumberIn(lblLongx))};
         return true;
     }
+    if (RoutePointsSet.Eof() || RoutePointsSet.Bof()) return false;
     target = {ToDecimalDegrees(RoutePointsSet.Number("Lat")),
               ToDecimalDegrees(RoutePointsSet.Number("Long"))};
     return true;
@@ -211,12 +216,10 @@ void RouteFollowing::Activate() {
         OpenPoints();
     }
     if (RoutePointsSet.RecordCount() == 0) {
-        RouteActive = false;
-        picActivateGoto = false;
-        HideFrameUnless(GotoActive);
+        SwitchOff();
         return;
     }
-    if (state.NoFix) {
+    if (!state.HadPosition) {
         state.CurLat = ToDecimalDegrees(RoutePointsSet.Number("Lat"));
         state.CurLong = ToDecimalDegrees(RoutePointsSet.Number("Long"));
     }

@@ -73,6 +73,7 @@ private:
 
     void OpenPoints();
     void HideFrameUnless(bool stays);
+    void SwitchOff();
     void ClearTargetValues();
     void ReturnToPoint(const Value& pointId);
 

@@ -109,6 +109,7 @@ void frmGPSmain::MakeBottom(QGridLayout& layout) {
     SlideMap->setSingleStep(1);
     SlideMap->setPageStep(5);
     SlideMap->setMinimumHeight(44);
+    SlideMap->setFocusPolicy(Qt::TabFocus);
     SlideMap->installEventFilter(this);
     services.Guard.Connect(SlideMap, &QSlider::valueChanged, [this](int value) {
         if (showing || !screen->Map.HasMap()) return;
@@ -125,6 +126,7 @@ void frmGPSmain::MakeBottom(QGridLayout& layout) {
     row->addWidget(progBar);
     cmbMaps = Named(new QComboBox, "cmbMaps");
     cmbMaps->setMinimumHeight(44);
+    cmbMaps->installEventFilter(this);
     cmbMaps->setMinimumWidth(190);
     cmbMaps->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     services.Guard.Connect(cmbMaps, &QComboBox::activated, [this](int index) {
@@ -217,6 +219,7 @@ void frmGPSmain::MakeRoute(QBoxLayout& layout) {
     head->setSpacing(6);
     cmbRoute = Named(new QComboBox, "cmbRoute");
     cmbRoute->setMinimumHeight(40);
+    cmbRoute->installEventFilter(this);
     cmbRoute->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     services.Guard.Connect(cmbRoute, &QComboBox::activated, [this](int index) {
         screen->Route.cmbRoute_Click(cmbRoute->itemText(index).toStdString());
@@ -230,7 +233,7 @@ void frmGPSmain::MakeRoute(QBoxLayout& layout) {
 
     gridWaypoints = Named(new QTableView, "gridWaypoints");
     gridWaypoints->setMinimumHeight(96);
-    gridWaypoints->setFocusPolicy(Qt::ClickFocus);
+    gridWaypoints->setFocusPolicy(Qt::NoFocus); // the arrow keys belong to the map
     pointsModel = std::make_unique<RecordsetModel>(
         screen->Route.RoutePointsSet,
         std::vector<RecordsetModel::Column>{
@@ -361,31 +364,41 @@ void frmGPSmain::MapReleased(Qt::MouseButton button) {
 
 // The slider jumps to the pointer instead of being dragged by its knob. Its width counts as 3500 units; in
 // the margins at both ends a finger means the end.
-bool frmGPSmain::SlideTo(double x) {
+void frmGPSmain::SlideTo(double x) {
     constexpr double width = 3500, margin = 200;
     const double units = x * width / std::max(1, SlideMap->width());
     const int value = static_cast<int>(std::nearbyint((units - width / 2) * SlideMax / (width / 2)));
     SlideMap->setValue(units > width - margin ? SlideMax : units < margin ? SlideMin : value);
-    return true;
 }
 
 bool frmGPSmain::eventFilter(QObject* watched, QEvent* event) {
+    // The arrow keys mean the same wherever the focus is: a list that has it must not change chart or route
+    // by accident. Other keys are the control's own.
+    if (event->type() == QEvent::KeyPress && HandleKey(*static_cast<QKeyEvent*>(event))) return true;
     if (watched == SlideMap) {
         const auto type = event->type();
-        const bool isMove =
-            type == QEvent::MouseMove && (static_cast<QMouseEvent*>(event)->buttons() & Qt::LeftButton);
-        if (isMove || type == QEvent::MouseButtonPress || type == QEvent::MouseButtonRelease)
-            return SlideTo(static_cast<QMouseEvent*>(event)->position().x());
+        const bool isMouse = type == QEvent::MouseMove || type == QEvent::MouseButtonPress ||
+                             type == QEvent::MouseButtonRelease || type == QEvent::MouseButtonDblClick;
+        if (isMouse) return SlideByMouse(*static_cast<QMouseEvent*>(event));
     }
     return Screen::eventFilter(watched, event);
 }
 
-void frmGPSmain::keyPressEvent(QKeyEvent* event) {
-    if (!HandleKey(event->key())) Screen::keyPressEvent(event);
+bool frmGPSmain::SlideByMouse(const QMouseEvent& event) {
+    if (event.button() == Qt::LeftButton || (event.buttons() & Qt::LeftButton)) SlideTo(event.position().x());
+    return true;
 }
 
-bool frmGPSmain::HandleKey(int key) {
-    switch (key) {
+void frmGPSmain::keyPressEvent(QKeyEvent* event) {
+    if (!HandleKey(*event)) Screen::keyPressEvent(event);
+}
+
+bool frmGPSmain::HandleKey(const QKeyEvent& event) {
+    const auto step = [&](void (RouteFollowing::*to)()) {
+        // A key that is held would run through the route to its end.
+        if (!event.isAutoRepeat()) services.Guard.Run([this, to] { (screen->Route.*to)(); });
+    };
+    switch (event.key()) {
     case Qt::Key_Up:
         services.Guard.Run([this] { screen->StepZoom(KeyZoomStep); });
         break;
@@ -393,10 +406,10 @@ bool frmGPSmain::HandleKey(int key) {
         services.Guard.Run([this] { screen->StepZoom(-KeyZoomStep); });
         break;
     case Qt::Key_Right:
-        services.Guard.Run([this] { screen->Route.cmdNext_Click(); });
+        step(&RouteFollowing::cmdNext_Click);
         break;
     case Qt::Key_Left:
-        services.Guard.Run([this] { screen->Route.cmdPrev_Click(); });
+        step(&RouteFollowing::cmdPrev_Click);
         break;
     default:
         return false;
@@ -428,7 +441,7 @@ void frmGPSmain::ShowLink() {
         picGPSCheck[i]->setVisible(link.picGPSCheck[i].Visible);
         isOn = isOn || link.picGPSCheck[i].Visible;
         const QString satellites = Q(link.picGPSCheck[i].ToolTip);
-        picGPSCheck[i]->setToolTip(satellites.isEmpty() ? lampTips[i] : satellites + "\n" + lampTips[i]);
+        picGPSCheck[i]->setToolTip(satellites.isEmpty() ? lampTips[i] : satellites);
     }
     cmdGPS->setVisible(!isOn);
     lblStatus->setText(Q(link.lblStatus.Caption));

@@ -75,8 +75,9 @@ private:
     void MapPressed(QPointF at, Qt::MouseButton button);
     void MapMoved(QPointF at, Qt::MouseButtons held);
     void MapReleased(Qt::MouseButton button);
-    bool SlideTo(double x);
-    bool HandleKey(int key);
+    void SlideTo(double x);
+    bool SlideByMouse(const QMouseEvent& event);
+    bool HandleKey(const QKeyEvent& event);
 
     void ShowState();
     void ShowLink();

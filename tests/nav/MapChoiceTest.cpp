@@ -67,6 +67,25 @@ TEST_F(MapChoiceTest, DamagedMemoriesAreReplacedAndLongNamesForgone) {
     EXPECT_EQ(screen.Map.SlideMap, 0);
 }
 
+TEST_F(MapChoiceTest, OpensAtTheRouteUntilThereWasAPositionAndKeepsThatOneAfterwards) {
+    AddRoute("R", {7.0});
+    FlyingScreen& screen = Start();
+    EXPECT_NEAR(screen.State.CurLong, 7, 1e-9);
+    EXPECT_TRUE(screen.Map.CenterMap); // on the chart from the first redraw on
+    EXPECT_EQ(screen.Map.View.SX, 500);
+    Fly(50.5, 6.5);
+    screen.Readouts.FixLost();
+    screen.Form_Deactivate();
+    screen.Form_Activate();
+    EXPECT_NEAR(screen.State.CurLong, 6.5, 1e-6);
+    AddRoute("empty", {});
+    screen.Form_Activate();
+    screen.Route.cmdActivateGoto_Click();
+    screen.Route.cmbRoute_Click("empty"); // an active route without points would end every drawing pass
+    EXPECT_FALSE(screen.Route.RouteActive);
+    EXPECT_EQ(Surface.Count("w2 #FF0000"), 5);
+}
+
 TEST_F(MapChoiceTest, WithoutMapsNothingIsDrawnAndNothingFails) {
     Sql("DELETE FROM Maps");
     FlyingScreen& screen = Start();

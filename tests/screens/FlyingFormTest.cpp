@@ -150,6 +150,22 @@ TEST_F(FlyingFormTest, TheGridFollowsTheRouteAndTheRouteTheGrid) {
     EXPECT_EQ(ReadLastChoice(Folder.Path()).Route, "S");
 }
 
+TEST_F(FlyingFormTest, ArrowKeysMeanTheSameWhereverTheFocusIs) {
+    Show();
+    for (const char* name : {"cmbRoute", "cmbMaps", "SlideMap", "picMap"}) {
+        auto& widget = Find<QWidget>(name);
+        const int before = Form.Logic().Map.SlideMap;
+        const int point = Form.Logic().Route.RoutePointsSet.AbsolutePosition();
+        QTest::keyClick(&widget, Qt::Key_Up);
+        EXPECT_EQ(Form.Logic().Map.SlideMap, before + 10) << name;
+        QTest::keyClick(&widget, Qt::Key_Right);
+        EXPECT_EQ(Form.Logic().Route.RoutePointsSet.AbsolutePosition(), point + 1) << name;
+        QTest::keyClick(&widget, Qt::Key_Left);
+        EXPECT_EQ(Form.Logic().Route.cmbRoute, "R") << name;
+        EXPECT_EQ(Form.Logic().Map.Name(), "alpha.jpg") << name;
+    }
+}
+
 TEST_F(FlyingFormTest, ARightClickIsTheTargetOfDirectFly) {
     Show();
     auto& map = Find<SurfaceWidget>("picMap");
