@@ -150,7 +150,7 @@ bool MainForm::Form_Load() {
     ApplyLanguage();
     showMaximized();
     ShowMode(Mode::Flight);
-    for (QDialog* hint : findChildren<QDialog*>()) hint->show(); // above the window, so after it
+    for (frmInfo* hint : findChildren<frmInfo*>()) hint->show(); // above the window, so after it
     return true;
 }
 

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QActionGroup>
-#include <QLabel>
 #include <QMainWindow>
 #include <QMenu>
 #include <QStackedWidget>

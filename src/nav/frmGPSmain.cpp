@@ -228,6 +228,7 @@ void frmGPSmain::MakeRoute(QBoxLayout& layout) {
     });
     head->addWidget(cmbRoute, 1);
     lblRoute = Named(new QLabel, "lblRoute");
+    lblRoute->installEventFilter(this);
     head->addWidget(lblRoute);
     layout.addLayout(head);
 
@@ -375,6 +376,10 @@ bool frmGPSmain::eventFilter(QObject* watched, QEvent* event) {
     // The arrow keys mean the same wherever the focus is: a list that has it must not change chart or route
     // by accident. Other keys are the control's own.
     if (event->type() == QEvent::KeyPress && HandleKey(*static_cast<QKeyEvent*>(event))) return true;
+    if (watched == lblRoute && event->type() == QEvent::MouseButtonRelease) {
+        services.Guard.Run([this] { screen->SetShowRoute(false); });
+        return true;
+    }
     if (watched == SlideMap) {
         const auto type = event->type();
         const bool isMouse = type == QEvent::MouseMove || type == QEvent::MouseButtonPress ||

@@ -60,7 +60,8 @@ void frmGPSmain::ApplyToolTips() {
         {lblStatus, Text("Zustand der GPS-Verbindung", "State of the GPS link")},
         {cmbMaps, Text("Karte wählen", "Choose the chart")},
         {cmbRoute, Text("Strecke wählen", "Choose the route")},
-        {lblRoute, Text("Länge der Strecke", "Length of the route")},
+        {lblRoute, Text("Länge der Strecke; Klick blendet sie auf der Karte aus",
+                        "Length of the route; a click hides it on the chart")},
         {gridWaypoints, Text("Punkte der Strecke; ein Klick macht einen Punkt aktiv",
                              "Points of the route; a click makes one active")},
         {cmdGPS, Text("Mit dem GPS-Empfänger an COM %1 verbinden", "Connect to the GPS receiver on COM %1")

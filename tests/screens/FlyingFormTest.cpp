@@ -166,6 +166,23 @@ TEST_F(FlyingFormTest, ArrowKeysMeanTheSameWhereverTheFocusIs) {
     }
 }
 
+TEST_F(FlyingFormTest, ThePanelSwitchesWhatTheChartShowsAndRemembersIt) {
+    Show();
+    Click("cmdSet");
+    for (const char* name : {"cmdshowRoute", "cmdWayInfo", "cmdShowPoints"}) {
+        Click(name);
+        EXPECT_TRUE(Find<LampButton>(name).IsLit()) << name;
+    }
+    Click("cmdSet");
+    DisplayFlags flags;
+    EXPECT_TRUE(ReadDisplayFlags(Folder.Path(), flags));
+    EXPECT_TRUE(flags.ShowRoute && flags.ShowNames && !flags.ShowAirspace);
+    Click("lblRoute"); // the length of the route hides it
+    EXPECT_FALSE(Form.Logic().Flags.ShowRoute);
+    Click("cmdShowPoints");
+    EXPECT_FALSE(Form.Logic().Pass.picShowPoints);
+}
+
 TEST_F(FlyingFormTest, ARightClickIsTheTargetOfDirectFly) {
     Show();
     auto& map = Find<SurfaceWidget>("picMap");
