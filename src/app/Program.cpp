@@ -16,7 +16,7 @@ constexpr int FailedToStart = 1; // exit status
 Program::Program(GuardedApplication& applicationOf, const std::filesystem::path& folder)
     : application(applicationOf), notices(new QtNotice),
       guard(*notices, [this] { return variablen.EnglishUI == 1; }), ports(PortDevices(folder)),
-      MSComm1(PortDevices(folder)), timerCheck(guard),
+      MSComm1(PortDevices(folder)), timerCheck(guard), timeTrack(guard),
       main(std::make_unique<MainForm>(variablen, MainServices())), endSignals([this] { EndAsked(); }) {
     variablen.ProgramFolder = folder;
     variablen.Locale = ReadSystemLocale();
@@ -63,7 +63,8 @@ MainForm::Services Program::MainServices() {
 Screen* Program::MakeScreen(Mode mode) {
     switch (mode) {
     case Mode::Flight:
-        return new frmGPSmain({variablen, MSComm1, timerCheck, ports, clock, dialogs, *notices, guard});
+        return new frmGPSmain(
+            {variablen, MSComm1, timerCheck, timeTrack, ports, clock, dialogs, *notices, guard});
     case Mode::Settings:
         return new frmSettings(variablen, guard, [this] { main->ApplyLanguage(); });
     case Mode::Planning:

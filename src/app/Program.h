@@ -45,7 +45,7 @@ private:
     SystemClock clock;
     QtPortList ports;
     QtSerialPort MSComm1;
-    QtTimer timerCheck;
+    QtTimer timerCheck, timeTrack;
     std::unique_ptr<frmSplash> splash;
     std::unique_ptr<MainForm> main;
     EndSignals endSignals;

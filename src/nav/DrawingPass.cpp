@@ -17,20 +17,32 @@ void DrawingPass::Pass(const std::function<void()>& steps) {
     // never interrupted by another.
     if (running || !rooms.Map.HasMap()) return;
     const Flagged now(running);
-    try {
-        steps();
-    } catch (const RuntimeError&) {
-        // A damaged row ends this pass; what was drawn stays, and the next pass starts afresh.
-    }
+    const auto untilError = [](const std::function<void()>& run) {
+        try {
+            run();
+        } catch (const RuntimeError&) {
+            // A damaged row ends this pass; what was drawn stays, and the next pass starts afresh.
+        }
+    };
+    mapChanged = false;
+    untilError(steps);
+    if (!mapChanged) return;
+    // The picture is that of the map before. Drawn anew at once, or a click on it would mean another place;
+    // without a search, which could change the map back and forth for ever.
+    searches = false;
+    untilError([this] { WholeRedraw(); });
+    searches = true;
 }
 
 void DrawingPass::UpdateMap() {
-    Pass([this] {
-        PlaceAircraft();
-        if (rooms.Map.CenterMap) rooms.Map.CenterOnAircraft(MapPoint);
-        PaintChart();
-        Overlays();
-    });
+    Pass([this] { WholeRedraw(); });
+}
+
+void DrawingPass::WholeRedraw() {
+    PlaceAircraft();
+    if (rooms.Map.CenterMap) rooms.Map.CenterOnAircraft(MapPoint);
+    PaintChart();
+    Overlays();
 }
 
 void DrawingPass::DrawOverlays() {
@@ -74,6 +86,7 @@ void DrawingPass::Overlays() {
         symbols.DrawPoint(NumberIn(rooms.Route.lblLatx), NumberIn(rooms.Route.lblLongx),
                           PointMode::DirectTarget, "DF");
     if (AircraftIsFarOutside() && !rooms.Map.AutoMapSwitch) return;
+    if (searches) mapChanged = rooms.Ring.Search({rooms.State.CurLat, rooms.State.CurLong}, MapPoint);
     const double direction = rooms.State.lblBearing == NoValue ? 0 : NumberIn(rooms.State.lblBearing);
     DrawAircraft(rooms.picMap, MapPoint, direction, !rooms.State.NoFix, rooms.Shared.SymbolType);
 }

@@ -7,6 +7,7 @@
 #include "common/SettingsFiles.h"
 #include "common/Variablen.h"
 #include "map/ActiveMap.h"
+#include "map/MapRing.h"
 #include "map/MapSymbols.h"
 #include "nav/FlightState.h"
 #include "nav/Leg.h"
@@ -21,6 +22,7 @@ struct DrawingPassRooms {
     FlightState& State;
     DisplayFlags& Flags;
     ActiveMap& Map;
+    MapRing& Ring;
     RouteFollowing& Route;
     Leg& ActiveLeg;
     Picture& picStorage;
@@ -47,6 +49,7 @@ public:
 
 private:
     void Pass(const std::function<void()>& steps);
+    void WholeRedraw();
     void PaintChart();
     void PlaceAircraft();
     void Overlays();
@@ -63,6 +66,8 @@ private:
     Statement routePoints;
     Point MapPoint; // the aircraft in view pixels
     bool running = false;
+    bool mapChanged = false; // by the search in this pass
+    bool searches = true;
 };
 
 } // namespace ornivane

@@ -70,6 +70,7 @@ void FixReadouts::BearingReceived(const std::string& bearing) {
     }
     state.lblBearing = Format(WireNumber(bearing), "000", locale);
     state.HeadingIndicator = -NumberIn(state.lblBearing);
+    owner.UpdateInstrument(state.HeadingIndicator);
 }
 
 void FixReadouts::SpeedReceived(const std::string& speed) {
@@ -77,7 +78,12 @@ void FixReadouts::SpeedReceived(const std::string& speed) {
         state.lblSpeed = NoValue;
         return;
     }
-    const double knots = WireNumber(speed);
+    knots = WireNumber(speed);
+    ShowSpeed();
+    owner.SpeedChanged(knots);
+}
+
+void FixReadouts::ShowSpeed() {
     state.lblSpeed = Format(state.SpeedInKnots ? knots : knots * KilometresPerNauticalMile, "##0", locale);
     state.lblSpeedmode = state.SpeedInKnots ? "kts" : "km/h";
 }
@@ -87,7 +93,12 @@ void FixReadouts::AltitudeReceived(const std::string& altitude) {
         state.lblAlt = NoValue;
         return;
     }
-    const double metres = WireNumber(altitude);
+    metres = WireNumber(altitude);
+    ShowAltitude();
+    owner.AltitudeChanged(CutToFifteenDigits(metres * FeetPerMetre));
+}
+
+void FixReadouts::ShowAltitude() {
     const double feet = CutToFifteenDigits(metres * FeetPerMetre);
     state.lblAlt = state.AltInFeet ? Format(feet, "######", locale) : Format(metres, "#####", locale);
     state.lblAltmode = state.AltInFeet ? "ft" : "m";
@@ -110,6 +121,7 @@ void FixReadouts::ClearDisplays() {
                                &state.lblLong, &state.lblTrueBearing, &state.lblDistanz, &state.lblTime})
         *label = NoValue;
     state.HeadingIndicator = 0;
+    owner.UpdateInstrument(0);
 }
 
 } // namespace ornivane

@@ -16,7 +16,10 @@ class FixReadoutsOwner {
 public:
     virtual ~FixReadoutsOwner() = default;
     virtual void UpdateMap() = 0;
-    virtual void DrawOverlays() = 0; // over the picture that stands, and shows it
+    virtual void DrawOverlays() = 0;                 // over the picture that stands, and shows it
+    virtual void UpdateInstrument(double angle) = 0; // degrees by which the card is turned
+    virtual void SpeedChanged(double knots) = 0;     // with a fix
+    virtual void AltitudeChanged(double feet) = 0;   // with a fix
 };
 
 // Turns the receiver's events into the flight state and its displays, and tells when the map redraws: at the
@@ -36,6 +39,9 @@ public:
     void SatellitesUsedReceived(std::int16_t satellitesUsed) override;
     void SatellitesInViewReceived(std::int16_t satellitesInView) override;
 
+    // Show the last value in the unit that is chosen now, so that text and unit never part.
+    void ShowSpeed();
+    void ShowAltitude();
     // The link is lost: eight displays go to "---", in their order, and the compass card to 0.
     void ClearDisplays();
 
@@ -47,6 +53,7 @@ private:
     const LocaleText& locale;
     FixReadoutsOwner& owner;
     std::int16_t PositionCount = -1; // positions since the last redraw
+    double knots = 0, metres = 0;    // as last received
 };
 
 } // namespace ornivane

@@ -10,12 +10,13 @@ FlyingScreen::FlyingScreen(const FlyingScreenWorld& w, std::function<void()> sta
                            std::function<void()> focusOnMap)
     : Link(w.MSComm1, w.timerCheck, w.Messages, w.Shared, State.NoFix, *this),
       Readouts(State, Link, w.Shared.Locale, *this), gps(Readouts),
-      Map(w.Shared, w.picStorage, w.picMap, w.progBar, w.Messages, *this), Route(w.Shared, State, *this),
-      ActiveLeg(State, w.Shared.Locale, w.SystemClock),
-      Pass({w.Shared, State, Flags, Map, Route, ActiveLeg, w.picStorage, w.picMap},
-           [this](const RuntimeError& error) {
-               world.Notices.Show(DescribeError(error, world.Shared.EnglishUI == 1));
-           }),
+      Map(w.Shared, w.picStorage, w.picMap, w.progBar, w.Messages, *this),
+      Ring(w.Shared, Map, w.picMap, w.progBar), Route(w.Shared, State, *this),
+      ActiveLeg(State, w.Shared.Locale, w.SystemClock), Wind(State, w.Shared.Locale, w.picWind),
+      Instruments(w.Shared, State, w.Kurskreisel, w.Picture1, w.Messages),
+      Logger(w.Shared, State, w.timeTrack, w.SystemClock, *this),
+      Pass({w.Shared, State, Flags, Map, Ring, Route, ActiveLeg, w.picStorage, w.picMap},
+           [this](const RuntimeError& error) { ShowError(error); }),
       world(w), changed(std::move(stateChanged)), focusMap(std::move(focusOnMap)) {
     Link.SetInterpreter(gps);
 }
@@ -24,6 +25,7 @@ void FlyingScreen::Form_Load() {
     Route.OpenRoutes();
     world.Shared.MapsSet.Open(world.Shared.DataConn,
                               "SELECT * From Maps Where Active <> 0 Order by NAME ASC");
+    Instruments.LoadVOR();
     Route.tRoute = Map.LoadLastMap();
     LoadFlightSet();
 }
@@ -44,6 +46,11 @@ void FlyingScreen::TakeDailyQnh() {
     // for.
     constexpr std::int16_t standardPressure = 1013;
     if (world.Shared.QNHDate != DateOf(world.SystemClock.Now())) world.Shared.QNH = standardPressure;
+    lblQNH = "QNH " + std::to_string(world.Shared.QNH);
+}
+
+void FlyingScreen::ShowError(const RuntimeError& error) {
+    world.Notices.Show(DescribeError(error, world.Shared.EnglishUI == 1));
 }
 
 void FlyingScreen::ShowLastMap() {
@@ -61,9 +68,12 @@ void FlyingScreen::ShowLastMap() {
 
 void FlyingScreen::Form_Activate() {
     TakeDailyQnh();
+    Wind.RedrawArrow();
     world.progBar.SetVisible(true);
     // A damaged row or a store that another program holds must not keep the receiver from coming back.
     try {
+        Instruments.Redraw();
+        if (Flags.ShowRoute) Route.RefreshRouteList();
         ShowLastMap();
         // Before the first redraw: without a position yet the map opens at the route's first point, and a
         // position off the chart would switch centring off.
@@ -78,6 +88,7 @@ void FlyingScreen::Form_Activate() {
 
 void FlyingScreen::ActivateLink() {
     Link.Form_Activate();
+    Logger.Form_Activate();
     world.progBar.SetVisible(false);
     focusMap();
     changed();
@@ -85,12 +96,14 @@ void FlyingScreen::ActivateLink() {
 
 void FlyingScreen::Form_Deactivate() {
     if (Map.HasMap()) Map.LastMapName = Map.Name();
+    Logger.Form_Deactivate();
     Link.Form_Deactivate();
     Map.SaveMapPosition();
 }
 
 void FlyingScreen::Form_Unload() {
     Map.SaveMapPosition();
+    Instruments.SaveVOR();
     SaveFlightSet();
 }
 
@@ -116,9 +129,17 @@ void FlyingScreen::SetDirectTarget(const Point& view) {
     if (Map.HasMap() && Route.GotoActive) Route.SetDirectTarget(Map.Transform().PositionOfView(view));
 }
 
-// A click turns the unit of the next value; until it comes the old one stands with its old unit.
-void FlyingScreen::lblSpeed_Click() { State.SpeedInKnots = !State.SpeedInKnots; }
-void FlyingScreen::lblAlt_Click() { State.AltInFeet = !State.AltInFeet; }
+// The value that stands changes with its unit: the time to go, the wind and the logged height are computed
+// from both.
+void FlyingScreen::lblSpeed_Click() {
+    State.SpeedInKnots = !State.SpeedInKnots;
+    if (State.lblSpeed != NoValue) Readouts.ShowSpeed();
+}
+
+void FlyingScreen::lblAlt_Click() {
+    State.AltInFeet = !State.AltInFeet;
+    if (State.lblAlt != NoValue) Readouts.ShowAltitude();
+}
 
 // Time of arrival and time to go look alike, so the value must change together with its caption.
 void FlyingScreen::lblTime_Click() {
@@ -146,6 +167,21 @@ void FlyingScreen::StepZoom(int by) {
         Map.ApplyZoom();
 }
 
+void FlyingScreen::EntryKey(int keyCode) {
+    if (Instruments.IsEntering()) return;
+    Wind.KeyUp(keyCode);
+    changed();
+}
+
+void FlyingScreen::UpdateInstrument(double angle) { Instruments.UpdateInstrument(angle); }
+void FlyingScreen::SpeedChanged(double knots) { Logger.SpeedReceived(knots); }
+void FlyingScreen::AltitudeChanged(double feet) { Wind.UpdateTAS(feet); }
+
+void FlyingScreen::LoggingFailed(const RuntimeError& error) {
+    world.Notices.Show(world.Shared.Text("Der Track wird nicht gespeichert: ", "The track is not stored: ") +
+                       DescribeError(error, world.Shared.EnglishUI == 1));
+}
+
 void FlyingScreen::ClearDisplays() { Readouts.ClearDisplays(); }
 void FlyingScreen::RefreshRouteList() { Route.RefreshRouteList(); }
 void FlyingScreen::FocusMap() { focusMap(); }
@@ -153,7 +189,17 @@ void FlyingScreen::FocusMap() { focusMap(); }
 // Comes with every chunk of bytes, hundreds of times a second when a line carries noise; what did not change
 // need not be shown again.
 void FlyingScreen::StateChanged() {
-    LiveState now{State, Link.picGPSCheck, Link.lblStatus, Link.Hourglass, Route.lblRoute, Route.lblRemDist};
+    LiveState now{State,
+                  Link.picGPSCheck,
+                  Link.lblStatus,
+                  Link.Hourglass,
+                  Route.lblRoute,
+                  Route.lblRemDist,
+                  Instruments.lbldistVOR,
+                  Logger.lblRecord,
+                  Wind.lblIASToolTip,
+                  Logger.picRecord,
+                  Logger.cmdRecordAuto};
     if (now == told) return;
     told = std::move(now);
     changed();

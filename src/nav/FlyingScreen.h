@@ -7,11 +7,15 @@
 #include "common/Variablen.h"
 #include "gps/GpsLink.h"
 #include "map/ActiveMap.h"
+#include "map/MapRing.h"
 #include "nav/DrawingPass.h"
 #include "nav/FixReadouts.h"
 #include "nav/FlightState.h"
+#include "nav/Instrument.h"
 #include "nav/Leg.h"
 #include "nav/RouteFollowing.h"
+#include "nav/TrackLogger.h"
+#include "nav/WindCalculator.h"
 #include "platform/Clock.h"
 #include "platform/Dialogs.h"
 #include "platform/PictureSurface.h"
@@ -25,9 +29,13 @@ struct FlyingScreenWorld {
     Variablen& Shared;
     SerialPort& MSComm1;
     Timer& timerCheck;
+    Timer& timeTrack;
     const Clock& SystemClock;
     Picture& picStorage;
     PictureSurface& picMap;
+    const Picture& Picture1; // the compass card
+    PictureSurface& Kurskreisel;
+    PictureSurface& picWind;
     Progress& progBar;
     Dialogs& Messages;
     Notice& Notices;
@@ -38,7 +46,8 @@ struct FlyingScreenWorld {
 class FlyingScreen : private LinkOwner,
                      private FixReadoutsOwner,
                      private ActiveMapOwner,
-                     private RouteFollowingOwner {
+                     private RouteFollowingOwner,
+                     private TrackLoggerOwner {
 public:
     // `changed`: the state may be another one, show it; `focusMap`: give the map the focus.
     FlyingScreen(const FlyingScreenWorld& world, std::function<void()> changed,
@@ -62,6 +71,9 @@ public:
     void SaveFlightSet();
     // The arrow keys: the slider by 10, not beyond its ends.
     void StepZoom(int by);
+    // A key of the main row or one that means nothing else: the entry of heading and airspeed. Nothing while
+    // a name or a course is entered at the instrument.
+    void EntryKey(int keyCode);
 
     FlightState State;
     DisplayFlags Flags;
@@ -69,9 +81,14 @@ public:
     FixReadouts Readouts;
     NmeaInterpreter gps;
     ActiveMap Map;
+    MapRing Ring;
     RouteFollowing Route;
     Leg ActiveLeg;
+    WindCalculator Wind;
+    Instrument Instruments;
+    TrackLogger Logger;
     DrawingPass Pass;
+    std::string lblQNH; // "QNH 1013"
 
 private:
     void ClearDisplays() override;
@@ -79,6 +96,11 @@ private:
     void FocusMap() override;
     void StateChanged() override;
     void DrawOverlays() override;
+    void UpdateInstrument(double angle) override;
+    void SpeedChanged(double knots) override;
+    void AltitudeChanged(double feet) override;
+    void LoggingFailed(const RuntimeError& error) override;
+    void LoggerChanged() override { changed(); }
     std::string RouteName() const override;
     bool HasFix() const override;
     double DistanceToTarget() const override;
@@ -91,9 +113,12 @@ private:
         GpsLink::StatusLine Status;
         bool Hourglass = false;
         std::string RouteLength, Remaining;
+        std::string StationDistance, Recorded, Airspeeds;
+        bool Recording = false, Armed = false;
         bool operator==(const LiveState&) const = default;
     };
 
+    void ShowError(const RuntimeError& error);
     void LoadFlightSet();
     void ShowLastMap();
     void ActivateLink();

@@ -4,16 +4,16 @@
 #include <QFrame>
 #include <QGridLayout>
 #include <QHeaderView>
-#include <QKeyEvent>
 #include <QLabel>
-#include <QMouseEvent>
 #include <QProgressBar>
 #include <QSlider>
 #include <QTableView>
-#include <algorithm>
-#include <cmath>
 
 #include "base/Flagged.h"
+#include "nav/frmInstrumentPanel.h"
+#include "nav/frmNamed.h"
+#include "nav/frmRecordPanel.h"
+#include "nav/frmWindPanel.h"
 #include "platform/qt/Events.h"
 #include "platform/qt/GridBinding.h"
 #include "platform/qt/LampButton.h"
@@ -27,17 +27,9 @@ namespace ornivane {
 
 namespace {
 
-constexpr int SideWidth = 280, BottomHeight = 53;        // the map has the rest of the form
-constexpr int LeastMapWidth = 661, LeastMapHeight = 463; // below that it stays as it is
-constexpr int KeyZoomStep = 10;
+constexpr int SideWidth = 280; // the map has the rest of the form's width
 
 QString Q(const std::string& text) { return QString::fromStdString(text); }
-
-template <typename Widget>
-Widget* Named(Widget* widget, const char* name) {
-    widget->setObjectName(name);
-    return widget;
-}
 
 void FillCombo(QComboBox& combo, const std::vector<std::string>& names, const std::string& current) {
     QStringList texts;
@@ -63,80 +55,31 @@ frmGPSmain::frmGPSmain(const FlyingFormServices& formServices)
     layout->setRowStretch(0, 1);
     MakeMap(*layout);
     MakeBottom(*layout);
-    progress = std::make_unique<QtProgress>(*progBar);
-    screen = std::make_unique<FlyingScreen>(
-        FlyingScreenWorld{services.Shared, services.MSComm1, services.timerCheck, services.SystemClock,
-                          *picStorage, picMap->Surface(), *progress, services.Messages, services.Notices},
-        [this] { ShowState(); }, [this] { picMap->setFocus(); });
+    instruments = new frmInstrumentPanel(this, services.Shared, services.Guard);
+    wind = new frmWindPanel(this, services.Shared, services.Guard);
+    record = new frmRecordPanel(this, services.Shared, services.Guard, services.Notices);
+    MakeScreen();
     MakeSide(*layout);
     MakePanel();
     ApplyLanguage();
 }
 
+// The logic draws on the surfaces, and the other controls speak to the logic: so it comes between them.
+void frmGPSmain::MakeScreen() {
+    progress = std::make_unique<QtProgress>(*progBar);
+    screen = std::make_unique<FlyingScreen>(
+        FlyingScreenWorld{services.Shared, services.MSComm1, services.timerCheck, services.timeTrack,
+                          services.SystemClock, *picStorage, picMap->Surface(), instruments->Card(),
+                          instruments->Surface(), wind->Surface(), *progress, services.Messages,
+                          services.Notices},
+        [this] { ShowState(); }, [this] { picMap->setFocus(); });
+    instruments->Attach(
+        screen->Instruments, [this] { picMap->setFocus(); }, [this] { ShowState(); });
+    wind->Attach(screen->Wind);
+    record->Attach(screen->Logger, [this] { ShowState(); });
+}
+
 frmGPSmain::~frmGPSmain() = default;
-
-void frmGPSmain::MakeMap(QGridLayout& layout) {
-    picMap = Named(new SurfaceWidget(this), "picMap");
-    picMap->setMinimumSize(LeastMapWidth, LeastMapHeight);
-    picMap->setFocusPolicy(Qt::StrongFocus);
-    layout.addWidget(picMap, 0, 0);
-    services.Guard.Connect(picMap, &SurfaceWidget::Pressed,
-                           [this](QPointF at, Qt::MouseButton button) { MapPressed(at, button); });
-    services.Guard.Connect(picMap, &SurfaceWidget::Moved,
-                           [this](QPointF at, Qt::MouseButtons held) { MapMoved(at, held); });
-    services.Guard.Connect(picMap, &SurfaceWidget::Released,
-                           [this](QPointF, Qt::MouseButton button) { MapReleased(button); });
-    services.Guard.Connect(picMap, &SurfaceWidget::Resized, [this] {
-        PlaceOverMap();
-        if (loaded) screen->Form_Resize();
-    });
-    lblStatus = Named(new QLabel(picMap), "lblStatus");
-    lblStatus->hide();
-    lblNoMap = Named(new QLabel(picMap), "lblNoMap");
-    lblNoMap->setAlignment(Qt::AlignCenter);
-    lblNoMap->setWordWrap(true);
-    lblNoMap->hide();
-}
-
-void frmGPSmain::MakeBottom(QGridLayout& layout) {
-    auto* bar = Named(new QFrame(this), "bottomBar");
-    bar->setFixedHeight(BottomHeight);
-    auto* row = new QHBoxLayout(bar);
-    row->setContentsMargins(8, 4, 8, 4);
-    row->setSpacing(8);
-    SlideMap = Named(new QSlider(Qt::Horizontal), "SlideMap");
-    SlideMap->setRange(SlideMin, SlideMax);
-    SlideMap->setSingleStep(1);
-    SlideMap->setPageStep(5);
-    SlideMap->setMinimumHeight(44);
-    SlideMap->setFocusPolicy(Qt::TabFocus);
-    SlideMap->installEventFilter(this);
-    services.Guard.Connect(SlideMap, &QSlider::valueChanged, [this](int value) {
-        if (showing || !screen->Map.HasMap()) return;
-        screen->Map.SetSlide(value);
-        ShowState();
-    });
-    row->addWidget(SlideMap, 3);
-    progBar = Named(new QProgressBar, "progBar");
-    progBar->setFixedWidth(110);
-    QSizePolicy keepsItsPlace = progBar->sizePolicy();
-    keepsItsPlace.setRetainSizeWhenHidden(true);
-    progBar->setSizePolicy(keepsItsPlace);
-    progBar->hide();
-    row->addWidget(progBar);
-    cmbMaps = Named(new QComboBox, "cmbMaps");
-    cmbMaps->setMinimumHeight(44);
-    cmbMaps->installEventFilter(this);
-    cmbMaps->setMinimumWidth(190);
-    cmbMaps->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    services.Guard.Connect(cmbMaps, &QComboBox::activated, [this](int index) {
-        screen->Map.cmbMaps_Click(cmbMaps->itemText(index).toStdString());
-        picMap->setFocus();
-        ShowState();
-    });
-    row->addWidget(cmbMaps, 2);
-    layout.addWidget(bar, 1, 0);
-}
 
 LampButton* frmGPSmain::Lamp(const char* name, const char* icon, const std::function<void()>& click) {
     auto* button = Named(new LampButton(this), name);
@@ -156,9 +99,10 @@ void frmGPSmain::MakeSide(QGridLayout& layout) {
     column->setContentsMargins(8, 6, 8, 6);
     column->setSpacing(5);
     MakeLinkButtons(*column);
+    column->addWidget(instruments);
     MakeReadouts(*column);
+    column->addWidget(wind);
     MakeRoute(*column);
-    MakeTarget(*column);
     layout.addWidget(side, 0, 1, 2, 1);
 }
 
@@ -185,6 +129,14 @@ void frmGPSmain::MakeLinkButtons(QBoxLayout& layout) {
             screen->Map.cmdKartezentrieren_Click();
     });
     row->addWidget(cmdKartezentrieren, 1);
+    cmdMapScroll = Lamp("cmdMapScroll", "mapscroll", [this] {
+        if (screen->Ring.PicMapScroll)
+            screen->Ring.PicMapScroll_Click();
+        else
+            screen->Ring.cmdMapScroll_Click();
+    });
+    row->addWidget(cmdMapScroll, 1);
+    row->addWidget(record, 1);
     cmdSet = Lamp("cmdSet", "settings", [this] {
         frmSet->setVisible(!frmSet->isVisible());
         if (!frmSet->isVisible()) screen->SaveFlightSet();
@@ -200,8 +152,6 @@ void frmGPSmain::MakeReadouts(QBoxLayout& layout) {
     speed = readout("lblSpeed", "lblSpeedmode", ReadoutLabel::Size::Large);
     bearing = readout("lblBearing", "lblBearingUnit", ReadoutLabel::Size::Large);
     altitude = readout("lblAlt", "lblAltmode", ReadoutLabel::Size::Large);
-    latitude = readout("lblLat", "lblLatUnit", ReadoutLabel::Size::Small);
-    longitude = readout("lblLong", "lblLongUnit", ReadoutLabel::Size::Small);
     services.Guard.Connect(speed, &ReadoutLabel::Clicked, [this] { screen->lblSpeed_Click(); });
     services.Guard.Connect(altitude, &ReadoutLabel::Clicked, [this] { screen->lblAlt_Click(); });
     auto* row = new QHBoxLayout;
@@ -209,12 +159,39 @@ void frmGPSmain::MakeReadouts(QBoxLayout& layout) {
     row->addWidget(speed, 1);
     row->addWidget(bearing, 1);
     layout.addLayout(row);
-    layout.addWidget(altitude);
-    layout.addWidget(latitude);
-    layout.addWidget(longitude);
+    auto* second = new QHBoxLayout;
+    second->setSpacing(6);
+    second->addWidget(altitude, 1);
+    auto* position = new QFrame(this);
+    position->setProperty("role", "readout");
+    auto* lines = new QVBoxLayout(position);
+    lines->setContentsMargins(4, 2, 4, 2);
+    lines->setSpacing(0);
+    for (QLabel** label : {&lblLat, &lblLong}) {
+        *label = Named(new QLabel(position), label == &lblLat ? "lblLat" : "lblLong");
+        (*label)->setProperty("role", "position");
+        (*label)->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        lines->addWidget(*label);
+    }
+    second->addWidget(position, 1);
+    layout.addLayout(second);
 }
 
 void frmGPSmain::MakeRoute(QBoxLayout& layout) {
+    MakeRouteList(layout);
+    auto* target = new QHBoxLayout;
+    lblLatx = Named(new QLabel(this), "lblLatx");
+    lblLongx = Named(new QLabel(this), "lblLongx");
+    for (QLabel* label : {lblLatx, lblLongx}) {
+        label->setProperty("role", "instrument");
+        label->setAlignment(Qt::AlignCenter);
+        target->addWidget(label);
+    }
+    layout.addLayout(target);
+    MakeRouteButtons(layout);
+}
+
+void frmGPSmain::MakeRouteList(QBoxLayout& layout) {
     auto* head = new QHBoxLayout;
     head->setSpacing(6);
     cmbRoute = Named(new QComboBox, "cmbRoute");
@@ -227,13 +204,16 @@ void frmGPSmain::MakeRoute(QBoxLayout& layout) {
         ShowState();
     });
     head->addWidget(cmbRoute, 1);
+    tRoute = Named(new QLabel(cmbRoute), "tRoute");
+    tRoute->hide();
+    tRoute->setAttribute(Qt::WA_TransparentForMouseEvents); // a click opens the list under it
     lblRoute = Named(new QLabel, "lblRoute");
     lblRoute->installEventFilter(this);
     head->addWidget(lblRoute);
     layout.addLayout(head);
 
     gridWaypoints = Named(new QTableView, "gridWaypoints");
-    gridWaypoints->setMinimumHeight(96);
+    gridWaypoints->setMinimumHeight(56);
     gridWaypoints->setFocusPolicy(Qt::NoFocus); // the arrow keys belong to the map
     pointsModel = std::make_unique<RecordsetModel>(
         screen->Route.RoutePointsSet,
@@ -250,7 +230,9 @@ void frmGPSmain::MakeRoute(QBoxLayout& layout) {
         ShowState();
     });
     layout.addWidget(gridWaypoints, 1);
+}
 
+void frmGPSmain::MakeRouteButtons(QBoxLayout& layout) {
     auto* row = new QHBoxLayout;
     row->setSpacing(6);
     cmdPrev = Lamp("cmdPrev", "previous", [this] { screen->Route.cmdPrev_Click(); });
@@ -269,57 +251,6 @@ void frmGPSmain::MakeRoute(QBoxLayout& layout) {
     });
     for (LampButton* button : {cmdPrev, cmdNext, cmdActivateGoto, cmdDirectFly}) row->addWidget(button, 1);
     layout.addLayout(row);
-}
-
-void frmGPSmain::MakeTarget(QBoxLayout& layout) {
-    Frame1 = Named(new QFrame(this), "Frame1");
-    QSizePolicy keepsItsPlace = Frame1->sizePolicy();
-    keepsItsPlace.setRetainSizeWhenHidden(true);
-    Frame1->setSizePolicy(keepsItsPlace);
-    auto* grid = new QGridLayout(Frame1);
-    grid->setContentsMargins(0, 0, 0, 0);
-    grid->setSpacing(5);
-    distance = new ReadoutLabel("lblDistanz", "lblDistanzUnit", ReadoutLabel::Size::Medium, Frame1);
-    course = new ReadoutLabel("lblTrueBearing", "lblTrueBearingUnit", ReadoutLabel::Size::Medium, Frame1);
-    time = new ReadoutLabel("lblTime", "lblTimeUnit", ReadoutLabel::Size::Medium, Frame1);
-    remaining = new ReadoutLabel("lblRemDist", "lblRemDistUnit", ReadoutLabel::Size::Medium, Frame1);
-    services.Guard.Connect(time, &ReadoutLabel::Clicked, [this] {
-        screen->lblTime_Click();
-        ApplyLanguage();
-    });
-    grid->addWidget(distance, 0, 0);
-    grid->addWidget(course, 0, 1);
-    grid->addWidget(time, 1, 0);
-    grid->addWidget(remaining, 1, 1);
-    lblLatx = Named(new QLabel(Frame1), "lblLatx");
-    lblLongx = Named(new QLabel(Frame1), "lblLongx");
-    grid->addWidget(lblLatx, 2, 0);
-    grid->addWidget(lblLongx, 2, 1);
-    layout.addWidget(Frame1);
-}
-
-void frmGPSmain::MakePanel() {
-    frmSet = Named(new QFrame(picMap), "frmSet");
-    frmSet->setAutoFillBackground(true);
-    frmSet->setFrameShape(QFrame::StyledPanel);
-    auto* column = new QVBoxLayout(frmSet);
-    column->setContentsMargins(8, 8, 8, 8);
-    column->setSpacing(6);
-    cmdshowRoute = Lamp("cmdshowRoute", "route", [this] { screen->SetShowRoute(!screen->Flags.ShowRoute); });
-    cmdWayInfo = Lamp("cmdWayInfo", "names", [this] { screen->SetShowNames(!screen->Flags.ShowNames); });
-    cmdShowPoints = Lamp("cmdShowPoints", "routepoints", [this] {
-        if (screen->Pass.picShowPoints) {
-            screen->Pass.picShowPoints = false;
-            screen->UpdateMap();
-        } else {
-            screen->Pass.cmdShowPoints_Click();
-        }
-    });
-    for (LampButton* button : {cmdshowRoute, cmdWayInfo, cmdShowPoints}) {
-        button->setMinimumWidth(150);
-        column->addWidget(button);
-    }
-    frmSet->hide();
 }
 
 void frmGPSmain::Form_Activate() {
@@ -341,102 +272,17 @@ void frmGPSmain::Form_Unload() {
     if (loaded) screen->Form_Unload();
 }
 
-void frmGPSmain::MapPressed(QPointF at, Qt::MouseButton button) {
-    picMap->setFocus();
-    if (button == Qt::RightButton) {
-        screen->SetDirectTarget({at.x(), at.y()});
-        ShowState();
-    }
-    dragging = button == Qt::LeftButton && screen->Map.HasMap() && screen->Map.CanPan();
-    drag = at;
-}
-
-void frmGPSmain::MapMoved(QPointF at, Qt::MouseButtons held) {
-    if (!dragging || !(held & Qt::LeftButton)) return;
-    screen->Map.Pan(at.x() - drag.x(), at.y() - drag.y());
-    drag = at;
-}
-
-void frmGPSmain::MapReleased(Qt::MouseButton button) {
-    if (!dragging || button != Qt::LeftButton) return;
-    dragging = false;
-    screen->UpdateMap();
-}
-
-// The slider jumps to the pointer instead of being dragged by its knob. Its width counts as 3500 units; in
-// the margins at both ends a finger means the end.
-void frmGPSmain::SlideTo(double x) {
-    constexpr double width = 3500, margin = 200;
-    const double units = x * width / std::max(1, SlideMap->width());
-    const int value = static_cast<int>(std::nearbyint((units - width / 2) * SlideMax / (width / 2)));
-    SlideMap->setValue(units > width - margin ? SlideMax : units < margin ? SlideMin : value);
-}
-
-bool frmGPSmain::eventFilter(QObject* watched, QEvent* event) {
-    // The arrow keys mean the same wherever the focus is: a list that has it must not change chart or route
-    // by accident. Other keys are the control's own.
-    if (event->type() == QEvent::KeyPress && HandleKey(*static_cast<QKeyEvent*>(event))) return true;
-    if (watched == lblRoute && event->type() == QEvent::MouseButtonRelease) {
-        services.Guard.Run([this] { screen->SetShowRoute(false); });
-        return true;
-    }
-    if (watched == SlideMap) {
-        const auto type = event->type();
-        const bool isMouse = type == QEvent::MouseMove || type == QEvent::MouseButtonPress ||
-                             type == QEvent::MouseButtonRelease || type == QEvent::MouseButtonDblClick;
-        if (isMouse) return SlideByMouse(*static_cast<QMouseEvent*>(event));
-    }
-    return Screen::eventFilter(watched, event);
-}
-
-bool frmGPSmain::SlideByMouse(const QMouseEvent& event) {
-    if (event.button() == Qt::LeftButton || (event.buttons() & Qt::LeftButton)) SlideTo(event.position().x());
-    return true;
-}
-
-void frmGPSmain::keyPressEvent(QKeyEvent* event) {
-    if (!HandleKey(*event)) Screen::keyPressEvent(event);
-}
-
-bool frmGPSmain::HandleKey(const QKeyEvent& event) {
-    const auto step = [&](void (RouteFollowing::*to)()) {
-        // A key that is held would run through the route to its end.
-        if (!event.isAutoRepeat()) services.Guard.Run([this, to] { (screen->Route.*to)(); });
-    };
-    switch (event.key()) {
-    case Qt::Key_Up:
-        services.Guard.Run([this] { screen->StepZoom(KeyZoomStep); });
-        break;
-    case Qt::Key_Down:
-        services.Guard.Run([this] { screen->StepZoom(-KeyZoomStep); });
-        break;
-    case Qt::Key_Right:
-        step(&RouteFollowing::cmdNext_Click);
-        break;
-    case Qt::Key_Left:
-        step(&RouteFollowing::cmdPrev_Click);
-        break;
-    default:
-        return false;
-    }
-    ShowState();
-    return true;
-}
-
-void frmGPSmain::PlaceOverMap() {
-    lblStatus->move(12, 12);
-    frmSet->adjustSize();
-    frmSet->move(picMap->width() - frmSet->width() - 8, 8);
-    lblNoMap->setGeometry(picMap->rect().adjusted(40, 40, -40, -40));
-}
-
 void frmGPSmain::ShowState() {
     if (showing || !screen) return;
     const Flagged now(showing);
     ShowLink();
     ShowReadouts();
     ShowMapControls();
+    ShowMapRing();
     ShowRoute();
+    instruments->ShowState(screen->lblQNH);
+    wind->ShowState();
+    record->ShowState();
 }
 
 void frmGPSmain::ShowLink() {
@@ -463,8 +309,8 @@ void frmGPSmain::ShowReadouts() {
     speed->Show(Q(s.lblSpeed), Q(s.lblSpeedmode));
     bearing->Show(Q(s.lblBearing), "°");
     altitude->Show(Q(s.lblAlt), Q(s.lblAltmode));
-    latitude->Show(Q(s.lblLat));
-    longitude->Show(Q(s.lblLong));
+    lblLat->setText(Q(s.lblLat));
+    lblLong->setText(Q(s.lblLong));
     distance->Show(Q(s.lblDistanz));
     course->Show(Q(s.lblTrueBearing));
     time->Show(Q(s.lblTime));
@@ -484,10 +330,23 @@ void frmGPSmain::ShowMapControls() {
     cmdShowPoints->SetLit(screen->Pass.picShowPoints);
 }
 
+void frmGPSmain::ShowMapRing() {
+    const MapRing& ring = screen->Ring;
+    cmdMapScroll->SetLit(ring.PicMapScroll);
+    tNextMap->setText(Q(ring.tNextMap));
+    tNextMap->adjustSize();
+    tNextMap->setVisible(ring.tNextMapShows);
+    LblMapNumber->setText(Q(ring.LblMapNumber));
+    LblMapNumber->adjustSize();
+    LblMapNumber->move(ring.tNextMapShows ? tNextMap->width() + 6 : 0, 0);
+    LblMapNumber->setVisible(ring.LblMapNumberShows);
+}
+
 void frmGPSmain::ShowRoute() {
     const RouteFollowing& route = screen->Route;
     FillCombo(*cmbRoute, route.RouteNames, route.cmbRoute);
     cmbRoute->setEnabled(!route.RouteNames.empty());
+    tRoute->setText(Q(route.tRoute));
     lblRoute->setText(route.lblRoute.empty() ? QString() : Q(route.lblRoute) + " NM");
     cmdActivateGoto->SetLit(route.picActivateGoto);
     cmdDirectFly->SetLit(route.picDF);

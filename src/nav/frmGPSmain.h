@@ -29,12 +29,16 @@ class QtProgress;
 class ReadoutLabel;
 class RecordsetModel;
 class SurfaceWidget;
+class frmInstrumentPanel;
+class frmRecordPanel;
+class frmWindPanel;
 
 // What the flying screen's form needs of the program. All of it outlives the form.
 struct FlyingFormServices {
     Variablen& Shared;
     SerialPort& MSComm1;
     Timer& timerCheck;
+    Timer& timeTrack;
     const PortList& Ports;
     const Clock& SystemClock;
     Dialogs& Messages;
@@ -59,6 +63,7 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -69,7 +74,11 @@ private:
     void MakeReadouts(QBoxLayout& layout);
     void MakeTarget(QBoxLayout& layout);
     void MakeRoute(QBoxLayout& layout);
+    void MakeRouteList(QBoxLayout& layout);
+    void MakeRouteButtons(QBoxLayout& layout);
+    void MakeOverMap();
     void MakePanel();
+    void MakeScreen();
     LampButton* Lamp(const char* name, const char* icon, const std::function<void()>& click);
 
     void MapPressed(QPointF at, Qt::MouseButton button);
@@ -78,11 +87,14 @@ private:
     void SlideTo(double x);
     bool SlideByMouse(const QMouseEvent& event);
     bool HandleKey(const QKeyEvent& event);
+    bool HandleKeyUp(const QKeyEvent& event);
+    void ShowRouteMask(bool visible);
 
     void ShowState();
     void ShowLink();
     void ShowReadouts();
     void ShowMapControls();
+    void ShowMapRing();
     void ShowRoute();
     void PlaceOverMap();
     QString Text(const char* german, const char* english) const;
@@ -99,17 +111,21 @@ private:
     SurfaceWidget* picMap = nullptr;
     QSlider* SlideMap = nullptr;
     QProgressBar* progBar = nullptr;
-    QLabel *lblStatus = nullptr, *lblNoMap = nullptr;
+    QLabel *lblStatus = nullptr, *lblNoMap = nullptr, *tNextMap = nullptr, *LblMapNumber = nullptr;
+    QLabel* tRoute = nullptr; // lies over cmbRoute while that has the focus
+    frmInstrumentPanel* instruments = nullptr;
+    frmWindPanel* wind = nullptr;
+    frmRecordPanel* record = nullptr;
     QComboBox *cmbMaps = nullptr, *cmbRoute = nullptr;
     QFrame *frmSet = nullptr, *Frame1 = nullptr;
     QTableView* gridWaypoints = nullptr;
-    ReadoutLabel *speed = nullptr, *bearing = nullptr, *altitude = nullptr, *latitude = nullptr,
-                 *longitude = nullptr;
+    ReadoutLabel *speed = nullptr, *bearing = nullptr, *altitude = nullptr;
+    QLabel *lblLat = nullptr, *lblLong = nullptr;
     ReadoutLabel *distance = nullptr, *course = nullptr, *time = nullptr, *remaining = nullptr;
     QLabel *lblRoute = nullptr, *lblLatx = nullptr, *lblLongx = nullptr;
     LampButton *cmdGPS = nullptr, *cmdKartezentrieren = nullptr, *cmdshowRoute = nullptr,
                *cmdWayInfo = nullptr, *cmdShowPoints = nullptr, *cmdActivateGoto = nullptr,
-               *cmdDirectFly = nullptr, *cmdSet = nullptr;
+               *cmdDirectFly = nullptr, *cmdSet = nullptr, *cmdMapScroll = nullptr;
     LampButton *cmdNext = nullptr, *cmdPrev = nullptr;
     std::array<LampButton*, 3> picGPSCheck{};
     std::array<QString, 3> lampTips;

@@ -6,6 +6,9 @@
 #include <QTableView>
 
 #include "nav/frmGPSmain.h"
+#include "nav/frmInstrumentPanel.h"
+#include "nav/frmRecordPanel.h"
+#include "nav/frmWindPanel.h"
 #include "platform/qt/LampButton.h"
 #include "platform/qt/ReadoutLabel.h"
 #include "platform/qt/RecordsetModel.h"
@@ -20,6 +23,9 @@ QString frmGPSmain::Text(const char* german, const char* english) const {
 void frmGPSmain::ApplyLanguage() {
     ApplyCaptions();
     ApplyToolTips();
+    instruments->ApplyLanguage();
+    wind->ApplyLanguage();
+    record->ApplyLanguage();
     pointsModel->HeadersChanged();
     PlaceOverMap();
     ShowState();
@@ -29,13 +35,10 @@ void frmGPSmain::ApplyCaptions() {
     speed->SetCaption(Text("Geschwindigkeit", "Speed"));
     bearing->SetCaption(Text("Kurs", "Track"));
     altitude->SetCaption(Text("Höhe", "Altitude"));
-    latitude->SetCaption(Text("Breite", "Lat"));
-    longitude->SetCaption(Text("Länge", "Long"));
     distance->SetCaption(Text("Distanz", "Distance"));
-    course->SetCaption(Text("Kurs zum Ziel", "Course"));
-    time->SetCaption(screen->State.ShowETE ? Text("Zeit bis Ziel", "Time to go")
-                                           : Text("Ankunft", "Arrival"));
-    remaining->SetCaption(Text("Reststrecke", "Remaining"));
+    course->SetCaption(Text("Zielkurs", "Course"));
+    time->SetCaption(screen->State.ShowETE ? Text("Zeit", "Time to go") : Text("Ankunft", "Arrival"));
+    remaining->SetCaption(Text("Rest", "Remaining"));
     cmdGPS->setText("GPS");
     lampTips = {Text("Verbindung wird geprüft oder kein Fix – Klick trennt",
                      "Checking, or no fix – click to disconnect"),
@@ -69,6 +72,12 @@ void frmGPSmain::ApplyToolTips() {
                      (device.isEmpty() ? device : "\n" + device)},
         {cmdKartezentrieren,
          Text("Karte auf das Flugzeug zentrieren", "Keep the chart centred on the aircraft")},
+        {cmdMapScroll,
+         Text("Karten am Rand von selbst wechseln; Leertaste oder linke Maustaste: nächste Karte",
+              "Change charts by themselves at their edge; space bar or left button: next chart")},
+        {tNextMap, Text("Die nächste Karte; ein Klick blendet den Namen aus",
+                        "The next chart; a click hides the name")},
+        {LblMapNumber, Text("Karten, die das Flugzeug decken", "Charts that cover the aircraft")},
         {cmdSet, Text("Anzeige einstellen", "What the chart shows")},
         {cmdPrev, Text("Voriger Punkt (Pfeil links)", "Previous point (left arrow)")},
         {cmdNext, Text("Nächster Punkt (Pfeil rechts)", "Next point (right arrow)")},
@@ -82,8 +91,8 @@ void frmGPSmain::ApplyToolTips() {
                      "Ground speed; click for kts or km/h")},
         {bearing, Text("Kurs über Grund", "Track over ground")},
         {altitude, Text("GPS-Höhe; Klick wechselt ft und m", "GPS altitude; click for ft or m")},
-        {latitude, Text("Geografische Breite", "Latitude")},
-        {longitude, Text("Geografische Länge", "Longitude")},
+        {lblLat, Text("Geografische Breite", "Latitude")},
+        {lblLong, Text("Geografische Länge", "Longitude")},
         {distance, Text("Entfernung zum nächsten Punkt", "Distance to the next point")},
         {course, Text("Rechtweisender Kurs zum nächsten Punkt", "True course to the next point")},
         {time, Text("Zeit bis zum nächsten Punkt; Klick wechselt zur Ankunftszeit",

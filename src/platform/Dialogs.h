@@ -13,7 +13,9 @@ public:
     // A message with an OK button that does not stop the program: the call returns at once, the receiver goes
     // on being read. While a message stands, the same one is not shown again; others wait behind it.
     virtual void Message(const std::string& title, const std::string& text) = 0;
-    // The same, but the call returns when the user has answered: for the end of the program and questions
+    // The same, and it keeps the user from nothing: the window under it can be used while it stands.
+    virtual void MessageBeside(const std::string& title, const std::string& text) { Message(title, text); }
+    // Like Message, but the call returns when the user has answered: for the end of the program and questions
     // whose answer is needed.
     virtual void MessageAndWait(const std::string& title, const std::string& text) = 0;
     virtual bool AskYesNo(const std::string& title, const std::string& text) = 0;

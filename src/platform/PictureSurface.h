@@ -36,6 +36,8 @@ public:
     // Stretches a source rectangle of the picture, in its pixels, over a rectangle of this surface.
     virtual void PaintPicture(const Picture& picture, const PixelRect& destination,
                               const PixelRect& source) = 0;
+    // Copies the whole picture over the whole surface, turned about the middle: degrees, clockwise.
+    virtual void PaintTurned(const Picture& picture, double angle) = 0;
     virtual void SetDrawWidth(int pixels) = 0;
     virtual int DrawWidth() const = 0;
     virtual void SetForeColor(Colour colour) = 0;

@@ -30,7 +30,8 @@ class IdleTimer : public Timer {
 public:
     void SetInterval(int milliseconds) override { interval = milliseconds; }
     int Interval() const override { return interval; }
-    void OnTimer(std::function<void()>) override {}
+    void OnTimer(std::function<void()> callback) override { Fire = std::move(callback); }
+    std::function<void()> Fire;
 
 private:
     int interval = 0;
@@ -41,7 +42,8 @@ class FlyingScreenTest : public testing::Test, protected FlightFolder {
 protected:
     FlyingScreen& Start() {
         Screen = std::make_unique<FlyingScreen>(
-            FlyingScreenWorld{Shared, Port, CheckTimer, Clock, Storage, Surface, ProgressBar, Boxes, Notices},
+            FlyingScreenWorld{Shared, Port, CheckTimer, TrackTimer, Clock, Storage, Surface, Card, Gyro,
+                              WindRose, ProgressBar, Boxes, Notices},
             [] {}, [] {});
         Screen->Form_Load();
         Screen->Form_Activate();
@@ -58,10 +60,10 @@ protected:
     }
 
     IdlePort Port;
-    IdleTimer CheckTimer;
+    IdleTimer CheckTimer, TrackTimer;
     SetClock Clock;
-    FakePicture Storage;
-    DrawnSurface Surface;
+    FakePicture Storage, Card;
+    DrawnSurface Surface, Gyro, WindRose;
     FakeProgress ProgressBar;
     RecordedDialogs Boxes;
     RecordedNotice Notices;

@@ -81,8 +81,8 @@ protected:
     QtNotice Notices;
     QtDialogs Dialogs;
     EventGuard Guard{Notices, [this] { return Shared.EnglishUI == 1; }};
-    QtTimer Timer{Guard};
-    frmGPSmain Form{{Shared, Port, Timer, Port, Clock, Dialogs, Notices, Guard}};
+    QtTimer Timer{Guard}, TrackTimer{Guard};
+    frmGPSmain Form{{Shared, Port, Timer, TrackTimer, Port, Clock, Dialogs, Notices, Guard}};
 };
 
 TEST_F(FlyingFormTest, ShowsTheReceiversWordsInTheLabels) {

@@ -34,12 +34,13 @@ class DrawnSurface : public PictureSurface {
 public:
     double ScaleWidth() const override { return Width; }
     double ScaleHeight() const override { return Height; }
-    void Cls() override { Drawn.push_back("cls"); }
+    void Cls() override { Drawn.assign(1, "cls"); }
     void PaintPicture(const Picture&, const PixelRect&, const PixelRect& source) override {
         Drawn.clear(); // the picture covers all that was there
         Source = source;
         ++Paints;
     }
+    void PaintTurned(const Picture&, double angle) override { Drawn.push_back("turned " + Number(angle)); }
     void SetDrawWidth(int pixels) override { Pen = pixels; }
     int DrawWidth() const override { return Pen; }
     void SetForeColor(Colour colour) override { Fore = colour; }

@@ -63,7 +63,7 @@ void LampButton::paintEvent(QPaintEvent*) {
         painter.drawText(QRect(left + IconSize + 6, 0, textWidth + 4, height()), Qt::AlignVCenter, text());
     if (lit) { // the lamp
         painter.setRenderHint(QPainter::Antialiasing);
-        painter.setBrush(QColor(0x7CFC00));
+        painter.setBrush(lamp);
         painter.drawEllipse(QPointF(width() - 11.0, 11.0), 4.5, 4.5);
     }
 }

@@ -17,6 +17,8 @@ public:
     // An SVG, drawn in the colour of the text.
     void SetIcon(const QString& file);
     void SetLit(bool on);
+    // The colour of its lamp.
+    void SetLamp(const QColor& colour) { lamp = colour; }
     bool IsLit() const { return lit; }
     QSize sizeHint() const override;
 
@@ -28,6 +30,7 @@ private:
     QPixmap Tinted(const QColor& colour, int size) const;
 
     QIcon picture;
+    QColor lamp = QColor(0x7CFC00);
     bool lit = false;
 };
 

@@ -13,17 +13,33 @@ void QtDialogs::Message(const std::string& title, const std::string& text) {
 
 void QtDialogs::ShowNext() {
     if (waiting.isEmpty()) return;
-    standing = new QMessageBox(QMessageBox::NoIcon, waiting.head().first, waiting.head().second,
-                               QMessageBox::Ok, parent);
-    standing->setObjectName("messageBox");
-    standing->setTextFormat(Qt::PlainText); // a name is never markup
-    standing->setAttribute(Qt::WA_DeleteOnClose);
+    standing = Make(waiting.head());
     QObject::connect(standing, &QMessageBox::finished, standing, [this] {
         waiting.dequeue();
         standing = nullptr;
         ShowNext();
     });
     standing->open();
+}
+
+QMessageBox* QtDialogs::Make(const Box& box) {
+    auto* made = new QMessageBox(QMessageBox::NoIcon, box.first, box.second, QMessageBox::Ok, parent);
+    made->setObjectName("messageBox");
+    made->setTextFormat(Qt::PlainText); // a name is never markup
+    made->setAttribute(Qt::WA_DeleteOnClose);
+    return made;
+}
+
+void QtDialogs::MessageBeside(const std::string& title, const std::string& text) {
+    const Box box{QString::fromStdString(title), QString::fromStdString(text)};
+    if (beside) {
+        beside->setText(box.second);
+        return;
+    }
+    beside = Make(box);
+    beside->setModal(false);
+    beside->setAttribute(Qt::WA_ShowWithoutActivating); // the keys stay where they are
+    beside->show();
 }
 
 void QtDialogs::MessageAndWait(const std::string& title, const std::string& text) {

@@ -17,15 +17,17 @@ public:
     void SetWindow(QWidget* window) { parent = window; }
 
     void Message(const std::string& title, const std::string& text) override;
+    void MessageBeside(const std::string& title, const std::string& text) override;
     void MessageAndWait(const std::string& title, const std::string& text) override;
     bool AskYesNo(const std::string& title, const std::string& text) override;
 
 private:
     using Box = std::pair<QString, QString>;
     void ShowNext();
+    QMessageBox* Make(const Box& box);
 
     QPointer<QWidget> parent;
-    QPointer<QMessageBox> standing;
+    QPointer<QMessageBox> standing, beside;
     QQueue<Box> waiting; // the first one is the one that stands
 };
 

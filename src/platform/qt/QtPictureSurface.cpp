@@ -4,6 +4,7 @@
 #include <bit>
 #include <cmath>
 
+#include "platform/qt/CompassCard.h"
 #include "platform/qt/LineClip.h"
 #include "platform/qt/QtPicture.h"
 #include "platform/qt/Resample.h"
@@ -104,6 +105,20 @@ bool QtPictureSurface::PaintLevel(PictureLevels& levels, const PixelRect& target
     Resample(Block(), x, y,
              [&levels, level](int row, int begin, int end) { return levels.Row(level, row, begin, end); });
     return true;
+}
+
+void QtPictureSurface::PaintTurned(const Picture& picture, double angle) {
+    const auto* card = dynamic_cast<const CompassCard*>(&picture);
+    if (!card || card->ScaleWidth() == 0 || !std::isfinite(angle)) return;
+    // Drawn at twice the resolution and brought down while it turns: a picture of the same resolution would
+    // lose the edges of its letters to the turning.
+    const QImage& image2 = card->At(2 * image.width());
+    painter.save();
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.translate(width / 2, height / 2);
+    painter.rotate(angle);
+    painter.drawImage(QRectF(-width / 2, -height / 2, width, height), image2);
+    painter.restore();
 }
 
 void QtPictureSurface::UsePen(Colour colour) {

@@ -29,6 +29,8 @@ public:
     void Cls() override;
     // Parts of the source rectangle outside of the picture show the background.
     void PaintPicture(const Picture& picture, const PixelRect& destination, const PixelRect& source) override;
+    // A CompassCard; any other picture draws nothing.
+    void PaintTurned(const Picture& picture, double angle) override;
     void SetDrawWidth(int newWidth) override { drawWidth = newWidth; }
     int DrawWidth() const override { return drawWidth; }
     void SetForeColor(Colour colour) override { foreColor = colour; }
@@ -46,9 +48,6 @@ public:
     const QImage& Image() const { return image; }
     // How often PaintPicture was called.
     int Redraws() const { return redraws; }
-    // For drawing that the seam has no operation for (a turned compass card). Antialiased, logical pixels;
-    // leave its transform as it was.
-    QPainter& Painter() { return painter; }
 
 private:
     void Allocate(double newWidth, double newHeight, double newRatio);

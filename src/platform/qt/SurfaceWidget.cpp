@@ -17,12 +17,25 @@ void SurfaceWidget::SetBackColor(Colour colour) {
     update();
 }
 
+void SurfaceWidget::SetScale(double unitsAcross, double unitsDown) {
+    scale = {unitsAcross, unitsDown};
+    FitSurface();
+}
+
 void SurfaceWidget::FitSurface() {
-    if (surface.ScaleWidth() == width() && surface.ScaleHeight() == height() &&
-        surface.DevicePixelRatio() == devicePixelRatioF())
+    resolution = devicePixelRatioF();
+    const QSizeF units = scale.isEmpty() ? QSizeF(size()) : scale;
+    const double ratio = devicePixelRatioF() * (scale.isEmpty() ? 1 : width() / scale.width());
+    if (surface.ScaleWidth() == units.width() && surface.ScaleHeight() == units.height() &&
+        surface.DevicePixelRatio() == ratio)
         return;
-    surface.Resize(width(), height(), devicePixelRatioF());
+    surface.Resize(units.width(), units.height(), ratio);
     emit Resized();
+}
+
+QPointF SurfaceWidget::OnSurface(QPointF at) const {
+    if (scale.isEmpty()) return at;
+    return {at.x() * scale.width() / width(), at.y() * scale.height() / height()};
 }
 
 void SurfaceWidget::resizeEvent(QResizeEvent*) { FitSurface(); }
@@ -30,19 +43,23 @@ void SurfaceWidget::resizeEvent(QResizeEvent*) { FitSurface(); }
 void SurfaceWidget::paintEvent(QPaintEvent* event) {
     // The window may have moved to a screen of another resolution. Redrawing is the owner's work and must not
     // happen inside of painting.
-    if (surface.DevicePixelRatio() != devicePixelRatioF())
+    if (resolution != devicePixelRatioF())
         QMetaObject::invokeMethod(this, &SurfaceWidget::FitSurface, Qt::QueuedConnection);
     QPainter painter(this);
     painter.setClipRegion(event->region());
     painter.drawImage(QRectF(rect()), surface.Image());
 }
 
-void SurfaceWidget::mousePressEvent(QMouseEvent* event) { emit Pressed(event->position(), event->button()); }
+void SurfaceWidget::mousePressEvent(QMouseEvent* event) {
+    emit Pressed(OnSurface(event->position()), event->button());
+}
 
-void SurfaceWidget::mouseMoveEvent(QMouseEvent* event) { emit Moved(event->position(), event->buttons()); }
+void SurfaceWidget::mouseMoveEvent(QMouseEvent* event) {
+    emit Moved(OnSurface(event->position()), event->buttons());
+}
 
 void SurfaceWidget::mouseReleaseEvent(QMouseEvent* event) {
-    emit Released(event->position(), event->button());
+    emit Released(OnSurface(event->position()), event->button());
 }
 
 } // namespace ornivane

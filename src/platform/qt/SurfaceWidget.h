@@ -6,7 +6,7 @@
 
 namespace ornivane {
 
-// Shows a surface that is as large as itself. The owner draws on Surface(); Refresh there shows it.
+// Shows a surface that fills it. The owner draws on Surface(); Refresh there shows it.
 class SurfaceWidget : public QWidget {
     Q_OBJECT
     Q_PROPERTY(int Redraws READ Redraws)
@@ -18,9 +18,11 @@ public:
     // How often a picture was painted on the surface.
     int Redraws() const { return surface.Redraws(); }
     void SetBackColor(Colour colour);
+    // The surface counts this many units across and down, whatever size the widget has; else pixels.
+    void SetScale(double width, double height);
 
 signals:
-    // Positions are surface pixels.
+    // Positions are those of the surface.
     void Pressed(QPointF at, Qt::MouseButton button);
     void Moved(QPointF at, Qt::MouseButtons held);
     void Released(QPointF at, Qt::MouseButton button);
@@ -36,7 +38,10 @@ protected:
 
 private:
     void FitSurface();
+    QPointF OnSurface(QPointF at) const;
 
+    QSizeF scale;          // empty: the widget's own pixels
+    double resolution = 0; // device pixels for one of the widget's, when the surface was made
     QtPictureSurface surface;
 };
 

@@ -40,7 +40,16 @@ QProgressBar::chunk { background: %LIT; }
 #noticeBar { background: %NOTICE; color: %NOTEXT; font-weight: bold; }
 #lblStatus { background: %BASE; color: %TEXT; border: 2px solid %BORDER; border-radius: 6px; padding: 8px 12px; font-size: 18px; font-weight: bold; }
 #lblNoMap { color: %TEXT; font-size: 20px; }
-#frmSet { background: %WINDOW; border: 2px solid %BORDER; border-radius: 8px; }
+#tNextMap { background: #c00000; color: #ffffff; font-family: Arial, 'DejaVu Sans'; font-size: 18px; font-weight: bold; padding: 8px 12px; }
+#LblMapNumber { background: %BASE; color: %TEXT; border: 2px solid %BORDER; font-size: 18px; font-weight: bold; padding: 6px 10px; }
+#tRoute { background: %BASE; color: %TEXT; border: 2px dashed %FOCUS; border-radius: 6px; padding: 0 8px; font-weight: bold; }
+#lblRecord { color: %LITTEXT; background: transparent; }
+QLineEdit { background: %BASE; color: %TEXT; border: 2px solid %FOCUS; border-radius: 4px; padding: 0 6px; font-size: 20px; font-weight: bold; }
+QLabel[role="entry"] { background: #16191d; color: #ffff80; border: 1px solid %BORDER; border-radius: 4px; font-size: 17px; font-weight: bold; }
+QLabel[role="position"] { color: %TEXT; font-size: 15px; font-weight: bold; }
+QLabel[role="instrument"] { color: %TEXT; font-size: 14px; font-weight: bold; }
+#lblResult { font-size: 18px; font-weight: bold; }
+QFrame[role="popup"], #frmSet { background: %WINDOW; border: 2px solid %BORDER; border-radius: 8px; }
 QLabel[role="value"] { color: %TEXT; font-weight: bold; }
 QLabel[role="unit"], QLabel[role="caption"] { color: %FAINT; font-size: 12px; }
 QFrame[role="readout"] { background: %BASE; border: 1px solid %BORDER; border-radius: 6px; }

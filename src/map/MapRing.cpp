@@ -1,0 +1,87 @@
+#include "map/MapRing.h"
+
+#include <algorithm>
+
+#include "base/Numbers.h"
+#include "geo/NavigationMaths.h"
+#include "store/TextOrder.h"
+
+namespace ornivane {
+
+MapRing::MapRing(Variablen& variablen, ActiveMap& activeMap, PictureSurface& picMap, Progress& progBar)
+    : shared(variablen), map(activeMap), surface(picMap), progress(progBar) {}
+
+void MapRing::cmdMapScroll_Click() {
+    map.AutoMapSwitch = true;
+    PicMapScroll = true;
+    map.cmdKartezentrieren_Click(); // redraws
+}
+
+void MapRing::PicMapScroll_Click() {
+    PicMapScroll = false;
+    map.AutoMapSwitch = false;
+    HideNext();
+}
+
+void MapRing::HideNext() { tNextMapShows = LblMapNumberShows = false; }
+
+bool MapRing::IsAtEdge(const Point& at) const {
+    return at.X < EdgePixels || at.Y < EdgePixels || at.X > surface.ScaleWidth() - EdgePixels ||
+           at.Y > surface.ScaleHeight() - EdgePixels;
+}
+
+std::vector<std::string> MapRing::MapsAt(const Position& aircraft) {
+    if (!query.IsPrepared())
+        query = Statement(shared.DataConn, "Select Name from Maps Where Active <> 0 AND ? BETWEEN Links AND "
+                                           "Rechts AND ? BETWEEN Unten AND Oben");
+    std::vector<std::string> names;
+    const StatementRun run(query);
+    query.Bind(1, ToDegMinValue(aircraft.Long));
+    query.Bind(2, ToDegMinValue(aircraft.Lat));
+    while (query.Step()) names.emplace_back(query.Text(0));
+    return names;
+}
+
+std::string MapRing::After(int index) const {
+    const auto next = static_cast<std::size_t>(index + 1);
+    return next < listNextMap.size() ? listNextMap[next] : listNextMap.front();
+}
+
+bool MapRing::Search(const Position& aircraft, const Point& mapPoint) {
+    HideNext();
+    listNextMap.clear();
+    if (!map.AutoMapSwitch) return false;
+    listNextMap = MapsAt(aircraft);
+    if (listNextMap.empty()) return false;
+    LblMapNumberShows = listNextMap.size() > 2;
+    tNextMapShows = listNextMap.size() > 1;
+    const bool changes = IsAtEdge(mapPoint) && !tNextMap.empty();
+    // Also when it is the map that stands already: its remembered view and centring come back.
+    if (changes) map.cmbMaps_Change(tNextMap);
+    std::sort(listNextMap.begin(), listNextMap.end(),
+              [](const auto& a, const auto& b) { return CompareText(a, b) < 0; });
+    const auto found = std::find(listNextMap.begin(), listNextMap.end(), map.cmbMaps);
+    MapListIndex =
+        found == listNextMap.end() ? std::int16_t{-1} : ToInt16(double(found - listNextMap.begin()));
+    tNextMap = After(MapListIndex);
+    LblMapNumber = std::to_string(MapListIndex + 1) + " / " + std::to_string(listNextMap.size());
+    return changes;
+}
+
+void MapRing::Step() {
+    if (!map.AutoMapSwitch || !map.HasMap()) return;
+    if (listNextMap.size() >= 2) {
+        progress.SetVisible(true);
+        progress.SetValue(25);
+    }
+    if (!listNextMap.empty()) {
+        const auto last = static_cast<int>(listNextMap.size()) - 1;
+        MapListIndex = MapListIndex < last ? ToInt16(MapListIndex + 1.0) : std::int16_t{0};
+        tNextMap = After(MapListIndex);
+        map.cmbMaps_Change(listNextMap[static_cast<std::size_t>(MapListIndex)]);
+        progress.SetVisible(false);
+    }
+    map.ApplyZoom();
+}
+
+} // namespace ornivane

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <string>
+
+#include "base/LocaleText.h"
+#include "nav/FlightState.h"
+#include "platform/PictureSurface.h"
+
+namespace ornivane {
+
+// The pilot types compass heading and indicated airspeed, three digits each; the answer is the true airspeed
+// for three temperatures and the wind, from the triangle of heading and TAS against track and ground speed.
+// All of it is a rule of thumb computed from the numbers as displayed: no unit is converted, so the IAS is
+// meant in the unit in which the ground speed shows.
+class WindCalculator {
+public:
+    static constexpr Colour PlainHeading = 0xFFFF80;
+    static constexpr Colour WrongHeading = 0xFF0000; // above 360: told by colour, not refused
+    static constexpr int Backspace = 8;              // key code; digits are 48 to 57
+
+    WindCalculator(const FlightState& state, const LocaleText& locale, PictureSurface& picWind);
+
+    // A key that means nothing else on the flying screen. Any key after a complete entry begins a new one.
+    void KeyUp(int keyCode);
+    // At each altitude, in feet. Only the tooltip changes.
+    void UpdateTAS(double altitudeFeet);
+    // RuntimeError TypeMismatch when a display holds no number.
+    void UpdateWind();
+    // Draws the arrow of the last result again, after picWind got a new size or palette.
+    void RedrawArrow();
+
+    std::string lblHeading = NoValue, lblIAS = NoValue;
+    std::string lblIASToolTip; // the TAS result
+    std::string lblWind = "--- / ---";
+    Colour lblHeadingColour = PlainHeading;
+    Colour ArrowColour = 0x000000;
+
+private:
+    struct TrueAirspeed {
+        double Isa, Warmer, Colder; // ISA, ISA + 10, ISA - 10, in the unit of the IAS
+    };
+    TrueAirspeed TasAt(double altitudeFeet) const;
+    std::string TasText(const TrueAirspeed& tas) const;
+    bool IsComplete() const;
+    void DrawArrow(double relative);
+
+    const FlightState& state;
+    const LocaleText& locale;
+    PictureSurface& picWind;
+    bool hasArrow = false;
+    double arrow = 0; // degrees from the nose
+};
+
+} // namespace ornivane

@@ -1,0 +1,126 @@
+#include "nav/frmGPSmain.h"
+
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QSlider>
+
+#include "platform/qt/Events.h"
+#include "platform/qt/SurfaceWidget.h"
+
+namespace ornivane {
+
+namespace {
+
+constexpr int KeyZoomStep = 10;
+
+// A digit of the main row or Backspace as its key code; 0 for any other key, those of the numeric block
+// included.
+int EntryCode(const QKeyEvent& event) {
+    if (event.key() == Qt::Key_Backspace) return WindCalculator::Backspace;
+    const bool isDigit = event.key() >= Qt::Key_0 && event.key() <= Qt::Key_9;
+    return isDigit && !(event.modifiers() & Qt::KeypadModifier) ? event.key() : 0;
+}
+
+bool IsEntry(const QKeyEvent& event) { return EntryCode(event) != 0; }
+
+// Keys with a meaning of their own do not touch the entry of heading and airspeed: those of the map and the
+// route, the toolbar's, and those that move the focus or only change other keys.
+bool IsCommand(int key) {
+    switch (key) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Space:
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+    case Qt::Key_Shift:
+    case Qt::Key_Control:
+    case Qt::Key_Alt:
+    case Qt::Key_AltGr:
+    case Qt::Key_Meta:
+        return true;
+    default:
+        return key >= Qt::Key_F1 && key <= Qt::Key_F35;
+    }
+}
+
+} // namespace
+
+bool frmGPSmain::eventFilter(QObject* watched, QEvent* event) {
+    const auto type = event->type();
+    // The flying screen's keys mean the same wherever the focus is: a list that has it must not change chart
+    // or route by accident. Other keys are the control's own.
+    if (type == QEvent::KeyPress && HandleKey(*static_cast<QKeyEvent*>(event))) return true;
+    if (type == QEvent::KeyRelease && HandleKeyUp(*static_cast<QKeyEvent*>(event))) return true;
+    if (watched == cmbRoute && (type == QEvent::FocusIn || type == QEvent::FocusOut))
+        ShowRouteMask(type == QEvent::FocusIn);
+    if (watched == lblRoute && type == QEvent::MouseButtonRelease) {
+        services.Guard.Run([this] { screen->SetShowRoute(false); });
+        return true;
+    }
+    if (watched == tNextMap && type == QEvent::MouseButtonPress) {
+        screen->Ring.tNextMap_MouseDown();
+        ShowState();
+        return true;
+    }
+    if (watched == SlideMap) {
+        const bool isMouse = type == QEvent::MouseMove || type == QEvent::MouseButtonPress ||
+                             type == QEvent::MouseButtonRelease || type == QEvent::MouseButtonDblClick;
+        if (isMouse) return SlideByMouse(*static_cast<QMouseEvent*>(event));
+    }
+    return Screen::eventFilter(watched, event);
+}
+
+// While the list has the focus, its name stands on a dashed plate: it is not the arrow keys that choose here.
+void frmGPSmain::ShowRouteMask(bool visible) {
+    constexpr int arrow = 34; // pixels of the list's own arrow, which stays in sight
+    tRoute->setGeometry(0, 0, cmbRoute->width() - arrow, cmbRoute->height());
+    tRoute->setVisible(visible);
+}
+
+void frmGPSmain::keyPressEvent(QKeyEvent* event) {
+    if (!HandleKey(*event)) Screen::keyPressEvent(event);
+}
+
+void frmGPSmain::keyReleaseEvent(QKeyEvent* event) {
+    if (!HandleKeyUp(*event)) Screen::keyReleaseEvent(event);
+}
+
+bool frmGPSmain::HandleKey(const QKeyEvent& event) {
+    if (screen->Instruments.IsEntering()) return false;
+    const auto step = [&](void (RouteFollowing::*to)()) {
+        // A key that is held would run through the route to its end.
+        if (!event.isAutoRepeat()) services.Guard.Run([this, to] { (screen->Route.*to)(); });
+    };
+    switch (event.key()) {
+    case Qt::Key_Up:
+        services.Guard.Run([this] { screen->StepZoom(KeyZoomStep); });
+        break;
+    case Qt::Key_Down:
+        services.Guard.Run([this] { screen->StepZoom(-KeyZoomStep); });
+        break;
+    case Qt::Key_Right:
+        step(&RouteFollowing::cmdNext_Click);
+        break;
+    case Qt::Key_Left:
+        step(&RouteFollowing::cmdPrev_Click);
+        break;
+    case Qt::Key_Space:
+        if (!event.isAutoRepeat()) services.Guard.Run([this] { screen->Ring.Step(); });
+        break;
+    default:
+        return IsEntry(event); // taken when it is let go
+    }
+    ShowState();
+    return true;
+}
+
+bool frmGPSmain::HandleKeyUp(const QKeyEvent& event) {
+    if (event.isAutoRepeat() || IsCommand(event.key())) return false;
+    services.Guard.Run([&] { screen->EntryKey(EntryCode(event)); });
+    return true;
+}
+
+} // namespace ornivane

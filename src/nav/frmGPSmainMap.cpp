@@ -1,0 +1,188 @@
+#include "nav/frmGPSmain.h"
+
+#include <QComboBox>
+#include <QFrame>
+#include <QGridLayout>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QProgressBar>
+#include <QSlider>
+#include <algorithm>
+#include <cmath>
+
+#include "nav/frmNamed.h"
+#include "platform/qt/Events.h"
+#include "platform/qt/LampButton.h"
+#include "platform/qt/ReadoutLabel.h"
+#include "platform/qt/SurfaceWidget.h"
+
+namespace ornivane {
+
+namespace {
+
+constexpr int BottomHeight = 53;                         // the map has the rest of the form's height
+constexpr int LeastMapWidth = 661, LeastMapHeight = 463; // below that it stays as it is
+
+} // namespace
+
+void frmGPSmain::MakeMap(QGridLayout& layout) {
+    picMap = Named(new SurfaceWidget(this), "picMap");
+    picMap->setMinimumSize(LeastMapWidth, LeastMapHeight);
+    picMap->setFocusPolicy(Qt::StrongFocus);
+    layout.addWidget(picMap, 0, 0);
+    services.Guard.Connect(picMap, &SurfaceWidget::Pressed,
+                           [this](QPointF at, Qt::MouseButton button) { MapPressed(at, button); });
+    services.Guard.Connect(picMap, &SurfaceWidget::Moved,
+                           [this](QPointF at, Qt::MouseButtons held) { MapMoved(at, held); });
+    services.Guard.Connect(picMap, &SurfaceWidget::Released,
+                           [this](QPointF, Qt::MouseButton button) { MapReleased(button); });
+    services.Guard.Connect(picMap, &SurfaceWidget::Resized, [this] {
+        PlaceOverMap();
+        if (loaded) screen->Form_Resize();
+    });
+    MakeOverMap();
+}
+
+void frmGPSmain::MakeOverMap() {
+    lblStatus = Named(new QLabel(picMap), "lblStatus");
+    lblStatus->hide();
+    lblNoMap = Named(new QLabel(picMap), "lblNoMap");
+    lblNoMap->setAlignment(Qt::AlignCenter);
+    lblNoMap->setWordWrap(true);
+    lblNoMap->hide();
+    tNextMap = Named(new QLabel(picMap), "tNextMap");
+    tNextMap->installEventFilter(this);
+    LblMapNumber = Named(new QLabel(picMap), "LblMapNumber");
+    LblMapNumber->setAttribute(Qt::WA_TransparentForMouseEvents);
+    progBar = Named(new QProgressBar(picMap), "progBar");
+    progBar->setFixedWidth(220);
+    for (QWidget* hidden : std::initializer_list<QWidget*>{tNextMap, LblMapNumber, progBar}) hidden->hide();
+}
+
+void frmGPSmain::MakeBottom(QGridLayout& layout) {
+    auto* bar = Named(new QFrame(this), "bottomBar");
+    bar->setFixedHeight(BottomHeight);
+    auto* row = new QHBoxLayout(bar);
+    row->setContentsMargins(8, 4, 8, 4);
+    row->setSpacing(8);
+    SlideMap = Named(new QSlider(Qt::Horizontal), "SlideMap");
+    SlideMap->setRange(SlideMin, SlideMax);
+    SlideMap->setSingleStep(1);
+    SlideMap->setPageStep(5);
+    SlideMap->setMinimumHeight(44);
+    SlideMap->setFocusPolicy(Qt::TabFocus);
+    SlideMap->installEventFilter(this);
+    services.Guard.Connect(SlideMap, &QSlider::valueChanged, [this](int value) {
+        if (showing || !screen->Map.HasMap()) return;
+        screen->Map.SetSlide(value);
+        ShowState();
+    });
+    row->addWidget(SlideMap, 2);
+    MakeTarget(*row);
+    cmbMaps = Named(new QComboBox, "cmbMaps");
+    cmbMaps->setMinimumHeight(44);
+    cmbMaps->installEventFilter(this);
+    cmbMaps->setMinimumWidth(130);
+    cmbMaps->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    services.Guard.Connect(cmbMaps, &QComboBox::activated, [this](int index) {
+        screen->Map.cmbMaps_Click(cmbMaps->itemText(index).toStdString());
+        picMap->setFocus();
+        ShowState();
+    });
+    row->addWidget(cmbMaps, 2);
+    layout.addWidget(bar, 1, 0);
+}
+
+void frmGPSmain::MakeTarget(QBoxLayout& layout) {
+    Frame1 = Named(new QFrame(this), "Frame1");
+    QSizePolicy keepsItsPlace = Frame1->sizePolicy();
+    keepsItsPlace.setRetainSizeWhenHidden(true);
+    Frame1->setSizePolicy(keepsItsPlace);
+    auto* values = new QHBoxLayout(Frame1);
+    values->setContentsMargins(0, 0, 0, 0);
+    values->setSpacing(5);
+    const auto readout = [&](const char* value, const char* unit, int width) {
+        auto* label = new ReadoutLabel(value, unit, ReadoutLabel::Size::Medium, Frame1);
+        label->setFixedWidth(width); // the longest value that can come
+        values->addWidget(label);
+        return label;
+    };
+    distance = readout("lblDistanz", "lblDistanzUnit", 108);
+    course = readout("lblTrueBearing", "lblTrueBearingUnit", 76);
+    time = readout("lblTime", "lblTimeUnit", 80);
+    remaining = readout("lblRemDist", "lblRemDistUnit", 112);
+    services.Guard.Connect(time, &ReadoutLabel::Clicked, [this] {
+        screen->lblTime_Click();
+        ApplyLanguage();
+    });
+    layout.addWidget(Frame1);
+}
+
+void frmGPSmain::MakePanel() {
+    frmSet = Named(new QFrame(picMap), "frmSet");
+    frmSet->setAutoFillBackground(true);
+    frmSet->setFrameShape(QFrame::StyledPanel);
+    auto* column = new QVBoxLayout(frmSet);
+    column->setContentsMargins(8, 8, 8, 8);
+    column->setSpacing(6);
+    cmdshowRoute = Lamp("cmdshowRoute", "route", [this] { screen->SetShowRoute(!screen->Flags.ShowRoute); });
+    cmdWayInfo = Lamp("cmdWayInfo", "names", [this] { screen->SetShowNames(!screen->Flags.ShowNames); });
+    cmdShowPoints = Lamp("cmdShowPoints", "routepoints", [this] {
+        if (screen->Pass.picShowPoints) {
+            screen->Pass.picShowPoints = false;
+            screen->UpdateMap();
+        } else {
+            screen->Pass.cmdShowPoints_Click();
+        }
+    });
+    for (LampButton* button : {cmdshowRoute, cmdWayInfo, cmdShowPoints}) {
+        button->setMinimumWidth(150);
+        column->addWidget(button);
+    }
+    frmSet->hide();
+}
+
+void frmGPSmain::MapPressed(QPointF at, Qt::MouseButton button) {
+    picMap->setFocus();
+    if (button == Qt::RightButton) screen->SetDirectTarget({at.x(), at.y()});
+    if (button == Qt::LeftButton) screen->Ring.Step();
+    ShowState();
+    dragging = button == Qt::LeftButton && screen->Map.HasMap() && screen->Map.CanPan();
+    drag = at;
+}
+
+void frmGPSmain::MapMoved(QPointF at, Qt::MouseButtons held) {
+    if (!dragging || !(held & Qt::LeftButton)) return;
+    screen->Map.Pan(at.x() - drag.x(), at.y() - drag.y());
+    drag = at;
+}
+
+void frmGPSmain::MapReleased(Qt::MouseButton button) {
+    if (!dragging || button != Qt::LeftButton) return;
+    dragging = false;
+    screen->UpdateMap();
+}
+
+// The slider jumps to the pointer instead of being dragged by its knob. Its width counts as 3500 units; in
+// the margins at both ends a finger means the end.
+void frmGPSmain::SlideTo(double x) {
+    constexpr double width = 3500, margin = 200;
+    const double units = x * width / std::max(1, SlideMap->width());
+    const int value = static_cast<int>(std::nearbyint((units - width / 2) * SlideMax / (width / 2)));
+    SlideMap->setValue(units > width - margin ? SlideMax : units < margin ? SlideMin : value);
+}
+
+bool frmGPSmain::SlideByMouse(const QMouseEvent& event) {
+    if (event.button() == Qt::LeftButton || (event.buttons() & Qt::LeftButton)) SlideTo(event.position().x());
+    return true;
+}
+
+void frmGPSmain::PlaceOverMap() {
+    lblStatus->move(12, 56); // below the name of the next map
+    progBar->move((picMap->width() - progBar->width()) / 2, 12);
+    frmSet->adjustSize();
+    frmSet->move(picMap->width() - frmSet->width() - 8, 8);
+    lblNoMap->setGeometry(picMap->rect().adjusted(40, 40, -40, -40));
+}
+
+} // namespace ornivane

@@ -1,0 +1,188 @@
+#include "nav/frmInstrumentPanel.h"
+
+#include <QEvent>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+
+#include "platform/qt/Events.h"
+
+namespace ornivane {
+
+namespace {
+
+constexpr int DialSize = 200, SideWidth = 58; // pixels
+constexpr int EntryWidth = 230;
+
+QString Q(const std::string& text) { return QString::fromStdString(text); }
+
+} // namespace
+
+frmInstrumentPanel::frmInstrumentPanel(QWidget* parent, const Variablen& variablen, EventGuard& eventGuard)
+    : QWidget(parent), shared(variablen), guard(eventGuard) {
+    Picture1.Load(":/icons/compass.svg");
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(6);
+    auto* side = new QVBoxLayout;
+    side->setSpacing(4);
+    lblVOR1 = Label("lblVOR1");
+    lblVOR1->setWordWrap(true);
+    lbldistVOR = Label("lbldistVOR");
+    lblKurs = Label("lblKurs");
+    lblQNH = Label("lblQNH");
+    lblQNH->setWordWrap(true);
+    for (QLabel* label : {lblVOR1, lbldistVOR, lblKurs}) side->addWidget(label);
+    side->addStretch(1);
+    side->addWidget(lblQNH);
+    row->addLayout(side);
+    Kurskreisel = new SurfaceWidget(this);
+    Kurskreisel->setObjectName("Kurskreisel");
+    Kurskreisel->setFixedSize(DialSize, DialSize);
+    Kurskreisel->SetScale(200, 200);
+    row->addWidget(Kurskreisel);
+
+    frmVOR = Entry("frmVOR", vorCaption, tVOR1, "tVOR1");
+    lblResult = new QLabel(frmVOR);
+    lblResult->setObjectName("lblResult");
+    lblResult->setMinimumHeight(26);
+    frmVOR->layout()->addWidget(lblResult);
+    frmKurs = Entry("frmKurs", courseCaption, tKurs, "tKurs");
+    tKurs->setMaxLength(3);
+}
+
+QLabel* frmInstrumentPanel::Label(const char* name) {
+    auto* label = new QLabel(this);
+    label->setObjectName(name);
+    label->setProperty("role", "instrument");
+    label->setFixedWidth(SideWidth);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+QFrame* frmInstrumentPanel::Entry(const char* name, QLabel*& caption, QLineEdit*& field,
+                                  const char* fieldName) {
+    auto* frame = new QFrame(parentWidget());
+    frame->setObjectName(name);
+    frame->setProperty("role", "popup");
+    frame->setFixedWidth(EntryWidth);
+    auto* column = new QVBoxLayout(frame);
+    column->setContentsMargins(10, 8, 10, 8);
+    caption = new QLabel(frame);
+    field = new QLineEdit(frame);
+    field->setObjectName(fieldName);
+    field->setMinimumHeight(44);
+    field->installEventFilter(this);
+    column->addWidget(caption);
+    column->addWidget(field);
+    frame->hide();
+    return frame;
+}
+
+void frmInstrumentPanel::Attach(Instrument& toShow, std::function<void()> done,
+                                std::function<void()> changed) {
+    instrument = &toShow;
+    entryDone = std::move(done);
+    stateChanged = std::move(changed);
+    guard.Connect(Kurskreisel, &SurfaceWidget::Pressed,
+                  [this](QPointF, Qt::MouseButton button) { Pressed(button); });
+    guard.Connect(Kurskreisel, &SurfaceWidget::Resized, [this] { instrument->Redraw(); });
+    ConnectEntries();
+    Kurskreisel->SetBackColor(palette().color(QPalette::Window).rgb() & 0xFFFFFF);
+}
+
+void frmInstrumentPanel::ConnectEntries() {
+    guard.Connect(tVOR1, &QLineEdit::textEdited,
+                  [this](const QString& text) { Do([&] { instrument->tVOR1_Change(text.toStdString()); }); });
+    guard.Connect(tVOR1, &QLineEdit::returnPressed, [this] { Do([this] { instrument->tVOR1_Enter(); }); });
+    guard.Connect(tKurs, &QLineEdit::textEdited,
+                  [this](const QString& text) { Do([&] { instrument->tKurs_Change(text.toStdString()); }); });
+    guard.Connect(tKurs, &QLineEdit::returnPressed, [this] { Do([this] { instrument->tKurs_Enter(); }); });
+}
+
+void frmInstrumentPanel::Do(const std::function<void()>& event) {
+    const bool wasEntering = instrument->IsEntering();
+    event();
+    stateChanged();
+    if (wasEntering && !instrument->IsEntering()) entryDone();
+}
+
+void frmInstrumentPanel::Pressed(Qt::MouseButton button) {
+    if (button == Qt::LeftButton) Do([this] { instrument->LeftButton(); });
+    if (button == Qt::RightButton) Do([this] { instrument->RightButton(); });
+}
+
+bool frmInstrumentPanel::eventFilter(QObject* watched, QEvent* event) {
+    const auto key = event->type() == QEvent::KeyPress ? static_cast<QKeyEvent*>(event)->key() : 0;
+    if (key == Qt::Key_Escape && watched == tVOR1)
+        guard.Run([this] { Do([this] { instrument->tVOR1_Escape(); }); });
+    else if (key == Qt::Key_Escape && watched == tKurs)
+        guard.Run([this] { Do([this] { instrument->tKurs_Escape(); }); });
+    else
+        return QWidget::eventFilter(watched, event);
+    return true;
+}
+
+// The corners of the dial are those of the panel, by day and by night.
+void frmInstrumentPanel::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange || !instrument) return;
+    Kurskreisel->SetBackColor(palette().color(QPalette::Window).rgb() & 0xFFFFFF);
+    guard.Run([this] { instrument->Redraw(); });
+}
+
+void frmInstrumentPanel::ShowEntry(QFrame& entry, QLineEdit& field, bool visible) {
+    if (visible == !entry.isHidden()) return;
+    if (visible) {
+        field.clear();
+        entry.adjustSize();
+        const QPoint dial = mapTo(parentWidget(), QPoint());
+        entry.move(dial.x() - EntryWidth - 12, dial.y());
+        entry.show();
+        entry.raise();
+        field.setFocus();
+    } else {
+        entry.hide();
+    }
+}
+
+void frmInstrumentPanel::ShowState(const std::string& qnh) {
+    const bool isHsi = instrument->InstrumentMode == "HSI";
+    const QString station = Q(instrument->lblVOR1.empty() ? NoValue : instrument->lblVOR1);
+    lblVOR1->setText(station);
+    lblVOR1->setVisible(instrument->StationShows);
+    lbldistVOR->setText(Q(instrument->lbldistVOR) + " NM");
+    lbldistVOR->setVisible(instrument->StationShows);
+    lblKurs->setText(instrument->lblKurs.empty() ? Q(NoValue) : Q(instrument->lblKurs) + "°");
+    lblKurs->setVisible(isHsi);
+    lblQNH->setText(Q(qnh));
+    lblResult->setText(Q(instrument->lblResult));
+    ShowEntry(*frmVOR, *tVOR1, instrument->frmVOR);
+    ShowEntry(*frmKurs, *tKurs, instrument->frmKurs);
+}
+
+QString frmInstrumentPanel::Text(const char* german, const char* english) const {
+    return QString::fromUtf8(shared.Text(german, english));
+}
+
+void frmInstrumentPanel::ApplyLanguage() {
+    vorCaption->setText(Text("VOR: Name suchen, Eingabe übernimmt", "VOR: search a name, Enter takes it"));
+    courseCaption->setText(Text("Kurs", "Course"));
+    Kurskreisel->setToolTip(Text(
+        "Linke Taste: Kurskreisel, VOR, HSI. Rechte Taste: VOR wählen, im HSI den Kurs",
+        "Left button: heading indicator, VOR, HSI. Right button: choose the VOR, in the HSI the course"));
+    lblVOR1->setToolTip(Text("Gewähltes VOR (ein Wegpunkt)", "The chosen VOR (a waypoint)"));
+    lbldistVOR->setToolTip(Text("Entfernung zum VOR", "Distance to the VOR"));
+    lblKurs->setToolTip(Text("Gewählter Kurs", "The selected course"));
+    lblQNH->setToolTip(Text("QNH in hPa; einzugeben unter Einstellungen, gilt für einen Tag",
+                            "QNH in hPa; entered under Settings, good for one day"));
+    tVOR1->setToolTip(Text("Eingabe übernimmt den gefundenen Namen, Esc schließt",
+                           "Enter takes the name found, Esc closes"));
+    lblResult->setToolTip(Text("Der gefundene Wegpunkt", "The waypoint found"));
+    tKurs->setToolTip(
+        Text("Drei Ziffern, 000 bis 360; Esc schließt", "Three digits, 000 to 360; Esc closes"));
+}
+
+} // namespace ornivane

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QWidget>
+#include <functional>
+
+#include "nav/Instrument.h"
+#include "platform/qt/CompassCard.h"
+#include "platform/qt/SurfaceWidget.h"
+
+class QFrame;
+class QLabel;
+class QLineEdit;
+
+namespace ornivane {
+
+class EventGuard;
+
+// The round instrument with its labels and its two entry frames, which open over the map beside it.
+class frmInstrumentPanel : public QWidget {
+    Q_OBJECT
+
+public:
+    frmInstrumentPanel(QWidget* parent, const Variablen& shared, EventGuard& guard);
+
+    PictureSurface& Surface() { return Kurskreisel->Surface(); }
+    const Picture& Card() const { return Picture1; }
+    // Before anything is shown. `done`: an entry has ended, the keys go back to the map; `changed`: show the
+    // state.
+    void Attach(Instrument& instrument, std::function<void()> done, std::function<void()> changed);
+
+    void ShowState(const std::string& qnh);
+    void ApplyLanguage();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    QLabel* Label(const char* name);
+    QFrame* Entry(const char* name, QLabel*& caption, QLineEdit*& field, const char* fieldName);
+    void ConnectEntries();
+    void Pressed(Qt::MouseButton button);
+    void ShowEntry(QFrame& entry, QLineEdit& field, bool visible);
+    void Do(const std::function<void()>& event);
+    QString Text(const char* german, const char* english) const;
+
+    const Variablen& shared;
+    EventGuard& guard;
+    Instrument* instrument = nullptr;
+    std::function<void()> entryDone, stateChanged;
+    CompassCard Picture1;
+    SurfaceWidget* Kurskreisel = nullptr;
+    QLabel *lblVOR1 = nullptr, *lbldistVOR = nullptr, *lblKurs = nullptr, *lblQNH = nullptr;
+    QFrame *frmVOR = nullptr, *frmKurs = nullptr;
+    QLabel *vorCaption = nullptr, *courseCaption = nullptr, *lblResult = nullptr;
+    QLineEdit *tVOR1 = nullptr, *tKurs = nullptr;
+};
+
+} // namespace ornivane

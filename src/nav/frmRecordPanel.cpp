@@ -1,0 +1,76 @@
+#include "nav/frmRecordPanel.h"
+
+#include <QGridLayout>
+#include <QLabel>
+
+#include "platform/qt/Events.h"
+#include "platform/qt/LampButton.h"
+
+namespace ornivane {
+
+frmRecordPanel::frmRecordPanel(QWidget* parent, const Variablen& variablen, EventGuard& eventGuard,
+                               Notice& noticeBar)
+    : QWidget(parent), shared(variablen), guard(eventGuard), notices(noticeBar) {
+    auto* grid = new QGridLayout(this);
+    grid->setContentsMargins(0, 0, 0, 0);
+    cmdRecord = Stage("cmdRecord", "record", [this] { logger->cmdRecord_Click(); });
+    cmdRecordAuto = Stage("cmdRecordAuto", "record-auto", [this] {
+        notices.Show(shared.Text("Die Aufzeichnung beginnt von selbst über 30 kts (Einstellungen).",
+                                 "Recording starts by itself above 30 kts (Settings)."));
+    });
+    picRecord = Stage("picRecord", "", [this] { logger->picRecord_Click(); });
+    picRecord->SetLit(true);
+    picRecord->SetLamp(QColor(0xFF2020));
+    lblRecord = new QLabel(picRecord);
+    lblRecord->setObjectName("lblRecord");
+    lblRecord->setAlignment(Qt::AlignHCenter | Qt::AlignBottom);
+    lblRecord->setAttribute(Qt::WA_TransparentForMouseEvents); // a click on the number is one on the button
+    auto* inside = new QGridLayout(picRecord);
+    inside->setContentsMargins(1, 1, 1, 5);
+    inside->addWidget(lblRecord);
+}
+
+LampButton* frmRecordPanel::Stage(const char* name, const char* icon, const std::function<void()>& click) {
+    auto* button = new LampButton(this);
+    button->setObjectName(name);
+    if (*icon) button->SetIcon(QString(":/icons/%1.svg").arg(icon));
+    button->setFocusPolicy(Qt::TabFocus);
+    guard.Connect(button, &QAbstractButton::clicked, [this, click] {
+        click();
+        stateChanged();
+    });
+    button->hide();
+    static_cast<QGridLayout*>(layout())->addWidget(button, 0, 0);
+    return button;
+}
+
+void frmRecordPanel::Attach(TrackLogger& toShow, std::function<void()> changed) {
+    logger = &toShow;
+    stateChanged = std::move(changed);
+}
+
+void frmRecordPanel::ShowState() {
+    picRecord->setVisible(logger->picRecord);
+    cmdRecord->setVisible(logger->cmdRecord && !logger->picRecord);
+    cmdRecordAuto->setVisible(logger->cmdRecordAuto && !logger->picRecord);
+    if (lblRecord->text() == QString::fromStdString(logger->lblRecord)) return;
+    QFont font = lblRecord->font();
+    font.setPixelSize(logger->lblRecordFont);
+    font.setBold(true);
+    lblRecord->setFont(font);
+    lblRecord->setText(QString::fromStdString(logger->lblRecord));
+}
+
+void frmRecordPanel::ApplyLanguage() {
+    const auto text = [this](const char* german, const char* english) {
+        return QString::fromUtf8(shared.Text(german, english));
+    };
+    cmdRecord->setToolTip(
+        text("Track aufzeichnen; braucht einen GPS-Fix", "Record the track; needs a GPS fix"));
+    cmdRecordAuto->setToolTip(text("Aufzeichnung bereit: beginnt von selbst über 30 kts",
+                                   "Armed: recording starts by itself above 30 kts"));
+    picRecord->setToolTip(text("Der Track wird aufgezeichnet, Zahl der Punkte – Klick beendet",
+                               "Recording the track, number of points – click to stop"));
+}
+
+} // namespace ornivane
