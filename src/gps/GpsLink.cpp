@@ -17,10 +17,11 @@ constexpr std::int16_t CheckSeconds = 2;
 
 } // namespace
 
-GpsLink::GpsLink(SerialPort& serialPort, Timer& timer, Dialogs& messages, const Variablen& variables,
-                 bool& noFix, LinkOwner& linkOwner)
+GpsLink::GpsLink(SerialPort& serialPort, Timer& timer, Dialogs& messages, const Clock& clock,
+                 const Variablen& variables, bool& noFix, LinkOwner& linkOwner)
     : port(serialPort), timerCheck(timer), dialogs(messages), shared(variables), NoFix(noFix),
-      owner(linkOwner) {
+      owner(linkOwner), heard(clock) {
+    twins.OnSentence = [this](std::string_view talker, bool isRight) { heard.Add(talker, isRight); };
     port.OnEvent([this](SerialEvent event) { MSComm1_OnComm(event); });
     timerCheck.OnTimer([this] { timerCheck_Timer(); });
 }
@@ -129,7 +130,7 @@ void GpsLink::MSComm1_OnComm(SerialEvent event) {
 bool GpsLink::ReceiveWaiting() {
     const std::string receivedText = port.ReadAll();
     if (receivedText.empty()) return false;
-    framing->HandleInput(receivedText);
+    framing->HandleInput(twins.Turn(receivedText));
     DataSeen = true;
     return true;
 }
@@ -204,9 +205,8 @@ void GpsLink::ShowNoSignal() {
 
 bool GpsLink::Reopen() {
     port.Close();
-    port.SetSettings(Settings);
     try {
-        port.Open(ComPort);
+        OpenPort();
         return true;
     } catch (const RuntimeError& error) {
         lblStatus = {true, OpenFailureText(error, std::to_string(ComPort), shared)};
@@ -215,14 +215,23 @@ bool GpsLink::Reopen() {
 }
 
 bool GpsLink::OpenSilently() {
-    port.SetSettings(Settings);
     try {
-        port.Open(ComPort);
+        OpenPort();
         return true;
     } catch (const RuntimeError&) {
         return false;
     }
 }
+
+// Another receiver may be behind the port now.
+void GpsLink::OpenPort() {
+    port.SetSettings(Settings);
+    port.Open(ComPort);
+    twins.Reset();
+    heard.Forget();
+}
+
+std::string GpsLink::LinkToolTip() const { return HeardText(heard, shared); }
 
 // A port that the line closed outside the data-lost watch (while listening after "No signal", or behind a
 // check that passed at once) would stay closed for ever.

@@ -6,7 +6,10 @@
 #include <string>
 
 #include "common/Variablen.h"
+#include "gps/HeardSentences.h"
 #include "gps/SentenceFraming.h"
+#include "gps/TalkerTwins.h"
+#include "platform/Clock.h"
 #include "platform/Dialogs.h"
 #include "platform/SerialPort.h"
 #include "platform/Timer.h"
@@ -50,8 +53,8 @@ public:
     };
 
     // Takes over the callbacks of port and timer, which must outlive the link.
-    GpsLink(SerialPort& port, Timer& timer, Dialogs& dialogs, const Variablen& shared, bool& noFix,
-            LinkOwner& owner);
+    GpsLink(SerialPort& port, Timer& timer, Dialogs& dialogs, const Clock& clock, const Variablen& shared,
+            bool& noFix, LinkOwner& owner);
     GpsLink(const GpsLink&) = delete;
     GpsLink& operator=(const GpsLink&) = delete;
 
@@ -81,6 +84,10 @@ public:
 
     static constexpr std::int16_t DataLostWatch = -99;
 
+    // The talkers heard on this connection and the sentences of the last minute, in the language in use; two
+    // lines. Empty before a sentence has come.
+    std::string LinkToolTip() const;
+
     unsigned long long FailedSentences() const { return framing ? framing->FailedSentences() : 0; }
 
 private:
@@ -92,6 +99,7 @@ private:
     // Closes and opens the port; where that fails lblStatus says why and the result is false.
     bool Reopen();
     bool OpenSilently();
+    void OpenPort();
     void ShowNoSignal();
     void EndCheck();
     void ReopenIfWanted();
@@ -104,6 +112,8 @@ private:
     const Variablen& shared;
     bool& NoFix;
     LinkOwner& owner;
+    TalkerTwins twins;
+    HeardSentences heard;
     std::optional<SentenceFraming> framing;
     bool wanted = false;    // the user has connected and not disconnected
     bool reopening = false; // the timer ticks only to open a port that the line has closed

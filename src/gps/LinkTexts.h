@@ -4,6 +4,7 @@
 
 #include "base/RuntimeError.h"
 #include "common/Variablen.h"
+#include "gps/HeardSentences.h"
 
 namespace ornivane {
 
@@ -11,6 +12,9 @@ namespace ornivane {
 
 // "COM 5 does not exist"; for a device that this user may not open it names the group to join instead.
 std::string OpenFailureText(const RuntimeError& error, const std::string& port, const Variablen& shared);
+
+// "Talkers: GN, GL\nlast minute: 180 sentences, 0 bad checksums"; empty when nothing was heard.
+std::string HeardText(const HeardSentences& heard, const Variablen& shared);
 
 // The title of boxes that have none of their own.
 inline constexpr const char* MessageTitle = "Ornivane GPS";

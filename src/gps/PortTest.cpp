@@ -25,7 +25,7 @@ PortTest::PortTest(SerialPort& serialPort, Timer& timer, const PortList& portLis
       changed(std::move(stateChanged)), gps(*this), framing(gps) {
     port.OnEvent([this](SerialEvent event) { MSComm1_OnComm(event); });
     timerCheck.OnTimer([this] { timerCheck_Timer(); });
-    framing.OnFirstPiece = [this](std::string_view piece) { ShowFirstPiece(piece); };
+    sent.OnFirstPiece = [this](std::string_view piece) { ShowFirstPiece(piece); };
 }
 
 std::string PortTest::ComName() const { return "COM " + std::to_string(SelectedCom); }
@@ -80,6 +80,7 @@ void PortTest::cmdCheck_Click() {
 void PortTest::OpenChosen() {
     try {
         port.Open(SelectedCom);
+        twins.Reset();
     } catch (const RuntimeError& error) {
         lblStatus.Caption = OpenFailureText(error, std::to_string(SelectedCom), shared);
     }
@@ -128,7 +129,8 @@ void PortTest::MSComm1_OnComm(SerialEvent event) {
         const std::string receivedText = port.ReadAll();
         if (receivedText.empty()) return;
         ShowConnected();
-        framing.HandleInput(receivedText);
+        sent.HandleInput(receivedText);
+        framing.HandleInput(twins.Turn(receivedText));
         DataSeen = true;
     } else if (lblComVerbindung.ForeColor == Green) {
         ClearTestDisplays();

@@ -9,6 +9,7 @@
 #include "common/Variablen.h"
 #include "gps/NmeaInterpreter.h"
 #include "gps/SentenceFraming.h"
+#include "gps/TalkerTwins.h"
 #include "platform/Dialogs.h"
 #include "platform/PictureSurface.h"
 #include "platform/PortList.h"
@@ -82,7 +83,12 @@ private:
     std::function<void()> changed;
     bool noFix = true;
     NmeaInterpreter gps;
+    TalkerTwins twins;
     SentenceFraming framing;
+    // The same stream as the receiver sent it, for tGPS only: who looks for a fault must see that.
+    NmeaListener nobody;
+    NmeaInterpreter sentGps{nobody};
+    SentenceFraming sent{sentGps};
 };
 
 } // namespace ornivane

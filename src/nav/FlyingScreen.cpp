@@ -8,7 +8,7 @@ namespace ornivane {
 
 FlyingScreen::FlyingScreen(const FlyingScreenWorld& w, std::function<void()> stateChanged,
                            std::function<void()> focusOnMap)
-    : Link(w.MSComm1, w.timerCheck, w.Messages, w.Shared, State.NoFix, *this),
+    : Link(w.MSComm1, w.timerCheck, w.Messages, w.SystemClock, w.Shared, State.NoFix, *this),
       Readouts(State, Link, w.Shared.Locale, *this), gps(Readouts),
       Map(w.Shared, w.picStorage, w.picMap, w.progBar, w.Messages, *this),
       Ring(w.Shared, Map, w.picMap, w.progBar), Route(w.Shared, State, *this),

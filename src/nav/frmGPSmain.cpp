@@ -15,6 +15,7 @@
 #include "nav/frmRecordPanel.h"
 #include "nav/frmWindPanel.h"
 #include "platform/qt/Events.h"
+#include "platform/qt/FittedText.h"
 #include "platform/qt/GridBinding.h"
 #include "platform/qt/LampButton.h"
 #include "platform/qt/QtPicture.h"
@@ -168,8 +169,7 @@ void frmGPSmain::MakeReadouts(QBoxLayout& layout) {
     lines->setContentsMargins(4, 2, 4, 2);
     lines->setSpacing(0);
     for (QLabel** label : {&lblLat, &lblLong}) {
-        *label = Named(new QLabel(position), label == &lblLat ? "lblLat" : "lblLong");
-        (*label)->setProperty("role", "position");
+        *label = Named(new FittedText(15, position), label == &lblLat ? "lblLat" : "lblLong");
         (*label)->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         lines->addWidget(*label);
     }
@@ -287,12 +287,14 @@ void frmGPSmain::ShowState() {
 
 void frmGPSmain::ShowLink() {
     const GpsLink& link = screen->Link;
+    const std::string heard = link.LinkToolTip();
     bool isOn = false;
     for (std::size_t i = 0; i < picGPSCheck.size(); ++i) {
         picGPSCheck[i]->setVisible(link.picGPSCheck[i].Visible);
         isOn = isOn || link.picGPSCheck[i].Visible;
         const QString satellites = Q(link.picGPSCheck[i].ToolTip);
-        picGPSCheck[i]->setToolTip(satellites.isEmpty() ? lampTips[i] : satellites);
+        const QString tip = satellites.isEmpty() ? lampTips[i] : satellites;
+        picGPSCheck[i]->setToolTip(heard.empty() ? tip : tip + "\n" + Q(heard));
     }
     cmdGPS->setVisible(!isOn);
     lblStatus->setText(Q(link.lblStatus.Caption));

@@ -37,9 +37,8 @@ void frmGPSmain::ApplyCaptions() {
     altitude->SetCaption(Text("Höhe", "Altitude"));
     distance->SetCaption(Text("Distanz", "Distance"));
     course->SetCaption(Text("Zielkurs", "Course"));
-    time->SetCaption(screen->State.ShowETE ? Text("Zeit", "Time to go") : Text("Ankunft", "Arrival"));
+    time->SetCaption(screen->State.ShowETE ? Text("Dauer", "Time") : Text("Ankunft", "Arrival"));
     remaining->SetCaption(Text("Rest", "Remaining"));
-    cmdGPS->setText("GPS");
     lampTips = {Text("Verbindung wird geprüft oder kein Fix – Klick trennt",
                      "Checking, or no fix – click to disconnect"),
                 Text("GPS-Fix – Klick trennt", "GPS fix – click to disconnect"),

@@ -14,7 +14,8 @@ namespace ornivane {
 namespace {
 
 constexpr int DialSize = 200, SideWidth = 58; // pixels
-constexpr int EntryWidth = 230;
+constexpr int CornerWidth = 88, DistanceWidth = 72, NameHeight = 36, LineHeight = 18;
+constexpr int EntryWidth = 230, EntryTop = 140; // below the panel of switches
 
 QString Q(const std::string& text) { return QString::fromStdString(text); }
 
@@ -26,23 +27,30 @@ frmInstrumentPanel::frmInstrumentPanel(QWidget* parent, const Variablen& variabl
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(6);
-    auto* side = new QVBoxLayout;
-    side->setSpacing(4);
+    auto* labels = new QWidget(this);
+    labels->setFixedWidth(SideWidth); // also while none shows: the dial keeps its place
+    auto* side = new QVBoxLayout(labels);
+    side->setContentsMargins(0, 0, 0, 0);
     lblVOR1 = Label("lblVOR1");
-    lblVOR1->setWordWrap(true);
     lbldistVOR = Label("lbldistVOR");
     lblKurs = Label("lblKurs");
     lblQNH = Label("lblQNH");
-    lblQNH->setWordWrap(true);
-    for (QLabel* label : {lblVOR1, lbldistVOR, lblKurs}) side->addWidget(label);
+    side->addSpacing(NameHeight + LineHeight);
+    side->addWidget(lblKurs);
     side->addStretch(1);
-    side->addWidget(lblQNH);
-    row->addLayout(side);
+    row->addWidget(labels);
     Kurskreisel = new SurfaceWidget(this);
     Kurskreisel->setObjectName("Kurskreisel");
     Kurskreisel->setFixedSize(DialSize, DialSize);
     Kurskreisel->SetScale(200, 200);
     row->addWidget(Kurskreisel);
+    // The corners of the dial are empty: longer texts reach into them.
+    lblVOR1->setGeometry(0, 0, CornerWidth, NameHeight);
+    lblVOR1->setAlignment(Qt::AlignTop);
+    lblVOR1->setWordWrap(true);
+    lblQNH->setGeometry(0, DialSize - LineHeight, CornerWidth, LineHeight);
+    lbldistVOR->setGeometry(0, NameHeight, DistanceWidth, LineHeight);
+    for (QLabel* label : {lblVOR1, lbldistVOR, lblQNH}) label->raise();
 
     frmVOR = Entry("frmVOR", vorCaption, tVOR1, "tVOR1");
     lblResult = new QLabel(frmVOR);
@@ -57,7 +65,7 @@ QLabel* frmInstrumentPanel::Label(const char* name) {
     auto* label = new QLabel(this);
     label->setObjectName(name);
     label->setProperty("role", "instrument");
-    label->setFixedWidth(SideWidth);
+    label->setMinimumWidth(SideWidth);
     label->setTextFormat(Qt::PlainText);
     return label;
 }
@@ -138,8 +146,8 @@ void frmInstrumentPanel::ShowEntry(QFrame& entry, QLineEdit& field, bool visible
     if (visible) {
         field.clear();
         entry.adjustSize();
-        const QPoint dial = mapTo(parentWidget(), QPoint());
-        entry.move(dial.x() - EntryWidth - 12, dial.y());
+        const QPoint dial = mapTo(entry.parentWidget(), QPoint());
+        entry.move(dial.x() - EntryWidth - 12, dial.y() + EntryTop);
         entry.show();
         entry.raise();
         field.setFocus();
@@ -151,7 +159,7 @@ void frmInstrumentPanel::ShowEntry(QFrame& entry, QLineEdit& field, bool visible
 void frmInstrumentPanel::ShowState(const std::string& qnh) {
     const bool isHsi = instrument->InstrumentMode == "HSI";
     const QString station = Q(instrument->lblVOR1.empty() ? NoValue : instrument->lblVOR1);
-    lblVOR1->setText(station);
+    lblVOR1->setText(lblVOR1->fontMetrics().elidedText(station, Qt::ElideRight, 2 * CornerWidth - 20));
     lblVOR1->setVisible(instrument->StationShows);
     lbldistVOR->setText(Q(instrument->lbldistVOR) + " NM");
     lbldistVOR->setVisible(instrument->StationShows);
@@ -168,7 +176,7 @@ QString frmInstrumentPanel::Text(const char* german, const char* english) const 
 }
 
 void frmInstrumentPanel::ApplyLanguage() {
-    vorCaption->setText(Text("VOR: Name suchen, Eingabe übernimmt", "VOR: search a name, Enter takes it"));
+    vorCaption->setText(Text("VOR suchen", "Search VOR"));
     courseCaption->setText(Text("Kurs", "Course"));
     Kurskreisel->setToolTip(Text(
         "Linke Taste: Kurskreisel, VOR, HSI. Rechte Taste: VOR wählen, im HSI den Kurs",

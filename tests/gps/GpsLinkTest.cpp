@@ -4,6 +4,7 @@
 
 #include "GpsFakes.h"
 #include "common/SettingsFiles.h"
+#include "support/SetClock.h"
 #include "support/TemporaryFolder.h"
 
 namespace ornivane {
@@ -56,10 +57,11 @@ protected:
     FakePort Port;
     FakeTimer Timer;
     FakeDialogs Dialogs;
+    SetClock Clock;
     Variablen Shared;
     bool NoFix = true;
     std::string Calls;
-    GpsLink Link{Port, Timer, Dialogs, Shared, NoFix, *this};
+    GpsLink Link{Port, Timer, Dialogs, Clock, Shared, NoFix, *this};
     NmeaInterpreter gps{*this};
 };
 
@@ -279,6 +281,30 @@ TEST_F(GpsLinkTest, MakesTheSettingsFileAnewWhenItCannotBeRead) {
     Link.ComPort = 5;
     Link.Form_Activate();
     EXPECT_EQ(Link.ComPort, 1);
+}
+
+TEST_F(GpsLinkTest, UnderstandsReceiversOfSeveralSystemsAndTellsWhatItHears) {
+    Link.cmdGPS_Click();
+    EXPECT_EQ(Link.LinkToolTip(), "");
+    Port.Receive("$GNRMC*00\r\n");
+    EXPECT_EQ(Link.LinkToolTip(), "Talkers: -\nlast minute: 1 sentence, 1 bad checksum");
+    const std::string rmc = Sentence("GNRMC,123519,A,,,,,,,") + "\r\n";
+    Port.Receive(Sentence("GLGSV,1") + "\r\n" + rmc.substr(0, 3));
+    EXPECT_EQ(Signs(), "0");
+    Port.Receive(rmc.substr(3));
+    EXPECT_EQ(Signs(), "1");
+    EXPECT_EQ(Link.LinkToolTip(), "Talkers: GL, GN\nlast minute: 3 sentences, 1 bad checksum");
+    Clock.Milliseconds = 60'000;
+    Shared.EnglishUI = 0;
+    EXPECT_EQ(Link.LinkToolTip(), "Talker: GL, GN\nletzte Minute: 0 Sätze, 0 falsche Prüfsummen");
+
+    // A receiver that sends both twins, and behind it one on the same port that does not.
+    Port.Receive(Fix + rmc);
+    Link.picGPSCheck_Click(1);
+    Link.cmdGPS_Click();
+    EXPECT_EQ(Link.LinkToolTip(), "");
+    Port.Receive(rmc);
+    EXPECT_EQ(Signs(), "1");
 }
 
 } // namespace

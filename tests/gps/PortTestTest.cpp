@@ -114,6 +114,16 @@ TEST_F(PortTestTest, ShowsFixSatellitesAndPositionOnlyWithAFix) {
               "No GPS Fix---Number of satellites = -/-");
 }
 
+TEST_F(PortTestTest, ShowsTheFixOfAReceiverOfSeveralSystemsAndItsInputAsItWasSent) {
+    Screen.cmdCheck_Click();
+    const std::string sentence = Sentence("GNRMC,,A,4807.0,N,01131.0,E,,,");
+    Port.Receive(sentence.substr(0, 9));
+    EXPECT_EQ(Screen.tGPS, sentence.substr(0, 9));
+    Port.Receive(sentence.substr(9) + "\r\n");
+    EXPECT_EQ(Screen.LabelStatus.Caption + Screen.lblLat, "GPS FixN 48° 07.0'");
+    EXPECT_EQ(Screen.tGPS, sentence);
+}
+
 TEST_F(PortTestTest, ShowsTheFirstLineOrTheSignOfAWrongBaudRate) {
     Screen.cmdCheck_Click();
     Port.Receive("$GPTXT,1*00\r\n$GPTXT,2*00\r\n");

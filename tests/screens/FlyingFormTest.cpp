@@ -222,6 +222,16 @@ TEST_F(FlyingFormTest, FitsFromSmallToLargeAndKeepsEveryTooltipInTheLanguage) {
         EXPECT_FALSE(Find<QWidget>(name).toolTip().isEmpty()) << name;
 }
 
+TEST_F(FlyingFormTest, TellsUnderTheSatellitesWhichTalkersWereHeard) {
+    Show();
+    Click("cmdGPS");
+    Fix();
+    Port.Say("GPGSV,1,1,09");
+    EXPECT_EQ(Form.Logic().Link.picGPSCheck[1].ToolTip, "Sat: 7/9");
+    EXPECT_EQ(Find<QWidget>("picGPSCheck1").toolTip().toStdString(),
+              "Sat: 7/9\nTalker: GP\nletzte Minute: 3 Sätze, 0 falsche Prüfsummen");
+}
+
 TEST_F(FlyingFormTest, ABoxThatStandsStopsNothingAndDoesNotStackUp) {
     Show();
     Click("cmdGPS");

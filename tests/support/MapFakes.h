@@ -4,9 +4,9 @@
 #include <vector>
 
 #include "base/Numbers.h"
-#include "platform/Clock.h"
 #include "platform/Dialogs.h"
 #include "platform/PictureSurface.h"
+#include "support/SetClock.h"
 
 namespace ornivane {
 
@@ -103,14 +103,6 @@ class RecordedNotice : public Notice {
 public:
     void Show(const std::string& text) override { Shown.push_back(text); }
     std::vector<std::string> Shown;
-};
-
-class SetClock : public Clock {
-public:
-    LocalTime Now() const override { return Time; }
-    long long Ticks() const override { return Milliseconds; }
-    LocalTime Time{2026, 11, 22, 13, 50, 30};
-    long long Milliseconds = 0;
 };
 
 } // namespace ornivane

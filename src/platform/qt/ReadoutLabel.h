@@ -12,7 +12,7 @@ class ReadoutLabel : public QFrame {
     Q_OBJECT
 
 public:
-    enum class Size { Small, Medium, Large };
+    enum class Size { Medium, Large };
 
     // The object names of the labels of value and unit.
     ReadoutLabel(const char* valueName, const char* unitName, Size size, QWidget* parent = nullptr);
@@ -27,7 +27,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
-    QLabel *caption, *value, *unit;
+    QLabel *caption, *value = nullptr, *unit;
 };
 
 } // namespace ornivane

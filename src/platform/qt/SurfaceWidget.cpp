@@ -3,6 +3,7 @@
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <algorithm>
 
 namespace ornivane {
 
@@ -25,7 +26,8 @@ void SurfaceWidget::SetScale(double unitsAcross, double unitsDown) {
 void SurfaceWidget::FitSurface() {
     resolution = devicePixelRatioF();
     const QSizeF units = scale.isEmpty() ? QSizeF(size()) : scale;
-    const double ratio = devicePixelRatioF() * (scale.isEmpty() ? 1 : width() / scale.width());
+    // Not below 1, which painters do not know: a smaller widget shows the finished picture reduced.
+    const double ratio = scale.isEmpty() ? resolution : std::max(1.0, resolution * width() / scale.width());
     if (surface.ScaleWidth() == units.width() && surface.ScaleHeight() == units.height() &&
         surface.DevicePixelRatio() == ratio)
         return;
@@ -47,6 +49,7 @@ void SurfaceWidget::paintEvent(QPaintEvent* event) {
         QMetaObject::invokeMethod(this, &SurfaceWidget::FitSurface, Qt::QueuedConnection);
     QPainter painter(this);
     painter.setClipRegion(event->region());
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, !scale.isEmpty());
     painter.drawImage(QRectF(rect()), surface.Image());
 }
 

@@ -46,11 +46,9 @@ QProgressBar::chunk { background: %LIT; }
 #lblRecord { color: %LITTEXT; background: transparent; }
 QLineEdit { background: %BASE; color: %TEXT; border: 2px solid %FOCUS; border-radius: 4px; padding: 0 6px; font-size: 20px; font-weight: bold; }
 QLabel[role="entry"] { background: #16191d; color: #ffff80; border: 1px solid %BORDER; border-radius: 4px; font-size: 17px; font-weight: bold; }
-QLabel[role="position"] { color: %TEXT; font-size: 15px; font-weight: bold; }
 QLabel[role="instrument"] { color: %TEXT; font-size: 14px; font-weight: bold; }
 #lblResult { font-size: 18px; font-weight: bold; }
 QFrame[role="popup"], #frmSet { background: %WINDOW; border: 2px solid %BORDER; border-radius: 8px; }
-QLabel[role="value"] { color: %TEXT; font-weight: bold; }
 QLabel[role="unit"], QLabel[role="caption"] { color: %FAINT; font-size: 12px; }
 QFrame[role="readout"] { background: %BASE; border: 1px solid %BORDER; border-radius: 6px; }
 )";
