@@ -1,6 +1,7 @@
 #include "probe/Probe.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QAbstractSlider>
 #include <QAction>
 #include <QApplication>
@@ -36,7 +37,16 @@ QWidget* MainWindow() {
     return nullptr;
 }
 
+QString CurrentRow(const QAbstractItemView& view) {
+    const QModelIndex current = view.currentIndex();
+    QStringList cells;
+    for (int column = 0; current.isValid() && column < view.model()->columnCount(); ++column)
+        cells += current.siblingAtColumn(column).data().toString();
+    return cells.join(' ');
+}
+
 QString TextOf(QWidget* widget) {
+    if (auto* view = qobject_cast<QAbstractItemView*>(widget)) return CurrentRow(*view) + QString("");
     if (auto* box = qobject_cast<QMessageBox*>(widget)) return box->windowTitle() + "|" + box->text();
     if (auto* label = qobject_cast<QLabel*>(widget)) return label->text();
     if (auto* edit = qobject_cast<QLineEdit*>(widget)) return edit->text();

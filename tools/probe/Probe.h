@@ -10,7 +10,8 @@ class QWidget;
 namespace ornivane {
 
 // Answers one line for each line that comes in over a local socket. NAME is a widget's object name.
-//   text NAME · visible NAME · enabled NAME · tooltip NAME · property NAME PROPERTY · texts
+//   text NAME (of a grid: its current row) · visible NAME · enabled NAME · tooltip NAME
+//   property NAME PROPERTY · texts
 //   click NAME [X Y] [right] · press/move/release NAME X Y · key NAME KEY · type NAME TEXT
 //   select NAME TEXT (combo box) · slider NAME VALUE · menu NAME (an action) · resize W H · grab FILE [NAME]
 //   close · quit

@@ -1,0 +1,145 @@
+#include <QComboBox>
+#include <QLineEdit>
+#include <QMessageBox>
+
+#include "platform/qt/LampButton.h"
+#include "platform/qt/SurfaceWidget.h"
+#include "screens/FlyingFormFixture.h"
+#include "store/Statement.h"
+
+namespace ornivane {
+namespace {
+
+// The entries of the flying screen by real keys and buttons: wind, VOR, course, recording, charts.
+class FlyingEntriesTest : public FlyingFormTest {
+protected:
+    FlyingEntriesTest() {
+        CreateStore(Folder.Path() / "track.ovd", StoreKind::Track);
+        Shared.TrackConn.Open(Folder.Path() / "track.ovd", Connection::Mode::ReadWrite);
+        Shared.TrackEnabled = true;
+        Shared.TrackInterval = 10000;
+        Sql("INSERT INTO Waypoints (Name, Lat, Long, Kategorie) VALUES ('KBO', 50.45, 7.30, '')");
+    }
+    void Keys(QWidget& widget, const char* keys) {
+        for (; *keys; ++keys) QTest::keyClick(&widget, *keys);
+    }
+    std::string Entry() { return Text("lblHeading") + " " + Text("lblIAS"); }
+    bool Shows(const char* name) { return Find<QWidget>(name).isVisible(); }
+};
+
+TEST_F(FlyingEntriesTest, HeadingAndAirspeedAreTypedWhereverTheFocusIs) {
+    Show();
+    Click("cmdGPS");
+    Fix(); // 100 knots on a track of 090
+    auto& map = Find<QWidget>("picMap");
+    Keys(map, "09012");
+    QTest::keyClick(&map, Qt::Key_Backspace);
+    Keys(Find<QWidget>("cmbRoute"), "1");
+    EXPECT_EQ(Entry(), "090 11-");
+    QTest::keyClick(&map, Qt::Key_5, Qt::KeypadModifier); // the numeric block is not read
+    for (const auto key : {Qt::Key_F3, Qt::Key_Shift, Qt::Key_Left, Qt::Key_Up}) QTest::keyClick(&map, key);
+    EXPECT_EQ(Entry(), "090 11-");
+    Keys(Find<QWidget>("cmdNext"), "0");
+    EXPECT_EQ(Text("lblWind"), "090 / 12"); // TAS 111.8 at 984 ft
+    EXPECT_TRUE(Find<QLabel>("lblIAS").toolTip().contains("(ISA)"));
+    QTest::keyClick(&map, Qt::Key_Space);
+    EXPECT_EQ(Entry(), "090 110");
+    Keys(map, "4");
+    EXPECT_EQ(Entry(), "4-- ---");
+}
+
+TEST_F(FlyingEntriesTest, TheInstrumentTakesStationAndCourseAndThenGivesTheKeysBack) {
+    Show();
+    auto& dial = Find<SurfaceWidget>("Kurskreisel");
+    const auto click = [&](Qt::MouseButton button) { QTest::mouseClick(&dial, button, {}, {100, 100}); };
+    click(Qt::RightButton);
+    EXPECT_FALSE(Shows("frmVOR") || Shows("frmKurs") || Shows("lblVOR1"));
+    click(Qt::LeftButton);
+    click(Qt::RightButton);
+    ASSERT_TRUE(Shows("frmVOR"));
+    auto& name = Find<QLineEdit>("tVOR1");
+    const int zoom = Form.Logic().Map.SlideMap;
+    Keys(name, "kb");
+    QTest::keyClick(&name, Qt::Key_Up); // not the map's while a name is entered
+    EXPECT_EQ(Form.Logic().Map.SlideMap, zoom);
+    EXPECT_EQ(Text("lblResult"), "KBO");
+    QTest::keyClick(&name, Qt::Key_Return);
+    EXPECT_FALSE(Shows("frmVOR"));
+    EXPECT_EQ(Text("lblVOR1"), "KBO");
+    EXPECT_EQ(Entry(), "--- ---"); // nothing of it went into the wind
+    click(Qt::LeftButton);
+    click(Qt::RightButton);
+    auto& course = Find<QLineEdit>("tKurs");
+    QTest::keyClick(&course, Qt::Key_Escape);
+    EXPECT_FALSE(Shows("frmKurs"));
+    click(Qt::RightButton);
+    Keys(course, "052");
+    EXPECT_FALSE(Shows("frmKurs"));
+    EXPECT_EQ(Text("lblKurs"), "052°");
+    EXPECT_EQ(Entry(), "--- ---");
+    Form.Form_Unload();
+    frmGPSmain again({Shared, Port, Timer, TrackTimer, Port, Clock, Dialogs, Notices, Guard});
+    again.Form_Activate();
+    EXPECT_EQ(again.Logic().Instruments.InstrumentMode + again.Logic().Instruments.lblKurs, "HSI052");
+}
+
+TEST_F(FlyingEntriesTest, AnUnknownStationLeavesTheScreenUsable) {
+    Form.Logic().Instruments.lblVOR1 = "Nowhere";
+    Show();
+    Form.Logic().Instruments.lblVOR1 = "Nowhere";
+    QTest::mouseClick(&Find<QWidget>("Kurskreisel"), Qt::LeftButton);
+    QMessageBox* box = nullptr;
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (auto* found = qobject_cast<QMessageBox*>(window); found && found->isVisible()) box = found;
+    ASSERT_TRUE(box);
+    EXPECT_EQ(box->windowTitle(), "Error");
+    EXPECT_FALSE(box->isModal());
+    box->accept();
+}
+
+TEST_F(FlyingEntriesTest, TheRecordButtonTellsItsThreeStates) {
+    Show();
+    Click("cmdGPS");
+    Fix();
+    EXPECT_TRUE(Shows("cmdRecord") && !Shows("cmdRecordAuto") && !Shows("picRecord"));
+    Click("cmdRecord");
+    EXPECT_TRUE(Shows("picRecord") && !Shows("cmdRecord"));
+    EXPECT_EQ(Text("lblRecord"), "0");
+    Click("picRecord");
+    EXPECT_TRUE(Shows("cmdRecord") && !Shows("picRecord"));
+    Form.Form_Deactivate();
+    Shared.TrackAuto = true;
+    Form.Form_Activate();
+    EXPECT_TRUE(Shows("cmdRecordAuto") && !Shows("cmdRecord"));
+    Fix(); // at 100 knots
+    EXPECT_TRUE(Shows("picRecord"));
+    Shared.EnglishUI = 1;
+    Form.ApplyLanguage();
+    for (const char* name : {"cmdRecord", "cmdRecordAuto", "picRecord"})
+        EXPECT_TRUE(Find<QWidget>(name).toolTip().contains("ecord")) << name;
+}
+
+TEST_F(FlyingEntriesTest, StepsThroughTheChartsByKeyAndClick) {
+    Sql("UPDATE Maps SET Oben = 51, Unten = 50 WHERE Name = 'Zulu.JPG'");
+    Show();
+    Click("cmdGPS");
+    Fix();
+    auto& map = Find<SurfaceWidget>("picMap");
+    QTest::keyClick(&map, Qt::Key_Space);
+    EXPECT_EQ(Form.Logic().Map.Name(), "alpha.jpg");
+    Click("cmdMapScroll");
+    EXPECT_TRUE(Find<LampButton>("cmdMapScroll").IsLit());
+    EXPECT_EQ(Text("tNextMap"), "Zulu.JPG");
+    EXPECT_TRUE(Shows("tNextMap") && !Shows("LblMapNumber"));
+    QTest::keyClick(&map, Qt::Key_Space);
+    EXPECT_EQ(Find<QComboBox>("cmbMaps").currentText(), "Zulu.JPG");
+    QTest::mouseClick(&map, Qt::LeftButton, {}, {300, 200});
+    EXPECT_EQ(Find<QComboBox>("cmbMaps").currentText(), "alpha.jpg");
+    QTest::mousePress(&Find<QWidget>("tNextMap"), Qt::LeftButton);
+    EXPECT_FALSE(Shows("tNextMap"));
+    Click("cmdMapScroll");
+    EXPECT_FALSE(Form.Logic().Map.AutoMapSwitch);
+}
+
+} // namespace
+} // namespace ornivane
