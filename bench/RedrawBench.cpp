@@ -3,98 +3,21 @@
 // is 12,000 x 9,000 pixels, the view 1640 x 980. Needs QT_QPA_PLATFORM=offscreen where there is no display.
 
 #include <QGuiApplication>
-#include <QImage>
 #include <QImageReader>
 #include <benchmark/benchmark.h>
 
-#include "nav/FlyingScreen.h"
-#include "platform/qt/QtPicture.h"
-#include "platform/qt/QtPictureSurface.h"
-#include "store/Schema.h"
-#include "support/MapFakes.h"
-#include "support/TemporaryFolder.h"
+#include "BenchFlight.h"
 
 namespace {
 
 using namespace ornivane;
-
-constexpr int ChartWidth = 12000, ChartHeight = 9000;
-
-class NoPort : public SerialPort {
-public:
-    void SetSettings(const std::string&) override {}
-    void Open(int) override {}
-    void Close() override {}
-    bool IsOpen() const override { return false; }
-    std::string ReadAll() override { return {}; }
-    void OnEvent(std::function<void(SerialEvent)>) override {}
-};
-
-class NoTimer : public Timer {
-public:
-    void SetInterval(int) override {}
-    int Interval() const override { return 0; }
-    void OnTimer(std::function<void()>) override {}
-};
-
-// A chart with fine lines and areas, as scans have them.
-void DrawChart(const std::filesystem::path& file) {
-    QImage chart(ChartWidth, ChartHeight, QImage::Format_RGB32);
-    for (int y = 0; y < ChartHeight; ++y) {
-        auto* line = reinterpret_cast<QRgb*>(chart.scanLine(y));
-        for (int x = 0; x < ChartWidth; ++x)
-            line[x] = x % 200 == 0 || y % 200 == 0
-                          ? qRgb(20, 20, 20)
-                          : qRgb(200 + x / 40 % 50, 220 + y / 60 % 30, (x + y) / 30 % 200);
-    }
-    chart.save(QString::fromStdString(file.string()), "JPG", 85);
-}
-
-struct Flight {
-    Flight() {
-        Shared.ProgramFolder = Folder.Path();
-        CreateStore(Folder.Path() / "data.ovd", StoreKind::Data);
-        Shared.DataConn.Open(Folder.Path() / "data.ovd", Connection::Mode::ReadWrite);
-        std::filesystem::create_directory(Folder.Path() / "Karten");
-        DrawChart(Folder.Path() / "Karten" / "large.jpg");
-        Shared.DataConn.Execute(
-            "INSERT INTO Maps (Name, Oben, Unten, Links, Rechts, Breite, \"Höhe\", Active) "
-            "VALUES ('large.jpg', 53, 47, 5, 13, ?, ?, 1)",
-            {ChartWidth, ChartHeight});
-        Shared.DataConn.Execute("INSERT INTO Waypoints (Name, Lat, Long, Kategorie) WITH RECURSIVE n(i) AS "
-                                "(SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 10000) "
-                                "SELECT 'Punkt ' || (i * 7919 % 10007), 47 + i * 37 % 600 / 100.0, 5 + i * "
-                                "91 % 800 / 100.0, '' FROM n");
-        Screen = std::make_unique<FlyingScreen>(
-            FlyingScreenWorld{Shared, Port, CheckTimer, Clock, Chart, Surface, ProgressBar, Boxes, Notices},
-            [] {}, [] {});
-        Screen->Form_Load();
-        Screen->Form_Activate();
-        Screen->Readouts.FixObtained();
-        Screen->State.CurLat = 50;
-        Screen->State.CurLong = 9;
-        Screen->Map.cmdKartezentrieren_Click();
-    }
-
-    TemporaryFolder Folder;
-    Variablen Shared;
-    NoPort Port;
-    NoTimer CheckTimer;
-    SetClock Clock;
-    QtPicture Chart;
-    QtPictureSurface Surface{1640, 980};
-    FakeProgress ProgressBar;
-    RecordedDialogs Boxes;
-    RecordedNotice Notices;
-    std::unique_ptr<FlyingScreen> Screen;
-};
 
 Flight& TheFlight() {
     static int count = 1;
     static char name[] = "bench";
     static char* names[] = {name, nullptr};
     static QGuiApplication application(count, names);
-    static Flight flight;
+    static Flight flight(10000);
     return flight;
 }
 

@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "map/MapTransform.h"
 #include "platform/PictureSurface.h"
@@ -25,8 +26,20 @@ public:
     void DrawLeg(const Position& from, const Position& to, Colour colour);
     // DegMinValue.
     void DrawPoint(double lat, double longitude, PointMode mode, std::string_view name);
+    // Plain points in their order. Symbols and labels under so many later ones that nothing of them shows
+    // are left out, or a whole country's points would take longer than the pilot should wait.
+    struct StoredPoint {
+        double Lat, Long; // DegMinValue
+        std::string Name;
+    };
+    void DrawPoints(const std::vector<StoredPoint>& points);
 
 private:
+    void DrawAt(const Point& at, PointMode mode, const std::string& name);
+    void DrawSymbol(const Point& at, PointMode mode);
+    void DrawLabel(const Point& at, const std::string& name);
+    void DrawCrowd(const std::vector<StoredPoint>& points, const std::vector<Point>& places);
+
     PictureSurface& surface;
     const MapTransform& transform;
     int zoomWidth;

@@ -134,9 +134,16 @@ void DrawingPass::DrawPoints(MapSymbols& symbols, const MapTransform& transform)
     }
     const ViewBounds bounds =
         transform.GetViewBounds(0, 0, rooms.picMap.ScaleWidth(), rooms.picMap.ScaleHeight());
-    waypoints.ForEach(bounds, [&](double lat, double longitude, std::string_view name) {
-        symbols.DrawPoint(lat, longitude, PointMode::Plain, name);
-    });
+    std::vector<MapSymbols::StoredPoint> points;
+    try {
+        waypoints.ForEach(bounds, [&](double lat, double longitude, std::string_view name) {
+            points.push_back({lat, longitude, std::string(name)});
+        });
+    } catch (const RuntimeError&) {
+        symbols.DrawPoints(points); // a damaged row ends the pass, those before it show
+        throw;
+    }
+    symbols.DrawPoints(points);
 }
 
 void DrawingPass::DrawRoutePoints(MapSymbols& symbols) {

@@ -46,6 +46,9 @@ public:
     virtual void Circle(double x, double y, double radius, Colour colour) = 0;
     // The text's top left corner, in the fore colour.
     virtual void Print(double x, double y, const std::string& text) = 0;
+    // What Print covers with this text.
+    virtual double TextWidth(const std::string& text) = 0;
+    virtual double TextHeight() const = 0;
     // Shows what was drawn.
     virtual void Refresh() = 0;
 };

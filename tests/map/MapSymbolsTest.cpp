@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "map/LabelCover.h"
 #include "support/MapFakes.h"
 
 namespace ornivane {
@@ -56,6 +57,23 @@ TEST_F(MapSymbolsTest, TheAeroplaneHasItsNoseOnThePositionAndTurnsRedWithoutAFix
     EXPECT_EQ(Surface.Drawn[5], "line 100,100 100,120 w2 #FF0000");
     EXPECT_EQ(Surface.Drawn[10], "circle 100,100 r1 w3 #80FFFF");
     EXPECT_EQ(Surface.Pen, 3);
+}
+
+TEST_F(MapSymbolsTest, LeavesOutOnlyWhatIsBuriedUnderLaterLabels) {
+    MapSymbols named(Surface, Transform, 100, true);
+    // Two thousand points at one place and one alone beside them.
+    std::vector<MapSymbols::StoredPoint> points(2000, {50.10, 6.12, "crowd"});
+    points[5] = {50.10, 6.36, "alone"};
+    named.DrawPoints(points);
+    EXPECT_EQ(Surface.Count("[ alone ]"), 1);
+    const int crowd = Surface.Count("[ crowd ]");
+    EXPECT_GE(crowd, LabelCover::LayersThatHide);
+    EXPECT_LT(crowd, 20);
+    EXPECT_NE(Surface.Drawn.back().find("[ crowd ]"), std::string::npos); // the last one lies on top
+    Surface.Drawn.clear();
+    points.resize(900);
+    named.DrawPoints(points);
+    EXPECT_EQ(Surface.Count("[ crowd ]"), 899);
 }
 
 } // namespace

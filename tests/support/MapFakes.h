@@ -53,6 +53,8 @@ public:
     void Print(double x, double y, const std::string& text) override {
         Drawn.push_back("text " + At(x, y) + " [" + text + "]");
     }
+    double TextWidth(const std::string& text) override { return 8.0 * static_cast<double>(text.size()); }
+    double TextHeight() const override { return 17; }
     void Refresh() override { ++Refreshes; }
 
     int Count(const std::string& part) const {

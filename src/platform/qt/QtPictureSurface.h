@@ -37,6 +37,8 @@ public:
     void Line(double x1, double y1, double x2, double y2, Colour colour) override;
     void Circle(double x, double y, double radius, Colour colour) override;
     void Print(double x, double y, const std::string& text) override;
+    double TextWidth(const std::string& text) override { return texts.WidthOf(text) / ratio; }
+    double TextHeight() const override { return ChartText::LineHeight; }
     void Refresh() override;
 
     // A new size, cleared to the background. Nothing happens when it is the present one.
