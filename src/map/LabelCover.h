@@ -6,11 +6,11 @@
 namespace ornivane {
 
 // Tells which symbols and labels of a crowded map are worth drawing. A label's plate lets a quarter through,
-// so under three of them nothing is left to see. Asked from the label that is drawn last to the one that is
-// drawn first.
+// and of what lies under two of them a sixteenth is left. Asked from the label that is drawn last to the one
+// that is drawn first.
 class LabelCover {
 public:
-    static constexpr int LayersThatHide = 3;
+    static constexpr int LayersThatHide = 2;
 
     // View pixels.
     LabelCover(double width, double height);
