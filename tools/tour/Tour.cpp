@@ -140,8 +140,46 @@ void Tour::Fly() {
           "it moves");
     Check(WaitUntil([this] { return Distance() > 0 && Distance() < 8; }, 40s), "the next point comes nearer");
     Picture("flight-underway");
+    ShowInstruments("day");
+    program->Click("cmdNight");
+    ShowInstruments("night");
+    program->Click("cmdNight");
+    Check(program->Visible("picRecord") && std::atoi(program->Text("lblRecord").c_str()) > 0,
+          "the track is recorded");
     Check(WaitUntil([this] { return Distance() > 10; }, 40s), "it steps to the next leg");
     Picture("flight-next-leg");
+}
+
+// Wind, VOR and HSI at the sizes of a tablet and of a large screen.
+void Tour::ShowInstruments(const std::string& palette) {
+    const auto dial = [this](const std::string& button) {
+        program->Do("click Kurskreisel 100 100" + button);
+    };
+    EnterWind();
+    for (const std::string size : {"1024x700", "1920x1080"}) {
+        Resize(size);
+        for (const std::string mode : {"vor", "hsi", "heading"}) {
+            Picture("flight-" + mode + "-" + palette + "-" + size);
+            dial("");
+        }
+    }
+    Resize("1024x700");
+    dial(" right");
+    program->Do("type tVOR1 k");
+    Check(program->Visible("frmVOR") && !program->Text("lblResult").empty(),
+          "the VOR is found by its letter");
+    Picture("flight-vor-search-" + palette);
+    program->Do("key tVOR1 Escape");
+}
+
+void Tour::EnterWind() {
+    for (const char key : std::string("250105")) program->Do(std::string("key picMap ") + key);
+    Check(program->Text("lblWind") != "--- / ---", "the wind is known");
+}
+
+void Tour::Resize(std::string size) {
+    size[size.find('x')] = ' ';
+    program->Do("resize " + size);
 }
 
 void Tour::VisitScreens(const std::string& language, const std::string& palette) {
@@ -179,8 +217,17 @@ void Tour::FlyEnlarged() {
     Start(2);
     ChooseDemo(*program);
     Check(program->Visible("picGPSCheck1"), "the lamp tells of a fix at 200 %");
-    program->Do("resize 1024 700");
-    Picture("flight-200-percent");
+    EnterWind();
+    for (const std::string size : {"1024x700", "1920x1080"}) {
+        Resize(size);
+        for (const std::string palette : {"day", "night"}) {
+            for (const std::string mode : {"vor", "hsi", "heading"}) {
+                Picture("flight-" + mode + "-" + palette + "-" + size + "-200-percent");
+                program->Do("click Kurskreisel 100 100");
+            }
+            program->Click("cmdNight");
+        }
+    }
     End();
 }
 

@@ -26,6 +26,9 @@ private:
     void ChooseRoute();
     void Connect();
     void Fly();
+    void ShowInstruments(const std::string& palette);
+    void EnterWind();
+    void Resize(std::string size);
     void VisitScreens(const std::string& language, const std::string& palette);
     void VisitDialogs();
     void FlyEnlarged();
