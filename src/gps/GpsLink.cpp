@@ -17,10 +17,10 @@ constexpr std::int16_t CheckSeconds = 2;
 
 } // namespace
 
-GpsLink::GpsLink(SerialPort& serialPort, Timer& timer, Dialogs& messages, const Clock& clock,
+GpsLink::GpsLink(SerialPort& serialPort, Timer& timer, Dialogs& messages, const Clock& systemClock,
                  const Variablen& variables, bool& noFix, LinkOwner& linkOwner)
     : port(serialPort), timerCheck(timer), dialogs(messages), shared(variables), NoFix(noFix),
-      owner(linkOwner), heard(clock) {
+      owner(linkOwner), clock(systemClock), heard(systemClock) {
     twins.OnSentence = [this](std::string_view talker, bool isRight) { heard.Add(talker, isRight); };
     port.OnEvent([this](SerialEvent event) { MSComm1_OnComm(event); });
     timerCheck.OnTimer([this] { timerCheck_Timer(); });
@@ -130,7 +130,7 @@ void GpsLink::MSComm1_OnComm(SerialEvent event) {
 bool GpsLink::ReceiveWaiting() {
     const std::string receivedText = port.ReadAll();
     if (receivedText.empty()) return false;
-    framing->HandleInput(twins.Turn(receivedText));
+    framing->HandleInput(twins.Turn(receivedText, clock.Ticks()));
     DataSeen = true;
     return true;
 }

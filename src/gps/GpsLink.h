@@ -112,6 +112,7 @@ private:
     const Variablen& shared;
     bool& NoFix;
     LinkOwner& owner;
+    const Clock& clock;
     TalkerTwins twins;
     HeardSentences heard;
     std::optional<SentenceFraming> framing;

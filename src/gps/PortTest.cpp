@@ -130,7 +130,7 @@ void PortTest::MSComm1_OnComm(SerialEvent event) {
         if (receivedText.empty()) return;
         ShowConnected();
         sent.HandleInput(receivedText);
-        framing.HandleInput(twins.Turn(receivedText));
+        framing.HandleInput(twins.Turn(receivedText, 0));
         DataSeen = true;
     } else if (lblComVerbindung.ForeColor == Green) {
         ClearTestDisplays();

@@ -28,7 +28,8 @@ bool IsCapital(char c) { return c >= 'A' && c <= 'Z'; }
 
 } // namespace
 
-std::string TalkerTwins::Turn(std::string_view chunk) {
+std::string TalkerTwins::Turn(std::string_view chunk, long long now) {
+    ticks = now;
     if (chunk.starts_with('$')) line = {};
     std::string turned(chunk);
     for (std::size_t i = 0; i < chunk.size(); ++i) {
@@ -141,8 +142,9 @@ void TalkerTwins::NoteTwin() {
     for (std::size_t i = 0; i < Types.size(); ++i) {
         if (Head().substr(2) != Types[i]) continue;
         if (Head().starts_with("GP"))
-            twins[i] = {true, 0};
-        else if (Head().starts_with("GN") && twins[i].IsHeard && ++twins[i].Since > MostBeforeTwinIsGone)
+            twins[i] = {true, 0, ticks};
+        else if (Head().starts_with("GN") && twins[i].IsHeard && ++twins[i].Since > MostBeforeTwinIsGone &&
+                 ticks - twins[i].LastHeard >= TicksBeforeTwinIsGone)
             twins[i] = {};
     }
 }

@@ -20,14 +20,16 @@ namespace ornivane {
 // was wrong, or had a checksum in small letters or none, stays one that the interpreter refuses.
 class TalkerTwins {
 public:
-    // So many right GN sentences of a type in a row, without a GP one, and the GP twin counts as gone. A
-    // burst has several GNGSA, one per satellite system.
+    // So many right GN sentences of a type in a row over so long, without a GP one, and the GP twin counts as
+    // gone. A burst has several GNGSA, one per satellite system, and GN may come ten times as often as GP.
     static constexpr int MostBeforeTwinIsGone = 8;
+    static constexpr long long TicksBeforeTwinIsGone = 3000; // milliseconds
     // A line longer than this without its "*" is noise. Less than what the framing keeps of a line.
     static constexpr std::size_t LongestSentence = 1000;
 
-    // The chunk as the interpreter shall get it. Any size, any bytes.
-    std::string Turn(std::string_view chunk);
+    // The chunk as the interpreter shall get it. Any size, any bytes. `now`: milliseconds of a clock that
+    // never goes backwards.
+    std::string Turn(std::string_view chunk, long long now);
 
     // For a new connection: forgets which twins the receiver sends. The line that is under way goes on, as in
     // the framing, which joins it with what the new connection brings.
@@ -65,6 +67,7 @@ private:
     struct Twin {
         bool IsHeard = false;
         int Since = 0;
+        long long LastHeard = 0;
     };
     static constexpr std::array<std::string_view, 4> Types{"RMC,", "GGA,", "GLL,", "GSA,"};
 
@@ -80,6 +83,7 @@ private:
 
     Line line;
     std::array<Twin, 4> twins{};
+    long long ticks = 0;
 };
 
 } // namespace ornivane

@@ -3,7 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <exception>
 
+#include "base/RuntimeError.h"
+#include "base/Strings.h"
 #include "geo/NavigationMaths.h"
 #include "map/LabelCover.h"
 
@@ -16,7 +19,8 @@ constexpr double LabelRight = 10, LabelUp = 7; // pixels from the point to its l
 constexpr double SymbolReach = 11;             // pixels from the point to its symbol's edge and its margin
 constexpr std::size_t FewPoints = 1000;        // so many are drawn as fast as they are looked at
 
-std::string Label(std::string_view name) { return " " + std::string(name) + " "; }
+constexpr double LineDistance = 17; // pixels from one line of an airfield's texts to the next
+constexpr std::size_t IcaoLength = 4;
 
 Position FromStored(double lat, double longitude) {
     return {ToDecimalDegrees(lat), ToDecimalDegrees(longitude)};
@@ -62,9 +66,9 @@ void DrawAeroplane(PictureSurface& surface, const Point& at, double s, double c,
 } // namespace
 
 MapSymbols::MapSymbols(PictureSurface& pictureSurface, const MapTransform& mapTransform, int slideValue,
-                       bool withNames)
+                       const PointSettings& pointSettings)
     : surface(pictureSurface), transform(mapTransform), zoomWidth(ZoomWidth(slideValue)),
-      showNames(withNames) {}
+      settings(pointSettings) {}
 
 void MapSymbols::DrawLeg(const Position& from, const Position& to, Colour colour) {
     const Point first = transform.ViewOf(from);
@@ -74,53 +78,107 @@ void MapSymbols::DrawLeg(const Position& from, const Position& to, Colour colour
     surface.SetDrawWidth(1);
 }
 
-void MapSymbols::DrawPoint(double lat, double longitude, PointMode mode, std::string_view name) {
-    DrawAt(transform.ViewOf(FromStored(lat, longitude)), mode, std::string(name));
+MapSymbols::Placed MapSymbols::Place(double lat, double longitude, PointMode mode, const std::string& name) {
+    Placed point{transform.ViewOf(FromStored(lat, longitude)), mode};
+    if (!settings.Airfields) {
+        point.HasLabel[0] = settings.ShowNames;
+    } else if (CharacterCount(name) == IcaoLength) {
+        point.Airfield = &settings.Airfields->Of(name);
+        point.HasSymbol = point.HasLabel[0] = settings.ShowAirfields;
+        point.HasLabel[1] = point.HasLabel[2] = settings.ShowAirfieldText;
+        point.HasLabel[3] = settings.ShowAirfieldText && !point.Airfield->Atis.empty();
+    } else {
+        point.HasSymbol = mode == PointMode::DirectTarget || !settings.OnlyRoutePoints;
+        point.HasLabel[0] = point.HasSymbol && settings.ShowNames;
+    }
+    return point;
 }
 
-void MapSymbols::DrawAt(const Point& at, PointMode mode, const std::string& name) {
-    DrawSymbol(at, mode);
-    if (showNames) DrawLabel(at, name);
+std::string MapSymbols::LabelOf(const Placed& point, const std::string& name, int label) {
+    const std::string& text = label == 0   ? name
+                              : label == 1 ? point.Airfield->Runway
+                              : label == 2 ? point.Airfield->Information
+                                           : point.Airfield->Atis;
+    return " " + text + " ";
 }
 
-void MapSymbols::DrawSymbol(const Point& at, PointMode mode) {
-    surface.SetDrawWidth(mode == PointMode::Plain ? 4 : zoomWidth);
-    surface.Circle(at.X, at.Y, 2, Black);
-    surface.Circle(at.X, at.Y, 5, OuterColours[static_cast<int>(mode)]);
+Point MapSymbols::LabelAt(const Placed& point, int label) {
+    return {point.At.X + LabelRight, point.At.Y - LabelUp + label * LineDistance};
+}
+
+void MapSymbols::DrawPoint(double lat, double longitude, PointMode mode, const std::string& name) {
+    Draw(Place(lat, longitude, mode, name), name);
+}
+
+void MapSymbols::DrawRoutePoint(double lat, double longitude, PointMode mode, const std::string& name) {
+    Placed point{transform.ViewOf(FromStored(lat, longitude)), mode};
+    point.HasLabel[0] = settings.ShowNames;
+    Draw(point, name);
+}
+
+void MapSymbols::Draw(const Placed& point, const std::string& name) {
+    surface.SetForeColor(Black);
+    if (point.HasSymbol) point.Airfield ? DrawAirfieldSymbol(point) : DrawPlainSymbol(point);
+    for (int label = 0; label < MostLabels; ++label) {
+        if (!point.HasLabel[static_cast<std::size_t>(label)]) continue;
+        const Point at = LabelAt(point, label);
+        surface.Print(at.X, at.Y, LabelOf(point, name, label));
+    }
     surface.SetDrawWidth(1);
 }
 
-void MapSymbols::DrawLabel(const Point& at, const std::string& name) {
-    surface.SetForeColor(Black);
-    surface.Print(at.X + LabelRight, at.Y - LabelUp, Label(name));
+void MapSymbols::DrawPlainSymbol(const Placed& point) {
+    surface.SetDrawWidth(point.Mode == PointMode::Plain ? 4 : zoomWidth);
+    surface.Circle(point.At.X, point.At.Y, 2, Black);
+    surface.Circle(point.At.X, point.At.Y, 5, OuterColours[static_cast<int>(point.Mode)]);
+}
+
+// A ring with the runway as a bar through it.
+void MapSymbols::DrawAirfieldSymbol(const Placed& point) {
+    const AirfieldInfo& airfield = *point.Airfield;
+    surface.SetDrawWidth(6);
+    surface.Circle(point.At.X, point.At.Y, 10, RouteColour);
+    if (airfield.Heading == AirfieldInfo::NoHeading) return;
+    const double s = 10 * std::sin(DegToRad(airfield.Heading)), c = 10 * std::cos(DegToRad(airfield.Heading));
+    const Colour colour = airfield.IsPaved ? 0xC0C0C0 : Green;
+    surface.Line(point.At.X, point.At.Y, point.At.X + s, point.At.Y - c, colour);
+    surface.Line(point.At.X, point.At.Y, point.At.X - s, point.At.Y + c, colour);
 }
 
 void MapSymbols::DrawPoints(const std::vector<StoredPoint>& points) {
-    std::vector<Point> places;
-    places.reserve(points.size());
-    for (const StoredPoint& point : points)
-        places.push_back(transform.ViewOf(FromStored(point.Lat, point.Long)));
-    if (points.size() > FewPoints) return DrawCrowd(points, places);
-    for (std::size_t i = 0; i < points.size(); ++i) DrawAt(places[i], PointMode::Plain, points[i].Name);
+    std::vector<Placed> placed;
+    placed.reserve(points.size());
+    std::exception_ptr refused;
+    try {
+        for (const StoredPoint& point : points)
+            placed.push_back(Place(point.Lat, point.Long, PointMode::Plain, point.Name));
+    } catch (const RuntimeError&) {
+        refused = std::current_exception();
+    }
+    if (placed.size() > FewPoints) LeaveOutHidden(placed, points);
+    for (std::size_t i = 0; i < placed.size(); ++i) Draw(placed[i], points[i].Name);
+    if (refused) std::rethrow_exception(refused);
 }
 
-void MapSymbols::DrawCrowd(const std::vector<StoredPoint>& points, const std::vector<Point>& places) {
+void MapSymbols::LeaveOutHidden(std::vector<Placed>& placed, const std::vector<StoredPoint>& points) {
     LabelCover cover(surface.ScaleWidth(), surface.ScaleHeight());
-    std::vector<bool> symbolShows(points.size()), labelShows(points.size());
-    for (std::size_t i = points.size(); i-- > 0;) {
-        const Point& at = places[i];
+    const double height = surface.TextHeight();
+    for (std::size_t i = placed.size(); i-- > 0;) {
+        Placed& point = placed[i];
         // The same symbol on the same pixel hides the one before it, and so does a pile of labels.
-        symbolShows[i] = cover.IsFirstAt(at.X, at.Y) && cover.Shows(at.X - SymbolReach, at.Y - SymbolReach,
-                                                                    2 * SymbolReach, 2 * SymbolReach);
-        if (!showNames) continue;
-        const double x = at.X + LabelRight, y = at.Y - LabelUp;
-        const double width = surface.TextWidth(Label(points[i].Name)), height = surface.TextHeight();
-        labelShows[i] = cover.Shows(x, y, width, height);
-        if (labelShows[i]) cover.Add(x, y, width, height);
-    }
-    for (std::size_t i = 0; i < points.size(); ++i) {
-        if (symbolShows[i]) DrawSymbol(places[i], PointMode::Plain);
-        if (labelShows[i]) DrawLabel(places[i], points[i].Name);
+        if (point.HasSymbol && !point.Airfield) {
+            const double left = point.At.X - SymbolReach, top = point.At.Y - SymbolReach;
+            point.HasSymbol = cover.IsFirstAt(point.At.X, point.At.Y) &&
+                              cover.Shows(left, top, 2 * SymbolReach, 2 * SymbolReach);
+        }
+        for (int label = MostLabels; label-- > 0;) {
+            bool& shows = point.HasLabel[static_cast<std::size_t>(label)];
+            if (!shows) continue;
+            const Point at = LabelAt(point, label);
+            const double width = surface.TextWidth(LabelOf(point, points[i].Name, label));
+            shows = cover.Shows(at.X, at.Y, width, height);
+            if (shows) cover.Add(at.X, at.Y, width, height);
+        }
     }
 }
 

@@ -1,9 +1,10 @@
 #pragma once
 
+#include <array>
 #include <string>
-#include <string_view>
 #include <vector>
 
+#include "map/AirfieldBook.h"
 #include "map/MapTransform.h"
 #include "platform/PictureSurface.h"
 
@@ -16,18 +17,31 @@ constexpr Colour Black = 0x000000, White = 0xFFFFFF, Red = 0xFF0000, Green = 0x0
                  Yellow = 0xFFFF00;
 constexpr Colour RouteColour = 0x000080;
 
+// What of airfields and points is shown.
+struct PointSettings {
+    bool ShowNames = false;
+    AirfieldBook* Airfields = nullptr; // while the airfield store is open
+    bool ShowAirfields = false, ShowAirfieldText = false;
+    bool OnlyRoutePoints = false;
+};
+
 // The point and line primitives of the maps. Symbols and text offsets are fixed in view pixels; the widths of
 // legs follow the zoom.
 class MapSymbols {
 public:
-    MapSymbols(PictureSurface& surface, const MapTransform& transform, int slideValue, bool showNames);
+    MapSymbols(PictureSurface& surface, const MapTransform& transform, int slideValue,
+               const PointSettings& settings);
 
     // Decimal degrees.
     void DrawLeg(const Position& from, const Position& to, Colour colour);
-    // DegMinValue.
-    void DrawPoint(double lat, double longitude, PointMode mode, std::string_view name);
+    // DegMinValue. A name of four characters is an airfield while their store is open: RuntimeError
+    // NoCurrentRecord when it is not in there.
+    void DrawPoint(double lat, double longitude, PointMode mode, const std::string& name);
+    // A point of a route, never an airfield.
+    void DrawRoutePoint(double lat, double longitude, PointMode mode, const std::string& name);
     // Plain points in their order. Symbols and labels under so many later ones that nothing of them shows
-    // are left out, or a whole country's points would take longer than the pilot should wait.
+    // are left out, or a whole country's points would take longer than the pilot should wait. RuntimeError as
+    // above, at the point concerned; those before it are drawn.
     struct StoredPoint {
         double Lat, Long; // DegMinValue
         std::string Name;
@@ -35,15 +49,27 @@ public:
     void DrawPoints(const std::vector<StoredPoint>& points);
 
 private:
-    void DrawAt(const Point& at, PointMode mode, const std::string& name);
-    void DrawSymbol(const Point& at, PointMode mode);
-    void DrawLabel(const Point& at, const std::string& name);
-    void DrawCrowd(const std::vector<StoredPoint>& points, const std::vector<Point>& places);
+    static constexpr int MostLabels = 4; // of an airfield: name, runway, radio, ATIS
+    // A point on its way to the surface.
+    struct Placed {
+        Point At;
+        PointMode Mode = PointMode::Plain;
+        const AirfieldInfo* Airfield = nullptr;
+        bool HasSymbol = true;
+        std::array<bool, MostLabels> HasLabel{};
+    };
+    Placed Place(double lat, double longitude, PointMode mode, const std::string& name);
+    static std::string LabelOf(const Placed& point, const std::string& name, int label);
+    static Point LabelAt(const Placed& point, int label);
+    void LeaveOutHidden(std::vector<Placed>& placed, const std::vector<StoredPoint>& points);
+    void Draw(const Placed& point, const std::string& name);
+    void DrawPlainSymbol(const Placed& point);
+    void DrawAirfieldSymbol(const Placed& point);
 
     PictureSurface& surface;
     const MapTransform& transform;
     int zoomWidth;
-    bool showNames;
+    PointSettings settings;
 };
 
 // The aircraft at a view position; direction in degrees, 0 is up. Symbol 1 is the arrow, any other the

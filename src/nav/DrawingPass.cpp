@@ -10,7 +10,8 @@
 namespace ornivane {
 
 DrawingPass::DrawingPass(const DrawingPassRooms& passRooms, std::function<void(const RuntimeError&)> report)
-    : rooms(passRooms), reportError(std::move(report)), waypoints(passRooms.Shared.DataConn) {}
+    : rooms(passRooms), reportError(std::move(report)), waypoints(passRooms.Shared.DataConn),
+      airfields(passRooms.Shared.AirfieldConn) {}
 
 void DrawingPass::Pass(const std::function<void()>& steps) {
     // Stepping to the next point inside a pass moves the grid's row, which asks for a redraw: one redraw is
@@ -60,6 +61,7 @@ void DrawingPass::PaintChart() {
     const SourceRect& view = rooms.Map.View;
     rooms.picMap.PaintPicture(rooms.picStorage, {0, 0, rooms.picMap.ScaleWidth(), rooms.picMap.ScaleHeight()},
                               {view.SX, view.SY, view.SW, view.SH});
+    rooms.Airspace.SelectAirspace(rooms.picMap, rooms.Map.Transform(), rooms.Map.SlideMap);
 }
 
 void DrawingPass::PlaceAircraft() {
@@ -78,7 +80,7 @@ bool DrawingPass::AircraftIsFarOutside() const {
 void DrawingPass::Overlays() {
     PlaceAircraft();
     const MapTransform transform = rooms.Map.Transform();
-    MapSymbols symbols(rooms.picMap, transform, rooms.Map.SlideMap, rooms.Flags.ShowNames);
+    MapSymbols symbols(rooms.picMap, transform, rooms.Map.SlideMap, SettingsOfPoints());
     if (rooms.Flags.ShowRoute) DrawRoute(symbols);
     if (rooms.Route.RouteActive || rooms.Route.GotoActive) DrawActiveLeg(symbols);
     DrawPoints(symbols, transform);
@@ -127,11 +129,22 @@ void DrawingPass::DrawActiveLeg(MapSymbols& symbols) {
     rooms.Route.RefreshRouteList();
 }
 
+PointSettings DrawingPass::SettingsOfPoints() {
+    return {rooms.Flags.ShowNames, rooms.Shared.AirfieldStoreOpen ? &airfields : nullptr,
+            rooms.Flags.ShowAirfields, rooms.Flags.ShowAirfieldText, picShowPoints};
+}
+
 void DrawingPass::DrawPoints(MapSymbols& symbols, const MapTransform& transform) {
-    if (picShowPoints) {
-        if (rooms.Route.HasRoutes()) DrawRoutePoints(symbols);
-        return;
+    if (!picShowPoints) {
+        DrawWaypoints(symbols, transform);
+    } else if (rooms.Route.HasRoutes()) {
+        // Of the waypoints only airfields come through then.
+        if (rooms.Flags.ShowAirfields) DrawWaypoints(symbols, transform);
+        DrawRoutePoints(symbols);
     }
+}
+
+void DrawingPass::DrawWaypoints(MapSymbols& symbols, const MapTransform& transform) {
     const ViewBounds bounds =
         transform.GetViewBounds(0, 0, rooms.picMap.ScaleWidth(), rooms.picMap.ScaleHeight());
     std::vector<MapSymbols::StoredPoint> points;
@@ -155,8 +168,9 @@ void DrawingPass::DrawRoutePoints(MapSymbols& symbols) {
     while (routePoints.Step()) {
         const bool isActive =
             routePoints.ColumnValue(3) == activeId || routePoints.ColumnValue(2) == activeName;
-        symbols.DrawPoint(routePoints.Number(0), routePoints.Number(1),
-                          isActive ? PointMode::ActiveRoutePoint : PointMode::Plain, routePoints.Text(2));
+        symbols.DrawRoutePoint(routePoints.Number(0), routePoints.Number(1),
+                               isActive ? PointMode::ActiveRoutePoint : PointMode::Plain,
+                               std::string(routePoints.Text(2)));
     }
 }
 

@@ -9,6 +9,7 @@
 #include "map/ActiveMap.h"
 #include "map/MapRing.h"
 #include "map/MapSymbols.h"
+#include "nav/AirspaceView.h"
 #include "nav/FlightState.h"
 #include "nav/Leg.h"
 #include "nav/RouteFollowing.h"
@@ -25,6 +26,7 @@ struct DrawingPassRooms {
     MapRing& Ring;
     RouteFollowing& Route;
     Leg& ActiveLeg;
+    AirspaceView& Airspace;
     Picture& picStorage;
     PictureSurface& picMap;
 };
@@ -59,10 +61,13 @@ private:
     void DrawRoutePoints(MapSymbols& symbols);
     Statement& RoutePointRows(); // bound to the route in the list
     bool AircraftIsFarOutside() const;
+    PointSettings SettingsOfPoints();
+    void DrawWaypoints(MapSymbols& symbols, const MapTransform& transform);
 
     DrawingPassRooms rooms;
     std::function<void(const RuntimeError&)> reportError;
     WaypointWindow waypoints;
+    AirfieldBook airfields;
     Statement routePoints;
     Point MapPoint; // the aircraft in view pixels
     bool running = false;

@@ -3,10 +3,18 @@
 #include <cstdint>
 #include <string>
 
+#include "base/Numbers.h"
+
 namespace ornivane {
 
 // What every value without a source shows.
 inline const std::string NoValue = "---";
+
+// The number in a display, or 0 where it shows none: "---", or the empty text that a picture of optional
+// digits makes of an altitude of 0.
+inline double ShownNumber(const std::string& text) {
+    return text.empty() || text == NoValue ? 0 : NumberIn(text);
+}
 
 // What the receiver last said, in the texts that the labels show. Several values are computed from these
 // texts and not from the numbers behind them, so a text and its unit always belong together.

@@ -15,7 +15,8 @@ FlyingScreen::FlyingScreen(const FlyingScreenWorld& w, std::function<void()> sta
       ActiveLeg(State, w.Shared.Locale, w.SystemClock), Wind(State, w.Shared.Locale, w.picWind),
       Instruments(w.Shared, State, w.Kurskreisel, w.Picture1, w.Messages),
       Logger(w.Shared, State, w.timeTrack, w.SystemClock, *this),
-      Pass({w.Shared, State, Flags, Map, Ring, Route, ActiveLeg, w.picStorage, w.picMap},
+      Airspace(w.Shared, State, Flags, [this] { UpdateMap(); }),
+      Pass({w.Shared, State, Flags, Map, Ring, Route, ActiveLeg, Airspace, w.picStorage, w.picMap},
            [this](const RuntimeError& error) { ShowError(error); }),
       world(w), changed(std::move(stateChanged)), focusMap(std::move(focusOnMap)) {
     Link.SetInterpreter(gps);

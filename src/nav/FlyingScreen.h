@@ -87,6 +87,7 @@ public:
     WindCalculator Wind;
     Instrument Instruments;
     TrackLogger Logger;
+    AirspaceView Airspace;
     DrawingPass Pass;
     std::string lblQNH; // "QNH 1013"
 

@@ -28,7 +28,7 @@ void Leg::UpdateLeg(const Position& target, const Position& current, bool isDire
     state.lblDistanz = Format(distance, "###0.0", locale) + " NM";
     LastDistance = distance;
 
-    const double speed = state.lblSpeed == NoValue ? 0 : NumberIn(state.lblSpeed); // in the unit shown
+    const double speed = ShownNumber(state.lblSpeed); // in the unit shown
     const double way = state.SpeedInKnots ? distance : distance * KilometresPerNauticalMile;
     ShowTime(speed > 10 ? way / speed : 0);
     state.lblTrueBearing =

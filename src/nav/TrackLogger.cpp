@@ -153,7 +153,7 @@ void TrackLogger::AddSample() {
     TrackRecordset.Set("Lat", state.CurLat);
     TrackRecordset.Set("Long", state.CurLong);
     if (state.lblAlt != NoValue) {
-        const double height = NumberIn(state.lblAlt);
+        const double height = ShownNumber(state.lblAlt);
         TrackRecordset.Set("Height", state.AltInFeet ? height / FeetPerMetre : height); // metres
     }
     TrackRecordset.Set("Date", DateText(DateOf(clock.Now())));

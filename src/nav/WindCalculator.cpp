@@ -69,7 +69,7 @@ void WindCalculator::UpdateTAS(double altitudeFeet) {
 
 void WindCalculator::UpdateWind() {
     if (state.lblSpeed == NoValue || state.lblBearing == NoValue) return;
-    double feet = state.lblAlt == NoValue ? 0 : NumberIn(state.lblAlt);
+    double feet = ShownNumber(state.lblAlt);
     if (!state.AltInFeet) feet = CutToFifteenDigits(feet * FeetPerMetre);
     const TrueAirspeed values = TasAt(feet);
     lblIASToolTip = TasText(values);

@@ -13,6 +13,7 @@
 #include "nav/frmInstrumentPanel.h"
 #include "nav/frmNamed.h"
 #include "nav/frmRecordPanel.h"
+#include "nav/frmStageButton.h"
 #include "nav/frmWindPanel.h"
 #include "platform/qt/Events.h"
 #include "platform/qt/FittedText.h"
@@ -86,11 +87,15 @@ LampButton* frmGPSmain::Lamp(const char* name, const char* icon, const std::func
     auto* button = Named(new LampButton(this), name);
     button->SetIcon(QString(":/icons/%1.svg").arg(icon));
     button->setFocusPolicy(Qt::TabFocus);
-    services.Guard.Connect(button, &QAbstractButton::clicked, [this, click] {
-        click();
-        ShowState();
-    });
+    button->installEventFilter(this);
+    connect(button, &QAbstractButton::clicked, this, [this, click] { Click(click); });
     return button;
+}
+
+// Also an event that ends in an error has changed something: what it did shows.
+void frmGPSmain::Click(const std::function<void()>& event) {
+    services.Guard.Run(event);
+    ShowState();
 }
 
 void frmGPSmain::MakeSide(QGridLayout& layout) {
@@ -128,6 +133,7 @@ void frmGPSmain::MakeLinkButtons(QBoxLayout& layout) {
             screen->Map.picKartezentrieren_Click();
         else
             screen->Map.cmdKartezentrieren_Click();
+        picMap->setFocus();
     });
     row->addWidget(cmdKartezentrieren, 1);
     cmdMapScroll = Lamp("cmdMapScroll", "mapscroll", [this] {
@@ -135,6 +141,7 @@ void frmGPSmain::MakeLinkButtons(QBoxLayout& layout) {
             screen->Ring.PicMapScroll_Click();
         else
             screen->Ring.cmdMapScroll_Click();
+        picMap->setFocus(); // the space bar steps through the charts now
     });
     row->addWidget(cmdMapScroll, 1);
     row->addWidget(record, 1);
@@ -198,10 +205,9 @@ void frmGPSmain::MakeRouteList(QBoxLayout& layout) {
     cmbRoute->setMinimumHeight(40);
     cmbRoute->installEventFilter(this);
     cmbRoute->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    services.Guard.Connect(cmbRoute, &QComboBox::activated, [this](int index) {
-        screen->Route.cmbRoute_Click(cmbRoute->itemText(index).toStdString());
+    connect(cmbRoute, &QComboBox::activated, this, [this](int index) {
+        Click([&] { screen->Route.cmbRoute_Click(cmbRoute->itemText(index).toStdString()); });
         picMap->setFocus();
-        ShowState();
     });
     head->addWidget(cmbRoute, 1);
     tRoute = Named(new QLabel(cmbRoute), "tRoute");
@@ -280,23 +286,20 @@ void frmGPSmain::ShowState() {
     ShowMapControls();
     ShowMapRing();
     ShowRoute();
-    instruments->ShowState(screen->lblQNH);
+    instruments->ShowState(screen->lblQNH, screen->Airspace.frmQNH, screen->Airspace.lblQNHColour);
     wind->ShowState();
     record->ShowState();
 }
 
 void frmGPSmain::ShowLink() {
     const GpsLink& link = screen->Link;
-    const std::string heard = link.LinkToolTip();
     bool isOn = false;
     for (std::size_t i = 0; i < picGPSCheck.size(); ++i) {
         picGPSCheck[i]->setVisible(link.picGPSCheck[i].Visible);
         isOn = isOn || link.picGPSCheck[i].Visible;
-        const QString satellites = Q(link.picGPSCheck[i].ToolTip);
-        const QString tip = satellites.isEmpty() ? lampTips[i] : satellites;
-        picGPSCheck[i]->setToolTip(heard.empty() ? tip : tip + "\n" + Q(heard));
     }
     cmdGPS->setVisible(!isOn);
+    ShowLinkToolTips();
     lblStatus->setText(Q(link.lblStatus.Caption));
     lblStatus->adjustSize();
     lblStatus->setVisible(link.lblStatus.Visible);
@@ -304,6 +307,17 @@ void frmGPSmain::ShowLink() {
         setCursor(Qt::WaitCursor);
     else
         unsetCursor();
+}
+
+void frmGPSmain::ShowLinkToolTips() {
+    const GpsLink& link = screen->Link;
+    const std::string heard = link.LinkToolTip();
+    const QString more = heard.empty() ? QString() : "\n" + Q(heard);
+    for (std::size_t i = 0; i < picGPSCheck.size(); ++i) {
+        const QString satellites = Q(link.picGPSCheck[i].ToolTip);
+        picGPSCheck[i]->setToolTip((satellites.isEmpty() ? lampTips[i] : satellites) + more);
+    }
+    cmdGPS->setToolTip(connectTip + more);
 }
 
 void frmGPSmain::ShowReadouts() {
@@ -330,6 +344,11 @@ void frmGPSmain::ShowMapControls() {
     cmdshowRoute->SetLit(screen->Flags.ShowRoute);
     cmdWayInfo->SetLit(screen->Flags.ShowNames);
     cmdShowPoints->SetLit(screen->Pass.picShowPoints);
+    const DisplayFlags& flags = screen->Flags;
+    airspaceButton->ShowStage(flags.ShowAirspace, flags.ShowAirspaceText);
+    cmdPR->SetLit(flags.ShowPatterns);
+    airfieldButton->ShowStage(flags.ShowAirfields, flags.ShowAirfieldText);
+    airfieldButton->setVisible(services.Shared.AirfieldStoreOpen);
 }
 
 void frmGPSmain::ShowMapRing() {

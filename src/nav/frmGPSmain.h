@@ -5,6 +5,7 @@
 #include <array>
 #include <functional>
 #include <memory>
+#include <set>
 
 #include "nav/FlyingScreen.h"
 #include "platform/PortList.h"
@@ -31,6 +32,7 @@ class RecordsetModel;
 class SurfaceWidget;
 class frmInstrumentPanel;
 class frmRecordPanel;
+class frmStageButton;
 class frmWindPanel;
 
 // What the flying screen's form needs of the program. All of it outlives the form.
@@ -78,6 +80,7 @@ private:
     void MakeRouteButtons(QBoxLayout& layout);
     void MakeOverMap();
     void MakePanel();
+    void MakeStageButtons(QBoxLayout& layout);
     void MakeScreen();
     LampButton* Lamp(const char* name, const char* icon, const std::function<void()>& click);
 
@@ -92,6 +95,8 @@ private:
 
     void ShowState();
     void ShowLink();
+    void ShowLinkToolTips();
+    void Click(const std::function<void()>& event);
     void ShowReadouts();
     void ShowMapControls();
     void ShowMapRing();
@@ -100,6 +105,7 @@ private:
     QString Text(const char* german, const char* english) const;
     void ApplyCaptions();
     void ApplyToolTips();
+    void ApplyPanelTexts();
 
     FlyingFormServices services;
     std::unique_ptr<QtPicture> picStorage;
@@ -116,6 +122,9 @@ private:
     frmInstrumentPanel* instruments = nullptr;
     frmWindPanel* wind = nullptr;
     frmRecordPanel* record = nullptr;
+    frmStageButton *airspaceButton = nullptr, *airfieldButton = nullptr;
+    LampButton* cmdPR = nullptr;
+    QLabel* lblLegend = nullptr;
     QComboBox *cmbMaps = nullptr, *cmbRoute = nullptr;
     QFrame *frmSet = nullptr, *Frame1 = nullptr;
     QTableView* gridWaypoints = nullptr;
@@ -129,6 +138,8 @@ private:
     LampButton *cmdNext = nullptr, *cmdPrev = nullptr;
     std::array<LampButton*, 3> picGPSCheck{};
     std::array<QString, 3> lampTips;
+    QString connectTip;
+    std::set<int> pressedKeys; // let go later; a press that ended an entry elsewhere is none of them
     QPointF drag;
     bool dragging = false;
     bool loaded = false;

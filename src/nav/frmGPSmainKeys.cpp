@@ -1,5 +1,6 @@
 #include "nav/frmGPSmain.h"
 
+#include <QAbstractButton>
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLabel>
@@ -50,8 +51,12 @@ bool IsCommand(int key) {
 
 bool frmGPSmain::eventFilter(QObject* watched, QEvent* event) {
     const auto type = event->type();
+    if (type == QEvent::ToolTip) ShowLinkToolTips(); // as things stand now
     // The flying screen's keys mean the same wherever the focus is: a list that has it must not change chart
-    // or route by accident. Other keys are the control's own.
+    // or route by accident. Other keys are the control's own, and the space bar presses a button.
+    const auto* button = qobject_cast<QAbstractButton*>(watched);
+    const bool isKey = type == QEvent::KeyPress || type == QEvent::KeyRelease;
+    if (button && isKey && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Space) return false;
     if (type == QEvent::KeyPress && HandleKey(*static_cast<QKeyEvent*>(event))) return true;
     if (type == QEvent::KeyRelease && HandleKeyUp(*static_cast<QKeyEvent*>(event))) return true;
     if (watched == cmbRoute && (type == QEvent::FocusIn || type == QEvent::FocusOut))
@@ -90,6 +95,7 @@ void frmGPSmain::keyReleaseEvent(QKeyEvent* event) {
 
 bool frmGPSmain::HandleKey(const QKeyEvent& event) {
     if (screen->Instruments.IsEntering()) return false;
+    pressedKeys.insert(event.key());
     const auto step = [&](void (RouteFollowing::*to)()) {
         // A key that is held would run through the route to its end.
         if (!event.isAutoRepeat()) services.Guard.Run([this, to] { (screen->Route.*to)(); });
@@ -118,7 +124,7 @@ bool frmGPSmain::HandleKey(const QKeyEvent& event) {
 }
 
 bool frmGPSmain::HandleKeyUp(const QKeyEvent& event) {
-    if (event.isAutoRepeat() || IsCommand(event.key())) return false;
+    if (event.isAutoRepeat() || pressedKeys.erase(event.key()) == 0 || IsCommand(event.key())) return false;
     services.Guard.Run([&] { screen->EntryKey(EntryCode(event)); });
     return true;
 }

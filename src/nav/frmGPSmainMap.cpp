@@ -11,6 +11,7 @@
 #include <cmath>
 
 #include "nav/frmNamed.h"
+#include "nav/frmStageButton.h"
 #include "platform/qt/Events.h"
 #include "platform/qt/LampButton.h"
 #include "platform/qt/ReadoutLabel.h"
@@ -84,10 +85,9 @@ void frmGPSmain::MakeBottom(QGridLayout& layout) {
     cmbMaps->installEventFilter(this);
     cmbMaps->setMinimumWidth(130);
     cmbMaps->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    services.Guard.Connect(cmbMaps, &QComboBox::activated, [this](int index) {
-        screen->Map.cmbMaps_Click(cmbMaps->itemText(index).toStdString());
+    connect(cmbMaps, &QComboBox::activated, this, [this](int index) {
+        Click([&] { screen->Map.cmbMaps_Click(cmbMaps->itemText(index).toStdString()); });
         picMap->setFocus();
-        ShowState();
     });
     row->addWidget(cmbMaps, 2);
     layout.addWidget(bar, 1, 0);
@@ -136,10 +136,34 @@ void frmGPSmain::MakePanel() {
         }
     });
     for (LampButton* button : {cmdshowRoute, cmdWayInfo, cmdShowPoints}) {
-        button->setMinimumWidth(150);
+        button->setMinimumWidth(190);
         column->addWidget(button);
     }
+    MakeStageButtons(*column);
+    lblLegend = Named(new QLabel(frmSet), "lblLegend");
+    lblLegend->setTextFormat(Qt::RichText);
+    column->addWidget(lblLegend);
     frmSet->hide();
+}
+
+void frmGPSmain::MakeStageButtons(QBoxLayout& layout) {
+    AirspaceView& view = screen->Airspace;
+    const auto changed = [this] { ShowState(); };
+    airspaceButton = new frmStageButton(frmSet, services.Guard, "airspace",
+                                        {{{"cmdLR1", [&view] { view.cmdLR1_Click(); }},
+                                          {"cmdLR2", [&view] { view.cmdLR2_Click(); }},
+                                          {"picLR3", [&view] { view.picLR3_Click(); }}}},
+                                        changed);
+    layout.addWidget(airspaceButton);
+    cmdPR = Lamp("cmdPR", "pattern",
+                 [this, &view] { screen->Flags.ShowPatterns ? view.picPR_Click() : view.cmdPR_Click(); });
+    layout.addWidget(cmdPR);
+    airfieldButton = new frmStageButton(frmSet, services.Guard, "airfield",
+                                        {{{"cmdAPT1", [&view] { view.cmdAPT1_Click(); }},
+                                          {"cmdAPT2", [&view] { view.cmdAPT2_Click(); }},
+                                          {"picAPT3", [&view] { view.picAPT3_Click(); }}}},
+                                        changed);
+    layout.addWidget(airfieldButton);
 }
 
 void frmGPSmain::MapPressed(QPointF at, Qt::MouseButton button) {

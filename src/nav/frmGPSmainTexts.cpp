@@ -8,6 +8,7 @@
 #include "nav/frmGPSmain.h"
 #include "nav/frmInstrumentPanel.h"
 #include "nav/frmRecordPanel.h"
+#include "nav/frmStageButton.h"
 #include "nav/frmWindPanel.h"
 #include "platform/qt/LampButton.h"
 #include "platform/qt/ReadoutLabel.h"
@@ -23,6 +24,7 @@ QString frmGPSmain::Text(const char* german, const char* english) const {
 void frmGPSmain::ApplyLanguage() {
     ApplyCaptions();
     ApplyToolTips();
+    ApplyPanelTexts();
     instruments->ApplyLanguage();
     wind->ApplyLanguage();
     record->ApplyLanguage();
@@ -54,6 +56,9 @@ void frmGPSmain::ApplyCaptions() {
 
 void frmGPSmain::ApplyToolTips() {
     const QString device = QString::fromStdString(services.Ports.Description(screen->Link.ComPort));
+    connectTip = Text("Mit dem GPS-Empfänger an COM %1 verbinden", "Connect to the GPS receiver on COM %1")
+                     .arg(screen->Link.ComPort) +
+                 (device.isEmpty() ? device : "\n" + device);
     const std::pair<QWidget*, QString> tips[] = {
         {picMap, Text("Karte: ziehen verschiebt, Pfeiltasten auf/ab ändern den Maßstab",
                       "Chart: drag to move, arrow keys up/down to zoom")},
@@ -66,9 +71,6 @@ void frmGPSmain::ApplyToolTips() {
                         "Length of the route; a click hides it on the chart")},
         {gridWaypoints, Text("Punkte der Strecke; ein Klick macht einen Punkt aktiv",
                              "Points of the route; a click makes one active")},
-        {cmdGPS, Text("Mit dem GPS-Empfänger an COM %1 verbinden", "Connect to the GPS receiver on COM %1")
-                         .arg(screen->Link.ComPort) +
-                     (device.isEmpty() ? device : "\n" + device)},
         {cmdKartezentrieren,
          Text("Karte auf das Flugzeug zentrieren", "Keep the chart centred on the aircraft")},
         {cmdMapScroll,
@@ -103,6 +105,34 @@ void frmGPSmain::ApplyToolTips() {
                         "Longitude of the Direct Fly target, degrees and minutes")},
     };
     for (const auto& [widget, tip] : tips) widget->setToolTip(tip);
+}
+
+void frmGPSmain::ApplyPanelTexts() {
+    airspaceButton->SetTexts(
+        Text("Luftraum", "Airspace"),
+        {Text("Lufträume in Flughöhe zeigen", "Show the airspace at the present height"),
+         Text("Lufträume sind an; Klick: mit Höhen", "Airspace is on; click: with heights"),
+         Text("Lufträume mit Höhen sind an; Klick: aus", "Airspace with heights is on; click: off")});
+    cmdPR->setText(Text("Platzrunden", "Patterns"));
+    cmdPR->setToolTip(Text("Platzrunden der Flugplätze zeigen", "Show the traffic patterns of airfields"));
+    airfieldButton->SetTexts(Text("Flugplätze", "Airfields"),
+                             {Text("Flugplätze mit Piste zeigen", "Show airfields with their runway"),
+                              Text("Flugplätze sind an; Klick: mit Piste und Funk",
+                                   "Airfields are on; click: with runway and radio"),
+                              Text("Flugplätze mit Piste und Funk sind an; Klick: aus",
+                                   "Airfields with runway and radio are on; click: off")});
+    const auto line = [](const char* colours, const QString& text) {
+        return QString("<tr><td>%1</td><td>&nbsp;%2</td></tr>").arg(colours, text);
+    };
+    lblLegend->setText(
+        "<table>" +
+        line("<span style='color:#ff0000'>━</span><span style='color:#000000'>━</span>",
+             Text("A, B, C, D und CTR", "A, B, C, D and CTR")) +
+        line("<span style='color:#00c8c8'>━━</span>", "TMZ") +
+        line("<span style='color:#ff8000'>━━</span>", Text("Gefahrengebiet", "Danger area")) +
+        line("<span style='color:#8f35d9'>━━</span>", Text("Platzrunden", "Traffic patterns")) + "</table>");
+    lblLegend->setToolTip(Text("Farben der Lufträume auf der Karte", "Colours of airspace on the chart"));
+    if (!services.Shared.LuftraumConn.IsOpen()) lblLegend->hide();
 }
 
 } // namespace ornivane

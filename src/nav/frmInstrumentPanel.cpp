@@ -156,7 +156,7 @@ void frmInstrumentPanel::ShowEntry(QFrame& entry, QLineEdit& field, bool visible
     }
 }
 
-void frmInstrumentPanel::ShowState(const std::string& qnh) {
+void frmInstrumentPanel::ShowState(const std::string& qnh, bool qnhShows, Colour qnhGround) {
     const bool isHsi = instrument->InstrumentMode == "HSI";
     const QString station = Q(instrument->lblVOR1.empty() ? NoValue : instrument->lblVOR1);
     lblVOR1->setText(lblVOR1->fontMetrics().elidedText(station, Qt::ElideRight, 2 * CornerWidth - 20));
@@ -166,6 +166,12 @@ void frmInstrumentPanel::ShowState(const std::string& qnh) {
     lblKurs->setText(instrument->lblKurs.empty() ? Q(NoValue) : Q(instrument->lblKurs) + "°");
     lblKurs->setVisible(isHsi);
     lblQNH->setText(Q(qnh));
+    lblQNH->setVisible(qnhShows);
+    if (qnhGround != qnhGroundShown) {
+        qnhGroundShown = qnhGround;
+        lblQNH->setStyleSheet(
+            QString("background: #%1; color: #101418; padding-left: 3px;").arg(qnhGround, 6, 16, QChar('0')));
+    }
     lblResult->setText(Q(instrument->lblResult));
     ShowEntry(*frmVOR, *tVOR1, instrument->frmVOR);
     ShowEntry(*frmKurs, *tKurs, instrument->frmKurs);

@@ -28,7 +28,8 @@ public:
     // state.
     void Attach(Instrument& instrument, std::function<void()> done, std::function<void()> changed);
 
-    void ShowState(const std::string& qnh);
+    // The QNH is shown while airspace is, on a ground that tells how many airspaces there are.
+    void ShowState(const std::string& qnh, bool qnhShows, Colour qnhGround);
     void ApplyLanguage();
 
 protected:
@@ -53,6 +54,7 @@ private:
     QLabel *lblVOR1 = nullptr, *lbldistVOR = nullptr, *lblKurs = nullptr, *lblQNH = nullptr;
     QFrame *frmVOR = nullptr, *frmKurs = nullptr;
     QLabel *vorCaption = nullptr, *courseCaption = nullptr, *lblResult = nullptr;
+    Colour qnhGroundShown = 0;
     QLineEdit *tVOR1 = nullptr, *tKurs = nullptr;
 };
 

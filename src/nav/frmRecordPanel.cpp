@@ -4,9 +4,17 @@
 #include <QLabel>
 
 #include "platform/qt/Events.h"
+#include "platform/qt/FittedText.h"
 #include "platform/qt/LampButton.h"
 
 namespace ornivane {
+
+namespace {
+
+constexpr int LargestCount = 19; // pixels, for three digits
+constexpr int WidestCount = 160; // of the button; the count has 100 to 150 of them
+
+} // namespace
 
 frmRecordPanel::frmRecordPanel(QWidget* parent, const Variablen& variablen, EventGuard& eventGuard,
                                Notice& noticeBar)
@@ -21,13 +29,13 @@ frmRecordPanel::frmRecordPanel(QWidget* parent, const Variablen& variablen, Even
     picRecord = Stage("picRecord", "", [this] { logger->picRecord_Click(); });
     picRecord->SetLit(true);
     picRecord->SetLamp(QColor(0xFF2020));
-    lblRecord = new QLabel(picRecord);
+    lblRecord = new FittedText(LargestCount, picRecord);
     lblRecord->setObjectName("lblRecord");
     lblRecord->setAlignment(Qt::AlignHCenter | Qt::AlignBottom);
     lblRecord->setAttribute(Qt::WA_TransparentForMouseEvents); // a click on the number is one on the button
     auto* inside = new QGridLayout(picRecord);
-    inside->setContentsMargins(1, 1, 1, 5);
-    inside->addWidget(lblRecord);
+    inside->setContentsMargins(0, 1, 0, 5);
+    inside->addWidget(lblRecord, 0, 0, Qt::AlignHCenter | Qt::AlignBottom);
 }
 
 LampButton* frmRecordPanel::Stage(const char* name, const char* icon, const std::function<void()>& click) {
@@ -35,9 +43,9 @@ LampButton* frmRecordPanel::Stage(const char* name, const char* icon, const std:
     button->setObjectName(name);
     if (*icon) button->SetIcon(QString(":/icons/%1.svg").arg(icon));
     button->setFocusPolicy(Qt::TabFocus);
-    guard.Connect(button, &QAbstractButton::clicked, [this, click] {
-        click();
-        stateChanged();
+    connect(button, &QAbstractButton::clicked, this, [this, click] {
+        guard.Run(click);
+        stateChanged(); // also after an error: what could be done shows
     });
     button->hide();
     static_cast<QGridLayout*>(layout())->addWidget(button, 0, 0);
@@ -53,12 +61,10 @@ void frmRecordPanel::ShowState() {
     picRecord->setVisible(logger->picRecord);
     cmdRecord->setVisible(logger->cmdRecord && !logger->picRecord);
     cmdRecordAuto->setVisible(logger->cmdRecordAuto && !logger->picRecord);
-    if (lblRecord->text() == QString::fromStdString(logger->lblRecord)) return;
-    QFont font = lblRecord->font();
-    font.setPixelSize(logger->lblRecordFont);
-    font.setBold(true);
-    lblRecord->setFont(font);
     lblRecord->setText(QString::fromStdString(logger->lblRecord));
+    // From the sizes in which the number grows: 14, 12, 10 of the font, 100 to 150 of the width.
+    lblRecord->SetLargest(LargestCount * logger->lblRecordFont / 14);
+    lblRecord->setFixedWidth(picRecord->width() * logger->lblRecordWidth / WidestCount);
 }
 
 void frmRecordPanel::ApplyLanguage() {

@@ -6,11 +6,10 @@
 #include "nav/TrackLogger.h"
 #include "platform/Dialogs.h"
 
-class QLabel;
-
 namespace ornivane {
 
 class EventGuard;
+class FittedText;
 class LampButton;
 
 // The three states of the track logger on one place: a ring to start by hand, a ring with an A that waits for
@@ -34,7 +33,7 @@ private:
     TrackLogger* logger = nullptr;
     std::function<void()> stateChanged;
     LampButton *cmdRecord = nullptr, *cmdRecordAuto = nullptr, *picRecord = nullptr;
-    QLabel* lblRecord = nullptr;
+    FittedText* lblRecord = nullptr;
 };
 
 } // namespace ornivane

@@ -28,7 +28,7 @@ std::string EventsOf(const std::string& recording) {
     SentenceFraming framing(gps);
     TalkerTwins twins;
     for (const std::string& line : Split(recording, "\r\n"))
-        if (!line.empty()) framing.HandleInput(twins.Turn(line + "\r\n"));
+        if (!line.empty()) framing.HandleInput(twins.Turn(line + "\r\n", 0));
     std::string list;
     for (const std::string& event : log.Events) list += event + "\n";
     return list + "failed " + std::to_string(framing.FailedSentences()) + "\n";

@@ -37,7 +37,7 @@ struct Stream {
     std::string Turned;
 
     void Receive(const std::string& chunk) {
-        const std::string turned = Twins.Turn(chunk);
+        const std::string turned = Twins.Turn(chunk, 0);
         EXPECT_EQ(turned.size(), chunk.size());
         Turned += turned;
         framing.HandleInput(turned);
@@ -71,7 +71,8 @@ std::vector<std::string> Told(const Stream& stream) {
 }
 
 TEST(TalkerTwins, TurnsTheFourTypesByteForByteAcrossAnyBorder) {
-    for (const std::string& body : Burst) EXPECT_EQ(TalkerTwins().Turn(Line("GN" + body)), Line("GP" + body));
+    for (const std::string& body : Burst)
+        EXPECT_EQ(TalkerTwins().Turn(Line("GN" + body), 0), Line("GP" + body));
     Stream twin;
     twin.Receive(BurstOf("GP"));
     ASSERT_GT(Told(twin).size(), 30u);
@@ -89,7 +90,7 @@ TEST(TalkerTwins, LetsNoOtherSentenceThroughAndLeavesThoseOfGPAlone) {
     for (const auto& stream : AtEverySplit("\r\n" + others + "\r\n"))
         // A chunk that begins with the last line's "$" makes it a sentence.
         EXPECT_THAT(stream->Log.Events, testing::AnyOf(IsEmpty(), Each("Time 00:00:01")));
-    EXPECT_EQ(TalkerTwins().Turn(others), others);
+    EXPECT_EQ(TalkerTwins().Turn(others, 0), others);
     const std::string known = BurstOf("GP") + Line("PUBX,00") + "noise \x01\xFF *00\r\n$\r\n";
     for (const auto& stream : AtEverySplit(known)) EXPECT_EQ(stream->Turned, known);
 }
@@ -188,8 +189,8 @@ TEST(TalkerTwins, PassesExactlyTheRightSentencesOfRandomOnes) {
         NmeaInterpreter gps(nobody);
         TalkerTwins twins;
         const std::size_t cut = below(static_cast<unsigned>(line.size()));
-        std::string turned = twins.Turn(line.substr(0, cut));
-        turned += twins.Turn(line.substr(cut));
+        std::string turned = twins.Turn(line.substr(0, cut), 0);
+        turned += twins.Turn(line.substr(cut), 0);
         std::string twin = turned.substr(0, turned.size() - 2);
         twin.erase(twin.find_last_not_of(' ') + 1);
         const bool isAccepted = gps.Parse(twin);
@@ -211,14 +212,20 @@ TEST(TalkerTwins, LetsTheTwinOfGPWinUntilItIsGone) {
     at.Receive("$GPGLL,,,,,000002,*00\r\n" + gn);
     EXPECT_EQ(at.Log.Events.front(), "Time 00:00:01"); // a wrong one wins nothing
     at.Receive(gp);
-    const auto isTurned = [&](const std::string& line) { return at.Twins.Turn(line) != line; };
+    long long now = 0;
+    const auto isTurned = [&](const std::string& line) { return at.Twins.Turn(line, now) != line; };
+    for (int i = 0; i < 5 * TalkerTwins::MostBeforeTwinIsGone; ++i) EXPECT_FALSE(isTurned(gn)); // GN at 10 Hz
+    now = 2900;
+    EXPECT_FALSE(isTurned(gp));
+    now += TalkerTwins::TicksBeforeTwinIsGone;
     for (int i = 0; i < TalkerTwins::MostBeforeTwinIsGone; ++i) EXPECT_FALSE(isTurned(gn));
     EXPECT_FALSE(isTurned(gp));
+    now += TalkerTwins::TicksBeforeTwinIsGone;
     for (int i = 0; i < TalkerTwins::MostBeforeTwinIsGone; ++i) EXPECT_FALSE(isTurned(gn));
     EXPECT_FALSE(isTurned("$GNGLL,,,,,000001,*00\r\n"));
     EXPECT_FALSE(isTurned(gn));
     EXPECT_TRUE(isTurned(gn));
-    at.Twins.Turn(gp);
+    at.Twins.Turn(gp, now);
     EXPECT_FALSE(isTurned(gn));
     at.Twins.Reset();
     EXPECT_TRUE(isTurned(gn));
@@ -236,8 +243,8 @@ TEST(TalkerTwins, TellsTalkerAndChecksumAsTheReceiverSentThem) {
         twins.OnSentence = [&](std::string_view talker, bool isRight) {
             told += std::string(talker) + (isRight ? "+ " : "- ");
         };
-        twins.Turn(text.substr(0, cut));
-        twins.Turn(text.substr(cut));
+        twins.Turn(text.substr(0, cut), 0);
+        twins.Turn(text.substr(cut), 0);
         EXPECT_EQ(told, "GN+ GN+ GN+ GN+ P+ GL+ GP- - GN- + GA+ ") << cut;
     }
 }

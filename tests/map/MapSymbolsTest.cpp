@@ -19,13 +19,13 @@ protected:
 };
 
 TEST_F(MapSymbolsTest, PointsShowTheirModeAndNameAtFixedOffsets) {
-    MapSymbols named(Surface, Transform, 100, true);
+    MapSymbols named(Surface, Transform, 100, {true});
     named.DrawPoint(50.12, 6.30, PointMode::Plain, "O'Hara");
     EXPECT_EQ(Surface.Drawn, (Steps{"circle 500,200 r2 w4 #000000", "circle 500,200 r5 w4 #FF0000",
                                     "text 510,193 [ O'Hara ]"}));
     EXPECT_EQ(Surface.Pen, 1);
     Surface.Drawn.clear();
-    MapSymbols plain(Surface, Transform, -100, false);
+    MapSymbols plain(Surface, Transform, -100, {});
     plain.DrawPoint(50.12, 6.30, PointMode::ActiveRoutePoint, "A");
     plain.DrawPoint(50.12, 6.30, PointMode::DirectTarget, "DF");
     EXPECT_EQ(Surface.Drawn, (Steps{"circle 500,200 r2 w8 #000000", "circle 500,200 r5 w8 #0000FF",
@@ -33,7 +33,7 @@ TEST_F(MapSymbolsTest, PointsShowTheirModeAndNameAtFixedOffsets) {
 }
 
 TEST_F(MapSymbolsTest, LegsRunBackwardsInTheWidthOfTheZoom) {
-    MapSymbols symbols(Surface, Transform, 0, false);
+    MapSymbols symbols(Surface, Transform, 0, {});
     symbols.DrawLeg({50.1, 6.1}, {50.2, 6.2}, RouteColour);
     EXPECT_EQ(Surface.Drawn, Steps{"line 200,200 100,300 w6 #000080"});
     EXPECT_EQ(Surface.Pen, 1);
@@ -60,7 +60,7 @@ TEST_F(MapSymbolsTest, TheAeroplaneHasItsNoseOnThePositionAndTurnsRedWithoutAFix
 }
 
 TEST_F(MapSymbolsTest, LeavesOutOnlyWhatIsBuriedUnderLaterLabels) {
-    MapSymbols named(Surface, Transform, 100, true);
+    MapSymbols named(Surface, Transform, 100, {true});
     // Two thousand points at one place and one alone beside them.
     std::vector<MapSymbols::StoredPoint> points(2000, {50.10, 6.12, "crowd"});
     points[5] = {50.10, 6.36, "alone"};

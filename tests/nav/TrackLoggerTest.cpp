@@ -60,14 +60,16 @@ TEST_F(TrackLoggerTest, WritesASampleAtEachIntervalBetweenTwoClicks) {
     Screen->lblAlt_Click(); // metres from here on, the value that stands as well
     Tick();
     EXPECT_EQ(logger.lblRecord, "3");
+    Screen->Readouts.AltitudeReceived("0.1"); // at sea level the display is empty
+    Tick();
     logger.picRecord_Click();
     EXPECT_EQ(Buttons(), "hand ");
     EXPECT_EQ(TrackTimer.Interval(), 0);
     EXPECT_EQ(List(), (std::vector<std::string>{"1|22Nov26 - 13:50"}));
     EXPECT_EQ(Rows("SELECT Number, Lat, Long, round(Height, 2), \"Date\", \"Time\" FROM Track"),
-              (std::vector<std::string>{"1|50.5|7.0|null|2026-11-22|23:59:58",
-                                        "2|50.5|7.0|300.54|2026-11-23|23:59:58",
-                                        "3|50.5|7.0|301.0|2026-11-23|23:59:58"}));
+              (std::vector<std::string>{
+                  "1|50.5|7.0|null|2026-11-22|23:59:58", "2|50.5|7.0|300.54|2026-11-23|23:59:58",
+                  "3|50.5|7.0|301.0|2026-11-23|23:59:58", "4|50.5|7.0|0.0|2026-11-23|23:59:58"}));
     logger.cmdRecord_Click();
     logger.picRecord_Click();
     Clock.Time = {2020, 1, 1, 0, 0, 0}; // a clock that jumps back

@@ -75,6 +75,7 @@ TEST_F(FlyingEntriesTest, TheInstrumentTakesStationAndCourseAndThenGivesTheKeysB
     click(Qt::RightButton);
     Keys(course, "052");
     EXPECT_FALSE(Shows("frmKurs"));
+    QTest::keyRelease(&Find<QWidget>("picMap"), Qt::Key_2); // the last digit is let go over the map
     EXPECT_EQ(Text("lblKurs"), "052°");
     EXPECT_EQ(Entry(), "--- ---");
     Form.Form_Unload();
@@ -139,6 +140,12 @@ TEST_F(FlyingEntriesTest, StepsThroughTheChartsByKeyAndClick) {
     EXPECT_FALSE(Shows("tNextMap"));
     Click("cmdMapScroll");
     EXPECT_FALSE(Form.Logic().Map.AutoMapSwitch);
+    auto& button = Find<QWidget>("cmdMapScroll");
+    QTest::keyClick(&button, Qt::Key_Space); // presses it, and gives the keys to the map
+    EXPECT_TRUE(Form.Logic().Map.AutoMapSwitch);
+    const int zoom = Form.Logic().Map.SlideMap;
+    QTest::keyClick(&button, Qt::Key_Up);
+    EXPECT_EQ(Form.Logic().Map.SlideMap, zoom + 10);
 }
 
 } // namespace

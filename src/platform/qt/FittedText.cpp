@@ -23,6 +23,13 @@ QFont FittedText::FontOf(int pixels) const {
     return font;
 }
 
+void FittedText::SetLargest(int pixelSize) {
+    if (pixelSize == largest) return;
+    largest = pixelSize;
+    updateGeometry();
+    update();
+}
+
 QSize FittedText::sizeHint() const { return {10, QFontMetrics(FontOf(largest)).height()}; }
 
 void FittedText::paintEvent(QPaintEvent*) {

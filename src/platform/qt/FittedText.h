@@ -12,6 +12,7 @@ class FittedText : public QLabel {
 public:
     explicit FittedText(int pixelSize, QWidget* parent = nullptr);
 
+    void SetLargest(int pixelSize);
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return {10, sizeHint().height()}; }
 

@@ -29,6 +29,12 @@ void LampButton::SetLit(bool on) {
     setChecked(on);
 }
 
+void LampButton::SetStage(int stage, int of) {
+    stageNow = stage;
+    stages = of;
+    update();
+}
+
 QSize LampButton::sizeHint() const {
     const int textWidth = text().isEmpty() ? 0 : fontMetrics().horizontalAdvance(text()) + 10;
     return {IconSize + textWidth + 24, LeastSize};
@@ -61,8 +67,12 @@ void LampButton::paintEvent(QPaintEvent*) {
     painter.setPen(ink);
     if (textWidth > 0)
         painter.drawText(QRect(left + IconSize + 6, 0, textWidth + 4, height()), Qt::AlignVCenter, text());
+    painter.setRenderHint(QPainter::Antialiasing);
+    for (int i = 0; i < stages; ++i) {
+        painter.setBrush(i < stageNow ? QBrush(ink) : QBrush(Qt::NoBrush));
+        painter.drawEllipse(QPointF(width() - 26.0 + 12 * i, height() - 10.0), 3.5, 3.5);
+    }
     if (lit) { // the lamp
-        painter.setRenderHint(QPainter::Antialiasing);
         painter.setBrush(lamp);
         painter.drawEllipse(QPointF(width() - 11.0, 11.0), 4.5, 4.5);
     }

@@ -19,6 +19,8 @@ public:
     void SetLit(bool on);
     // The colour of its lamp.
     void SetLamp(const QColor& colour) { lamp = colour; }
+    // Dots under the text, so many of them filled: the stage of a switch that has more than two.
+    void SetStage(int stage, int of);
     bool IsLit() const { return lit; }
     QSize sizeHint() const override;
 
@@ -31,6 +33,7 @@ private:
 
     QIcon picture;
     QColor lamp = QColor(0x7CFC00);
+    int stageNow = 0, stages = 0;
     bool lit = false;
 };
 

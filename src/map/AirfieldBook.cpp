@@ -1,0 +1,106 @@
+#include "map/AirfieldBook.h"
+
+#include <algorithm>
+#include <string_view>
+#include <vector>
+
+#include "base/Numbers.h"
+#include "base/RuntimeError.h"
+#include "store/Connection.h"
+
+namespace ornivane {
+
+namespace {
+
+// The services of whole regions, which are no station of an airfield.
+constexpr std::string_view RegionServices[] = {"LANGEN", "MÜNCHEN", "MUNICH", "MUNCHEN", "BERLIN", "BREMEN"};
+constexpr std::string_view TowerWords[] = {"TWR", "TOWER", "START", "TURM"};
+
+// Latin letters with their accents, of one and two bytes.
+std::string UpperCase(std::string_view text) {
+    std::string upper(text);
+    for (std::size_t i = 0; i < upper.size(); ++i) {
+        const auto c = static_cast<unsigned char>(upper[i]);
+        const bool isPlain = c >= 'a' && c <= 'z';
+        const bool isAccented =
+            i > 0 && static_cast<unsigned char>(upper[i - 1]) == 0xC3 && c >= 0xA0 && c <= 0xBE;
+        if (isPlain || isAccented) upper[i] = static_cast<char>(c - 0x20);
+    }
+    return upper;
+}
+
+template <typename Words>
+bool HasAny(const std::string& text, const Words& words) {
+    return std::any_of(std::begin(words), std::end(words),
+                       [&](std::string_view word) { return text.find(word) != std::string::npos; });
+}
+
+std::string AsShown(const Statement& row, int column) {
+    return row.IsNull(column) ? std::string() : row.ColumnValue(column).Text();
+}
+
+} // namespace
+
+const AirfieldInfo& AirfieldBook::Of(const std::string& icao) {
+    auto found = entries.find(icao);
+    if (found == entries.end()) found = entries.emplace(icao, LookUp(icao)).first;
+    if (!found->second.IsKnown) throw RuntimeError(ErrorNumber::NoCurrentRecord, icao);
+    return found->second.Info;
+}
+
+void AirfieldBook::Prepare() {
+    if (airports.IsPrepared()) return;
+    runways = Statement(airfields, "SELECT rwy, RWYHdg from RWY Where ICAO = ? AND Surface = ? "
+                                   "ORDER BY LENGTH DESC LIMIT 1");
+    radio = Statement(airfields, "SELECT Name, Freq from ACOM Where ICAO = ?");
+    airports = Statement(airfields, "SELECT RWYALen, RWYGLen from ARPT Where ICAO = ?");
+}
+
+AirfieldBook::Entry AirfieldBook::LookUp(const std::string& icao) {
+    Prepare();
+    Entry entry;
+    ReadRadio(icao, entry.Info);
+    entry.IsKnown = ReadRunway(icao, entry.Info);
+    return entry;
+}
+
+bool AirfieldBook::ReadRunway(const std::string& icao, AirfieldInfo& info) {
+    const StatementRun airportRun(airports);
+    airports.Bind(1, icao);
+    if (!airports.Step()) return false;
+    const double paved = airports.IsNull(0) ? 0 : airports.Number(0);
+    info.IsPaved = paved > 0;
+    const double length = info.IsPaved ? paved : airports.IsNull(1) ? 0 : airports.Number(1);
+
+    const StatementRun runwayRun(runways);
+    runways.Bind(1, icao);
+    runways.Bind(2, info.IsPaved ? "0" : "1");
+    if (!runways.Step()) return false;
+    info.Runway = AsShown(runways, 0) + " - " + NumberText(length) + " m ";
+    const auto heading = ParsePlainNumber(AsShown(runways, 1).substr(0, 3));
+    info.Heading = heading.value_or(AirfieldInfo::NoHeading);
+    return true;
+}
+
+void AirfieldBook::ReadRadio(const std::string& icao, AirfieldInfo& info) {
+    struct Station {
+        std::string Upper, Shown;
+    };
+    std::vector<Station> stations;
+    const StatementRun run(radio);
+    radio.Bind(1, icao);
+    while (radio.Step())
+        stations.push_back({UpperCase(AsShown(radio, 0)), AsShown(radio, 0) + " " + AsShown(radio, 1)});
+    // The last one of its kind is taken.
+    for (const Station& station : stations) {
+        if (station.Upper.find("ATIS") != std::string::npos) info.Atis = station.Shown;
+        if (station.Upper.find("INFO") != std::string::npos && !HasAny(station.Upper, RegionServices))
+            info.Information = station.Shown;
+    }
+    if (!info.Information.empty()) return;
+    const auto tower = std::find_if(stations.begin(), stations.end(),
+                                    [](const Station& station) { return HasAny(station.Upper, TowerWords); });
+    if (tower != stations.end()) info.Information = tower->Shown;
+}
+
+} // namespace ornivane

@@ -1,0 +1,197 @@
+#include "map/AirspaceDrawing.h"
+
+#include <cmath>
+
+#include "base/Numbers.h"
+#include "base/RuntimeError.h"
+#include "geo/NavigationMaths.h"
+#include "store/Connection.h"
+
+namespace ornivane {
+
+namespace {
+
+constexpr Colour LabelColour = 0x800000;
+constexpr double LabelRight = 10, LabelUp = 10; // pixels from the middle of the side
+
+double Held(const std::optional<double>& field) {
+    if (!field) throw RuntimeError(ErrorNumber::InvalidNull);
+    return *field;
+}
+
+Position At(const std::optional<double>& lat, const std::optional<double>& longitude) {
+    return {ToDecimalDegrees(Held(lat)), ToDecimalDegrees(Held(longitude))};
+}
+
+// Outlines that alternate are a pixel wider than the others.
+int OutlineWidth(int slideValue, bool alternates) {
+    return static_cast<int>(Round((alternates ? 7 : 6) - slideValue / 50.0));
+}
+
+// Degrees between two points of a circle: few for small ones.
+double CircleStep(double radius) { return radius <= 4 ? 30 : radius <= 10 ? 15 : 5; }
+
+std::string Limit(const std::string& type, const std::optional<double>& feet, bool isLow) {
+    if (isLow && type == " GND") return "GND";
+    if (type == "FL") return "FL " + NumberText(Held(feet) / 100);
+    return NumberText(Held(feet));
+}
+
+// The point at an angle and distance (radians) from the centre (radians), in decimal degrees.
+Position OnCircle(double phi, double lambda, double r, double angle) {
+    const double a = DegToRad(angle);
+    const double lat = ASin(std::sin(phi) * std::cos(r) + std::cos(phi) * std::sin(r) * std::cos(a));
+    const double longitude = lambda + ASin(CheckedDivide(std::sin(r) * std::sin(a), std::cos(lat)));
+    return {RadToDeg(lat), RadToDeg(longitude)};
+}
+
+} // namespace
+
+double ArcRadius(double lat1, double long1, double lat2, double long2) {
+    const auto radians = [](double stored) { return DegToRad(ToDecimalDegrees(stored)); };
+    return AngleBetween(radians(lat1), radians(long1), radians(lat2), radians(long2)) * 180 * 60 / Pi;
+}
+
+double ArcDimension(double lat1, double long1, double lat2, double long2) {
+    const auto radians = [](double stored) { return DegToRad(ToDecimalDegrees(stored)); };
+    const double latA = radians(lat1), longA = radians(long1), latB = radians(lat2), longB = radians(long2);
+    const double d = AngleBetween(latA, longA, latB, longB);
+    CheckedDivide(1, std::sin(d));
+    return TrueCourse(latA, longA, latB, longB, d);
+}
+
+std::string AirspaceLabel(const AirspaceElement& first) {
+    if (first.AspType == "A") return {};
+    return " " + first.AspType + " " + Limit(first.LowType, first.Low, true) + " - " +
+           Limit(first.HighType, first.High, false) + " ";
+}
+
+std::vector<AirspaceElement> AirspaceDrawing::Elements(std::int16_t index) {
+    if (!rows.IsPrepared())
+        rows = Statement(
+            luftraum, "SELECT PNumber, AspType, LowType, HighType, Drawtype, arcDir, Low, High, Lat, Long, "
+                      "arcRad, arcLat, arcLong, Arcx1, Arcy1, Arcx2, Arcy2 FROM Luftraum "
+                      "WHERE \"Index\" = ? ORDER BY PNumber ASC");
+    std::vector<AirspaceElement> elements;
+    const StatementRun run(rows);
+    rows.Bind(1, static_cast<int>(index));
+    while (rows.Step()) {
+        const auto number = [&](int column) {
+            return rows.IsNull(column) ? std::optional<double>() : rows.Number(column);
+        };
+        const auto text = [&](int column) { return std::string(rows.Text(column)); };
+        elements.push_back({rows.IsNull(0) ? 0 : static_cast<long>(rows.Integer(0)), text(1), text(2),
+                            text(3), text(4), text(5), number(6), number(7), number(8), number(9), number(10),
+                            number(11), number(12), number(13), number(14), number(15), number(16)});
+    }
+    return elements;
+}
+
+void AirspaceDrawing::DrawAirspace(const Canvas& canvas, std::int16_t index) {
+    Draw(canvas, Elements(index));
+}
+
+void AirspaceDrawing::Draw(const Canvas& canvas, const std::vector<AirspaceElement>& elements) {
+    if (elements.empty()) return;
+    // Kind and limits are those of the first element.
+    Pen pen{canvas, elements.front().AspType, AirspaceLabel(elements.front())};
+    std::optional<Position> first;
+    for (std::size_t i = 0; i < elements.size(); ++i) {
+        const AirspaceElement& element = elements[i];
+        if (element.Drawtype == "DC") {
+            DrawArc(pen, {Held(element.Lat), Held(element.Long), Held(element.arcRad), 0, 360, "Kreis"});
+        } else if (element.Drawtype == "DB") {
+            if (element.PNumber == 1) first = At(element.Arcx1, element.Arcy1);
+            DrawArcElement(pen, element);
+        } else if (element.Drawtype == "DP") {
+            const Position here = At(element.Lat, element.Long);
+            if (element.PNumber == 1) first = here;
+            if (i > 0 && elements[i - 1].Drawtype == "DB")
+                DrawAirspaceLine(pen, At(elements[i - 1].Arcx2, elements[i - 1].Arcy2), here);
+            if (i + 1 < elements.size() && elements[i + 1].Drawtype == "DP")
+                DrawAirspaceLine(pen, here, At(elements[i + 1].Lat, elements[i + 1].Long));
+        }
+    }
+    // Without an element number 1 there is no place to close the outline at.
+    const AirspaceElement& last = elements.back();
+    if (!first) return;
+    if (last.Drawtype == "DB") DrawAirspaceLine(pen, At(last.Arcx2, last.Arcy2), *first);
+    if (last.Drawtype == "DP") DrawAirspaceLine(pen, At(last.Lat, last.Long), *first);
+}
+
+void AirspaceDrawing::DrawArcElement(Pen& pen, const AirspaceElement& element) {
+    const double lat = Held(element.arcLat), longitude = Held(element.arcLong);
+    const double x1 = Held(element.Arcx1), y1 = Held(element.Arcy1);
+    DrawArc(pen, {lat, longitude, ArcRadius(lat, longitude, x1, y1), ArcDimension(lat, longitude, x1, y1),
+                  ArcDimension(lat, longitude, Held(element.Arcx2), Held(element.Arcy2)), element.arcDir});
+}
+
+void AirspaceDrawing::DrawArc(Pen& pen, ArcShape arc) {
+    double step = CircleStep(arc.Radius);
+    if (arc.Direction == "+") {
+        step = 10;
+        if (arc.StartAngle > arc.EndAngle) arc.EndAngle += 360;
+    } else if (arc.Direction == "-") {
+        step = -10;
+        if (arc.EndAngle > arc.StartAngle) arc.StartAngle += 360;
+    } else if (arc.Direction != "Kreis") {
+        return; // without a direction there is no way from start to end
+    }
+    const double r = arc.Radius * Pi / 10800;
+    const double phi = DegToRad(ToDecimalDegrees(arc.Lat)), lambda = DegToRad(ToDecimalDegrees(arc.Long));
+    const bool isTmz = pen.AspType == "TMZ", isDanger = pen.AspType == "Q";
+    bool isRed = true; // by turns, from the first point on
+    Position from;
+    const auto go = [&](double angle, bool mayCarryLabel) {
+        const Position to = OnCircle(phi, lambda, r, angle);
+        const Colour colour = isTmz      ? TmzColour
+                              : isDanger ? DangerColour
+                              : isRed    ? AirspaceRed
+                                         : AirspaceBlack;
+        // "A previous point exists" is asked by its latitude, which in the south is none.
+        if (from.Lat > 0) DrawArcSegment(pen, from, to, colour, mayCarryLabel);
+        from = to;
+        isRed = !isRed;
+    };
+    const int points = static_cast<int>(std::floor((arc.EndAngle - arc.StartAngle) / step + 1e-9));
+    for (int i = 0; i <= points; ++i) go(arc.StartAngle + i * step, false);
+    // The steps end before or on the end, so one more point closes the arc; a circle's label stands there.
+    go(arc.EndAngle, arc.Direction == "Kreis");
+}
+
+void AirspaceDrawing::DrawArcSegment(Pen& pen, const Position& from, const Position& to, Colour colour,
+                                     bool mayCarryLabel) {
+    const bool alternates = colour != TmzColour && colour != DangerColour;
+    Segment(pen, from, to, colour, OutlineWidth(pen.On.SlideValue, alternates), mayCarryLabel);
+}
+
+Colour AirspaceDrawing::NextColour(const std::string& type) {
+    if (type == "A") return PatternColour;
+    if (type == "TMZ") return TmzColour;
+    if (type == "Q") return DangerColour;
+    SegmentToggle = !SegmentToggle;
+    return SegmentToggle ? AirspaceBlack : AirspaceRed;
+}
+
+void AirspaceDrawing::DrawAirspaceLine(Pen& pen, const Position& from, const Position& to) {
+    const Colour colour = NextColour(pen.AspType);
+    const bool alternates = colour == AirspaceRed || colour == AirspaceBlack;
+    Segment(pen, from, to, colour, OutlineWidth(pen.On.SlideValue, alternates), true);
+}
+
+void AirspaceDrawing::Segment(Pen& pen, const Position& from, const Position& to, Colour colour, int width,
+                              bool mayCarryLabel) {
+    PictureSurface& surface = pen.On.Surface;
+    const Point first = pen.On.Transform.ViewOf(from), second = pen.On.Transform.ViewOf(to);
+    surface.SetDrawWidth(width);
+    surface.Line(first.X, first.Y, second.X, second.Y, colour);
+    surface.SetDrawWidth(1);
+    if (!mayCarryLabel) return;
+    if (pen.On.ShowAirspaceText && !pen.Label.empty()) {
+        surface.SetForeColor(LabelColour);
+        surface.Print((first.X + second.X) / 2 + LabelRight, (first.Y + second.Y) / 2 - LabelUp, pen.Label);
+    }
+    pen.Label.clear();
+}
+
+} // namespace ornivane

@@ -1,0 +1,90 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "map/MapTransform.h"
+#include "platform/PictureSurface.h"
+#include "store/Statement.h"
+
+namespace ornivane {
+
+class Connection;
+
+// One element of an airspace's outline, as stored. Reading an empty field is a RuntimeError InvalidNull.
+struct AirspaceElement {
+    long PNumber = 0; // order inside the airspace, from 1
+    std::string AspType, LowType, HighType;
+    std::string Drawtype;                             // "DC" circle, "DB" arc, "DP" point of a polygon
+    std::string arcDir;                               // "+" clockwise, "-" counter-clockwise
+    std::optional<double> Low, High;                  // feet
+    std::optional<double> Lat, Long;                  // DegMinValue, like all that follow
+    std::optional<double> arcRad;                     // nautical miles
+    std::optional<double> arcLat, arcLong;            // the centre of an arc
+    std::optional<double> Arcx1, Arcy1, Arcx2, Arcy2; // its start and end, latitude first
+};
+
+// Distance in nautical miles; DegMinValue.
+double ArcRadius(double lat1, double long1, double lat2, double long2);
+// True bearing in degrees from the first position to the second; DegMinValue. RuntimeError DivisionByZero or
+// Overflow when the two are the same.
+double ArcDimension(double lat1, double long1, double lat2, double long2);
+
+// " D 2500 - FL 65 "; empty for a traffic pattern.
+std::string AirspaceLabel(const AirspaceElement& first);
+
+// Colours of the outlines, 0xRRGGBB. All that have no colour of their own are red and black by turns.
+constexpr Colour PatternColour = 0x8F35D9, TmzColour = 0x00FFFF, DangerColour = 0xFF8000,
+                 AirspaceRed = 0xFF0000, AirspaceBlack = 0x000000;
+
+// Draws the outlines of airspaces: circles and arcs on the sphere, straight sides, the closing line, the
+// label with the heights. One for each screen; the alternation of the straight sides goes on from one
+// airspace to the next.
+class AirspaceDrawing {
+public:
+    explicit AirspaceDrawing(Connection& luftraumConn) : luftraum(luftraumConn) {}
+
+    // What the drawing of this pass works on.
+    struct Canvas {
+        PictureSurface& Surface;
+        const MapTransform& Transform;
+        int SlideValue;
+        bool ShowAirspaceText;
+    };
+
+    // RuntimeError for a row that cannot be drawn: what was drawn so far stays.
+    void DrawAirspace(const Canvas& canvas, std::int16_t index);
+    void Draw(const Canvas& canvas, const std::vector<AirspaceElement>& elements);
+
+private:
+    // A turning label: written once, at the first place that may carry it.
+    struct Pen {
+        const Canvas& On;
+        const std::string& AspType;
+        std::string Label;
+    };
+    struct ArcShape {
+        double Lat, Long;            // DegMinValue
+        double Radius;               // nautical miles
+        double StartAngle, EndAngle; // degrees
+        std::string Direction;       // "+", "-" or "Kreis"
+    };
+
+    std::vector<AirspaceElement> Elements(std::int16_t index);
+    void DrawArcElement(Pen& pen, const AirspaceElement& element);
+    void DrawArc(Pen& pen, ArcShape arc);
+    void DrawArcSegment(Pen& pen, const Position& from, const Position& to, Colour colour,
+                        bool mayCarryLabel);
+    void DrawAirspaceLine(Pen& pen, const Position& from, const Position& to);
+    Colour NextColour(const std::string& type);
+    static void Segment(Pen& pen, const Position& from, const Position& to, Colour colour, int width,
+                        bool mayCarryLabel);
+
+    Connection& luftraum;
+    Statement rows;
+    bool SegmentToggle = true;
+};
+
+} // namespace ornivane

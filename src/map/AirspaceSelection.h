@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "map/AirspaceDrawing.h"
+
+namespace ornivane {
+
+// Which airspaces concern the view and the height: found by the places of their elements in a widened window.
+// A polygon without any point in that window is not found; the widening is the whole of the measure.
+class AirspaceSelection {
+public:
+    static constexpr double Margin = 400; // feet, on either side of the present height
+
+    explicit AirspaceSelection(Connection& luftraumConn) : luftraum(luftraumConn) {}
+
+    // Feet: the height with which limits are compared. Above 5000 ft it is a pressure altitude by the QNH
+    // (hPa), so that flight levels fit.
+    static double ComparedHeight(double feet, double qnh);
+
+    // The numbers of the airspaces that reach within the margin of the height, traffic patterns left out.
+    // RuntimeError Overflow for a number beyond 32767.
+    std::vector<std::int16_t> Airspaces(const ViewBounds& view, double height);
+    // The traffic patterns in the view: all whose lower limit is not above height and margin.
+    std::vector<std::int16_t> Patterns(const ViewBounds& view, double height);
+
+private:
+    std::vector<std::int16_t> Numbers(Statement& query, const ViewBounds& bounds, double height);
+
+    Connection& luftraum;
+    Statement airspaces, patterns;
+};
+
+} // namespace ornivane

@@ -1,0 +1,44 @@
+#include "nav/frmStageButton.h"
+
+#include <QGridLayout>
+
+#include "platform/qt/Events.h"
+#include "platform/qt/LampButton.h"
+
+namespace ornivane {
+
+frmStageButton::frmStageButton(QWidget* parent, EventGuard& guard, const char* icon,
+                               const std::array<Stage, 3>& stages, std::function<void()> changed)
+    : QWidget(parent) {
+    auto* grid = new QGridLayout(this);
+    grid->setContentsMargins(0, 0, 0, 0);
+    for (std::size_t i = 0; i < stages.size(); ++i) {
+        auto* button = new LampButton(this);
+        button->setObjectName(stages[i].Name);
+        button->SetIcon(QString(":/icons/%1.svg").arg(icon));
+        button->setFocusPolicy(Qt::TabFocus);
+        button->SetLit(i > 0);
+        button->SetStage(static_cast<int>(i), 2);
+        guard.Connect(button, &QAbstractButton::clicked, [click = stages[i].Click, changed] {
+            click();
+            changed();
+        });
+        grid->addWidget(button, 0, 0);
+        buttons[i] = button;
+    }
+    ShowStage(false, false);
+}
+
+void frmStageButton::ShowStage(bool on, bool withText) {
+    const std::size_t stage = withText ? 2 : on ? 1 : 0;
+    for (std::size_t i = 0; i < buttons.size(); ++i) buttons[i]->setVisible(i == stage);
+}
+
+void frmStageButton::SetTexts(const QString& caption, const std::array<QString, 3>& tips) {
+    for (std::size_t i = 0; i < buttons.size(); ++i) {
+        buttons[i]->setText(caption);
+        buttons[i]->setToolTip(tips[i]);
+    }
+}
+
+} // namespace ornivane

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QString>
+#include <QWidget>
+#include <array>
+#include <functional>
+
+namespace ornivane {
+
+class EventGuard;
+class LampButton;
+
+// A switch of three stages: off, on, on with texts. Three buttons lie on one place; the one that shows is the
+// stage, and a click on it leads to the next. Two dots tell the stage without colour.
+class frmStageButton : public QWidget {
+    Q_OBJECT
+
+public:
+    struct Stage {
+        const char* Name;
+        std::function<void()> Click;
+    };
+    frmStageButton(QWidget* parent, EventGuard& guard, const char* icon, const std::array<Stage, 3>& stages,
+                   std::function<void()> changed);
+
+    void ShowStage(bool on, bool withText);
+    void SetTexts(const QString& caption, const std::array<QString, 3>& tips);
+
+private:
+    std::array<LampButton*, 3> buttons{};
+};
+
+} // namespace ornivane

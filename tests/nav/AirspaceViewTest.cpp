@@ -1,0 +1,171 @@
+#include "nav/FlyingScreenFixture.h"
+
+namespace ornivane {
+namespace {
+
+// Airspace and airfields over the chart alpha.jpg: 6 to 8° E, 50 to 51° N.
+class AirspaceViewTest : public FlyingScreenTest {
+protected:
+    AirspaceViewTest() {
+        CreateStore(Folder.Path() / "Luftraum.ovd", StoreKind::Luftraum);
+        Shared.LuftraumConn.Open(Folder.Path() / "Luftraum.ovd", Connection::Mode::ReadWrite);
+        Shared.QNH = 1013;
+        Shared.QNHDate = DateOf(Clock.Now());
+    }
+    // A circle of 3 NM; every airspace has its own radius in the labels of the tests by its height.
+    void Airspace(int index, const char* type, double low, double high, double lat = 50.30,
+                  double longitude = 6.30) {
+        Shared.LuftraumConn.Execute(
+            "INSERT INTO Luftraum (\"Index\", PNumber, AspType, Low, High, LowType, HighType, Drawtype, Lat, "
+            "Long, arcRad) VALUES (?, 1, ?, ?, ?, '', '', 'DC', ?, ?, 3)",
+            {index, type, low, high, lat, longitude});
+    }
+    void OpenAirfields() {
+        CreateStore(Folder.Path() / "ovdata.ovd", StoreKind::Airfields);
+        Shared.AirfieldConn.Open(Folder.Path() / "ovdata.ovd", Connection::Mode::ReadWrite);
+        Shared.AirfieldStoreOpen = true;
+    }
+    // The whole chart, the aircraft over it.
+    void Begin() {
+        Start();
+        Screen->State.CurLat = 50.6;
+        Screen->State.CurLong = 6.5;
+        Screen->Map.SetSlide(100);
+    }
+    int LabelsAt(const char* altitude, bool feet = true) {
+        Screen->State.AltInFeet = feet;
+        Screen->State.lblAlt = altitude;
+        Screen->UpdateMap();
+        return Surface.Count("[ D ");
+    }
+};
+
+TEST_F(AirspaceViewTest, ShowsWhatReachesWithin400FeetOfTheHeight) {
+    Airspace(1, "D", 2000, 4000);
+    Airspace(2, "D", 5500, 5800);
+    Airspace(3, "A", 0, 1000);
+    Begin();
+    EXPECT_EQ(LabelsAt("3000"), 0);
+    Screen->Airspace.cmdLR1_Click();
+    EXPECT_GT(Surface.Count("w5 #FF0000"), 0);
+    EXPECT_EQ(LabelsAt("3000"), 0); // without heights
+    Screen->Airspace.cmdLR2_Click();
+    for (const auto& [altitude, shown] :
+         {std::pair{"1599", 0}, {"1600", 1}, {"4400", 1}, {"4401", 0}, {"---", 0}, {"5100", 1}})
+        EXPECT_EQ(LabelsAt(altitude), shown) << altitude;
+    EXPECT_EQ(LabelsAt("1000", false), 1); // metres: 3281 ft
+    Shared.QNH = 1000;                     // from 5001 feet on as a pressure altitude: 390 feet more
+    EXPECT_EQ(LabelsAt("5000"), 0);
+    EXPECT_EQ(LabelsAt("5001"), 1);
+    EXPECT_EQ(LabelsAt("5900"), 0);
+    EXPECT_TRUE(Screen->Airspace.frmQNH);
+    EXPECT_EQ(Screen->Airspace.lblQNHColour, AirspaceView::FewAirspaces);
+    for (int i = 10; i < 41; ++i) Airspace(i, "D", 2000, 4000);
+    EXPECT_EQ(LabelsAt("3000"), 32);
+    EXPECT_EQ(Screen->Airspace.lblQNHColour, AirspaceView::ManyAirspaces);
+    Screen->Airspace.picLR3_Click();
+    EXPECT_FALSE(Screen->Airspace.frmQNH);
+    EXPECT_EQ(LabelsAt("3000"), 0);
+}
+
+TEST_F(AirspaceViewTest, PatternsHaveNoUpperLimitAndTheirOwnWindow) {
+    Airspace(1, "A", 500, 1000);
+    Airspace(2, "A", 3000, 4000);
+    Airspace(3, "A", 500, 1000, 51.05); // beyond the view, inside the widened window
+    Airspace(4, "D", 0, 9000, 51.05);
+    Begin();
+    Screen->State.lblAlt = "2000";
+    Screen->Airspace.cmdPR_Click();
+    EXPECT_EQ(Surface.Count(" w5 #"), 13); // number 1 alone; its arcs are red and black
+    EXPECT_FALSE(Screen->Airspace.frmQNH);
+    Screen->Airspace.cmdLR1_Click();
+    EXPECT_EQ(Surface.Count(" w5 #"), 26); // the other kind is found beyond the view
+    Screen->Airspace.picPR_Click();
+    EXPECT_EQ(Surface.Count(" w5 #"), 13);
+}
+
+TEST_F(AirspaceViewTest, ADamagedRowEndsTheSelectionAndNotTheRedraw) {
+    Airspace(1, "D", 0, 9000);
+    Shared.LuftraumConn.Execute(
+        "INSERT INTO Luftraum (\"Index\", PNumber, AspType, Low, High, Drawtype, Lat, Long) VALUES "
+        "(2, 1, 'D', 0, 9000, 'DB', 50.30, 6.30)");
+    Airspace(3, "D", 0, 9000);
+    Begin();
+    Screen->Airspace.cmdLR1_Click();
+    EXPECT_EQ(Surface.Count(" w5 #"), 13);  // the first one
+    EXPECT_EQ(Surface.Count("#80FFFF"), 1); // and the aircraft
+    Shared.LuftraumConn.Execute("UPDATE Luftraum SET Drawtype = 'DC', arcRad = 3 WHERE \"Index\" = 2");
+    Screen->UpdateMap();
+    EXPECT_EQ(Surface.Count(" w5 #"), 39);
+    Airspace(40000, "D", 0, 9000);
+    Screen->UpdateMap();
+    EXPECT_EQ(Surface.Count(" w5 #"), 0);
+    EXPECT_EQ(Surface.Count("#80FFFF"), 1);
+    Shared.LuftraumConn.Close(); // a run without the store
+    Screen->UpdateMap();
+    EXPECT_EQ(Surface.Count("#80FFFF"), 1);
+    EXPECT_TRUE(Notices.Shown.empty());
+}
+
+TEST_F(AirspaceViewTest, AirfieldsShowRunwayAndRadioInThreeStages) {
+    OpenAirfields();
+    Shared.AirfieldConn.Execute(
+        "INSERT INTO ARPT VALUES ('EDAA', 1160, 0, 50.5, 6.5), ('EDBB', 0, 700.5, 50.5, 6.6), "
+        "('EDCC', 0, 0, 50.5, 6.7)");
+    Shared.AirfieldConn.Execute(
+        "INSERT INTO RWY VALUES ('EDAA', 500, '0', '17/35', '173'), ('EDAA', 1160, '0', '09/27', '090'), "
+        "('EDAA', 2000, '1', '01/19', '010'), ('EDBB', 700, '1', '18/36', 'n/a'), ('EDCC', 0, '1', '', '')");
+    Shared.AirfieldConn.Execute(
+        "INSERT INTO ACOM VALUES ('EDAA', 'Langen Info', '119.150'), ('EDAA', 'A Turm', '118.1'), "
+        "('EDAA', 'A Tower', '118.2'), ('EDAA', 'A ATIS', '124.1'), ('EDBB', 'München Information', "
+        "'120.6'), "
+        "('EDBB', 'Platz Info', 122.5), ('EDBB', 'B Tower', '118.3')");
+    Sql("INSERT INTO Waypoints (Name, Lat, Long, Kategorie) VALUES ('EDAA', 50.30, 6.30, ''), "
+        "('EDBB', 50.30, 6.36, ''), ('EDCC', 50.30, 6.42, ''), ('Dorf', 50.12, 6.30, ''), "
+        "('Stadt', 50.12, 6.36, '')");
+    Sql("DELETE FROM Waypoints WHERE Name = 'Dorf'"); // four letters without an airfield come below
+    Begin();
+    EXPECT_EQ(Surface.Count("r10"), 0); // off: an airfield shows nothing at all
+    EXPECT_EQ(Surface.Count("r5 w4 #FF0000"), 1);
+    Screen->Airspace.cmdAPT1_Click();
+    EXPECT_EQ(Surface.Count("r10 w6 #000080"), 3);
+    EXPECT_EQ(Surface.Count("#C0C0C0"), 2); // the bar of the paved one, in both directions
+    EXPECT_EQ(Surface.Count("#00FF00"), 0 + 0) << "a heading that is no number has no bar";
+    EXPECT_EQ(Surface.Count("[ EDAA ]"), 1);
+    EXPECT_EQ(Surface.Count("1160 m"), 0);
+    Screen->Airspace.cmdAPT2_Click();
+    EXPECT_EQ(Surface.Count("[ 09/27 - 1160 m  ]"), 1);
+    EXPECT_EQ(Surface.Count("[ 18/36 - 700.5 m  ]"), 1);
+    EXPECT_EQ(Surface.Count("[  - 0 m  ]"), 1);
+    EXPECT_EQ(Surface.Count("[ A Turm 118.1 ]"),
+              1); // the first that is a tower; the region's service is not his
+    EXPECT_EQ(Surface.Count("[ A ATIS 124.1 ]"), 1);
+    EXPECT_EQ(Surface.Count("[ Platz Info 122.5 ]"), 1);
+    // Only route points: airfields stay, other waypoints go.
+    AddRoute("R", {6.3, 7.0});
+    Screen->Form_Activate();
+    Screen->Pass.cmdShowPoints_Click();
+    EXPECT_EQ(Surface.Count("r10"), 3);
+    EXPECT_EQ(Surface.Count("[ Stadt ]"), 0);
+    Screen->Airspace.picAPT3_Click();
+    EXPECT_EQ(Surface.Count("r10"), 0);
+}
+
+TEST_F(AirspaceViewTest, AFourLetterPointWithoutAirfieldEndsThePass) {
+    OpenAirfields();
+    Sql("INSERT INTO Waypoints (Name, Lat, Long, Kategorie) VALUES ('Alba', 50.30, 6.30, ''), "
+        "('Before', 50.12, 6.36, ''), ('Köln', 50.30, 6.30, ''), ('Zoo', 50.12, 6.36, '')");
+    Begin();
+    EXPECT_EQ(Surface.Count("r5 w4 #FF0000"), 0);
+    EXPECT_EQ(Surface.Count("#80FFFF"), 0);
+    Sql("DELETE FROM Waypoints WHERE Name = 'Alba'");
+    Screen->UpdateMap();
+    EXPECT_EQ(Surface.Count("r5 w4 #FF0000"), 1); // up to Köln, which has four characters
+    Sql("DELETE FROM Waypoints WHERE Name = 'Köln'");
+    Screen->UpdateMap();
+    EXPECT_EQ(Surface.Count("r5 w4 #FF0000"), 2);
+    EXPECT_EQ(Surface.Count("#80FFFF"), 1);
+}
+
+} // namespace
+} // namespace ornivane
