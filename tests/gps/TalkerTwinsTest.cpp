@@ -182,7 +182,7 @@ TEST(TalkerTwins, PassesExactlyTheRightSentencesOfRandomOnes) {
         body += ",,,,,,,,";
         std::string line = Sentence(body);
         const bool isRight = below(2) != 0;
-        if (!isRight) line += letters[below(static_cast<unsigned>(letters.size()) - 4) + 6];
+        if (!isRight) line += letters[below(static_cast<unsigned>(letters.size()) - 6) + 6];
         line += "\r\n";
 
         NmeaListener nobody;
