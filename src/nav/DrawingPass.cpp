@@ -9,9 +9,10 @@
 
 namespace ornivane {
 
-DrawingPass::DrawingPass(const DrawingPassRooms& passRooms, std::function<void(const RuntimeError&)> report)
-    : rooms(passRooms), reportError(std::move(report)), waypoints(passRooms.Shared.DataConn),
-      airfields(passRooms.Shared.AirfieldConn) {}
+DrawingPass::DrawingPass(const DrawingPassRooms& passRooms, std::function<void(const RuntimeError&)> report,
+                         std::function<void(const std::string&)> airfieldUnknown)
+    : rooms(passRooms), reportError(std::move(report)), unknownAirfield(std::move(airfieldUnknown)),
+      waypoints(passRooms.Shared.DataConn), airfields(passRooms.Shared.AirfieldConn) {}
 
 void DrawingPass::Pass(const std::function<void()>& steps) {
     // Stepping to the next point inside a pass moves the grid's row, which asks for a redraw: one redraw is
@@ -156,7 +157,16 @@ void DrawingPass::DrawWaypoints(MapSymbols& symbols, const MapTransform& transfo
         symbols.DrawPoints(points); // a damaged row ends the pass, those before it show
         throw;
     }
-    symbols.DrawPoints(points);
+    try {
+        symbols.DrawPoints(points);
+    } catch (const RuntimeError& error) {
+        // The pass ends here, without the aircraft: the pilot must learn which name to change.
+        if (error.Number() == ErrorNumber::NoCurrentRecord && error.Detail() != toldAirfield) {
+            toldAirfield = error.Detail();
+            unknownAirfield(toldAirfield);
+        }
+        throw;
+    }
 }
 
 void DrawingPass::DrawRoutePoints(MapSymbols& symbols) {

@@ -36,8 +36,10 @@ struct DrawingPassRooms {
 class DrawingPass {
 public:
     // `report` is told of an error of the leg calculation, which ends the pass but is not passed over
-    // silently.
-    DrawingPass(const DrawingPassRooms& rooms, std::function<void(const RuntimeError&)> report);
+    // silently; `airfieldUnknown` of a waypoint whose name of four characters is no airfield of the store,
+    // once for each.
+    DrawingPass(const DrawingPassRooms& rooms, std::function<void(const RuntimeError&)> report,
+                std::function<void(const std::string&)> airfieldUnknown);
 
     // The single entry into a redraw. Does nothing without a map and while a pass is running. Any error ends
     // it silently: what was drawn so far stays.
@@ -66,6 +68,8 @@ private:
 
     DrawingPassRooms rooms;
     std::function<void(const RuntimeError&)> reportError;
+    std::function<void(const std::string&)> unknownAirfield;
+    std::string toldAirfield;
     WaypointWindow waypoints;
     AirfieldBook airfields;
     Statement routePoints;

@@ -65,7 +65,9 @@ void FixReadouts::TimeChanged(const std::string& time) { state.LabelTime = time;
 
 void FixReadouts::BearingReceived(const std::string& bearing) {
     if (state.NoFix) {
+        const bool hadTrack = state.lblBearing != NoValue;
         state.lblBearing = NoValue;
+        if (hadTrack) owner.UpdateInstrument(0); // parks the needle
         return;
     }
     state.lblBearing = Format(WireNumber(bearing), "000", locale);

@@ -16,8 +16,16 @@ FlyingScreen::FlyingScreen(const FlyingScreenWorld& w, std::function<void()> sta
       Instruments(w.Shared, State, w.Kurskreisel, w.Picture1, w.Messages),
       Logger(w.Shared, State, w.timeTrack, w.SystemClock, *this),
       Airspace(w.Shared, State, Flags, [this] { UpdateMap(); }),
-      Pass({w.Shared, State, Flags, Map, Ring, Route, ActiveLeg, Airspace, w.picStorage, w.picMap},
-           [this](const RuntimeError& error) { ShowError(error); }),
+      Pass(
+          {w.Shared, State, Flags, Map, Ring, Route, ActiveLeg, Airspace, w.picStorage, w.picMap},
+          [this](const RuntimeError& error) { ShowError(error); },
+          [this](const std::string& name) {
+              world.Notices.Show("\"" + name + "\": " +
+                                 world.Shared.Text("vier Zeichen, aber kein Flugplatz. Die Karte endet hier; "
+                                                   "bitte umbenennen.",
+                                                   "four characters, but no airfield. The map ends here; "
+                                                   "please rename it."));
+          }),
       world(w), changed(std::move(stateChanged)), focusMap(std::move(focusOnMap)) {
     Link.SetInterpreter(gps);
 }
@@ -135,11 +143,13 @@ void FlyingScreen::SetDirectTarget(const Point& view) {
 void FlyingScreen::lblSpeed_Click() {
     State.SpeedInKnots = !State.SpeedInKnots;
     if (State.lblSpeed != NoValue) Readouts.ShowSpeed();
+    changed();
 }
 
 void FlyingScreen::lblAlt_Click() {
     State.AltInFeet = !State.AltInFeet;
     if (State.lblAlt != NoValue) Readouts.ShowAltitude();
+    changed();
 }
 
 // Time of arrival and time to go look alike, so the value must change together with its caption.

@@ -124,8 +124,8 @@ void Instrument::LeftButton() {
 
 void Instrument::RightButton() {
     if (InstrumentMode == Vor) {
+        if (!frmVOR) tVOR1_Change(tVOR1);
         frmVOR = true;
-        tVOR1_Change({});
     } else if (InstrumentMode == Hsi) {
         frmKurs = true;
         tKurs.clear();

@@ -207,6 +207,8 @@ void RouteFollowing::Activate() {
     for (; !RoutesSet.Eof(); RoutesSet.MoveNext()) RouteNames.push_back(RoutesSet.Text("Name"));
     if (RouteNames.empty()) {
         cmbRoute.clear();
+        lblRoute.clear();
+        lblRemDist.clear();
         OpenPoints();
     } else {
         RoutesSet.MoveFirst();
@@ -217,6 +219,7 @@ void RouteFollowing::Activate() {
     }
     if (RoutePointsSet.RecordCount() == 0) {
         SwitchOff();
+        RefreshRouteList();
         return;
     }
     if (!state.HadPosition) {

@@ -347,6 +347,9 @@ void frmGPSmain::ShowMapControls() {
     const DisplayFlags& flags = screen->Flags;
     airspaceButton->ShowStage(flags.ShowAirspace, flags.ShowAirspaceText);
     cmdPR->SetLit(flags.ShowPatterns);
+    // Without their stores they would be switches without effect.
+    for (QWidget* widget : std::initializer_list<QWidget*>{airspaceButton, cmdPR, lblLegend})
+        widget->setVisible(services.Shared.LuftraumConn.IsOpen());
     airfieldButton->ShowStage(flags.ShowAirfields, flags.ShowAirfieldText);
     airfieldButton->setVisible(services.Shared.AirfieldStoreOpen);
 }

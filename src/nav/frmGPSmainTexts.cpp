@@ -132,7 +132,6 @@ void frmGPSmain::ApplyPanelTexts() {
         line("<span style='color:#ff8000'>━━</span>", Text("Gefahrengebiet", "Danger area")) +
         line("<span style='color:#8f35d9'>━━</span>", Text("Platzrunden", "Traffic patterns")) + "</table>");
     lblLegend->setToolTip(Text("Farben der Lufträume auf der Karte", "Colours of airspace on the chart"));
-    if (!services.Shared.LuftraumConn.IsOpen()) lblLegend->hide();
 }
 
 } // namespace ornivane

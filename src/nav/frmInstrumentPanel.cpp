@@ -119,7 +119,15 @@ void frmInstrumentPanel::Do(const std::function<void()>& event) {
 
 void frmInstrumentPanel::Pressed(Qt::MouseButton button) {
     if (button == Qt::LeftButton) Do([this] { instrument->LeftButton(); });
-    if (button == Qt::RightButton) Do([this] { instrument->RightButton(); });
+    if (button != Qt::RightButton) return;
+    Do([this] { instrument->RightButton(); });
+    // Also when it is open already and the focus has gone elsewhere.
+    const auto enter = [](QLineEdit& field, const std::string& text) {
+        field.setText(Q(text));
+        field.setFocus();
+    };
+    if (instrument->frmVOR) enter(*tVOR1, instrument->tVOR1);
+    if (instrument->frmKurs) enter(*tKurs, instrument->tKurs);
 }
 
 bool frmInstrumentPanel::eventFilter(QObject* watched, QEvent* event) {

@@ -158,6 +158,9 @@ TEST_F(AirspaceViewTest, AFourLetterPointWithoutAirfieldEndsThePass) {
     Begin();
     EXPECT_EQ(Surface.Count("r5 w4 #FF0000"), 0);
     EXPECT_EQ(Surface.Count("#80FFFF"), 0);
+    Screen->UpdateMap();
+    ASSERT_EQ(Notices.Shown.size(), 1u); // told once
+    EXPECT_NE(Notices.Shown[0].find("\"Alba\""), std::string::npos);
     Sql("DELETE FROM Waypoints WHERE Name = 'Alba'");
     Screen->UpdateMap();
     EXPECT_EQ(Surface.Count("r5 w4 #FF0000"), 1); // up to Köln, which has four characters

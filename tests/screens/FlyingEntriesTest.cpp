@@ -63,6 +63,9 @@ TEST_F(FlyingEntriesTest, TheInstrumentTakesStationAndCourseAndThenGivesTheKeysB
     QTest::keyClick(&name, Qt::Key_Up); // not the map's while a name is entered
     EXPECT_EQ(Form.Logic().Map.SlideMap, zoom);
     EXPECT_EQ(Text("lblResult"), "KBO");
+    Find<QWidget>("picMap").setFocus();
+    click(Qt::RightButton); // again: what was typed stays, and the keys come back to it
+    EXPECT_EQ(name.text().toStdString() + Text("lblResult"), "kbKBO");
     QTest::keyClick(&name, Qt::Key_Return);
     EXPECT_FALSE(Shows("frmVOR"));
     EXPECT_EQ(Text("lblVOR1"), "KBO");
