@@ -8,6 +8,7 @@
 #include "platform/qt/QtPicture.h"
 #include "platform/qt/QtPictureSurface.h"
 #include "store/Schema.h"
+#include "support/IdleLink.h"
 #include "support/MapFakes.h"
 #include "support/TemporaryFolder.h"
 
@@ -15,23 +16,6 @@
 namespace ornivane {
 
 inline constexpr int ChartWidth = 12000, ChartHeight = 9000;
-
-class NoPort : public SerialPort {
-public:
-    void SetSettings(const std::string&) override {}
-    void Open(int) override {}
-    void Close() override {}
-    bool IsOpen() const override { return false; }
-    std::string ReadAll() override { return {}; }
-    void OnEvent(std::function<void(SerialEvent)>) override {}
-};
-
-class NoTimer : public Timer {
-public:
-    void SetInterval(int) override {}
-    int Interval() const override { return 0; }
-    void OnTimer(std::function<void()>) override {}
-};
 
 // A chart with fine lines and areas, as scans have them.
 inline void DrawChart(const std::filesystem::path& file) {
@@ -94,8 +78,8 @@ struct Flight : ChartFolder {
         Screen->Map.cmdKartezentrieren_Click();
     }
 
-    NoPort Port;
-    NoTimer CheckTimer, TrackTimer;
+    IdlePort Port;
+    IdleTimer CheckTimer, TrackTimer;
     SetClock Clock;
     QtPicture Chart;
     CompassCard Card;

@@ -22,17 +22,6 @@ public:
     std::string Description(int) const override { return {}; }
 };
 
-class HandTimer : public NoTimer {
-public:
-    void SetInterval(int milliseconds) override { interval = milliseconds; }
-    int Interval() const override { return interval; }
-    void OnTimer(std::function<void()> callback) override { Fire = std::move(callback); }
-    std::function<void()> Fire;
-
-private:
-    int interval = 0;
-};
-
 struct Cockpit : ChartFolder {
     Cockpit() : ChartFolder(20000, 2000) {
         CreateStore(Folder.Path() / "track.ovd", StoreKind::Track);
@@ -60,10 +49,10 @@ struct Cockpit : ChartFolder {
     // Until it is on the screen.
     void Painted() { QApplication::processEvents(); }
 
-    NoPort Port;
+    IdlePort Port;
     NoPorts Ports;
-    NoTimer CheckTimer;
-    HandTimer TrackTimer;
+    IdleTimer CheckTimer;
+    IdleTimer TrackTimer;
     SetClock Clock;
     RecordedDialogs Boxes;
     QtNotice Notices;

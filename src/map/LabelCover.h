@@ -5,12 +5,12 @@
 
 namespace ornivane {
 
-// Tells which symbols and labels of a crowded map are worth drawing. A label's plate lets a quarter through,
-// and of what lies under two of them a sixteenth is left. Asked from the label that is drawn last to the one
-// that is drawn first.
+// Tells which symbols and labels of a crowded map are worth drawing: a later text overwrites an earlier one,
+// and what shines through its plate only makes both harder to read where thousands lie upon each other. Asked
+// from the label that is drawn last to the one that is drawn first.
 class LabelCover {
 public:
-    static constexpr int LayersThatHide = 2;
+    static constexpr int LayersThatHide = 1;
 
     // View pixels.
     LabelCover(double width, double height);

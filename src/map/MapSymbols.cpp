@@ -85,7 +85,9 @@ MapSymbols::Placed MapSymbols::Place(double lat, double longitude, PointMode mod
     } else if (CharacterCount(name) == IcaoLength) {
         point.Airfield = &settings.Airfields->Of(name);
         point.HasSymbol = point.HasLabel[0] = settings.ShowAirfields;
-        point.HasLabel[1] = point.HasLabel[2] = settings.ShowAirfieldText;
+        // The place of a missing station stays empty, without a plate.
+        point.HasLabel[1] = settings.ShowAirfieldText;
+        point.HasLabel[2] = settings.ShowAirfieldText && !point.Airfield->Information.empty();
         point.HasLabel[3] = settings.ShowAirfieldText && !point.Airfield->Atis.empty();
     } else {
         point.HasSymbol = mode == PointMode::DirectTarget || !settings.OnlyRoutePoints;

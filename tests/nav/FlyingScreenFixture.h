@@ -9,33 +9,10 @@
 #include "geo/NavigationMaths.h"
 #include "nav/FlyingScreen.h"
 #include "support/FlightFolder.h"
+#include "support/IdleLink.h"
 #include "support/MapFakes.h"
 
 namespace ornivane {
-
-class IdlePort : public SerialPort {
-public:
-    void SetSettings(const std::string&) override {}
-    void Open(int) override { open = true; }
-    void Close() override { open = false; }
-    bool IsOpen() const override { return open; }
-    std::string ReadAll() override { return {}; }
-    void OnEvent(std::function<void(SerialEvent)>) override {}
-
-private:
-    bool open = false;
-};
-
-class IdleTimer : public Timer {
-public:
-    void SetInterval(int milliseconds) override { interval = milliseconds; }
-    int Interval() const override { return interval; }
-    void OnTimer(std::function<void()> callback) override { Fire = std::move(callback); }
-    std::function<void()> Fire;
-
-private:
-    int interval = 0;
-};
 
 // The flying screen on a real store, with a view of 800 x 400 pixels.
 class FlyingScreenTest : public testing::Test, protected FlightFolder {

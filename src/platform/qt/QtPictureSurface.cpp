@@ -8,6 +8,7 @@
 #include "platform/qt/LineClip.h"
 #include "platform/qt/QtPicture.h"
 #include "platform/qt/Resample.h"
+#include "platform/qt/ThickLine.h"
 
 namespace ornivane {
 
@@ -131,8 +132,8 @@ void QtPictureSurface::UsePen(Colour colour) {
 void QtPictureSurface::Line(double x1, double y1, double x2, double y2, Colour colour) {
     const double margin = drawWidth + 2;
     if (!ClipLine(x1, y1, x2, y2, -margin, -margin, width + margin, height + margin)) return;
-    UsePen(colour);
-    painter.drawLine(QPointF(x1, y1), QPointF(x2, y2));
+    DrawThickLine(Block(), x1 * ratio, y1 * ratio, x2 * ratio, y2 * ratio, std::max(drawWidth, 1) * ratio,
+                  Opaque(colour));
 }
 
 const CircleStamp& QtPictureSurface::StampFor(double deviceRadius, double deviceWidth) {
