@@ -18,9 +18,9 @@ constexpr std::int16_t CheckSeconds = 2;
 } // namespace
 
 GpsLink::GpsLink(SerialPort& serialPort, Timer& timer, Dialogs& messages, const Clock& systemClock,
-                 const Variablen& variables, bool& noFix, LinkOwner& linkOwner)
-    : port(serialPort), timerCheck(timer), dialogs(messages), shared(variables), NoFix(noFix),
-      owner(linkOwner), clock(systemClock), heard(systemClock) {
+                 const Variablen& variables, LinkOwner& linkOwner)
+    : port(serialPort), timerCheck(timer), dialogs(messages), shared(variables), owner(linkOwner),
+      clock(systemClock), heard(systemClock) {
     twins.OnSentence = [this](std::string_view talker, bool isRight) { heard.Add(talker, isRight); };
     port.OnEvent([this](SerialEvent event) { MSComm1_OnComm(event); });
     timerCheck.OnTimer([this] { timerCheck_Timer(); });
@@ -135,17 +135,26 @@ bool GpsLink::ReceiveWaiting() {
     return true;
 }
 
+void GpsLink::ShowFix(bool has) {
+    for (std::size_t i = 0; i < picGPSCheck.size(); ++i) picGPSCheck[i].Visible = i == (has ? 1U : 0U);
+}
+
+void GpsLink::ShowSatellites(const std::string& used, std::optional<int> inView) {
+    if (inView)
+        picGPSCheck[1].ToolTip = "Sat: " + used + "/" + std::to_string(*inView);
+    else
+        for (Indicator& lamp : picGPSCheck) lamp.ToolTip = "Sat: -/-";
+}
+
 void GpsLink::EnterDataLost() {
-    owner.ClearDisplays();
     picGPSCheck[0].Visible = picGPSCheck[1].Visible = false;
     picGPSCheck[2].Visible = true;
     Hourglass = false;
     reopening = false;
     timerCheck.SetInterval(WatchInterval);
     CheckCount = DataLostWatch;
-    NoFix = true;
     DataSeen = false;
-    owner.UpdateMap();
+    owner.DataLost();
 }
 
 void GpsLink::timerCheck_Timer() {
@@ -170,7 +179,7 @@ void GpsLink::WatchTick() {
         return;
     }
     if (Reopen()) {
-        owner.ClearDisplays();
+        owner.NoSignal();
         ShowNoSignal();
     }
     EndCheck();

@@ -20,8 +20,10 @@ namespace ornivane {
 class LinkOwner {
 public:
     virtual ~LinkOwner() = default;
-    virtual void ClearDisplays() = 0;
-    virtual void UpdateMap() = 0;
+    // The running link has lost its data: there is no fix any more, and nothing to show.
+    virtual void DataLost() = 0;
+    // The port is open, and nothing comes.
+    virtual void NoSignal() = 0;
     virtual void RefreshRouteList() = 0;
     virtual void FocusMap() = 0;
     // The members of the link may have changed: show them.
@@ -54,7 +56,7 @@ public:
 
     // Takes over the callbacks of port and timer, which must outlive the link.
     GpsLink(SerialPort& port, Timer& timer, Dialogs& dialogs, const Clock& clock, const Variablen& shared,
-            bool& noFix, LinkOwner& owner);
+            LinkOwner& owner);
     GpsLink(const GpsLink&) = delete;
     GpsLink& operator=(const GpsLink&) = delete;
 
@@ -68,6 +70,10 @@ public:
     void cmdGPS_Click();
     void picGPSCheck_Click(int index);
     void timerCheck_Timer();
+    // What the receiver says of its fix: the lamp of a fix or of none.
+    void ShowFix(bool has);
+    // "Sat: 7/11" for a fix; without one (no count in view) the tooltips of all lamps say so.
+    void ShowSatellites(const std::string& used, std::optional<int> inView);
     void MSComm1_OnComm(SerialEvent event);
 
     // data.crm into ComPort and the line settings. One that cannot be read is replaced by port 1 and 4800;
@@ -110,7 +116,6 @@ private:
     Timer& timerCheck;
     Dialogs& dialogs;
     const Variablen& shared;
-    bool& NoFix;
     LinkOwner& owner;
     const Clock& clock;
     TalkerTwins twins;

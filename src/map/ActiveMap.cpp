@@ -7,6 +7,7 @@
 #include "common/SettingsFiles.h"
 #include "geo/NavigationMaths.h"
 #include "map/ChartFiles.h"
+#include "map/MapCatalogue.h"
 
 namespace ornivane {
 
@@ -53,11 +54,10 @@ void ActiveMap::InitializeData() {
     progress.SetValue(50);
     LoadPicture();
     try {
-        Breite = row.Number("Breite");
-        Höhe = row.Number("Höhe");
-        const auto edge = [&](const char* name) { return ToDecimalDegrees(row.Number(name)); };
-        PixPerTenthLong = CheckedDivide(Breite, (edge("Rechts") - edge("Links")) * 10.0);
-        PixPerTenthLat = CheckedDivide(Höhe, (edge("Oben") - edge("Unten")) * 10.0);
+        const MapFrame frame = MapCatalogue::FrameOf(row);
+        Breite = frame.Breite;
+        Höhe = frame.Höhe;
+        scale = MapCatalogue::ScaleOf(frame);
         ReadSizes();
         View = OpenedView(Sizes);
         Sizes.HalfWidth = View.SW;
@@ -203,12 +203,12 @@ void ActiveMap::picKartezentrieren_Click() {
 }
 
 MapTransform ActiveMap::Transform() const {
-    const Recordset& row = shared.MapsSet;
-    return {{ToDecimalDegrees(row.Number("Links")), ToDecimalDegrees(row.Number("Unten")), Höhe,
-             PixPerTenthLat, PixPerTenthLong},
-            View,
-            surface.ScaleWidth(),
-            surface.ScaleHeight()};
+    const MapFrame frame = MapCatalogue::FrameOf(shared.MapsSet);
+    MapScale placed = scale;
+    placed.Links = ToDecimalDegrees(frame.Links);
+    placed.Unten = ToDecimalDegrees(frame.Unten);
+    placed.Höhe = Höhe;
+    return {placed, View, surface.ScaleWidth(), surface.ScaleHeight()};
 }
 
 } // namespace ornivane

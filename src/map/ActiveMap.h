@@ -72,7 +72,6 @@ public:
     std::string LastMapName;
 
     double Breite = 1, Höhe = 1;
-    double PixPerTenthLat = 0, PixPerTenthLong = 0;
     ViewSizes Sizes;
     SourceRect View;
     int SlideMap = 0;
@@ -94,6 +93,7 @@ private:
     Dialogs& dialogs;
     ActiveMapOwner& owner;
     ViewMemory memory;
+    MapScale scale;     // of the map that was made active
     std::string loaded; // path, size and time of the image in picStorage
 };
 

@@ -3,13 +3,12 @@
 #include <algorithm>
 
 #include "base/Numbers.h"
-#include "geo/NavigationMaths.h"
 #include "store/TextOrder.h"
 
 namespace ornivane {
 
 MapRing::MapRing(Variablen& variablen, ActiveMap& activeMap, PictureSurface& picMap, Progress& progBar)
-    : shared(variablen), map(activeMap), surface(picMap), progress(progBar) {}
+    : catalogue(variablen.DataConn), map(activeMap), surface(picMap), progress(progBar) {}
 
 void MapRing::cmdMapScroll_Click() {
     map.AutoMapSwitch = true;
@@ -30,18 +29,6 @@ bool MapRing::IsAtEdge(const Point& at) const {
            at.Y > surface.ScaleHeight() - EdgePixels;
 }
 
-std::vector<std::string> MapRing::MapsAt(const Position& aircraft) {
-    if (!query.IsPrepared())
-        query = Statement(shared.DataConn, "Select Name from Maps Where Active <> 0 AND ? BETWEEN Links AND "
-                                           "Rechts AND ? BETWEEN Unten AND Oben");
-    std::vector<std::string> names;
-    const StatementRun run(query);
-    query.Bind(1, ToDegMinValue(aircraft.Long));
-    query.Bind(2, ToDegMinValue(aircraft.Lat));
-    while (query.Step()) names.emplace_back(query.Text(0));
-    return names;
-}
-
 std::string MapRing::After(int index) const {
     const auto next = static_cast<std::size_t>(index + 1);
     return next < listNextMap.size() ? listNextMap[next] : listNextMap.front();
@@ -51,7 +38,7 @@ bool MapRing::Search(const Position& aircraft, const Point& mapPoint) {
     HideNext();
     listNextMap.clear();
     if (!map.AutoMapSwitch) return false;
-    listNextMap = MapsAt(aircraft);
+    listNextMap = catalogue.Covering(aircraft);
     if (listNextMap.empty()) return false;
     LblMapNumberShows = listNextMap.size() > 2;
     tNextMapShows = listNextMap.size() > 1;

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "map/ActiveMap.h"
-#include "store/Statement.h"
+#include "map/MapCatalogue.h"
 
 namespace ornivane {
 
@@ -41,14 +41,12 @@ public:
 
 private:
     bool IsAtEdge(const Point& mapPoint) const;
-    std::vector<std::string> MapsAt(const Position& aircraft);
     std::string After(int index) const;
 
-    Variablen& shared;
+    MapCatalogue catalogue;
     ActiveMap& map;
     PictureSurface& surface;
     Progress& progress;
-    Statement query;
 };
 
 } // namespace ornivane

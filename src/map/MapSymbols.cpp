@@ -141,7 +141,8 @@ void MapSymbols::DrawAirfieldSymbol(const Placed& point) {
     surface.SetDrawWidth(6);
     surface.Circle(point.At.X, point.At.Y, 10, RouteColour);
     if (airfield.Heading == AirfieldInfo::NoHeading) return;
-    const double s = 10 * std::sin(DegToRad(airfield.Heading)), c = 10 * std::cos(DegToRad(airfield.Heading));
+    const double angle = DegToRad(transform.ViewAngle(airfield.Heading));
+    const double s = 10 * std::sin(angle), c = 10 * std::cos(angle);
     const Colour colour = airfield.IsPaved ? 0xC0C0C0 : Green;
     surface.Line(point.At.X, point.At.Y, point.At.X + s, point.At.Y - c, colour);
     surface.Line(point.At.X, point.At.Y, point.At.X - s, point.At.Y + c, colour);

@@ -1,5 +1,8 @@
 #include "map/MapTransform.h"
 
+#include <algorithm>
+#include <array>
+
 #include "base/Numbers.h"
 #include "geo/NavigationMaths.h"
 
@@ -31,10 +34,14 @@ Position MapTransform::PositionOfView(const Point& view) const {
 }
 
 ViewBounds MapTransform::GetViewBounds(double x1, double y1, double x2, double y2) const {
-    const Position first = PositionOfView({x1, y1});
-    const Position second = PositionOfView({x2, y2});
+    const std::array<Position, 4> corners{PositionOfView({x1, y1}), PositionOfView({x2, y1}),
+                                          PositionOfView({x1, y2}), PositionOfView({x2, y2})};
+    const auto [south, north] = std::minmax_element(
+        corners.begin(), corners.end(), [](const auto& a, const auto& b) { return a.Lat < b.Lat; });
+    const auto [west, east] = std::minmax_element(
+        corners.begin(), corners.end(), [](const auto& a, const auto& b) { return a.Long < b.Long; });
     const auto minutes = [](double degrees) { return Round(ToDegMinValue(degrees), 2); };
-    return {minutes(first.Lat), minutes(first.Long), minutes(second.Lat), minutes(second.Long)};
+    return {minutes(north->Lat), minutes(west->Long), minutes(south->Lat), minutes(east->Long)};
 }
 
 } // namespace ornivane

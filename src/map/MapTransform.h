@@ -43,7 +43,9 @@ public:
     Point ViewOf(const Position& position) const { return ViewOfImage(ImageOf(position)); }
     Point ImageOfView(const Point& view) const;
     Position PositionOfView(const Point& view) const;
-    // The first point gives north and west, the second south and east.
+    // In which direction a true course points in the view; 0 is up. North is up on every chart so far.
+    double ViewAngle(double trueCourse) const { return trueCourse; }
+    // The window that holds the rectangle between two view points, the first at its top left.
     ViewBounds GetViewBounds(double x1, double y1, double x2, double y2) const;
     double ViewWidth() const { return width; }
     double ViewHeight() const { return height; }

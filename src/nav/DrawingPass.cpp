@@ -91,7 +91,8 @@ void DrawingPass::Overlays() {
     if (AircraftIsFarOutside() && !rooms.Map.AutoMapSwitch) return;
     if (searches) mapChanged = rooms.Ring.Search({rooms.State.CurLat, rooms.State.CurLong}, MapPoint);
     const double direction = rooms.State.lblBearing == NoValue ? 0 : NumberIn(rooms.State.lblBearing);
-    DrawAircraft(rooms.picMap, MapPoint, direction, !rooms.State.NoFix, rooms.Shared.SymbolType);
+    DrawAircraft(rooms.picMap, MapPoint, transform.ViewAngle(direction), !rooms.State.NoFix,
+                 rooms.Shared.SymbolType);
 }
 
 Statement& DrawingPass::RoutePointRows() {

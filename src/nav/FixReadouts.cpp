@@ -18,21 +18,17 @@ double WireNumber(const std::string& text) {
 
 } // namespace
 
-FixReadouts::FixReadouts(FlightState& flightState, GpsLink& gpsLink, const LocaleText& localeText,
+FixReadouts::FixReadouts(FlightState& flightState, const LocaleText& localeText,
                          FixReadoutsOwner& readoutsOwner)
-    : state(flightState), link(gpsLink), locale(localeText), owner(readoutsOwner) {}
-
-void FixReadouts::ShowLamp(std::size_t lamp) {
-    for (std::size_t i = 0; i < link.picGPSCheck.size(); ++i) link.picGPSCheck[i].Visible = i == lamp;
-}
+    : state(flightState), locale(localeText), owner(readoutsOwner) {}
 
 void FixReadouts::FixObtained() {
-    ShowLamp(1);
+    owner.ShowFix(true);
     state.NoFix = false;
 }
 
 void FixReadouts::FixLost() {
-    ShowLamp(0);
+    owner.ShowFix(false);
     state.NoFix = true;
     owner.DrawOverlays();
 }
@@ -111,11 +107,7 @@ void FixReadouts::SatellitesUsedReceived(std::int16_t satellitesUsed) {
 }
 
 void FixReadouts::SatellitesInViewReceived(std::int16_t satellitesInView) {
-    if (state.NoFix) {
-        for (auto& lamp : link.picGPSCheck) lamp.ToolTip = "Sat: -/-";
-        return;
-    }
-    link.picGPSCheck[1].ToolTip = "Sat: " + state.Label7 + "/" + std::to_string(satellitesInView);
+    owner.ShowSatellites(state.Label7, state.NoFix ? std::optional<int>() : satellitesInView);
 }
 
 void FixReadouts::ClearDisplays() {

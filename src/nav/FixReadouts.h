@@ -2,10 +2,10 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "base/LocaleText.h"
-#include "gps/GpsLink.h"
 #include "gps/NmeaInterpreter.h"
 #include "nav/FlightState.h"
 
@@ -16,6 +16,8 @@ class FixReadoutsOwner {
 public:
     virtual ~FixReadoutsOwner() = default;
     virtual void UpdateMap() = 0;
+    virtual void ShowFix(bool has) = 0; // the lamps of the link
+    virtual void ShowSatellites(const std::string& used, std::optional<int> inView) = 0;
     virtual void DrawOverlays() = 0;                 // over the picture that stands, and shows it
     virtual void UpdateInstrument(double angle) = 0; // degrees by which the card is turned
     virtual void SpeedChanged(double knots) = 0;     // with a fix
@@ -26,7 +28,7 @@ public:
 // first position with a fix and then at every 21st.
 class FixReadouts : public NmeaListener {
 public:
-    FixReadouts(FlightState& state, GpsLink& link, const LocaleText& locale, FixReadoutsOwner& owner);
+    FixReadouts(FlightState& state, const LocaleText& locale, FixReadoutsOwner& owner);
 
     void PositionReceived(const std::string& latitude, const std::string& longitude,
                           const std::string& latraw, const std::string& longraw) override;
@@ -46,10 +48,7 @@ public:
     void ClearDisplays();
 
 private:
-    void ShowLamp(std::size_t lamp);
-
     FlightState& state;
-    GpsLink& link;
     const LocaleText& locale;
     FixReadoutsOwner& owner;
     std::int16_t PositionCount = -1; // positions since the last redraw

@@ -8,8 +8,8 @@ namespace ornivane {
 
 FlyingScreen::FlyingScreen(const FlyingScreenWorld& w, std::function<void()> stateChanged,
                            std::function<void()> focusOnMap)
-    : Link(w.MSComm1, w.timerCheck, w.Messages, w.SystemClock, w.Shared, State.NoFix, *this),
-      Readouts(State, Link, w.Shared.Locale, *this), gps(Readouts),
+    : Link(w.MSComm1, w.timerCheck, w.Messages, w.SystemClock, w.Shared, *this),
+      Readouts(State, w.Shared.Locale, *this), gps(Readouts),
       Map(w.Shared, w.picStorage, w.picMap, w.progBar, w.Messages, *this),
       Ring(w.Shared, Map, w.picMap, w.progBar), Route(w.Shared, State, *this),
       ActiveLeg(State, w.Shared.Locale, w.SystemClock), Wind(State, w.Shared.Locale, w.picWind),
@@ -193,7 +193,13 @@ void FlyingScreen::LoggingFailed(const RuntimeError& error) {
                        DescribeError(error, world.Shared.EnglishUI == 1));
 }
 
-void FlyingScreen::ClearDisplays() { Readouts.ClearDisplays(); }
+void FlyingScreen::DataLost() {
+    Readouts.ClearDisplays();
+    State.NoFix = true;
+    UpdateMap();
+}
+
+void FlyingScreen::NoSignal() { Readouts.ClearDisplays(); }
 void FlyingScreen::RefreshRouteList() { Route.RefreshRouteList(); }
 void FlyingScreen::FocusMap() { focusMap(); }
 

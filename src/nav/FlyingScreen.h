@@ -92,7 +92,12 @@ public:
     std::string lblQNH; // "QNH 1013"
 
 private:
-    void ClearDisplays() override;
+    void DataLost() override;
+    void NoSignal() override;
+    void ShowFix(bool has) override { Link.ShowFix(has); }
+    void ShowSatellites(const std::string& used, std::optional<int> inView) override {
+        Link.ShowSatellites(used, inView);
+    }
     void RefreshRouteList() override;
     void FocusMap() override;
     void StateChanged() override;

@@ -27,17 +27,13 @@ protected:
         Link.Form_Activate();
     }
 
-    void ClearDisplays() override { Calls += "clear "; }
-    void UpdateMap() override { Calls += "map "; }
+    void DataLost() override { Calls += "lost "; }
+    void NoSignal() override { Calls += "nothing "; }
     void RefreshRouteList() override { Calls += "routes "; }
     void FocusMap() override { Calls += "focus "; }
     void StateChanged() override {}
-    void FixObtained() override { ShowLamp(1); }
-    void FixLost() override { ShowLamp(0); }
-    void ShowLamp(int lamp) {
-        for (int i = 0; i < 3; ++i) Link.picGPSCheck[i].Visible = i == lamp;
-        NoFix = lamp != 1;
-    }
+    void FixObtained() override { Link.ShowFix(true); }
+    void FixLost() override { Link.ShowFix(false); }
 
     // "0", "1" or "2" for the indicator that shows, "-" for none; then what lblStatus shows.
     std::string Signs() const {
@@ -59,9 +55,8 @@ protected:
     FakeDialogs Dialogs;
     SetClock Clock;
     Variablen Shared;
-    bool NoFix = true;
     std::string Calls;
-    GpsLink Link{Port, Timer, Dialogs, Clock, Shared, NoFix, *this};
+    GpsLink Link{Port, Timer, Dialogs, Clock, Shared, *this};
     NmeaInterpreter gps{*this};
 };
 
@@ -130,8 +125,7 @@ TEST_F(GpsLinkTest, ReopensThePortEveryFiveSecondsUntilDataReturns) {
     Run();
     Port.HangUp();
     EXPECT_EQ(Signs(), "2");
-    EXPECT_EQ(Calls, "clear map ");
-    EXPECT_TRUE(NoFix);
+    EXPECT_EQ(Calls, "lost ");
     EXPECT_FALSE(Link.DataSeen);
     EXPECT_EQ(Link.CheckCount, GpsLink::DataLostWatch);
     EXPECT_EQ(Timer.Interval(), 5000);
@@ -144,7 +138,7 @@ TEST_F(GpsLinkTest, ReopensThePortEveryFiveSecondsUntilDataReturns) {
     Calls.clear();
     Timer.Fire();
     EXPECT_EQ(Signs(), "2 No Signal an COM 7");
-    EXPECT_EQ(Calls, "clear routes ");
+    EXPECT_EQ(Calls, "nothing routes ");
     EXPECT_EQ(Port.Attempts.size(), 5u);
 
     Port.Receive(Fix);
@@ -257,7 +251,6 @@ TEST_F(GpsLinkTest, SurvivesAVisitToAnotherScreenInEveryState) {
     Port.Failure = ErrorNumber::FileNotFound;
     Link.Form_Activate();
     EXPECT_EQ(Signs(), "2");
-    EXPECT_TRUE(NoFix);
 
     // Data lost: the watch goes on.
     Link.Form_Deactivate();
