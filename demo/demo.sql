@@ -26,7 +26,7 @@ INSERT INTO Waypoints (Name, Lat, Long, Kategorie) VALUES
   ('Heinsberg', 51.038, 6.058, 'Stadt'),
   ('Bergisch Gladbach', 50.595, 7.08, 'Stadt'),
   ('Dormagen', 51.058, 6.502, 'Stadt'),
-  ('demo data, not for navigation', 50.39, 6.03, 'Stadt'),
+  ('demo data, not for navigation', 50.41, 6.56, 'Stadt'),
   ('EDKA', 50.494, 6.112, 'Flugplatz'),
   ('EDKB', 50.461, 7.098, 'Flugplatz'),
   ('EDDK', 50.52, 7.086, 'Flugplatz'),

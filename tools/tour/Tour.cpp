@@ -134,6 +134,7 @@ void Tour::Fly() {
     for (const std::string button : {"cmdshowRoute", "cmdWayInfo"})
         if (program->Ask("property " + button + " Lit") != "true") program->Click(button);
     Picture("flight-settings-panel");
+    ShowStages();
     program->Click("cmdSet");
     const std::string before = program->Text("lblLat") + program->Text("lblLong");
     Check(WaitUntil([&] { return program->Text("lblLat") + program->Text("lblLong") != before; }),
@@ -144,7 +145,7 @@ void Tour::Fly() {
     program->Click("cmdNight");
     ShowInstruments("night");
     program->Click("cmdNight");
-    Check(program->Visible("picRecord") && std::atoi(program->Text("lblRecord").c_str()) > 0,
+    Check(WaitUntil([this] { return std::atoi(program->Text("lblRecord").c_str()) > 0; }, 15s),
           "the track is recorded");
     Check(WaitUntil([this] { return Distance() > 10; }, 40s), "it steps to the next leg");
     Picture("flight-next-leg");
@@ -170,6 +171,28 @@ void Tour::ShowInstruments(const std::string& palette) {
           "the VOR is found by its letter");
     Picture("flight-vor-search-" + palette);
     program->Do("key tVOR1 Escape");
+}
+
+// The switches of three stages, from off to on with texts. Each button shows only at its stage.
+void Tour::ShowStages() {
+    const std::string zoom = program->Ask("property SlideMap value");
+    program->Do("slider SlideMap 60");
+    const auto stages = [this](const std::string& what, std::initializer_list<const char*> buttons) {
+        // Around to the one that switches off, then on from there.
+        for (int i = 0; i < 2 && !program->Visible(*buttons.begin()); ++i)
+            for (const char* button : buttons)
+                if (program->Visible(button) && !program->Visible(*buttons.begin())) program->Click(button);
+        Check(program->Visible(*buttons.begin()), what + " are off");
+        for (const char* button : buttons) {
+            Picture("flight-" + what + "-" + button);
+            if (button != *(buttons.end() - 1)) program->Click(button);
+        }
+    };
+    stages("airspace", {"cmdLR1", "cmdLR2", "picLR3"});
+    stages("airfields", {"cmdAPT1", "cmdAPT2", "picAPT3"});
+    if (program->Ask("property cmdPR Lit") != "true") program->Click("cmdPR");
+    Picture("flight-patterns");
+    program->Do("slider SlideMap " + zoom);
 }
 
 void Tour::EnterWind() {

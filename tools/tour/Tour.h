@@ -28,6 +28,7 @@ private:
     void Fly();
     void ShowInstruments(const std::string& palette);
     void EnterWind();
+    void ShowStages();
     void Resize(std::string size);
     void VisitScreens(const std::string& language, const std::string& palette);
     void VisitDialogs();
