@@ -25,36 +25,29 @@ double AirspaceSelection::ComparedHeight(double feet, double qnh) {
     return feet > lowest ? feet + (standardPressure - qnh) * feetPerHectopascal : feet;
 }
 
-std::vector<std::int16_t> AirspaceSelection::Numbers(Statement& query, const ViewBounds& bounds,
-                                                     double height) {
+std::vector<std::int16_t> AirspaceSelection::Numbers(Statement& query, const char* which,
+                                                     const ViewBounds& bounds, double height) {
+    if (!query.IsPrepared())
+        query = Statement(
+            luftraum, std::string("SELECT DISTINCT \"Index\" FROM Luftraum WHERE LAT BETWEEN ?1 AND ?2 AND "
+                                  "LONG BETWEEN ?3 AND ?4 AND Low <= ?5 AND ") +
+                          which + " ORDER BY \"Index\" ASC");
     std::vector<std::int16_t> numbers;
     const StatementRun run(query);
-    query.Bind(1, bounds.ViewSouth);
-    query.Bind(2, bounds.ViewNorth);
-    query.Bind(3, bounds.ViewWest);
-    query.Bind(4, bounds.ViewEast);
-    query.Bind(5, height + Margin);
-    query.Bind(6, height - Margin);
+    const double values[] = {bounds.ViewSouth, bounds.ViewNorth, bounds.ViewWest,
+                             bounds.ViewEast,  height + Margin,  height - Margin};
+    for (int i = 0; i < 6; ++i) query.Bind(i + 1, values[i]);
     while (query.Step()) numbers.push_back(ToInt16(query.Number(0)));
     return numbers;
 }
 
 std::vector<std::int16_t> AirspaceSelection::Airspaces(const ViewBounds& view, double height) {
-    if (!airspaces.IsPrepared())
-        airspaces =
-            Statement(luftraum, "SELECT DISTINCT \"Index\" FROM Luftraum WHERE LAT BETWEEN ? AND ? AND "
-                                "LONG BETWEEN ? AND ? AND Low <= ? AND HIGH >= ? AND "
-                                "AspType <> 'A' COLLATE BINARY ORDER BY \"Index\" ASC");
-    return Numbers(airspaces, Widened(view), height);
+    return Numbers(airspaces, "HIGH >= ?6 AND AspType <> 'A' COLLATE BINARY", Widened(view), height);
 }
 
 std::vector<std::int16_t> AirspaceSelection::Patterns(const ViewBounds& view, double height) {
-    if (!patterns.IsPrepared())
-        patterns =
-            Statement(luftraum, "SELECT DISTINCT \"Index\" FROM Luftraum WHERE LAT BETWEEN ? AND ? AND "
-                                "LONG BETWEEN ? AND ? AND Low <= ? AND ? IS NOT NULL AND "
-                                "AspType = 'A' COLLATE BINARY ORDER BY \"Index\" ASC");
-    return Numbers(patterns, view, height);
+    // No upper limit; the parameter only has to be there.
+    return Numbers(patterns, "?6 IS NOT NULL AND AspType = 'A' COLLATE BINARY", view, height);
 }
 
 } // namespace ornivane

@@ -27,7 +27,8 @@ public:
     std::vector<std::int16_t> Patterns(const ViewBounds& view, double height);
 
 private:
-    std::vector<std::int16_t> Numbers(Statement& query, const ViewBounds& bounds, double height);
+    std::vector<std::int16_t> Numbers(Statement& query, const char* which, const ViewBounds& bounds,
+                                      double height);
 
     Connection& luftraum;
     Statement airspaces, patterns;
