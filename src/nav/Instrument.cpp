@@ -77,7 +77,9 @@ void Instrument::UpdateVORBearing(const Position& station) {
     if (lat == 0 || longitude == 0 || vorLat == 0 || vorLong == 0) return;
     const double d = AngleBetween(lat, longitude, vorLat, vorLong);
     const double distance = d * 60 * 180 / Pi;
-    lbldistVOR = Format(distance, distance < 30 ? "##0.0" : "##0", shared.Locale);
+    // Before the first position of the receiver the aircraft only stands somewhere on the map.
+    lbldistVOR =
+        state.HadPosition ? Format(distance, distance < 30 ? "##0.0" : "##0", shared.Locale) : NoValue;
     // Jumps at the station's meridian: its two branches are the initial course and the final one.
     VORBearing = TrueCourse(lat, longitude, vorLat, vorLong, d);
 }

@@ -104,10 +104,8 @@ void frmInstrumentPanel::Attach(Instrument& toShow, std::function<void()> done,
 void frmInstrumentPanel::ConnectEntries() {
     guard.Connect(tVOR1, &QLineEdit::textEdited,
                   [this](const QString& text) { Do([&] { instrument->tVOR1_Change(text.toStdString()); }); });
-    guard.Connect(tVOR1, &QLineEdit::returnPressed, [this] { Do([this] { instrument->tVOR1_Enter(); }); });
     guard.Connect(tKurs, &QLineEdit::textEdited,
                   [this](const QString& text) { Do([&] { instrument->tKurs_Change(text.toStdString()); }); });
-    guard.Connect(tKurs, &QLineEdit::returnPressed, [this] { Do([this] { instrument->tKurs_Enter(); }); });
 }
 
 void frmInstrumentPanel::Do(const std::function<void()>& event) {
@@ -130,14 +128,14 @@ void frmInstrumentPanel::Pressed(Qt::MouseButton button) {
     if (instrument->frmKurs) enter(*tKurs, instrument->tKurs);
 }
 
+// Both keys end here: a field would pass Enter on to the screen, where it begins a wind entry.
 bool frmInstrumentPanel::eventFilter(QObject* watched, QEvent* event) {
     const auto key = event->type() == QEvent::KeyPress ? static_cast<QKeyEvent*>(event)->key() : 0;
-    if (key == Qt::Key_Escape && watched == tVOR1)
-        guard.Run([this] { Do([this] { instrument->tVOR1_Escape(); }); });
-    else if (key == Qt::Key_Escape && watched == tKurs)
-        guard.Run([this] { Do([this] { instrument->tKurs_Escape(); }); });
-    else
-        return QWidget::eventFilter(watched, event);
+    const bool isEnter = key == Qt::Key_Return || key == Qt::Key_Enter;
+    if (!isEnter && key != Qt::Key_Escape) return QWidget::eventFilter(watched, event);
+    const auto end = watched == tVOR1 ? (isEnter ? &Instrument::tVOR1_Enter : &Instrument::tVOR1_Escape)
+                                      : (isEnter ? &Instrument::tKurs_Enter : &Instrument::tKurs_Escape);
+    guard.Run([&] { Do([&] { (instrument->*end)(); }); });
     return true;
 }
 

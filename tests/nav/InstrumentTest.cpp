@@ -19,6 +19,7 @@ protected:
             "('Köln', 50.56, 6.57, ''), ('West', 50.00, 6.00, ''), ('O''Hara', 50.30, 7.1, '')");
         State.CurLat = 50.5;
         State.CurLong = 7.0;
+        State.HadPosition = true;
     }
     void Choose(const std::string& mode, const std::string& station = "KBO",
                 const std::string& track = "060") {
@@ -61,8 +62,10 @@ TEST_F(InstrumentTest, PointsTheNeedleToTheStationAndTellsItsDistance) {
     Choose("VOR", "West");
     EXPECT_EQ(Dial.lbldistVOR, "49"); // from 30 NM on without a decimal
     EXPECT_NEAR(Dial.VORBearing, 231.593, 0.001);
+    State.HadPosition = false;
     Choose("VOR", "KBO", "---"); // without a track: parked across, red
     EXPECT_TRUE(Drew("line 105,100 194,100 w3 #FF0000"));
+    EXPECT_EQ(Dial.lbldistVOR, "---"); // there was no position yet
 }
 
 TEST_F(InstrumentTest, TheHsiShowsDeviationAndToOrFrom) {

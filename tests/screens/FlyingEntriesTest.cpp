@@ -66,10 +66,13 @@ TEST_F(FlyingEntriesTest, TheInstrumentTakesStationAndCourseAndThenGivesTheKeysB
     Find<QWidget>("picMap").setFocus();
     click(Qt::RightButton); // again: what was typed stays, and the keys come back to it
     EXPECT_EQ(name.text().toStdString() + Text("lblResult"), "kbKBO");
-    QTest::keyClick(&name, Qt::Key_Return);
+    Form.Logic().Wind.lblHeading = "090";
+    Form.Logic().Wind.lblIAS = "110"; // a complete entry, which any key of the screen would end
+    QTest::keyPress(&name, Qt::Key_Return);
     EXPECT_FALSE(Shows("frmVOR"));
+    QTest::keyRelease(&Find<QWidget>("picMap"), Qt::Key_Return);
     EXPECT_EQ(Text("lblVOR1"), "KBO");
-    EXPECT_EQ(Entry(), "--- ---"); // nothing of it went into the wind
+    EXPECT_EQ(Entry(), "090 110"); // nothing of it went into the wind
     click(Qt::LeftButton);
     click(Qt::RightButton);
     auto& course = Find<QLineEdit>("tKurs");
@@ -80,7 +83,7 @@ TEST_F(FlyingEntriesTest, TheInstrumentTakesStationAndCourseAndThenGivesTheKeysB
     EXPECT_FALSE(Shows("frmKurs"));
     QTest::keyRelease(&Find<QWidget>("picMap"), Qt::Key_2); // the last digit is let go over the map
     EXPECT_EQ(Text("lblKurs"), "052°");
-    EXPECT_EQ(Entry(), "--- ---");
+    EXPECT_EQ(Entry(), "090 110");
     Form.Form_Unload();
     frmGPSmain again({Shared, Port, Timer, TrackTimer, Port, Clock, Dialogs, Notices, Guard});
     again.Form_Activate();
