@@ -150,6 +150,9 @@ TEST(OpenAir, DirectionStartsClockwiseAtEachAirspaceAndTheCentreStays) {
 
 TEST(OpenAir, JunkIsBounded) {
     EXPECT_THAT(Reasons(ReadOpenAir(std::string("A\0C\0", 4))), HasSubstr("no text"));
+    std::string zero = Head + Triangle + Head + Triangle;
+    zero[zero.rfind("DP") + 4] = '\0'; // one character of the second airspace
+    EXPECT_THAT(ReadOpenAir(zero).Airspaces, SizeIs(1));
     std::string endless = Head;
     for (int i = 0; i < 10001; ++i) endless += "DP 48:00:00 N 17:00:0" + std::to_string(i % 10) + " E\n";
     EXPECT_THAT(Reasons(ReadOpenAir(endless)), HasSubstr("10005 One: more than 10000 points"));
