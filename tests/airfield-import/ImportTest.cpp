@@ -85,7 +85,7 @@ struct Imported {
     }
 
     TemporaryFolder Folder;
-    Options Settings{Folder.Path() / "ovdata.ovd", Folder.Path(), false, false};
+    Options Settings{Folder.Path() / "ovdata.ovd", Folder.Path()};
     std::string Out, Errors;
 };
 
@@ -129,6 +129,17 @@ TEST(AirfieldImport, TellsEachRefusedRowWithFileAndLine) {
                              "left out: 1 airports with a national code under another country's prefix\n",
                              "left out: 1 frequencies outside 108 to 137 MHz\n", "refused: 8 rows\n"})
         EXPECT_THAT(import.Out, HasSubstr(line));
+}
+
+TEST(AirfieldImport, TakesEveryAirportWhenAsked) {
+    Imported import;
+    import.Settings.Take = Extent::Everything;
+    import.Run();
+    EXPECT_EQ(import.Out.find("airports\nleft out"), std::string::npos);
+    EXPECT_EQ(import.Out.find("left out: 1 closed airports"), std::string::npos);
+    EXPECT_EQ(import.Out.find("heliports"), std::string::npos);
+    EXPECT_THAT(import.Query("SELECT count(*) FROM ARPT"), ElementsAre("9")); // of 11, one damaged, one twice
+    EXPECT_TRUE(import.Query(Undrawable).empty());
 }
 
 TEST(AirfieldImport, ReplacesAStoreOnlyWhenAskedAndOnlyByACompleteOne) {

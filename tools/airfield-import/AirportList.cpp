@@ -52,9 +52,9 @@ bool AirportList::Wanted(const AirportRecord& record, Entry& entry) {
         return false;
     }
     if (!ReadPosition(record, entry)) return false;
-    if (record.Type == "closed") {
+    if (record.Type == "closed" && extent != Extent::Everything) {
         report.LeaveOut("closed airports");
-    } else if (!heliports && (record.Type == "heliport" || record.Type == "balloonport")) {
+    } else if (extent == Extent::Airfields && (record.Type == "heliport" || record.Type == "balloonport")) {
         report.LeaveOut("heliports and balloonports");
     } else if (!ReadCode(record, entry)) {
         report.LeaveOut("airports without a location indicator of four characters");
@@ -81,7 +81,10 @@ bool AirportList::ReadCode(const AirportRecord& record, Entry& entry) const {
         entry.Rank = static_cast<int>(i);
         if (IsCode(entry.Field.Code)) return true;
     }
-    return false;
+    if (extent != Extent::Everything || record.Ident.size() < 3) return false;
+    entry.Field.Code = UpperAscii(record.Ident);
+    entry.Rank = static_cast<int>(columns.size());
+    return true;
 }
 
 bool AirportList::WinsItsCode(const Entry& entry) {
@@ -98,6 +101,7 @@ bool AirportList::WinsItsCode(const Entry& entry) {
 }
 
 void AirportList::Close() {
+    if (extent == Extent::Everything) return;
     PrefixTally tally;
     for (const Entry& entry : entries)
         if (entry.Taken) tally.Count(entry.Field);

@@ -14,6 +14,10 @@ namespace ornivane::airfields {
 
 class Report;
 
+// What of a source is taken: airfields; also places where only helicopters or balloons land; or also closed
+// ones and those whose code has not four characters, which charts show as plain points.
+enum class Extent { Airfields, Heliports, Everything };
+
 // The airports of a source, and which of them are airfields for the program: those with a location indicator
 // of four characters.
 class AirportList {
@@ -31,8 +35,7 @@ public:
         Entry* Taken = nullptr; // null when it is no airfield for the program
     };
 
-    // With heliports, also places where only helicopters or balloons land.
-    AirportList(Report& to, bool withHeliports) : report(to), heliports(withHeliports) {}
+    AirportList(Report& to, Extent toTake) : report(to), extent(toTake) {}
 
     void Take(const AirportRecord& record);
     // After the last airport: decides about codes with digits.
@@ -49,7 +52,7 @@ private:
     bool WinsItsCode(const Entry& entry);
 
     Report& report;
-    bool heliports;
+    Extent extent;
     std::deque<Entry> entries;
     std::unordered_map<std::string, Entry*> byId, byIdent, byCode; // null: known, not taken
 };

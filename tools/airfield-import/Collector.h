@@ -20,7 +20,7 @@ public:
         std::size_t Airports = 0, Runways = 0, Frequencies = 0; // rows read
     };
 
-    Collector(Report& to, bool heliports) : report(to), airports(to, heliports) {}
+    Collector(Report& to, Extent extent) : report(to), airports(to, extent) {}
 
     void Take(const CountryRecord& record);
     void Take(const AirportRecord& record);

@@ -42,7 +42,7 @@ void Summarize(const Collector::Counts& read, const Written& written, const Repo
 
 Outcome Run(const Options& options, std::ostream& out, Report& report) {
     CheckTarget(options);
-    Collector collector(report, options.Heliports);
+    Collector collector(report, options.Take);
     if (fs::is_directory(options.Source))
         ReadCsvFolder(options.Source, collector);
     else

@@ -3,11 +3,14 @@
 #include <filesystem>
 #include <iosfwd>
 
+#include "airfield-import/AirportList.h"
+
 namespace ornivane::airfields {
 
 struct Options {
     std::filesystem::path Store, Source; // Source: a folder with CSV files, or a database file
-    bool Replace = false, Heliports = false;
+    bool Replace = false;
+    Extent Take = Extent::Airfields;
 };
 
 enum class Outcome { AllTaken = 0, SomeRefused = 1, NothingWritten = 3 };

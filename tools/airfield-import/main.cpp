@@ -9,11 +9,12 @@
 namespace {
 
 constexpr const char* Usage =
-    "airfield-import [--replace] [--heliports] STORE SOURCE\n"
+    "airfield-import [--replace] [--heliports | --all] STORE SOURCE\n"
     "Makes the store of airfields (ovdata.ovd) from public airport data. SOURCE is a folder with the files\n"
     "airports.csv, runways.csv, airport-frequencies.csv and countries.csv, or a database file with the\n"
     "tables airports, runways, runway_ends and frequencies. A store that is there is replaced only with\n"
-    "--replace. Heliports and balloonports are left out unless --heliports asks for them.\n"
+    "--replace. Heliports and balloonports are left out unless --heliports asks for them;\n"
+    "--all takes closed airports and codes that have not four characters as well.\n"
     "Rows that cannot be used are told with file, line and reason; the rest is taken.\n"
     "Exit status: 0 all was taken, 1 some rows were refused, 2 wrong call, 3 nothing was written.\n";
 
@@ -23,7 +24,9 @@ bool Parse(const std::vector<std::string_view>& arguments, ornivane::airfields::
         if (argument == "--replace")
             options.Replace = true;
         else if (argument == "--heliports")
-            options.Heliports = true;
+            options.Take = ornivane::airfields::Extent::Heliports;
+        else if (argument == "--all")
+            options.Take = ornivane::airfields::Extent::Everything;
         else if (argument.starts_with("-") || argument.empty())
             return false;
         else
