@@ -24,7 +24,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (files.size() > 3) texts.Countries = files[3];
     std::ostringstream refusals;
     Report report(refusals);
-    Collector collector(report, true);
+    Collector collector(report, Extent::Everything);
     try {
         ReadCsv(texts, collector);
     } catch (const RuntimeError&) {
