@@ -85,7 +85,7 @@ struct Flight : ChartFolder {
     CompassCard Card;
     QtPictureSurface Surface{1640, 980}, Dial{200, 200}, Wind{100, 100};
     FakeProgress ProgressBar;
-    RecordedDialogs Boxes;
+    ScriptedDialogs Boxes;
     RecordedNotice Notices;
     std::unique_ptr<FlyingScreen> Screen;
 };

@@ -54,7 +54,7 @@ struct Cockpit : ChartFolder {
     IdleTimer CheckTimer;
     IdleTimer TrackTimer;
     SetClock Clock;
-    RecordedDialogs Boxes;
+    ScriptedDialogs Boxes;
     QtNotice Notices;
     EventGuard Guard{Notices, [] { return true; }};
     std::unique_ptr<frmGPSmain> Form;

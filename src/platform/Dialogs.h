@@ -4,8 +4,22 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace ornivane {
+
+// What a file dialog shows first and lets the user choose from.
+struct FileQuestion {
+    struct Filter {
+        std::string Text;    // "All files (*.*)"
+        std::string Pattern; // "*.*"
+    };
+    std::string Title;
+    std::filesystem::path Start; // a folder, or the name suggested for saving
+    std::vector<Filter> Filters;
+    std::size_t Preselected = 0;  // place in Filters
+    std::string DefaultExtension; // without the point; added to a name that has none when saving
+};
 
 class Dialogs {
 public:
@@ -19,6 +33,12 @@ public:
     // whose answer is needed.
     virtual void MessageAndWait(const std::string& title, const std::string& text) = 0;
     virtual bool AskYesNo(const std::string& title, const std::string& text) = 0;
+    // One line of text under a prompt; empty when the user cancelled.
+    virtual std::string InputBox(const std::string& prompt) = 0;
+    // A file that exists; empty when the user cancelled.
+    virtual std::optional<std::filesystem::path> OpenFile(const FileQuestion& question) = 0;
+    // A file to write; the dialog has asked before an existing one is chosen. Empty when the user cancelled.
+    virtual std::optional<std::filesystem::path> SaveFile(const FileQuestion& question) = 0;
 };
 
 // The non-blocking notice at the bottom of the window.

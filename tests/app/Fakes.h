@@ -10,20 +10,12 @@
 #include "platform/Dialogs.h"
 #include "platform/System.h"
 #include "platform/qt/Screen.h"
+#include "support/ScriptedDialogs.h"
 #include "support/TemporaryFolder.h"
 
 namespace ornivane::test {
 
 using Texts = std::vector<std::string>;
-
-struct RecordedDialogs : Dialogs {
-    Texts Shown; // "title|text"
-    void Message(const std::string& title, const std::string& text) override {
-        Shown.push_back(title + "|" + text);
-    }
-    void MessageAndWait(const std::string& title, const std::string& text) override { Message(title, text); }
-    bool AskYesNo(const std::string&, const std::string&) override { return false; }
-};
 
 struct RecordedNotice : Notice {
     Texts Shown;

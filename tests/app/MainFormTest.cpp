@@ -55,7 +55,7 @@ protected:
 
     TemporaryFolder folder;
     Variablen variablen;
-    RecordedDialogs boxes;
+    ScriptedDialogs boxes;
     RecordedNotice notices;
     EventGuard guard{notices, [this] { return variablen.EnglishUI == 1; }};
     ScriptedProcesses programs;

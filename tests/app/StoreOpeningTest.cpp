@@ -30,7 +30,7 @@ protected:
 
     TemporaryFolder folder;
     Variablen variablen;
-    RecordedDialogs boxes;
+    ScriptedDialogs boxes;
     RecordedHints hints;
 };
 

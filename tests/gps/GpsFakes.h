@@ -11,6 +11,7 @@
 #include "gps/GpsLink.h"
 #include "gps/NmeaInterpreter.h"
 #include "platform/PortList.h"
+#include "support/ScriptedDialogs.h"
 
 namespace ornivane {
 
@@ -59,15 +60,6 @@ struct FakeTimer : Timer {
 
     int interval = 0;
     std::function<void()> Callback;
-};
-
-struct FakeDialogs : Dialogs {
-    void Message(const std::string& title, const std::string& text) override {
-        Messages.push_back(title + "|" + text);
-    }
-    void MessageAndWait(const std::string& title, const std::string& text) override { Message(title, text); }
-    bool AskYesNo(const std::string&, const std::string&) override { return false; }
-    std::vector<std::string> Messages;
 };
 
 struct FakePortList : PortList {

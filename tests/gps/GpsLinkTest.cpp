@@ -52,7 +52,7 @@ protected:
     TemporaryFolder Folder;
     FakePort Port;
     FakeTimer Timer;
-    FakeDialogs Dialogs;
+    ScriptedDialogs Dialogs;
     SetClock Clock;
     Variablen Shared;
     std::string Calls;
@@ -151,7 +151,7 @@ TEST_F(GpsLinkTest, ReopensThePortEveryFiveSecondsUntilDataReturns) {
 TEST_F(GpsLinkTest, TakesABreakAsALineEventWithOneMessage) {
     Run();
     Port.Callback(SerialEvent::Break);
-    EXPECT_THAT(Dialogs.Messages, ElementsAre("Ornivane GPS|Break"));
+    EXPECT_THAT(Dialogs.Shown, ElementsAre("Ornivane GPS|Break"));
     EXPECT_EQ(Signs(), "2");
     Port.Receive(Fix);
     Timer.Fire();
@@ -164,7 +164,7 @@ TEST_F(GpsLinkTest, StartsNothingOnAGapAndIgnoresAReceiveEventWithoutBytes) {
     Port.Callback(SerialEvent::Receive);
     EXPECT_FALSE(Link.DataSeen);
     EXPECT_EQ(Signs(), "0 Checking COM 7");
-    EXPECT_THAT(Dialogs.Messages, IsEmpty());
+    EXPECT_THAT(Dialogs.Shown, IsEmpty());
 }
 
 TEST_F(GpsLinkTest, PassesASecondCheckAtOnceAndStillFindsTheWayBackWhenThePortWasGone) {

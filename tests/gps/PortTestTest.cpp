@@ -26,7 +26,7 @@ protected:
     FakePort Port;
     FakeTimer Timer;
     FakePortList Ports;
-    FakeDialogs Dialogs;
+    ScriptedDialogs Dialogs;
     Variablen Shared;
     PortTest Screen{Port, Timer, Ports, Dialogs, Shared, [] {}};
 };
@@ -41,15 +41,14 @@ TEST_F(PortTestTest, OffersPortsUpToTwentyAndChoosesTheSavedOneIfItIsStillThere)
     EXPECT_EQ(Screen.SelectedCom, 0);
     Screen.cmdCheck_Click();
     EXPECT_THAT(Port.Attempts, IsEmpty());
-    EXPECT_THAT(Dialogs.Messages, IsEmpty());
+    EXPECT_THAT(Dialogs.Shown, IsEmpty());
 
     Ports.Numbers.clear();
     Screen.Form_Activate();
     Shared.EnglishUI = 0;
     Screen.Form_Activate();
-    EXPECT_THAT(Dialogs.Messages,
-                ElementsAre("No COM was found|No COM Port available",
-                            "Es wurde kein COM Port gefunden|Keine COM Anschlüsse vorhanden"));
+    EXPECT_THAT(Dialogs.Shown, ElementsAre("No COM was found|No COM Port available",
+                                           "Es wurde kein COM Port gefunden|Keine COM Anschlüsse vorhanden"));
 }
 
 TEST_F(PortTestTest, SavesPortAndBaudRateOnlyWhenDataCame) {

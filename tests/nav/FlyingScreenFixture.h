@@ -42,7 +42,7 @@ protected:
     FakePicture Storage, Card;
     DrawnSurface Surface, Gyro, WindRose;
     FakeProgress ProgressBar;
-    RecordedDialogs Boxes;
+    ScriptedDialogs Boxes;
     RecordedNotice Notices;
     std::unique_ptr<FlyingScreen> Screen;
 };

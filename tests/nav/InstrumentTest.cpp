@@ -34,7 +34,7 @@ protected:
     FlightState State;
     DrawnSurface Surface;
     FakePicture Card;
-    RecordedDialogs Boxes;
+    ScriptedDialogs Boxes;
     Instrument Dial{Shared, State, Surface, Card, Boxes};
 };
 
@@ -99,7 +99,7 @@ TEST_F(InstrumentTest, TheHsiShowsDeviationAndToOrFrom) {
 TEST_F(InstrumentTest, AnUnknownStationIsToldAtEachRedrawUntilAnotherIsEntered) {
     Choose("VOR", "Nowhere");
     Choose("VOR", "Nowhere");
-    EXPECT_EQ(Boxes.Shown, std::vector<std::string>(2, "Error: VOR nicht gefunden: Nowhere"));
+    EXPECT_EQ(Boxes.Shown, std::vector<std::string>(2, "Error|VOR nicht gefunden: Nowhere"));
     EXPECT_EQ(Dial.lbldistVOR, "---");
     Dial.RightButton();
     Dial.Redraw();

@@ -42,9 +42,8 @@ TEST_F(MapChoiceTest, AFrameWithoutExtentIsToldAndAMissingImageIsNot) {
     Sql("UPDATE Maps SET Rechts = 6 WHERE Name = 'Zulu.JPG'");
     FlyingScreen& screen = Start();
     screen.Map.cmbMaps_Click("Zulu.JPG");
-    EXPECT_EQ(Boxes.Shown,
-              (std::vector<std::string>{
-                  "Fehler in Karte: Fehler in Karte: Zulu.JPG - Bitte Koordinaten üperprüfen."}));
+    EXPECT_EQ(Boxes.Shown, (std::vector<std::string>{
+                               "Fehler in Karte|Fehler in Karte: Zulu.JPG - Bitte Koordinaten üperprüfen."}));
     EXPECT_TRUE(ProgressBar.Visible);
     Boxes.Shown.clear();
     std::filesystem::remove(Folder.Path() / "Karten" / "alpha.jpg");

@@ -6,6 +6,7 @@
 #include "base/Numbers.h"
 #include "platform/Dialogs.h"
 #include "platform/PictureSurface.h"
+#include "support/ScriptedDialogs.h"
 #include "support/SetClock.h"
 
 namespace ornivane {
@@ -85,20 +86,6 @@ public:
     void SetVisible(bool visible) override { Visible = visible; }
     std::vector<int> Values;
     bool Visible = false;
-};
-
-class RecordedDialogs : public Dialogs {
-public:
-    void Message(const std::string& title, const std::string& text) override {
-        Shown.push_back(title + ": " + text);
-    }
-    void MessageAndWait(const std::string& title, const std::string& text) override { Message(title, text); }
-    bool AskYesNo(const std::string& title, const std::string& text) override {
-        Message(title, text);
-        return Answer;
-    }
-    std::vector<std::string> Shown;
-    bool Answer = false;
 };
 
 class RecordedNotice : public Notice {

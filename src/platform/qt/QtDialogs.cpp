@@ -1,6 +1,8 @@
 #include "platform/qt/QtDialogs.h"
 
+#include <QInputDialog>
 #include <QMessageBox>
+#include <QStringList>
 
 namespace ornivane {
 
@@ -56,6 +58,52 @@ bool QtDialogs::AskYesNo(const std::string& title, const std::string& text) {
     box.setObjectName("questionBox");
     box.setTextFormat(Qt::PlainText);
     return box.exec() == QMessageBox::Yes;
+}
+
+std::string QtDialogs::InputBox(const std::string& prompt) {
+    QInputDialog box(parent);
+    box.setObjectName("inputBox");
+    box.setWindowTitle("Ornivane GPS");
+    box.setLabelText(QString::fromStdString(prompt));
+    return box.exec() == QDialog::Accepted ? box.textValue().toStdString() : std::string();
+}
+
+// Qt's own dialog, not the desktop's: it is the same on every machine and can be driven by keys in tests.
+std::optional<std::filesystem::path> QtDialogs::Ask(QFileDialog& dialog, const FileQuestion& question) {
+    dialog.setObjectName("fileDialog");
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setWindowTitle(QString::fromStdString(question.Title));
+    QStringList filters;
+    for (const auto& filter : question.Filters)
+        filters << QString::fromStdString(filter.Text + (filter.Text.find('(') == std::string::npos
+                                                             ? " (" + filter.Pattern + ")"
+                                                             : std::string()));
+    dialog.setNameFilters(filters);
+    if (question.Preselected < static_cast<std::size_t>(filters.size()))
+        dialog.selectNameFilter(filters[static_cast<int>(question.Preselected)]);
+    dialog.setDefaultSuffix(QString::fromStdString(question.DefaultExtension));
+    std::error_code missing;
+    if (std::filesystem::is_directory(question.Start, missing)) {
+        dialog.setDirectory(QString::fromStdString(question.Start.string()));
+    } else if (!question.Start.empty()) {
+        dialog.setDirectory(QString::fromStdString(question.Start.parent_path().string()));
+        dialog.selectFile(QString::fromStdString(question.Start.filename().string()));
+    }
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+    return std::filesystem::path(dialog.selectedFiles().front().toStdString());
+}
+
+std::optional<std::filesystem::path> QtDialogs::OpenFile(const FileQuestion& question) {
+    QFileDialog dialog(parent);
+    dialog.setAcceptMode(QFileDialog::AcceptOpen);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    return Ask(dialog, question);
+}
+
+std::optional<std::filesystem::path> QtDialogs::SaveFile(const FileQuestion& question) {
+    QFileDialog dialog(parent);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    return Ask(dialog, question);
 }
 
 } // namespace ornivane

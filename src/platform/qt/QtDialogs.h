@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QFileDialog>
 #include <QPointer>
 #include <QQueue>
 #include <QWidget>
@@ -20,11 +21,15 @@ public:
     void MessageBeside(const std::string& title, const std::string& text) override;
     void MessageAndWait(const std::string& title, const std::string& text) override;
     bool AskYesNo(const std::string& title, const std::string& text) override;
+    std::string InputBox(const std::string& prompt) override;
+    std::optional<std::filesystem::path> OpenFile(const FileQuestion& question) override;
+    std::optional<std::filesystem::path> SaveFile(const FileQuestion& question) override;
 
 private:
     using Box = std::pair<QString, QString>;
     void ShowNext();
     QMessageBox* Make(const Box& box);
+    std::optional<std::filesystem::path> Ask(QFileDialog& dialog, const FileQuestion& question);
 
     QPointer<QWidget> parent;
     QPointer<QMessageBox> standing, beside;
