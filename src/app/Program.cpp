@@ -2,6 +2,7 @@
 
 #include "app/frmPlaceholder.h"
 #include "app/frmSettings.h"
+#include "calibration/frmCalibrate.h"
 #include "nav/frmGPSmain.h"
 #include "platform/qt/Theme.h"
 
@@ -72,9 +73,7 @@ Screen* Program::MakeScreen(Mode mode) {
                                   {"Hier werden Wegpunkte verwaltet und Strecken auf der Karte gebaut.",
                                    "Here waypoints are kept and routes are built on the chart."});
     case Mode::MapData:
-        return new frmPlaceholder(
-            variablen, "frmCalibrate", ModeCaption(mode),
-            {"Hier werden Karten angemeldet und kalibriert.", "Here charts are registered and calibrated."});
+        return new frmCalibrate(variablen, guard, dialogs);
     case Mode::FlightPlan:
         break;
     }

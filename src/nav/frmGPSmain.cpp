@@ -11,7 +11,7 @@
 
 #include "base/Flagged.h"
 #include "nav/frmInstrumentPanel.h"
-#include "nav/frmNamed.h"
+#include "platform/qt/Named.h"
 #include "nav/frmRecordPanel.h"
 #include "nav/frmStageButton.h"
 #include "nav/frmWindPanel.h"

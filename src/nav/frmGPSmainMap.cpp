@@ -10,7 +10,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "nav/frmNamed.h"
+#include "platform/qt/Named.h"
 #include "nav/frmStageButton.h"
 #include "platform/qt/Events.h"
 #include "platform/qt/LampButton.h"

@@ -85,8 +85,8 @@ void QtPictureSurface::PaintPicture(const Picture& picture, const PixelRect& des
     if (!HasArea(destination)) return;
     const auto* chart = dynamic_cast<const QtPicture*>(&picture);
     const PixelRect target = Scaled(destination, ratio);
-    const bool covered =
-        chart && chart->ScaleWidth() > 0 && HasArea(source) && PaintLevel(chart->Levels(), target, source);
+    const bool covered = chart && chart->ScaleWidth() > 0 && HasArea(source) &&
+                         PaintLevel(chart->Levels(), target, chart->InLevels(source));
     if (!covered) FillRect(target, backColor);
 }
 
