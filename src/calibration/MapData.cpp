@@ -284,7 +284,7 @@ std::string MapData::ScaleText() const {
     std::string text = shared.Text("Ein Bildpunkt: ", "One pixel: ") + number(across) +
                        shared.Text(" m breit, ", " m across, ") + number(down) +
                        shared.Text(" m hoch. Unterschied ", " m down. They differ by ") + number(differ) +
-                       " %.";
+                       "\u00a0%.";
     if (differ > SuspiciousPercent)
         text += shared.Text(" Bitte die Koordinaten prüfen.", " Please check the coordinates.");
     return text;

@@ -216,7 +216,7 @@ void frmCalibrate::Click(const std::function<void()>& event) {
 void frmCalibrate::cmdCalibrate_Click() {
     if (logic->SelectedName().empty()) return;
     auto* form = new frmCalRect(shared, guard, dialogs, *logic, window());
-    connect(form, &QObject::destroyed, this, [this] { ShowState(); });
+    connect(form, &QDialog::finished, this, [this] { ShowState(); });
     form->Start();
 }
 
