@@ -236,6 +236,7 @@ void frmCalRect::MakeEntryGrid(std::size_t index, QBoxLayout& layout) {
     entry.gridWay = new QTableView;
     entry.gridWay->setObjectName(Numbered("gridWay", index));
     entry.gridWay->installEventFilter(this);
+    entry.gridWay->setMinimumHeight(104); // head and two rows
     entry.Model = std::make_unique<RecordsetModel>(
         logic->Points[index].WaypointFindSet,
         std::vector<RecordsetModel::Column>{

@@ -68,6 +68,8 @@ bool Tour::Run() {
     ChooseRoute();
     Connect();
     Fly();
+    program->Click("button7");
+    program->Do("click chkVorschau 12 20");
     VisitScreens("de", "day");
     program->Click("cmdNight");
     VisitScreens("de", "night");
@@ -219,7 +221,21 @@ void Tour::VisitScreens(const std::string& language, const std::string& palette)
             Check(program->Probe().WaitFor("visible picGPSCheck1", "yes", 20s),
                   "the link comes back with the flying screen");
         Picture(std::string(name) + "-" + language + "-" + palette);
+        if (std::string(name) == "map-data") Calibrate(language + "-" + palette);
     }
+}
+
+// As far as the first point's entry: the demo's chart is calibrated already.
+void Tour::Calibrate(const std::string& suffix) {
+    program->Click("frmCalibrate/cmdCalibrate");
+    Check(program->Probe().WaitFor("visible frmCalRect", "yes", 20s), "a chart opens for calibration");
+    program->Do("slider frmCalRect/SlideMap -60");
+    program->Do("click frmCalRect/picMap 240 320");
+    program->Do("type frmCalRect/picMap a");
+    Check(program->Ask("text frmCalRect/tQuickfind1") == "a", "a letter typed over the picture searches");
+    Picture("calibration-" + suffix, "frmCalRect");
+    program->Do("key frmCalRect/tQuickfind1 Escape");
+    program->Do("key frmCalRect/picMap Escape");
 }
 
 void Tour::VisitDialogs() {

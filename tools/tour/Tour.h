@@ -31,6 +31,7 @@ private:
     void ShowStages();
     void Resize(std::string size);
     void VisitScreens(const std::string& language, const std::string& palette);
+    void Calibrate(const std::string& suffix);
     void VisitDialogs();
     void FlyEnlarged();
     double Distance(); // to the next point, in NM
