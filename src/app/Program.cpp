@@ -1,8 +1,10 @@
 #include "app/Program.h"
 
+#include "app/frmInfo.h"
 #include "app/frmPlaceholder.h"
 #include "app/frmSettings.h"
 #include "calibration/frmCalibrate.h"
+#include "flightplan/frmFlugPlan.h"
 #include "nav/frmGPSmain.h"
 #include "platform/qt/Theme.h"
 
@@ -77,9 +79,8 @@ Screen* Program::MakeScreen(Mode mode) {
     case Mode::FlightPlan:
         break;
     }
-    return new frmPlaceholder(variablen, "frmFlugPlan", ModeCaption(Mode::FlightPlan),
-                              {"Hier wird aus einer Strecke ein Flugplan mit Wind, Zeiten und Kraftstoff.",
-                               "Here a route becomes a flight plan with wind, times and fuel."});
+    return new frmFlugPlan({variablen, guard, dialogs, *notices,
+                            [this] { frmInfo::ForReport(variablen, shell, main.get())->exec(); }});
 }
 
 } // namespace ornivane

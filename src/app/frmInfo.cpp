@@ -18,6 +18,7 @@ struct frmInfo::Texts {
 
 namespace {
 
+constexpr const char* Host = "http://www.ornivane.example/";
 constexpr Bilingual Download{"Download Datei:", "Download file:"};
 constexpr Bilingual Restart{"Nach dem Download muss der Ornivane neu gestartet werden.",
                             "After downloading the file please restart ornivane"};
@@ -95,6 +96,48 @@ frmInfo::frmInfo(const Texts& texts, bool english, Shell& shell, const std::stri
     close->setDefault(true);
     connect(close, &QPushButton::clicked, this, &QDialog::close);
     layout->addWidget(close, 0, Qt::AlignRight);
+}
+
+frmInfo::frmInfo(QWidget* parent) : QDialog(parent) {
+    setAttribute(Qt::WA_DeleteOnClose);
+    setMinimumWidth(520);
+}
+
+// The file that is named and the one that is opened have always been two.
+frmInfo* frmInfo::ForReport(const Variablen& variablen, Shell& shell, QWidget* parent) {
+    const bool english = variablen.EnglishUI == 1;
+    auto* form = new frmInfo(parent);
+    form->setObjectName("frmInfo2");
+    form->setWindowTitle(Title.In(english));
+    auto* layout = new QVBoxLayout(form);
+    layout->setSpacing(12);
+    AddLabel(layout, "Label4",
+             Bilingual{"Ornivane benötigt die setup-d.exe Datei", "Ornivane needs the setup-e.exe file."}.In(
+                 english));
+    AddLabel(
+        layout, "Label5",
+        Bilingual{"Bitte installieren Sie die Datei", "Please download and install the file"}.In(english));
+    AddLabel(layout, "Label2", Download.In(english));
+    auto* link = new QPushButton(QString(Host) + (english ? "setup-e.exe" : "setup-d.exe"));
+    link->setObjectName("Label1");
+    link->setToolTip(LinkTip.In(english));
+    link->setMinimumHeight(44);
+    connect(link, &QPushButton::clicked, form, [&shell, english] {
+        shell.Open(std::string(Host) + (english ? "support-e.exe" : "support-d.exe"));
+    });
+    layout->addWidget(link);
+    AddLabel(layout, "Label3",
+             Bilingual{"Die Dateien werden für die Druckunterstützung benötigt",
+                       "The files are needed to support the print function"}
+                 .In(english));
+    auto* close = new QPushButton("OK");
+    close->setObjectName("cmdOK");
+    close->setToolTip(captions::CloseTip.In(english));
+    close->setMinimumHeight(44);
+    close->setDefault(true);
+    connect(close, &QPushButton::clicked, form, &QDialog::close);
+    layout->addWidget(close, 0, Qt::AlignRight);
+    return form;
 }
 
 } // namespace ornivane

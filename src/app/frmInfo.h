@@ -21,7 +21,11 @@ public:
     static frmInfo* ForAirspaceStore(const Variablen& variablen, Shell& shell, const std::string& reason,
                                      QWidget* parent);
 
+    // frmInfo2: the report cannot be shown. Modal.
+    static frmInfo* ForReport(const Variablen& variablen, Shell& shell, QWidget* parent);
+
 private:
+    explicit frmInfo(QWidget* parent);
     frmInfo(const Texts& texts, bool english, Shell& shell, const std::string& reason, QWidget* parent);
 };
 
