@@ -34,6 +34,15 @@ constexpr int MostDeclarations = 64;        // attributes of an element among wh
     throw RuntimeError(ErrorNumber::TypeMismatch, "no persisted recordset: " + reason);
 }
 
+// XML has no place for most control characters, not even as references: a reader that knows the rules refuses
+// the whole file. So none is written, and none that others wrote gets into a store.
+std::string WithoutControls(std::string text) {
+    std::erase_if(text, [](unsigned char c) { return c < 0x20 && c != '\t' && c != '\n' && c != '\r'; });
+    for (const char* none : {"\xEF\xBF\xBE", "\xEF\xBF\xBF"}) // U+FFFE and U+FFFF are no characters
+        for (auto at = text.find(none); at != std::string::npos; at = text.find(none, at)) text.erase(at, 3);
+    return text;
+}
+
 // ---- names with a namespace
 
 std::string_view LocalName(std::string_view name) { return name.substr(name.find(':') + 1); }
@@ -191,7 +200,7 @@ private:
     static Value ValueOf(FieldInfo field, const char* text) {
         field.Size = 0; // a text that is there is taken whole
         try {
-            return ConvertFor(field, Value(DecodeText(text)));
+            return ConvertFor(field, Value(WithoutControls(DecodeText(text))));
         } catch (const RuntimeError&) {
             Refuse(field.Name + ": " + std::string(text).substr(0, 40));
         }
@@ -223,7 +232,7 @@ std::string ExactNumber(double number) {
 
 std::string TextOf(const Value& value) {
     const auto* number = std::get_if<double>(&value.Raw());
-    return number ? ExactNumber(*number) : DecodeText(value.Text());
+    return number ? ExactNumber(*number) : WithoutControls(DecodeText(value.Text()));
 }
 
 void WriteType(pugi::xml_node node, const FieldInfo& field, std::size_t longest) {
