@@ -2,14 +2,15 @@
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace ornivane {
 
 namespace {
 
-constexpr int ControlHeight = 44; // pixels: pressed with gloves
-constexpr int NarrowestPath = 560;
-constexpr int ListedAtOnce = 12; // routes of the opened list
+constexpr int NarrowestPath = 560; // pixels
+constexpr int PathLines = 2;       // kept free from the start, so that the buttons stay where they are
+constexpr int ListedAtOnce = 12;   // routes of the opened list
 
 } // namespace
 
@@ -18,7 +19,9 @@ frmExport::frmExport(Variablen& variablen, Dialogs& dialogs, EventGuard& guard,
     : QDialog(parent), shared(variablen), room(variablen, dialogs) {
     setObjectName("frmExport");
     setAttribute(Qt::WA_DeleteOnClose);
-    setStyleSheet("QLabel, QComboBox, QPushButton { font-size: 18px }");
+    setStyleSheet(
+        "QLabel, QComboBox, QPushButton { font-size: 18px } QComboBox { min-height: 40px }"); // as high as
+                                                                                              // the buttons
     LayOut();
     guard.Run([&] { room.Form_Load(gridRouteCell); });
     for (const std::string& name : room.cmbRoute) cmbRoute.addItem(QString::fromStdString(name));
@@ -43,9 +46,6 @@ void frmExport::LayOut() {
     cmbRoute.setObjectName("cmbRoute");
     cmdExport.setObjectName("cmdExport");
     cmdExit.setObjectName("cmdExit");
-    for (QWidget* control : {static_cast<QWidget*>(&cmbRoute), static_cast<QWidget*>(&cmdExport),
-                             static_cast<QWidget*>(&cmdExit)})
-        control->setMinimumHeight(ControlHeight);
     cmbRoute.setMaxVisibleItems(ListedAtOnce);
     cmbRoute.setSizeAdjustPolicy(
         QComboBox::AdjustToMinimumContentsLengthWithIcon); // whatever routes are called
@@ -53,6 +53,7 @@ void frmExport::LayOut() {
     lblSave.setTextFormat(Qt::PlainText); // a name is never markup
     lblSave.setWordWrap(true);
     lblSave.setMinimumWidth(NarrowestPath);
+    lblSave.setAlignment(Qt::AlignLeft | Qt::AlignTop);
     cmdExport.setDefault(true);
     cmdExit.setAutoDefault(false); // Enter saves, wherever it is pressed
 
@@ -93,6 +94,10 @@ void frmExport::ApplyLanguage() {
 
 void frmExport::ShowState() {
     lblSave.setText(QString::fromStdString(room.lblSave));
+    lblSave.ensurePolished();
+    const int free = PathLines * lblSave.fontMetrics().lineSpacing();
+    lblSave.setMinimumHeight(
+        std::max(free, lblSave.heightForWidth(std::max(lblSave.width(), NarrowestPath))));
     cmdExport.setEnabled(room.cmbRouteIndex >= 0);
 }
 
