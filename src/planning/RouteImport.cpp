@@ -159,7 +159,11 @@ void RouteImport::CopyPoints() {
 }
 
 void RouteImport::Requery(Recordset* set) {
-    if (set && set->IsOpen()) set->Requery();
+    try {
+        if (set && set->IsOpen()) set->Requery();
+    } catch (const RuntimeError&) {
+        // What is stored is stored: a screen that cannot show it must not leave the route without its points.
+    }
 }
 
 } // namespace ornivane

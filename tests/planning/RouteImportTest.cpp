@@ -220,7 +220,16 @@ TEST(RouteImport, NamesTheRouteByTheTextBeforeTheFirstPoint) {
         EXPECT_EQ(RouteImport::RouteNameOf(path), name) << path;
 }
 
-TEST_F(RouteImportTest, ShowsThePlanningScreenWhatIsNew) {
+// A screen that fails at what it is shown.
+struct FailingScreen : RecordsetObserver {
+    void RowsReset() override { throw RuntimeError(ErrorNumber::InvalidNull); }
+    void RowInserted(int) override {}
+    void RowRemoved(int) override {}
+    void RowChanged(int) override {}
+    void CurrentRowChanged() override {}
+};
+
+TEST_F(RouteImportTest, ShowsThePlanningScreenWhatIsNewAndGoesOnWhenThatFails) {
     Recordset waypoints, routes, points;
     waypoints.Open(Shared.DataConn, "SELECT * From Waypoints Order by NAME ASC");
     routes.Open(Shared.DataConn, "SELECT * From Route Order by NUMMER ASC");
@@ -230,8 +239,12 @@ TEST_F(RouteImportTest, ShowsThePlanningScreenWhatIsNew) {
     EXPECT_EQ(routes.RecordCount(), 1);
     points.Open(Shared.DataConn, "SELECT * From GpsPoints WHERE RouteID = ?",
                 {routes.Get("RouteID").Integer() + 1});
-    Import(file, {nullptr, nullptr, &points});
+    FailingScreen failing;
+    for (Recordset* set : {&waypoints, &routes}) set->AddObserver(&failing);
+    Import(file, {&waypoints, &routes, &points});
     EXPECT_EQ(points.RecordCount(), 1);
+    EXPECT_THAT(Boxes.Shown, ElementsAre(Added));
+    for (Recordset* set : {&waypoints, &routes}) set->RemoveObserver(&failing);
 }
 
 } // namespace
