@@ -215,17 +215,9 @@ void MainForm::ShowDialogPlaceholder(const char* name, Bilingual title, Bilingua
     dialog->show();
 }
 
-void MainForm::mnuExport_Click() {
-    ShowDialogPlaceholder("frmExport", captions::Export,
-                          {"Hier wird eine Strecke als Datei gespeichert, um sie weiterzugeben.",
-                           "Here a route is saved to a file, to pass it on."});
-}
+void MainForm::mnuExport_Click() { services.ShowExport(this); }
 
-void MainForm::mnuImport_Click() {
-    ShowDialogPlaceholder(
-        "frmImport", captions::Import,
-        {"Hier wird eine Strecke aus einer Datei übernommen.", "Here a route is taken from a file."});
-}
+void MainForm::mnuImport_Click() { services.ImportRoute(); }
 
 void MainForm::mnuLuftEin_Click() {
     ShowDialogPlaceholder("frmLuftraumSettings", captions::Airspace,

@@ -29,6 +29,8 @@ public:
         Processes* Programs = nullptr;
         Shell* Links = nullptr;
         std::function<Screen*(Mode)> MakeScreen;
+        std::function<void(QWidget* window)> ShowExport; // frmExport, before the window
+        std::function<void()> ImportRoute;
         std::function<void(bool night)> SetNight;
         std::function<void()> Ended; // everything is saved, the program may exit
     };

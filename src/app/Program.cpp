@@ -6,6 +6,8 @@
 #include "calibration/frmCalibrate.h"
 #include "flightplan/frmFlugPlan.h"
 #include "nav/frmGPSmain.h"
+#include "planning/RouteImport.h"
+#include "planning/frmExport.h"
 #include "platform/qt/Theme.h"
 
 namespace ornivane {
@@ -58,6 +60,10 @@ MainForm::Services Program::MainServices() {
     services.Programs = &processes;
     services.Links = &shell;
     services.MakeScreen = [this](Mode mode) { return MakeScreen(mode); };
+    services.ShowExport = [this](QWidget* window) {
+        (new frmExport(variablen, dialogs, guard, {}, window))->open();
+    };
+    services.ImportRoute = [this] { RouteImport(variablen, dialogs, {}).GetRoute(); };
     services.SetNight = [this](bool night) { Theme::Apply(application, night); };
     services.Ended = [this] { application.exit(0); };
     return services;
