@@ -161,7 +161,7 @@ void frmFlugPlan::MakeGrid(QBoxLayout& layout) {
     gridFlug->verticalHeader()->setDefaultSectionSize(RowHeight);
     gridFlug->horizontalHeader()->setFixedHeight(HeadHeight);
     gridFlug->horizontalHeader()->setSectionsClickable(false);
-    layout.addWidget(gridFlug);
+    layout.addWidget(gridFlug, 1000); // up to its greatest height, before the empty space
 }
 
 void frmFlugPlan::MakeTotals(QBoxLayout& layout) {

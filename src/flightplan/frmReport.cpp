@@ -14,8 +14,13 @@ namespace {
 constexpr double TwipsPerPoint = 20;
 constexpr int PdfResolution = 1200; // dots an inch: positions stay within a fortieth of a millimetre
 constexpr double TopMargin = 567;   // twips, 1 cm
-constexpr int LabelSize = 9 * 20, ValueSize = 10 * 20; // heights of letters in twips
-constexpr double PenWidth = 10;                        // twips
+constexpr int HeaderSize = 8 * 20, RowSize = 9 * 20; // heights of letters in twips
+constexpr int RowTop = report::HeaderHeight;
+// The bar has more buttons than the program's large ones leave room for.
+constexpr const char* PreviewStyle = "QToolButton { min-height: 28px; padding: 0 2px; border-width: 1px; } "
+                                     "QLineEdit { min-width: 40px; font-size: "
+                                     "14px; } QComboBox { min-height: 26px; }";
+constexpr double PenWidth = 10; // twips
 
 QFont Sans(int height) {
     QFont font("Arial");
@@ -65,7 +70,7 @@ void frmReport::PaintItem(QPainter& painter, const report::Item& item) const {
         return;
     }
     const QRectF box(item.Left, item.Top, item.Width, item.Height);
-    painter.setFont(Sans(item.What == Kind::Label ? LabelSize : ValueSize));
+    painter.setFont(Sans(item.Top < RowTop ? HeaderSize : RowSize));
     painter.save();
     painter.setClipRect(box);
     painter.drawText(box, Qt::AlignLeft | Qt::AlignTop, QString::fromStdString(item.Text));
@@ -78,6 +83,7 @@ void frmReport::ShowPreview(QWidget* parent, const QString& title) {
     QPrintPreviewDialog preview(&printer, parent);
     preview.setObjectName("Flugplan");
     preview.setWindowTitle(title);
+    preview.setStyleSheet(PreviewStyle);
     preview.resize(1000, 680);
     std::exception_ptr failed; // errors must not pass through the dialog
     QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview, [&](QPrinter* to) {
