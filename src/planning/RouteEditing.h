@@ -50,6 +50,7 @@ private:
 
     bool HasRoute() const;
     void OpenPoints();
+    void DeleteRoute();
 
     Variablen& shared;
     Dialogs& dialogs;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -77,8 +76,10 @@ private:
     bool Refuse(int field, const char* german, const char* english);
     bool CheckEntry(const char* germanNameMessage);
     bool IsTaken(const std::string& name);
-    void InsertEntry(double latitude, double longitude);
-    void OpenCategory();
+    void InsertEntry();
+    void Open(const std::string& category);
+    void ShowCount();
+    void ShowUnlessTyped();
     bool IsEdited() const;
     std::array<std::string, 5> Entry() const;
 
