@@ -25,10 +25,10 @@ double AirspaceSelection::ComparedHeight(double feet, double qnh) {
     return feet > lowest ? feet + (standardPressure - qnh) * feetPerHectopascal : feet;
 }
 
-// A limit that is Null is none.
 std::vector<std::int16_t> AirspaceSelection::Numbers(Statement& query, const char* kind,
-                                                     const ViewBounds& bounds, const Value& highestLow,
-                                                     const Value& lowestHigh) {
+                                                     const ViewBounds& bounds,
+                                                     std::optional<double> highestLow,
+                                                     std::optional<double> lowestHigh) {
     if (!query.IsPrepared())
         query = Statement(
             luftraum, std::string("SELECT DISTINCT \"Index\" FROM Luftraum WHERE LAT BETWEEN ?1 AND ?2 AND "
@@ -37,9 +37,16 @@ std::vector<std::int16_t> AirspaceSelection::Numbers(Statement& query, const cha
                           kind + " 'A' COLLATE BINARY ORDER BY \"Index\" ASC");
     std::vector<std::int16_t> numbers;
     const StatementRun run(query);
-    const Value values[] = {bounds.ViewSouth, bounds.ViewNorth, bounds.ViewWest,
-                            bounds.ViewEast,  highestLow,       lowestHigh};
-    for (int i = 0; i < 6; ++i) query.Bind(i + 1, values[i]);
+    const double view[] = {bounds.ViewSouth, bounds.ViewNorth, bounds.ViewWest, bounds.ViewEast};
+    for (int i = 0; i < 4; ++i) query.Bind(i + 1, view[i]);
+    const auto limit = [&](int parameter, std::optional<double> feet) {
+        if (feet)
+            query.Bind(parameter, *feet);
+        else
+            query.Bind(parameter, {});
+    };
+    limit(5, highestLow);
+    limit(6, lowestHigh);
     while (query.Step()) numbers.push_back(ToInt16(query.Number(0)));
     return numbers;
 }
@@ -50,12 +57,12 @@ std::vector<std::int16_t> AirspaceSelection::Airspaces(const ViewBounds& view, d
 
 std::vector<std::int16_t> AirspaceSelection::AirspacesAt(const ViewBounds& view,
                                                          std::optional<double> height) {
-    const Value limit = height ? Value(*height) : Value();
-    return Numbers(airspaces, "<>", Widened(view), limit, limit);
+    return Numbers(airspaces, "<>", Widened(view), height, height);
 }
 
 std::vector<std::int16_t> AirspaceSelection::Patterns(const ViewBounds& view, std::optional<double> height) {
-    return Numbers(patterns, "=", view, height ? Value(*height + Margin) : Value(), {});
+    if (height) *height += Margin;
+    return Numbers(patterns, "=", view, height, {});
 }
 
 } // namespace ornivane

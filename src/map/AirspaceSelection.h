@@ -31,7 +31,7 @@ public:
 
 private:
     std::vector<std::int16_t> Numbers(Statement& query, const char* kind, const ViewBounds& bounds,
-                                      const Value& highestLow, const Value& lowestHigh);
+                                      std::optional<double> highestLow, std::optional<double> lowestHigh);
 
     Connection& luftraum;
     Statement airspaces, patterns;

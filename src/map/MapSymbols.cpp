@@ -36,8 +36,8 @@ constexpr Marker Markers[] = {
 const Marker& MarkerOf(PointMode mode) { return Markers[static_cast<int>(mode)]; }
 
 constexpr double LabelRight = 10, RunwayDown = 10; // pixels from the point to the corner of its texts
-constexpr double SymbolReach = 11;             // pixels from the point to its symbol's edge and its margin
-constexpr std::size_t FewPoints = 1000;        // so many are drawn as fast as they are looked at
+constexpr double SymbolReach = 11;      // pixels from the point to its symbol's edge and its margin
+constexpr std::size_t FewPoints = 1000; // so many are drawn as fast as they are looked at
 
 constexpr double LineDistance = 17; // pixels from one line of an airfield's texts to the next
 constexpr std::size_t IcaoLength = 4;

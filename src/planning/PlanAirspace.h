@@ -8,8 +8,8 @@
 
 namespace ornivane {
 
-// Airspace and traffic patterns on the planning map: at a height that the pilot chooses, without a band around
-// it and without QNH, because nothing is flown here.
+// Airspace and traffic patterns on the planning map: at a height that the pilot chooses, without a band
+// around it and without QNH, because nothing is flown here.
 class PlanAirspace {
 public:
     // Values of tLRHoehe apart from heights in feet.

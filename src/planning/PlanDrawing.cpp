@@ -15,7 +15,8 @@ void Quietly(const std::function<void()>& layer) {
     try {
         layer();
     } catch (const RuntimeError&) {
-        // the picture shows that something is missing, and a notice at each movement of the mouse would not help
+        // the picture shows that something is missing, and a notice at each movement of the mouse would not
+        // help
     }
 }
 
