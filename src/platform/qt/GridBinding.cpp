@@ -37,6 +37,7 @@ void GridBinding::FollowGrid(const QModelIndex& current) {
         FollowRecordset(); // the row was not left: its change could not be written
         throw;
     }
+    emit RowChosen();
 }
 
 void GridBinding::SelectRow() {
