@@ -17,6 +17,7 @@ GridBinding::GridBinding(RecordsetModel& of, QTableView& view) : model(of), grid
     connect(&model, &QAbstractItemModel::modelReset, this, &GridBinding::FollowRecordset);
     connect(grid.selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this](const QModelIndex& current) { FollowGrid(current); });
+    FollowRecordset(); // which may be open already
 }
 
 void GridBinding::FollowRecordset() {
