@@ -228,9 +228,7 @@ void MainForm::mnuImport_Click() {
 }
 
 void MainForm::mnuLuftEin_Click() {
-    ShowDialogPlaceholder("frmLuftraumSettings", captions::Airspace,
-                          {"Hier wird gewählt, welche Lufträume die Planungskarte zeigt.",
-                           "Here you choose which airspaces the planning map shows."});
+    if (services.ShowAirspaceSettings) services.ShowAirspaceSettings();
 }
 
 void MainForm::mnuabout_Click() {

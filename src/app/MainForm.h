@@ -29,6 +29,7 @@ public:
         Processes* Programs = nullptr;
         Shell* Links = nullptr;
         std::function<Screen*(Mode)> MakeScreen;
+        std::function<void()> ShowAirspaceSettings; // of the planning screen
         std::function<void(bool night)> SetNight;
         std::function<void()> Ended; // everything is saved, the program may exit
     };

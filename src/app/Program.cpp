@@ -3,6 +3,7 @@
 #include "app/frmPlaceholder.h"
 #include "app/frmSettings.h"
 #include "nav/frmGPSmain.h"
+#include "planning/frmPlanung.h"
 #include "platform/qt/Theme.h"
 
 namespace ornivane {
@@ -55,6 +56,9 @@ MainForm::Services Program::MainServices() {
     services.Programs = &processes;
     services.Links = &shell;
     services.MakeScreen = [this](Mode mode) { return MakeScreen(mode); };
+    services.ShowAirspaceSettings = [this] {
+        if (planning) planning->ShowAirspaceSettings();
+    };
     services.SetNight = [this](bool night) { Theme::Apply(application, night); };
     services.Ended = [this] { application.exit(0); };
     return services;
@@ -68,9 +72,8 @@ Screen* Program::MakeScreen(Mode mode) {
     case Mode::Settings:
         return new frmSettings(variablen, guard, [this] { main->ApplyLanguage(); });
     case Mode::Planning:
-        return new frmPlaceholder(variablen, "frmPlanung", ModeCaption(mode),
-                                  {"Hier werden Wegpunkte verwaltet und Strecken auf der Karte gebaut.",
-                                   "Here waypoints are kept and routes are built on the chart."});
+        planning = new frmPlanung(variablen, dialogs, guard);
+        return planning;
     case Mode::MapData:
         return new frmPlaceholder(
             variablen, "frmCalibrate", ModeCaption(mode),
