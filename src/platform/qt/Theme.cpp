@@ -44,7 +44,9 @@ QProgressBar::chunk { background: %LIT; }
 #LblMapNumber { background: %BASE; color: %TEXT; border: 2px solid %BORDER; font-size: 18px; font-weight: bold; padding: 6px 10px; }
 #tRoute { background: %BASE; color: %TEXT; border: 2px dashed %FOCUS; border-radius: 6px; padding: 0 8px; font-weight: bold; }
 #lblRecord { color: %LITTEXT; background: transparent; }
-QLineEdit { background: %BASE; color: %TEXT; border: 2px solid %FOCUS; border-radius: 4px; padding: 0 6px; font-size: 20px; font-weight: bold; }
+#tKat { background: %BUTTON; color: %TEXT; }
+QLineEdit { background: %BASE; color: %TEXT; border: 2px solid %BORDER; border-radius: 4px; padding: 0 6px; font-size: 20px; font-weight: bold; }
+QLineEdit:focus { border-color: %FOCUS; }
 QLabel[role="entry"] { background: #16191d; color: #ffff80; border: 1px solid %BORDER; border-radius: 4px; font-size: 17px; font-weight: bold; }
 QLabel[role="instrument"] { color: %TEXT; font-size: 14px; font-weight: bold; }
 #lblResult { font-size: 18px; font-weight: bold; }
