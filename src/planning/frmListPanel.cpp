@@ -29,6 +29,7 @@ void frmListPanel::Do(const std::function<void()>& event) {
 QPushButton* frmListPanel::Button(const char* name, const std::function<void()>& click) {
     auto* button = new QPushButton(this);
     button->setMinimumHeight(ButtonHeight);
+    button->setStyleSheet("font-size: 14px; padding: 0 2px;");
     Wire(*button, name, click);
     return button;
 }
@@ -54,7 +55,7 @@ QTableView* frmListPanel::Grid(const char* name) {
     grid->verticalHeader()->setDefaultSectionSize(LineHeight);
     grid->horizontalHeader()->setSectionsClickable(true);
     grid->horizontalHeader()->setHighlightSections(false);
-    grid->horizontalHeader()->setStyleSheet("font-size: 13px;");
+    grid->horizontalHeader()->setStyleSheet("font-size: 12px;");
     grid->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     grid->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     grid->installEventFilter(this);

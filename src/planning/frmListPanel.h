@@ -17,6 +17,7 @@ class EventGuard;
 // What the panels of planning's lists have in common: events that end by showing the state, and keys that act
 // when they are let go. A key counts only where it was pressed too: the Enter that closed a message or a list
 // is let go over another control, which must not take it for its own.
+// The room that a panel shows must outlive it: a form that owns both deletes the panel first.
 class frmListPanel : public QWidget {
     Q_OBJECT
 

@@ -16,7 +16,7 @@ namespace ornivane {
 
 namespace {
 
-constexpr int LeastWidth = 232, NumberWidth = 44, DistanceSize = 22; // pixels
+constexpr int PanelWidth = 244, NumberWidth = 44, DistanceSize = 22; // pixels
 
 } // namespace
 
@@ -26,7 +26,7 @@ frmRoutePanel::frmRoutePanel(QWidget* parent, RouteEditing& toShow, const Variab
     : frmListPanel(parent, variablen, eventGuard, std::move(stateChanged)), routes(toShow),
       focusWaypoints(std::move(focusesWaypoints)) {
     setObjectName("frmRoutePanel");
-    setMinimumWidth(LeastWidth);
+    setFixedWidth(PanelWidth);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(8, 6, 8, 6);
     column->setSpacing(5);

@@ -17,7 +17,7 @@ namespace ornivane {
 
 namespace {
 
-constexpr int LeastWidth = 312, FieldHeight = 40, HemisphereWidth = 42, CoordinateWidth = 84; // pixels
+constexpr int PanelWidth = 320, FieldHeight = 40, HemisphereWidth = 42, CoordinateWidth = 90; // pixels
 
 QString Q(const std::string& text) { return QString::fromStdString(text); }
 
@@ -39,7 +39,7 @@ frmWaypointPanel::frmWaypointPanel(QWidget* parent, WaypointEditing& toShow, con
     : frmListPanel(parent, variablen, eventGuard, std::move(stateChanged)), waypoints(toShow),
       addToRoute(std::move(addsToRoute)) {
     setObjectName("frmWaypointPanel");
-    setMinimumWidth(LeastWidth);
+    setFixedWidth(PanelWidth);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(8, 6, 8, 6);
     column->setSpacing(5);
@@ -103,6 +103,7 @@ void frmWaypointPanel::MakeSearch(QBoxLayout& layout) {
     tKat = new QLabel(cmbKat);
     tKat->setObjectName("tKat");
     tKat->setTextFormat(Qt::PlainText);
+    tKat->setStyleSheet("padding: 0 5px;"); // a frame inside such a list gets no style unless it has one
     tKat->setAttribute(Qt::WA_TransparentForMouseEvents); // a click opens the list under it
     layout.addWidget(cmbKat);
 }

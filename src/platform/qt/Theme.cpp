@@ -45,7 +45,9 @@ QProgressBar::chunk { background: %LIT; }
 #LblMapNumber { background: %BASE; color: %TEXT; border: 2px solid %BORDER; font-size: 18px; font-weight: bold; padding: 6px 10px; }
 #tRoute { background: %BASE; color: %TEXT; border: 2px dashed %FOCUS; border-radius: 6px; padding: 0 8px; font-weight: bold; }
 #lblRecord { color: %LITTEXT; background: transparent; }
-QLineEdit { background: %BASE; color: %TEXT; border: 2px solid %FOCUS; border-radius: 4px; padding: 0 6px; font-size: 20px; font-weight: bold; }
+#tKat { background: %BUTTON; color: %TEXT; }
+QLineEdit { background: %BASE; color: %TEXT; border: 2px solid %BORDER; border-radius: 4px; padding: 0 6px; font-size: 20px; font-weight: bold; }
+QLineEdit:focus { border-color: %FOCUS; }
 QGroupBox { border: 2px solid %BORDER; border-radius: 8px; margin-top: 12px; padding: 14px 8px 4px 8px; font-size: 16px; }
 QGroupBox::title { subcontrol-origin: margin; left: 14px; padding: 0 6px; }
 QRadioButton, QCheckBox { min-height: 44px; font-size: 18px; spacing: 12px; border: 2px solid transparent; }
