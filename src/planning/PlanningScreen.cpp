@@ -20,6 +20,7 @@ void PlanningScreen::Form_Load() {
 }
 
 void PlanningScreen::Form_Activate() {
+    Map.AdjustViewToPicture(); // the window may have been resized while another screen was in front
     Waypoints.FillCategories();
     Map.Form_Activate();
     form.FocusEntry();

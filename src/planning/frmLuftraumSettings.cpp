@@ -75,6 +75,8 @@ frmLuftraumSettings::frmLuftraumSettings(QWidget* parent, const Variablen& varia
     column->addLayout(row);
     ApplyLanguage();
     ShowState();
+    for (QRadioButton* option : {Option1, Option2, Option3})
+        if (option->isChecked()) option->setFocus();
 }
 
 QRadioButton* frmLuftraumSettings::Option(const char* name, void (LuftraumSettings::*click)()) {

@@ -27,8 +27,8 @@ namespace ornivane {
 namespace {
 
 constexpr int LeastMapWidth = 300, LeastMapHeight = 300; // pixels, as are all that follow
-constexpr int WaypointsWidth = 312, WidestWaypoints = 420, RoutesWidth = 232, WidestRoutes = 320;
-constexpr int BottomHeight = 66, ComboHeight = 44, LeastComboWidth = 150;
+constexpr int WaypointsWidth = 332, WidestWaypoints = 420, RoutesWidth = 232, WidestRoutes = 320;
+constexpr int BottomHeight = 66, LeastComboWidth = 150;
 constexpr int CoordinateWidth = 148, DistanceWidth = 148, CourseWidth = 92; // the longest usual value
 
 QString Q(const std::string& text) { return QString::fromStdString(text); }
@@ -41,6 +41,8 @@ bool IsStep(int key) { return key == Qt::Key_Up || key == Qt::Key_Down; }
 frmPlanung::frmPlanung(Variablen& variablen, Dialogs& messages, EventGuard& eventGuard)
     : shared(variablen), dialogs(messages), guard(eventGuard), picStorage(std::make_unique<QtPicture>()) {
     setObjectName("frmPlanung");
+    // The longest captions fit beside each other, lists are hit with gloves.
+    setStyleSheet("QPushButton { padding: 0 4px; } QComboBox { min-height: 40px; }");
     MakeMap();
     MakeScreen();
     auto* layout = new QGridLayout(this);
@@ -65,6 +67,7 @@ frmPlanung::~frmPlanung() {
 void frmPlanung::resizeEvent(QResizeEvent*) {
     waypoints->setFixedWidth(std::clamp(width() / 4, WaypointsWidth, WidestWaypoints));
     routes->setFixedWidth(std::clamp(width() / 6, RoutesWidth, WidestRoutes));
+    layout()->activate(); // at once, or the map would be drawn twice
 }
 
 void frmPlanung::MakeMap() {
@@ -133,7 +136,6 @@ QFrame* frmPlanung::MakeBottom() {
     MakeReadouts(*row);
     MakeMeasuring(*row);
     cmbMaps = Named(new QComboBox, "cmbMaps");
-    cmbMaps->setMinimumHeight(ComboHeight);
     cmbMaps->setMinimumWidth(LeastComboWidth);
     cmbMaps->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     connect(cmbMaps, &QComboBox::activated, this, [this](int index) {
