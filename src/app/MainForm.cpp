@@ -220,9 +220,7 @@ void MainForm::mnuExport_Click() { services.ShowExport(this); }
 void MainForm::mnuImport_Click() { services.ImportRoute(); }
 
 void MainForm::mnuLuftEin_Click() {
-    ShowDialogPlaceholder("frmLuftraumSettings", captions::Airspace,
-                          {"Hier wird gewählt, welche Lufträume die Planungskarte zeigt.",
-                           "Here you choose which airspaces the planning map shows."});
+    if (services.ShowAirspaceSettings) services.ShowAirspaceSettings();
 }
 
 void MainForm::mnuabout_Click() {

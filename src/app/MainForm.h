@@ -31,6 +31,7 @@ public:
         std::function<Screen*(Mode)> MakeScreen;
         std::function<void(QWidget* window)> ShowExport; // frmExport, before the window
         std::function<void()> ImportRoute;
+        std::function<void()> ShowAirspaceSettings; // of the planning screen
         std::function<void(bool night)> SetNight;
         std::function<void()> Ended; // everything is saved, the program may exit
     };

@@ -8,6 +8,7 @@
 #include "nav/frmGPSmain.h"
 #include "planning/RouteImport.h"
 #include "planning/frmExport.h"
+#include "planning/frmPlanung.h"
 #include "platform/qt/Theme.h"
 
 namespace ornivane {
@@ -61,9 +62,21 @@ MainForm::Services Program::MainServices() {
     services.Links = &shell;
     services.MakeScreen = [this](Mode mode) { return MakeScreen(mode); };
     services.ShowExport = [this](QWidget* window) {
-        (new frmExport(variablen, dialogs, guard, {}, window))->open();
+        const Recordset* routes = planning ? &planning->Logic().Routes.RoutesSet : nullptr;
+        const bool chosen = routes && routes->IsOpen() && !routes->Eof() && !routes->Bof();
+        (new frmExport(variablen, dialogs, guard, chosen ? routes->Text("Name") : std::string(), window))
+            ->open();
     };
-    services.ImportRoute = [this] { RouteImport(variablen, dialogs, {}).GetRoute(); };
+    services.ImportRoute = [this] {
+        if (!planning) return;
+        PlanningScreen& screen = planning->Logic();
+        RouteImport(variablen, dialogs,
+                    {&screen.Waypoints.WaypointsSet, &screen.Routes.RoutesSet, &screen.Routes.RoutePointsSet})
+            .GetRoute();
+    };
+    services.ShowAirspaceSettings = [this] {
+        if (planning) planning->ShowAirspaceSettings();
+    };
     services.SetNight = [this](bool night) { Theme::Apply(application, night); };
     services.Ended = [this] { application.exit(0); };
     return services;
@@ -77,9 +90,8 @@ Screen* Program::MakeScreen(Mode mode) {
     case Mode::Settings:
         return new frmSettings(variablen, guard, [this] { main->ApplyLanguage(); });
     case Mode::Planning:
-        return new frmPlaceholder(variablen, "frmPlanung", ModeCaption(mode),
-                                  {"Hier werden Wegpunkte verwaltet und Strecken auf der Karte gebaut.",
-                                   "Here waypoints are kept and routes are built on the chart."});
+        planning = new frmPlanung(variablen, dialogs, guard);
+        return planning;
     case Mode::MapData:
         return new frmCalibrate(variablen, guard, dialogs);
     case Mode::FlightPlan:

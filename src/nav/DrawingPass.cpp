@@ -12,7 +12,8 @@ namespace ornivane {
 DrawingPass::DrawingPass(const DrawingPassRooms& passRooms, std::function<void(const RuntimeError&)> report,
                          std::function<void(const std::string&)> airfieldUnknown)
     : rooms(passRooms), reportError(std::move(report)), unknownAirfield(std::move(airfieldUnknown)),
-      waypoints(passRooms.Shared.DataConn), airfields(passRooms.Shared.AirfieldConn) {}
+      waypoints(passRooms.Shared.DataConn, WaypointWindow::Order::ByName),
+      airfields(passRooms.Shared.AirfieldConn) {}
 
 void DrawingPass::Pass(const std::function<void()>& steps) {
     // Stepping to the next point inside a pass moves the grid's row, which asks for a redraw: one redraw is
@@ -151,8 +152,8 @@ void DrawingPass::DrawWaypoints(MapSymbols& symbols, const MapTransform& transfo
         transform.GetViewBounds(0, 0, rooms.picMap.ScaleWidth(), rooms.picMap.ScaleHeight());
     std::vector<MapSymbols::StoredPoint> points;
     try {
-        waypoints.ForEach(bounds, [&](double lat, double longitude, std::string_view name) {
-            points.push_back({lat, longitude, std::string(name)});
+        waypoints.ForEach(bounds, [&](const WaypointWindow::Row& row) {
+            points.push_back({row.Lat, row.Long, std::string(row.Name)});
         });
     } catch (const RuntimeError&) {
         symbols.DrawPoints(points); // a damaged row ends the pass, those before it show

@@ -51,6 +51,7 @@ void QtPictureSurface::Allocate(double newWidth, double newHeight, double newRat
     if (painter.isActive()) painter.end();
     if (newRatio != ratio) texts = ChartText(newRatio);
     stamps.clear();
+    kept.clear();
     width = newWidth;
     height = newHeight;
     ratio = newRatio;
@@ -162,6 +163,12 @@ void QtPictureSurface::Print(double x, double y, const std::string& text) {
     if (!(x > -1e6 && x < width && y > -ChartText::LineHeight && y < height)) return;
     texts.Draw(Block(), static_cast<int>(std::lround(x * ratio)), static_cast<int>(std::lround(y * ratio)),
                text, Opaque(foreColor));
+}
+
+bool QtPictureSurface::Recall() {
+    if (kept.empty()) return false;
+    std::copy(kept.begin(), kept.end(), pixels.begin());
+    return true;
 }
 
 void QtPictureSurface::Refresh() {

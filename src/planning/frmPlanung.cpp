@@ -1,0 +1,368 @@
+#include "planning/frmPlanung.h"
+
+#include <QComboBox>
+#include <QFrame>
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QProgressBar>
+#include <algorithm>
+
+#include "base/Flagged.h"
+#include "planning/frmLuftraumSettings.h"
+#include "planning/frmRoutePanel.h"
+#include "planning/frmWaypointPanel.h"
+#include "platform/qt/Events.h"
+#include "platform/qt/FillCombo.h"
+#include "platform/qt/LampButton.h"
+#include "platform/qt/Named.h"
+#include "platform/qt/QtPicture.h"
+#include "platform/qt/QtProgress.h"
+#include "platform/qt/ReadoutLabel.h"
+#include "platform/qt/SurfaceWidget.h"
+#include "platform/qt/ZoomSlider.h"
+
+namespace ornivane {
+
+namespace {
+
+constexpr int LeastMapWidth = 300, LeastMapHeight = 300; // pixels, as are all that follow
+constexpr int WaypointsWidth = 332, WidestWaypoints = 420, RoutesWidth = 232, WidestRoutes = 320;
+constexpr int BottomHeight = 66, LeastComboWidth = 150;
+constexpr int CoordinateWidth = 148, DistanceWidth = 148, CourseWidth = 92; // the longest usual value
+
+QString Q(const std::string& text) { return QString::fromStdString(text); }
+
+bool IsEnter(int key) { return key == Qt::Key_Return || key == Qt::Key_Enter; }
+bool IsStep(int key) { return key == Qt::Key_Up || key == Qt::Key_Down; }
+
+} // namespace
+
+frmPlanung::frmPlanung(Variablen& variablen, Dialogs& messages, EventGuard& eventGuard)
+    : shared(variablen), dialogs(messages), guard(eventGuard), picStorage(std::make_unique<QtPicture>()) {
+    setObjectName("frmPlanung");
+    // The longest captions fit beside each other, lists are hit with gloves.
+    setStyleSheet("QPushButton { padding: 0 4px; } QComboBox { min-height: 40px; }");
+    MakeMap();
+    MakeScreen();
+    auto* layout = new QGridLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->setColumnStretch(1, 1);
+    layout->setRowStretch(0, 1);
+    layout->addWidget(waypoints, 0, 0);
+    layout->addWidget(picMap, 0, 1);
+    layout->addWidget(routes, 0, 2);
+    layout->addWidget(MakeBottom(), 1, 0, 1, 3);
+    ChainFocus();
+    ApplyLanguage();
+}
+
+// The panels look at the lists of the logic to their end.
+frmPlanung::~frmPlanung() {
+    delete waypoints;
+    delete routes;
+}
+
+void frmPlanung::resizeEvent(QResizeEvent*) {
+    waypoints->setFixedWidth(std::clamp(width() / 4, WaypointsWidth, WidestWaypoints));
+    routes->setFixedWidth(std::clamp(width() / 6, RoutesWidth, WidestRoutes));
+    layout()->activate(); // at once, or the map would be drawn twice
+}
+
+void frmPlanung::MakeMap() {
+    picMap = Named(new SurfaceWidget(this), "picMap");
+    picMap->setMinimumSize(LeastMapWidth, LeastMapHeight);
+    picMap->setFocusPolicy(Qt::StrongFocus);
+    picMap->setMouseTracking(true); // the cursor's position shows without a button
+    picMap->installEventFilter(this);
+    guard.Connect(picMap, &SurfaceWidget::Pressed,
+                  [this](QPointF at, Qt::MouseButton button) { MapPressed(at, button); });
+    guard.Connect(picMap, &SurfaceWidget::Moved,
+                  [this](QPointF at, Qt::MouseButtons held) { MapMoved(at, held); });
+    guard.Connect(picMap, &SurfaceWidget::Released,
+                  [this](QPointF, Qt::MouseButton button) { MapReleased(button); });
+    guard.Connect(picMap, &SurfaceWidget::DoubleClicked, [this](QPointF at, Qt::MouseButton button) {
+        if (button != Qt::LeftButton) return;
+        screen->Map.DblClick({at.x(), at.y()});
+        ShowState();
+    });
+    guard.Connect(picMap, &SurfaceWidget::Resized, [this] {
+        PlaceOverMap();
+        if (loaded) screen->Form_Resize();
+    });
+    tLR = Named(new QLabel(picMap), "tLR");
+    tLR->setAttribute(Qt::WA_TransparentForMouseEvents); // the map under it can be dragged
+    lblNoMap = Named(new QLabel(picMap), "lblNoMap");
+    lblNoMap->setAlignment(Qt::AlignCenter);
+    lblNoMap->setWordWrap(true);
+    progBar = Named(new QProgressBar(picMap), "progBar");
+    progBar->setFixedWidth(220);
+    for (QWidget* hidden : std::initializer_list<QWidget*>{tLR, lblNoMap, progBar}) hidden->hide();
+}
+
+// The logic draws on the surface, and the panels speak to the logic.
+void frmPlanung::MakeScreen() {
+    progress = std::make_unique<QtProgress>(*progBar);
+    PlanningScreen::Form form;
+    form.Redrawn = [this] {
+        ShowMap();
+        routes->ShowState(); // its length is a by-product of the picture
+    };
+    form.FocusMap = [this] { picMap->setFocus(); };
+    form.FocusWaypoints = [this] { waypoints->FocusList(); };
+    form.FocusRoutes = [this] { routes->FocusList(); };
+    form.FocusEntry = [this] { waypoints->FocusEntry(); };
+    screen = std::make_unique<PlanningScreen>(
+        PlanningScreenWorld{shared, *picStorage, picMap->Surface(), *progress, dialogs}, std::move(form));
+    const auto changed = [this] { ShowState(); };
+    waypoints = new frmWaypointPanel(
+        this, screen->Waypoints, shared, guard, [this] { screen->Routes.cmdAddwaypoint(); }, changed);
+    routes = new frmRoutePanel(
+        this, screen->Routes, shared, guard, [this] { waypoints->FocusList(); }, changed);
+}
+
+QFrame* frmPlanung::MakeBottom() {
+    auto* bar = Named(new QFrame(this), "bottomBar");
+    bar->setFixedHeight(BottomHeight);
+    auto* row = new QHBoxLayout(bar);
+    row->setContentsMargins(8, 3, 8, 3);
+    row->setSpacing(6);
+    SlideMap = Named(new ZoomSlider, "SlideMap");
+    guard.Connect(SlideMap, &ZoomSlider::valueChanged, [this](int value) {
+        if (!showing && screen->Map.HasMap()) screen->Map.SetSlide(value);
+    });
+    row->addWidget(SlideMap, 3);
+    MakeReadouts(*row);
+    MakeMeasuring(*row);
+    cmbMaps = Named(new QComboBox, "cmbMaps");
+    cmbMaps->setMinimumWidth(LeastComboWidth);
+    cmbMaps->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    connect(cmbMaps, &QComboBox::activated, this, [this](int index) {
+        Do([&] { screen->Map.cmbMaps_Change(cmbMaps->itemText(index).toStdString()); });
+        picMap->setFocus();
+    });
+    row->addWidget(cmbMaps, 2);
+    return bar;
+}
+
+void frmPlanung::MakeReadouts(QBoxLayout& layout) {
+    const auto readout = [&](const char* value, const char* unit, int width) {
+        auto* label = new ReadoutLabel(value, unit, ReadoutLabel::Size::Wide, this);
+        label->setFixedWidth(width);
+        layout.addWidget(label);
+        return label;
+    };
+    latitude = readout("lblLatx", "lblNS", CoordinateWidth);
+    longitude = readout("lblLongx", "lblEW", CoordinateWidth);
+    distance = readout("lblDistanz", "lblDistanzUnit", DistanceWidth);
+    course = readout("lblKurs", "lblKursUnit", CourseWidth);
+}
+
+// The picture of the switch that is on lies over its button.
+void frmPlanung::MakeMeasuring(QBoxLayout& layout) {
+    auto* place = new QGridLayout;
+    cmdMessen = MeasureButton("cmdMessen", &PlanMap::cmdMessen_Click);
+    picMessen = MeasureButton("picMessen", &PlanMap::picMessen_Click);
+    picMessen->SetLit(true);
+    for (LampButton* button : {cmdMessen, picMessen}) place->addWidget(button, 0, 0);
+    layout.addLayout(place);
+}
+
+LampButton* frmPlanung::MeasureButton(const char* name, void (PlanMap::*click)()) {
+    auto* button = Named(new LampButton(this), name);
+    button->SetIcon(":/icons/measure.svg");
+    button->setFocusPolicy(Qt::TabFocus);
+    QSizePolicy keepsItsPlace(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    keepsItsPlace.setRetainSizeWhenHidden(true); // both languages, lit or not: nothing moves
+    button->setSizePolicy(keepsItsPlace);
+    connect(button, &QAbstractButton::clicked, this, [this, click] {
+        const bool hadFocus = focusWidget() == cmdMessen || focusWidget() == picMessen;
+        Do([this, click] { (screen->Map.*click)(); });
+        if (hadFocus) (picMessen->isVisible() ? picMessen : cmdMessen)->setFocus();
+    });
+    return button;
+}
+
+// Tab goes from the waypoints over the map to the routes, as the eye does.
+void frmPlanung::ChainFocus() {
+    const QList<QWidget*> ofRoutes = routes->findChildren<QWidget*>();
+    QWidget* before = nullptr;
+    for (QWidget* widget : waypoints->findChildren<QWidget*>())
+        if (widget->focusPolicy() & Qt::TabFocus) before = widget;
+    const auto then = [&](QWidget* widget) {
+        if (before) setTabOrder(before, widget);
+        before = widget;
+    };
+    for (QWidget* widget : std::initializer_list<QWidget*>{picMap, SlideMap, cmdMessen, picMessen, cmbMaps})
+        then(widget);
+    for (QWidget* widget : ofRoutes)
+        if (widget->focusPolicy() & Qt::TabFocus) then(widget);
+}
+
+// Also an event that ends in an error has changed something: what it did shows.
+void frmPlanung::Do(const std::function<void()>& event) {
+    guard.Run(event);
+    ShowState();
+}
+
+void frmPlanung::MapPressed(QPointF at, Qt::MouseButton button) {
+    picMap->setFocus();
+    if (button == Qt::LeftButton) screen->Map.MouseDown({at.x(), at.y()});
+    ShowCursor();
+}
+
+void frmPlanung::MapMoved(QPointF at, Qt::MouseButtons held) {
+    screen->Map.MouseMove({at.x(), at.y()}, held.testFlag(Qt::LeftButton));
+    ShowCursor();
+}
+
+void frmPlanung::MapReleased(Qt::MouseButton button) {
+    if (button == Qt::LeftButton) screen->Map.MouseUp();
+}
+
+bool frmPlanung::eventFilter(QObject* watched, QEvent* event) {
+    const auto type = event->type();
+    if (type == QEvent::FocusOut) pressedKeys.clear();
+    if (type == QEvent::KeyPress || type == QEvent::KeyRelease) {
+        const auto& key = *static_cast<QKeyEvent*>(event);
+        if (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return false;
+        return type == QEvent::KeyPress ? MapKeyPressed(key.key())
+                                        : MapKeyReleased(key.key(), key.isAutoRepeat());
+    }
+    return Screen::eventFilter(watched, event);
+}
+
+bool frmPlanung::MapKeyPressed(int key) {
+    if (!IsEnter(key) && !IsStep(key)) return false;
+    pressedKeys.insert(key);
+    return true;
+}
+
+// The keys act when they are let go; the arrows of a key that is held come again and again.
+bool frmPlanung::MapKeyReleased(int key, bool isHeld) {
+    if (!pressedKeys.contains(key)) return false;
+    if (isHeld && !IsStep(key)) return true;
+    if (!isHeld) pressedKeys.erase(key);
+    Do([&] {
+        if (IsEnter(key))
+            screen->Routes.cmdAddwaypoint();
+        else if (key == Qt::Key_Down)
+            screen->Waypoints.cmdNext();
+        else
+            screen->Waypoints.cmdPrev();
+    });
+    return true;
+}
+
+void frmPlanung::Form_Activate() {
+    if (!loaded) {
+        screen->Form_Load();
+        loaded = true;
+    }
+    PlaceOverMap();
+    try {
+        screen->Form_Activate();
+    } catch (...) {
+        ApplyLanguage(); // what could be read shows all the same
+        throw;
+    }
+    ApplyLanguage();
+}
+
+void frmPlanung::Form_Deactivate() {
+    pressedKeys.clear();
+    if (loaded) screen->Form_Deactivate();
+}
+
+void frmPlanung::ShowAirspaceSettings() {
+    if (auto* open = findChild<frmLuftraumSettings*>()) {
+        open->raise();
+        open->activateWindow();
+        return;
+    }
+    auto* dialog = new frmLuftraumSettings(this, shared, screen->Airspace, guard, [this] {
+        screen->RedrawPlan();
+        ShowState();
+    });
+    dialog->open();
+}
+
+void frmPlanung::ShowState() {
+    ShowMap();
+    waypoints->ShowState();
+    routes->ShowState();
+}
+
+void frmPlanung::ShowMap() {
+    const Flagged now(showing);
+    const PlanMap& map = screen->Map;
+    SlideMap->setValue(map.SlideMap);
+    SlideMap->setEnabled(map.HasMap());
+    FillCombo(*cmbMaps, map.MapNames, map.cmbMaps);
+    lblNoMap->setVisible(!map.HasMap());
+    cmdMessen->setVisible(!map.Measuring.MeasureOn);
+    picMessen->setVisible(map.Measuring.MeasureOn);
+    tLR->setText(Q(screen->Airspace.tLR));
+    tLR->adjustSize();
+    tLR->setVisible(screen->Airspace.tLRVisible && map.HasMap());
+    ShowCursor();
+}
+
+void frmPlanung::ShowCursor() {
+    const PlanMap& map = screen->Map;
+    latitude->Show(Q(map.lblLatx), Q(map.lblNS));
+    longitude->Show(Q(map.lblLongx), Q(map.lblEW));
+    distance->Show(Q(map.Measuring.lblDistanz));
+    course->Show(Q(map.Measuring.lblKurs));
+}
+
+void frmPlanung::PlaceOverMap() {
+    tLR->move(10, 10);
+    progBar->move((picMap->width() - progBar->width()) / 2, 12);
+    lblNoMap->setGeometry(picMap->rect().adjusted(30, 40, -30, -40));
+}
+
+QString frmPlanung::Text(const char* german, const char* english) const {
+    return QString::fromUtf8(shared.Text(german, english));
+}
+
+void frmPlanung::ApplyLanguage() {
+    setWindowTitle(Text("Planung", "Plan mode"));
+    distance->SetCaption(Text("Distanz", "Distance"));
+    course->SetCaption(Text("Kurs", "Bearing"));
+    latitude->SetCaption(Text("Breitengrad", "Latitude"));
+    longitude->SetCaption(Text("Längengrad", "Longitude"));
+    cmdMessen->setText(Text(" Messen An ", " Measure On "));
+    picMessen->setText(Text(" Messen Aus ", " Measure Off "));
+    lblNoMap->setText(Text("Keine aktive Karte. Karten werden unter Kartendaten angemeldet.",
+                           "No active chart. Charts are registered on the screen Map Data."));
+    ApplyToolTips();
+    waypoints->ApplyLanguage();
+    routes->ApplyLanguage();
+    ShowState();
+}
+
+void frmPlanung::ApplyToolTips() {
+    const std::pair<QWidget*, QString> tips[] = {
+        {picMap, Text("Ziehen verschiebt, Doppelklick beginnt einen Wegpunkt; Pfeiltasten auf/ab: voriger "
+                      "und nächster Wegpunkt, Eingabe hängt ihn an die Strecke",
+                      "Drag to move, double-click to begin a waypoint; arrow keys up/down: previous and "
+                      "next waypoint, Enter adds it to the route")},
+        {SlideMap, Text("Maßstab", "Zoom")},
+        {cmbMaps, Text("Karte wählen", "Choose the chart")},
+        {progBar, Text("Karte wird geladen", "Loading the chart")},
+        {latitude, Text("Breite unter dem Mauszeiger: Grad, Minuten hinter dem Komma",
+                        "Latitude under the cursor: degrees, minutes behind the point")},
+        {longitude, Text("Länge unter dem Mauszeiger: Grad, Minuten hinter dem Komma",
+                         "Longitude under the cursor: degrees, minutes behind the point")},
+        {distance, Text("Gemessene Entfernung", "Measured distance")},
+        {course, Text("Gemessener rechtweisender Kurs", "Measured true bearing")},
+        {cmdMessen, Text("Entfernung und Kurs vom eingegebenen Wegpunkt zum Mauszeiger messen",
+                         "Measure distance and bearing from the waypoint entered to the cursor")},
+        {picMessen, Text("Messen beenden", "Stop measuring")},
+    };
+    for (const auto& [widget, tip] : tips) widget->setToolTip(tip);
+}
+
+} // namespace ornivane
