@@ -68,16 +68,12 @@ void PlanDrawing::DrawPlanRoute(MapSymbols& symbols) {
     while (routePoints.Step()) {
         const Position to{ToDecimalDegrees(routePoints.Number(0)), ToDecimalDegrees(routePoints.Number(1))};
         if (from) {
-            DrawPlanLeg(symbols, *from, to);
+            symbols.DrawLeg(*from, to, RouteColour);
             sum += CalcRouteDist(to.Lat, to.Long, from->Lat, from->Long);
         }
         from = to;
     }
     if (from) rooms.Routes.lblRouteDistanz = Format(sum, "#####", rooms.Shared.Locale) + " NM";
-}
-
-void PlanDrawing::DrawPlanLeg(MapSymbols& symbols, const Position& from, const Position& to) {
-    symbols.DrawLeg(from, to, RouteColour);
 }
 
 void PlanDrawing::DrawWaypoints(MapSymbols& symbols, const MapTransform& transform) {
