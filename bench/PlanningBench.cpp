@@ -25,8 +25,8 @@ QApplication& Application() {
     static int count = 1;
     static char name[] = "PlanningBench";
     static char* values[] = {name, nullptr};
-    static QApplication application(count, values);
-    return application;
+    static auto* application = new QApplication(count, values);
+    return *application;
 }
 
 struct Planning : PlanningLists {
@@ -69,7 +69,7 @@ struct Planning : PlanningLists {
 Planning& Lists() {
     static auto* lists = [] {
         Application();
-        return new Planning; // never deleted: the application would be gone before it
+        return new Planning; // neither of them is deleted: the application would be gone first
     }();
     return *lists;
 }

@@ -75,18 +75,18 @@ frmRoutePanel::List frmRoutePanel::MakeList(const char* name, Recordset& rows,
     return list;
 }
 
-LampButton* frmRoutePanel::Switch(const char* name, void (RouteEditing::*click)()) {
+LampButton* frmRoutePanel::Switch(const char* name, const std::function<void()>& click) {
     auto* button = new LampButton(this);
     button->SetIcon(":/icons/route.svg");
-    Wire(*button, name, [this, click] { (routes.*click)(); });
+    Wire(*button, name, click);
     return button;
 }
 
 void frmRoutePanel::MakeDrawing(QBoxLayout& layout) {
     auto* row = new QHBoxLayout;
     row->setSpacing(5);
-    cmdshowRoute = Switch("cmdshowRoute", &RouteEditing::cmdshowRoute);
-    picShowRoute = Switch("picShowRoute", &RouteEditing::picShowRoute);
+    cmdshowRoute = Switch("cmdshowRoute", [this] { routes.cmdshowRoute(); });
+    picShowRoute = Switch("picShowRoute", [this] { routes.picShowRoute(); });
     picShowRoute->SetLit(true);
     lblRouteDistanz = new FittedText(DistanceSize, this);
     lblRouteDistanz->setObjectName("lblRouteDistanz");

@@ -44,7 +44,7 @@ private:
     };
     List MakeList(const char* name, Recordset& rows, std::function<QString()> caption,
                   void (RouteEditing::*headClick)(int));
-    LampButton* Switch(const char* name, void (RouteEditing::*click)());
+    LampButton* Switch(const char* name, const std::function<void()>& click);
     void MakeDrawing(QBoxLayout& layout);
 
     RouteEditing& routes;

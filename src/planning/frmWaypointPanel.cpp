@@ -127,20 +127,21 @@ void frmWaypointPanel::MakeGrid(QBoxLayout& layout) {
     layout.addWidget(gridWaypoints, 1);
 }
 
+LampButton* frmWaypointPanel::Step(const char* name, const char* icon, const std::function<void()>& click) {
+    auto* button = new LampButton(this);
+    button->SetIcon(QString(":/icons/%1.svg").arg(icon));
+    Wire(*button, name, click);
+    return button;
+}
+
 void frmWaypointPanel::MakeSteps(QBoxLayout& layout) {
     auto* row = new QHBoxLayout;
     row->setSpacing(5);
-    const auto step = [this](const char* name, const char* icon, void (WaypointEditing::*to)()) {
-        auto* button = new LampButton(this);
-        button->SetIcon(QString(":/icons/%1.svg").arg(icon));
-        Wire(*button, name, [this, to] { (waypoints.*to)(); });
-        return button;
-    };
-    cmdPrev = step("cmdPrev", "previous", &WaypointEditing::cmdPrev);
+    cmdPrev = Step("cmdPrev", "previous", [this] { waypoints.cmdPrev(); });
     lblCount = new QLabel(this);
     lblCount->setObjectName("lblCount");
     lblCount->setAlignment(Qt::AlignCenter);
-    cmdNext = step("cmdNext", "next", &WaypointEditing::cmdNext);
+    cmdNext = Step("cmdNext", "next", [this] { waypoints.cmdNext(); });
     row->addWidget(cmdPrev, 1);
     row->addWidget(lblCount, 2);
     row->addWidget(cmdNext, 1);

@@ -41,6 +41,7 @@ private:
     void MakeSearch(QBoxLayout& layout);
     void MakeGrid(QBoxLayout& layout);
     void MakeSteps(QBoxLayout& layout);
+    LampButton* Step(const char* name, const char* icon, const std::function<void()>& click);
     void MakeEntry(QBoxLayout& layout);
     void MakeButtons(QBoxLayout& layout);
     QLineEdit* Field(const char* name);
