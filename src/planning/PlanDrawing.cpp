@@ -28,8 +28,7 @@ Value CurrentPoint(const Recordset& points) { return OnRow(points) ? points.Get(
 } // namespace
 
 PlanDrawing::PlanDrawing(const Rooms& ofScreen)
-    : rooms(ofScreen), waypoints(ofScreen.Shared.DataConn, WaypointWindow::Order::AsTheyCome),
-      airfields(ofScreen.Shared.AirfieldConn) {}
+    : rooms(ofScreen), waypoints(ofScreen.Shared.DataConn), airfields(ofScreen.Shared.AirfieldConn) {}
 
 void PlanDrawing::RedrawPlan() {
     kept = false;
