@@ -11,24 +11,23 @@ namespace ornivane {
 
 class Connection;
 
-// The waypoints of a geographic window. Prepared once, asked anew in every redraw.
+// The waypoints of a geographic window, in the order of their names. Prepared once, asked anew in every
+// redraw.
 class WaypointWindow {
 public:
-    enum class Order { ByName, AsTheyCome };
     struct Row {
         std::int64_t PointID;
         double Lat, Long; // DegMinValue
         std::string_view Name;
     };
 
-    WaypointWindow(Connection& connection, Order rowOrder) : dataConn(connection), order(rowOrder) {}
+    explicit WaypointWindow(Connection& connection) : dataConn(connection) {}
 
     // Bounds included. RuntimeError InvalidNull at a row without a position.
     void ForEach(const ViewBounds& bounds, const std::function<void(const Row&)>& action);
 
 private:
     Connection& dataConn;
-    Order order;
     Statement query;
 };
 

@@ -12,8 +12,7 @@ namespace ornivane {
 DrawingPass::DrawingPass(const DrawingPassRooms& passRooms, std::function<void(const RuntimeError&)> report,
                          std::function<void(const std::string&)> airfieldUnknown)
     : rooms(passRooms), reportError(std::move(report)), unknownAirfield(std::move(airfieldUnknown)),
-      waypoints(passRooms.Shared.DataConn, WaypointWindow::Order::ByName),
-      airfields(passRooms.Shared.AirfieldConn) {}
+      waypoints(passRooms.Shared.DataConn), airfields(passRooms.Shared.AirfieldConn) {}
 
 void DrawingPass::Pass(const std::function<void()>& steps) {
     // Stepping to the next point inside a pass moves the grid's row, which asks for a redraw: one redraw is

@@ -28,8 +28,7 @@ Value CurrentPoint(const Recordset& points) { return OnRow(points) ? points.Get(
 } // namespace
 
 PlanDrawing::PlanDrawing(const Rooms& ofScreen)
-    : rooms(ofScreen), waypoints(ofScreen.Shared.DataConn, WaypointWindow::Order::AsTheyCome),
-      airfields(ofScreen.Shared.AirfieldConn) {}
+    : rooms(ofScreen), waypoints(ofScreen.Shared.DataConn), airfields(ofScreen.Shared.AirfieldConn) {}
 
 void PlanDrawing::RedrawPlan() {
     kept = false;
@@ -68,16 +67,12 @@ void PlanDrawing::DrawPlanRoute(MapSymbols& symbols) {
     while (routePoints.Step()) {
         const Position to{ToDecimalDegrees(routePoints.Number(0)), ToDecimalDegrees(routePoints.Number(1))};
         if (from) {
-            DrawPlanLeg(symbols, *from, to);
+            symbols.DrawLeg(*from, to, RouteColour);
             sum += CalcRouteDist(to.Lat, to.Long, from->Lat, from->Long);
         }
         from = to;
     }
     if (from) rooms.Routes.lblRouteDistanz = Format(sum, "#####", rooms.Shared.Locale) + " NM";
-}
-
-void PlanDrawing::DrawPlanLeg(MapSymbols& symbols, const Position& from, const Position& to) {
-    symbols.DrawLeg(from, to, RouteColour);
 }
 
 void PlanDrawing::DrawWaypoints(MapSymbols& symbols, const MapTransform& transform) {

@@ -32,7 +32,6 @@ public:
 
 private:
     void DrawPlanRoute(MapSymbols& symbols);
-    void DrawPlanLeg(MapSymbols& symbols, const Position& from, const Position& to);
     void DrawWaypoints(MapSymbols& symbols, const MapTransform& transform);
 
     Rooms rooms;

@@ -96,6 +96,7 @@ void frmLuftraumSettings::MakeHeight(QBoxLayout& layout) {
     cmbHoehe->setMinimumHeight(44);
     cmbHoehe->setFixedWidth(130);
     for (const int height : LuftraumSettings::Heights) cmbHoehe->addItem(QString::number(height));
+    Named(cmbHoehe->lineEdit(), "tHoehe");
     const auto entered = [this](const QString& text) {
         settings.cmbHoehe = text.toStdString();
         settings.Option3_Click();

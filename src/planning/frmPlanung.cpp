@@ -3,7 +3,6 @@
 #include <QComboBox>
 #include <QFrame>
 #include <QGridLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QProgressBar>
 #include <algorithm>
@@ -26,15 +25,13 @@ namespace ornivane {
 
 namespace {
 
-constexpr int LeastMapWidth = 300, LeastMapHeight = 300; // pixels, as are all that follow
+// Pixels.
 constexpr int WaypointsWidth = 332, WidestWaypoints = 420, RoutesWidth = 232, WidestRoutes = 320;
 constexpr int BottomHeight = 66, LeastComboWidth = 150;
 constexpr int CoordinateWidth = 148, DistanceWidth = 148, CourseWidth = 92; // the longest usual value
+constexpr int MeasureWidth = 172;                                           // both languages, lit or not
 
 QString Q(const std::string& text) { return QString::fromStdString(text); }
-
-bool IsEnter(int key) { return key == Qt::Key_Return || key == Qt::Key_Enter; }
-bool IsStep(int key) { return key == Qt::Key_Up || key == Qt::Key_Down; }
 
 } // namespace
 
@@ -68,37 +65,6 @@ void frmPlanung::resizeEvent(QResizeEvent*) {
     waypoints->setFixedWidth(std::clamp(width() / 4, WaypointsWidth, WidestWaypoints));
     routes->setFixedWidth(std::clamp(width() / 6, RoutesWidth, WidestRoutes));
     layout()->activate(); // at once, or the map would be drawn twice
-}
-
-void frmPlanung::MakeMap() {
-    picMap = Named(new SurfaceWidget(this), "picMap");
-    picMap->setMinimumSize(LeastMapWidth, LeastMapHeight);
-    picMap->setFocusPolicy(Qt::StrongFocus);
-    picMap->setMouseTracking(true); // the cursor's position shows without a button
-    picMap->installEventFilter(this);
-    guard.Connect(picMap, &SurfaceWidget::Pressed,
-                  [this](QPointF at, Qt::MouseButton button) { MapPressed(at, button); });
-    guard.Connect(picMap, &SurfaceWidget::Moved,
-                  [this](QPointF at, Qt::MouseButtons held) { MapMoved(at, held); });
-    guard.Connect(picMap, &SurfaceWidget::Released,
-                  [this](QPointF, Qt::MouseButton button) { MapReleased(button); });
-    guard.Connect(picMap, &SurfaceWidget::DoubleClicked, [this](QPointF at, Qt::MouseButton button) {
-        if (button != Qt::LeftButton) return;
-        screen->Map.DblClick({at.x(), at.y()});
-        ShowState();
-    });
-    guard.Connect(picMap, &SurfaceWidget::Resized, [this] {
-        PlaceOverMap();
-        if (loaded) screen->Form_Resize();
-    });
-    tLR = Named(new QLabel(picMap), "tLR");
-    tLR->setAttribute(Qt::WA_TransparentForMouseEvents); // the map under it can be dragged
-    lblNoMap = Named(new QLabel(picMap), "lblNoMap");
-    lblNoMap->setAlignment(Qt::AlignCenter);
-    lblNoMap->setWordWrap(true);
-    progBar = Named(new QProgressBar(picMap), "progBar");
-    progBar->setFixedWidth(220);
-    for (QWidget* hidden : std::initializer_list<QWidget*>{tLR, lblNoMap, progBar}) hidden->hide();
 }
 
 // The logic draws on the surface, and the panels speak to the logic.
@@ -173,6 +139,7 @@ LampButton* frmPlanung::MeasureButton(const char* name, void (PlanMap::*click)()
     auto* button = Named(new LampButton(this), name);
     button->SetIcon(":/icons/measure.svg");
     button->setFocusPolicy(Qt::TabFocus);
+    button->setMinimumWidth(MeasureWidth);
     QSizePolicy keepsItsPlace(QSizePolicy::Fixed, QSizePolicy::Fixed);
     keepsItsPlace.setRetainSizeWhenHidden(true); // both languages, lit or not: nothing moves
     button->setSizePolicy(keepsItsPlace);
@@ -204,55 +171,6 @@ void frmPlanung::ChainFocus() {
 void frmPlanung::Do(const std::function<void()>& event) {
     guard.Run(event);
     ShowState();
-}
-
-void frmPlanung::MapPressed(QPointF at, Qt::MouseButton button) {
-    picMap->setFocus();
-    if (button == Qt::LeftButton) screen->Map.MouseDown({at.x(), at.y()});
-    ShowCursor();
-}
-
-void frmPlanung::MapMoved(QPointF at, Qt::MouseButtons held) {
-    screen->Map.MouseMove({at.x(), at.y()}, held.testFlag(Qt::LeftButton));
-    ShowCursor();
-}
-
-void frmPlanung::MapReleased(Qt::MouseButton button) {
-    if (button == Qt::LeftButton) screen->Map.MouseUp();
-}
-
-bool frmPlanung::eventFilter(QObject* watched, QEvent* event) {
-    const auto type = event->type();
-    if (type == QEvent::FocusOut) pressedKeys.clear();
-    if (type == QEvent::KeyPress || type == QEvent::KeyRelease) {
-        const auto& key = *static_cast<QKeyEvent*>(event);
-        if (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return false;
-        return type == QEvent::KeyPress ? MapKeyPressed(key.key())
-                                        : MapKeyReleased(key.key(), key.isAutoRepeat());
-    }
-    return Screen::eventFilter(watched, event);
-}
-
-bool frmPlanung::MapKeyPressed(int key) {
-    if (!IsEnter(key) && !IsStep(key)) return false;
-    pressedKeys.insert(key);
-    return true;
-}
-
-// The keys act when they are let go; the arrows of a key that is held come again and again.
-bool frmPlanung::MapKeyReleased(int key, bool isHeld) {
-    if (!pressedKeys.contains(key)) return false;
-    if (isHeld && !IsStep(key)) return true;
-    if (!isHeld) pressedKeys.erase(key);
-    Do([&] {
-        if (IsEnter(key))
-            screen->Routes.cmdAddwaypoint();
-        else if (key == Qt::Key_Down)
-            screen->Waypoints.cmdNext();
-        else
-            screen->Waypoints.cmdPrev();
-    });
-    return true;
 }
 
 void frmPlanung::Form_Activate() {
@@ -315,54 +233,6 @@ void frmPlanung::ShowCursor() {
     longitude->Show(Q(map.lblLongx), Q(map.lblEW));
     distance->Show(Q(map.Measuring.lblDistanz));
     course->Show(Q(map.Measuring.lblKurs));
-}
-
-void frmPlanung::PlaceOverMap() {
-    tLR->move(10, 10);
-    progBar->move((picMap->width() - progBar->width()) / 2, 12);
-    lblNoMap->setGeometry(picMap->rect().adjusted(30, 40, -30, -40));
-}
-
-QString frmPlanung::Text(const char* german, const char* english) const {
-    return QString::fromUtf8(shared.Text(german, english));
-}
-
-void frmPlanung::ApplyLanguage() {
-    setWindowTitle(Text("Planung", "Plan mode"));
-    distance->SetCaption(Text("Distanz", "Distance"));
-    course->SetCaption(Text("Kurs", "Bearing"));
-    latitude->SetCaption(Text("Breitengrad", "Latitude"));
-    longitude->SetCaption(Text("Längengrad", "Longitude"));
-    cmdMessen->setText(Text(" Messen An ", " Measure On "));
-    picMessen->setText(Text(" Messen Aus ", " Measure Off "));
-    lblNoMap->setText(Text("Keine aktive Karte. Karten werden unter Kartendaten angemeldet.",
-                           "No active chart. Charts are registered on the screen Map Data."));
-    ApplyToolTips();
-    waypoints->ApplyLanguage();
-    routes->ApplyLanguage();
-    ShowState();
-}
-
-void frmPlanung::ApplyToolTips() {
-    const std::pair<QWidget*, QString> tips[] = {
-        {picMap, Text("Ziehen verschiebt, Doppelklick beginnt einen Wegpunkt; Pfeiltasten auf/ab: voriger "
-                      "und nächster Wegpunkt, Eingabe hängt ihn an die Strecke",
-                      "Drag to move, double-click to begin a waypoint; arrow keys up/down: previous and "
-                      "next waypoint, Enter adds it to the route")},
-        {SlideMap, Text("Maßstab", "Zoom")},
-        {cmbMaps, Text("Karte wählen", "Choose the chart")},
-        {progBar, Text("Karte wird geladen", "Loading the chart")},
-        {latitude, Text("Breite unter dem Mauszeiger: Grad, Minuten hinter dem Komma",
-                        "Latitude under the cursor: degrees, minutes behind the point")},
-        {longitude, Text("Länge unter dem Mauszeiger: Grad, Minuten hinter dem Komma",
-                         "Longitude under the cursor: degrees, minutes behind the point")},
-        {distance, Text("Gemessene Entfernung", "Measured distance")},
-        {course, Text("Gemessener rechtweisender Kurs", "Measured true bearing")},
-        {cmdMessen, Text("Entfernung und Kurs vom eingegebenen Wegpunkt zum Mauszeiger messen",
-                         "Measure distance and bearing from the waypoint entered to the cursor")},
-        {picMessen, Text("Messen beenden", "Stop measuring")},
-    };
-    for (const auto& [widget, tip] : tips) widget->setToolTip(tip);
 }
 
 } // namespace ornivane

@@ -78,9 +78,9 @@ TEST_F(PlanDrawingTest, AnAirfieldHasItsRunwayUnderThePointAndNoRadio) {
     OpenAirfields();
     AddWaypoint("EDKB", 50.45, 6.30);
     AddWaypoint("HOME", 50.45, 6.36); // four letters, but no airfield: the rest of the map stays all the same
-    AddWaypoint("Alpha", 50.45, 6.42);
+    AddWaypoint("Zulu", 50.45, 6.42);
     Start();
-    EXPECT_THAT(Texts(), ElementsAre("[ EDKB ]", "[ 11/29 - 1799 m  ]", "[ HOME ]", "[ Alpha ]"));
+    EXPECT_THAT(Texts(), ElementsAre("[ EDKB ]", "[ 11/29 - 1799 m  ]", "[ HOME ]", "[ Zulu ]"));
     EXPECT_EQ(Surface.Count("line 400,200 410,200 w6 #C0C0C0"), 1);
     EXPECT_EQ(Surface.Count("circle 400,200 r4 w4 #FF0000"), 1);
     EXPECT_EQ(Surface.Count("text 410,210 [ 11/29"), 1);

@@ -169,6 +169,11 @@ QString Probe::Act(const QString& command, QWidget* widget, const QStringList& w
         const QPointF at = PointIn(words, 2, widget);
         Mouse(widget, QEvent::MouseButtonPress, at, button);
         Mouse(widget, QEvent::MouseButtonRelease, at, button);
+    } else if (command == "doubleclick") {
+        const QPointF at = PointIn(words, 2, widget);
+        for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease,
+                                QEvent::MouseButtonDblClick, QEvent::MouseButtonRelease})
+            Mouse(widget, type, at, button);
     } else if (command == "press") {
         Mouse(widget, QEvent::MouseButtonPress, PointIn(words, 2, widget), button);
     } else if (command == "move") {

@@ -71,6 +71,7 @@ bool Tour::Run() {
     program->Click("button7");
     program->Do("click chkVorschau 12 20");
     VisitScreens("de", "day");
+    Plan("de");
     program->Click("cmdNight");
     VisitScreens("de", "night");
     program->Click("button5");
@@ -78,6 +79,7 @@ bool Tour::Run() {
     VisitScreens("en", "night");
     program->Click("cmdNight");
     VisitScreens("en", "day");
+    Plan("en");
     VisitDialogs();
     End();
     FlyEnlarged();
@@ -240,15 +242,39 @@ void Tour::Calibrate(const std::string& suffix) {
 
 void Tour::VisitDialogs() {
     program->Click("button3");
-    constexpr std::pair<const char*, const char*> dialogs[] = {{"mnuExport", "frmExport"},
-                                                               {"mnuImport", "frmImport"},
-                                                               {"mnuLuftEin", "frmLuftraumSettings"},
-                                                               {"mnuabout", "frmAbout"}};
+    constexpr std::pair<const char*, const char*> dialogs[] = {
+        {"mnuExport", "frmExport"}, {"mnuImport", "frmImport"}, {"mnuabout", "frmAbout"}};
     for (const auto& [entry, dialog] : dialogs) {
         program->Do(std::string("menu ") + entry);
         Picture(dialog, dialog);
         program->Click("cmdClose");
     }
+    program->Click("button1");
+}
+
+// The planning screen with the airspace of a height, with the measuring line, and with the point of a new
+// waypoint.
+void Tour::Plan(const std::string& language) {
+    program->Click("button3");
+    program->Do("slider SlideMap 30");
+    program->Do("key tquickfind Ctrl+A");
+    program->Do("type tquickfind Bonn");
+    program->Do("menu mnuLuftEin");
+    program->Do("key tHoehe Ctrl+A");
+    program->Do("type tHoehe 4500");
+    Picture("frmLuftraumSettings-" + language, "frmLuftraumSettings");
+    program->Click("cmdExit");
+    Check(program->Text("tLR") == "Luftraum in 4500 ft", "airspace shows at the height that was chosen");
+    Picture("planning-airspace-" + language);
+    program->Click("cmdMessen");
+    program->Do("move picMap 110 170");
+    Check(program->Text("lblDistanz").ends_with(" NM"), "the distance is measured");
+    Picture("planning-measuring-" + language);
+    program->Click("picMessen");
+    program->Do("doubleclick picMap 200 260");
+    Check(program->Text("tWaypoint1").empty(), "a double click begins a waypoint");
+    Picture("planning-new-waypoint-" + language);
+    program->Do("key tWaypoint1 Escape");
     program->Click("button1");
 }
 
@@ -259,6 +285,9 @@ void Tour::FlyEnlarged() {
     EnterWind();
     for (const std::string size : {"1024x700", "1920x1080"}) {
         Resize(size);
+        program->Click("button3");
+        Picture("planning-" + size + "-200-percent");
+        program->Click("button1");
         for (const std::string palette : {"day", "night"}) {
             for (const std::string mode : {"vor", "hsi", "heading"}) {
                 Picture("flight-" + mode + "-" + palette + "-" + size + "-200-percent");
