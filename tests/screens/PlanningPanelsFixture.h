@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -10,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "planning/ListsFixture.h"
+#include "planning/frmPlanung.h"
 #include "planning/frmRoutePanel.h"
 #include "planning/frmWaypointPanel.h"
 #include "platform/qt/Events.h"
@@ -17,42 +17,15 @@
 
 namespace ornivane {
 
-// Both panels of planning beside a place for the chart, on the lists of a small store.
+// The planning screen on the lists of a small store.
 class PlanningPanelsTest : public testing::Test, protected PlanningLists {
 protected:
-    // The focus goes where the lists want it.
-    struct PanelScreen : CountingScreen {
-        explicit PanelScreen(PlanningPanelsTest& of) : test(of) {}
-        void FocusMap() override { test.Map->setFocus(); }
-        void FocusWaypoints() override { test.Left->FocusList(); }
-        void FocusRoutes() override { test.Right->FocusList(); }
-        PlanningPanelsTest& test;
-    };
-
     PlanningPanelsTest() {
-        WaypointRoom.Form_Load();
-        RouteRoom.Form_Load();
-        WaypointRoom.FillCategories();
-        auto* row = new QHBoxLayout(&Window);
-        row->setContentsMargins(0, 0, 0, 0);
-        Left = new frmWaypointPanel(
-            &Window, WaypointRoom, Shared, Guard, [this] { RouteRoom.cmdAddwaypoint(); },
-            [this] { ShowBoth(); });
-        Map = new QWidget(&Window);
-        Map->setFocusPolicy(Qt::StrongFocus);
-        Right = new frmRoutePanel(
-            &Window, RouteRoom, Shared, Guard, [this] { Left->FocusList(); }, [this] { ShowBoth(); });
-        row->addWidget(Left);
-        row->addWidget(Map, 1);
-        row->addWidget(Right);
         Window.resize(1024, 640);
         Window.show();
+        Window.Form_Activate();
         QApplication::setActiveWindow(&Window);
         Left->FocusEntry();
-    }
-    void ShowBoth() {
-        if (Left) Left->ShowState();
-        if (Right) Right->ShowState();
     }
     template <typename Widget>
     Widget& Find(const char* name) {
@@ -89,13 +62,12 @@ protected:
 
     QtNotice Notices;
     EventGuard Guard{Notices, [this] { return Shared.EnglishUI == 1; }};
-    PanelScreen Owner{*this};
-    WaypointEditing WaypointRoom{Shared, Boxes, Owner};
-    RouteEditing RouteRoom{Shared, Boxes, WaypointRoom.WaypointsSet, Owner};
-    QWidget Window;
-    QWidget* Map = nullptr;
-    frmWaypointPanel* Left = nullptr;
-    frmRoutePanel* Right = nullptr;
+    frmPlanung Window{Shared, Boxes, Guard};
+    WaypointEditing& WaypointRoom = Window.Logic().Waypoints;
+    RouteEditing& RouteRoom = Window.Logic().Routes;
+    QWidget* Map = &Find<QWidget>("picMap");
+    frmWaypointPanel* Left = Window.findChild<frmWaypointPanel*>();
+    frmRoutePanel* Right = Window.findChild<frmRoutePanel*>();
 };
 
 } // namespace ornivane

@@ -169,6 +169,8 @@ TEST_F(PlanningPanelsTest, TheRouteIsShownByOneButtonAndHiddenByItsLitTwinOrTheL
         return std::string(Find<QWidget>("cmdshowRoute").isVisible() ? "show" : "") +
                (Find<QWidget>("picShowRoute").isVisible() ? "hide" : "");
     };
+    EXPECT_EQ(visible(), "hide"); // shown from the start
+    Click("picShowRoute");
     EXPECT_EQ(visible(), "show");
     Find<QWidget>("cmdshowRoute").setFocus();
     Key(Qt::Key_Space);
