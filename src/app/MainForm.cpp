@@ -8,6 +8,7 @@
 
 #include "app/StoreOpening.h"
 #include "app/UpdateCheck.h"
+#include "app/frmAbout.h"
 #include "app/frmInfo.h"
 #include "app/frmPlaceholder.h"
 #include "common/SettingsFiles.h"
@@ -234,9 +235,8 @@ void MainForm::mnuLuftEin_Click() {
 }
 
 void MainForm::mnuabout_Click() {
-    ShowDialogPlaceholder(
-        "frmAbout", captions::About,
-        {"Hier stehen Version, Änderungen und Verweise.", "Here are version, changes and links."});
+    if (auto* open = findChild<frmAbout*>()) return open->raise();
+    (new frmAbout(variablen, *services.Links, this))->open();
 }
 
 void MainForm::mnuUpdate_Click() {

@@ -34,9 +34,9 @@ void PortTest::Form_Activate() {
     SelectedCom = 0;
     for (int number = 1; number <= MostPorts; ++number)
         if (ports.Exists(number)) cmbCom.push_back(number);
-    if (cmbCom.empty())
-        dialogs.Message(shared.Text("Es wurde kein COM Port gefunden", "No COM was found"),
-                        shared.Text("Keine COM Anschlüsse vorhanden", "No COM Port available"));
+    if (cmbCom.empty()) // the other settings can be used without a port
+        dialogs.MessageBeside(shared.Text("Es wurde kein COM Port gefunden", "No COM was found"),
+                              shared.Text("Keine COM Anschlüsse vorhanden", "No COM Port available"));
     else
         SelectSaved();
     ShowTexts();
