@@ -90,6 +90,8 @@ void PortTest::OpenChosen() {
     try {
         port.Open(testedCom);
         twins.Reset();
+        framing.Reset(); // or the lines of an earlier test would pass for this one's
+        sent.Reset();
     } catch (const RuntimeError& error) {
         stage = Stage::NotOpened;
         openFailure = error;

@@ -19,6 +19,11 @@ void Categories::Form_Load() {
     GridRowChanged();
 }
 
+void Categories::Form_Activate() {
+    Reread(CategoriesSet.AbsolutePosition());
+    GridRowChanged();
+}
+
 std::string Categories::CurrentName() const {
     const Value name = CategoriesSet.Get("Kategorie");
     return name.IsNull() ? std::string() : name.Text();
@@ -53,8 +58,8 @@ void Categories::StandOn(int place) {
 
 void Categories::Reread(int place) {
     CategoriesSet.CancelUpdate();
-    CategoriesSet.Requery();
-    StandOn(place);
+    CategoriesSet.Requery(); // stands on the first row
+    if (place > 1) StandOn(place);
 }
 
 void Categories::cmdAdd_Click() {

@@ -15,6 +15,8 @@ public:
     Categories(Variablen& shared, Dialogs& dialogs);
 
     void Form_Load();
+    // Rereads the list; stands where it stood.
+    void Form_Activate();
     // The grid stands on another row.
     void GridRowChanged();
     // A click on the head of a column, from 0.

@@ -46,6 +46,7 @@ void SettingsScreen::Form_Activate() {
     // A QNH of today is shown, or a mere look at this screen would end it.
     if (shared.QNHDate == DateOf(world.SystemClock.Now())) shared.tQNH = std::to_string(shared.QNH);
     if (Frame4) ReadTrack();
+    CategoryList.Form_Activate();
     ApplyLanguage();
     Port.Form_Activate();
 }

@@ -63,7 +63,7 @@ void frmPortPanel::MakeChoice(QBoxLayout& layout, EventGuard& guard) {
 void frmPortPanel::MakeDisplays(QBoxLayout& layout) {
     lblStatus = parts::Label("lblStatus");
     lblHint = parts::Label("lblHint");
-    lblHint->setWordWrap(true);
+    for (QLabel* label : {lblStatus, lblHint}) label->setWordWrap(true);
     lblHint->setStyleSheet("font-weight: bold");
     tGPS = parts::Named(new QLineEdit, "tGPS");
     tGPS->setReadOnly(true);

@@ -67,8 +67,22 @@ frmSettings::frmSettings(const SettingsFormServices& formServices)
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(area);
+    OrderTabs();
     logic->Form_Load();
     frmSettings::ApplyLanguage();
+}
+
+// As one reads: down the left column, down the right one.
+void frmSettings::OrderTabs() {
+    QWidget* before = nullptr;
+    for (const char* name :
+         {"OptGer",     "OptEng",   "Option1",   "Option2",   "cmbCom",     "cmbBaud",       "cmdCheck",
+          "tGPS",       "chkTrack", "chkAutoOn", "cmbTrack",  "cmdTrack",   "tQNH",          "gridKategorie",
+          "tKategorie", "cmdAdd",   "cmdChange", "cmdDelete", "cmdManager", "cmdGetWaypoint"}) {
+        auto* next = findChild<QWidget*>(name);
+        if (before) setTabOrder(before, next);
+        before = next;
+    }
 }
 
 // The panels look at what the logic owns, so they go first.
@@ -81,7 +95,7 @@ QWidget* frmSettings::Pair(QGroupBox*& box, const char* name, QRadioButton* firs
     box = parts::Named(new QGroupBox, name);
     auto* layout = new QHBoxLayout(box);
     layout->setContentsMargins(4, 0, 4, 0);
-    for (QRadioButton* button : {first, second}) layout->addWidget(button);
+    for (QRadioButton* button : {first, second}) layout->addWidget(button, 1, Qt::AlignLeft);
     return box;
 }
 
@@ -130,8 +144,8 @@ QGroupBox* frmSettings::MakeTrack() {
         interval->addWidget(widget);
     interval->addStretch();
     interval->addWidget(cmdTrack);
-    layout->addWidget(chkTrack, 0, 0);
-    layout->addWidget(chkAutoOn, 1, 0);
+    layout->addWidget(chkTrack, 0, 0, Qt::AlignLeft);
+    layout->addWidget(chkAutoOn, 1, 0, Qt::AlignLeft);
     layout->addLayout(interval, 2, 0);
 
     connect(chkTrack, &QCheckBox::clicked, this,

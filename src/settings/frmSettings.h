@@ -49,6 +49,7 @@ private:
     void Run(const std::function<void()>& event);
     void ShowState();
     void ApplyTooltips();
+    void OrderTabs();
 
     SettingsFormServices services;
     std::unique_ptr<SettingsScreen> logic;

@@ -190,7 +190,8 @@ TEST_F(MainFormTest, GivesEveryControlATooltipInBothLanguages) {
         const QString german = control->toolTip();
         variablen.EnglishUI = 1;
         form->ApplyLanguage();
-        if (control->objectName().startsWith("qt_")) continue;
+        // Parts of Qt's own widgets: the arrows of the toolbar, the corner of a grid.
+        if (control->objectName().isEmpty() || control->objectName().startsWith("qt_")) continue;
         EXPECT_FALSE(german.isEmpty()) << control->objectName().toStdString();
         EXPECT_NE(german, control->toolTip()) << control->objectName().toStdString();
     }

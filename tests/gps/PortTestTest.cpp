@@ -113,9 +113,13 @@ TEST_F(PortTestTest, APortThatVanishesDuringItsTestHasNotPassed) {
 
 TEST_F(PortTestTest, TellsOfDataThatNoReceiverSendsAtTheRightBaudRate) {
     Screen.cmdCheck_Click();
+    Port.Receive(Sentence("GPRMC,120000,A,4807.0,N,01131.0,E,,,") + "\r\n");
+    Screen.cmbBaud = 4;
+    Screen.cmdCheck_Click(); // what was said at the right one does not count
     for (int i = 0; i < 5; ++i) Port.Receive("\xF8\x80\xFE" + std::string(60, '\x86'));
     Timer.Fire(2);
     EXPECT_EQ(Screen.tGPS, "No data from GPS received - check baudrate");
+    EXPECT_EQ(Screen.LabelStatus.Caption, "No GPS Fix");
     EXPECT_EQ(Screen.lblHint, "Data come in, but no sentences of a GPS: check baud rate and port");
     Port.Receive("\r\n" + Sentence("GPGLL,4807.0,N,01131.0,E,120000,A") + "\r\n");
     EXPECT_EQ(Screen.lblHint, "");
