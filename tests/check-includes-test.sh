@@ -31,6 +31,7 @@ nav/Slip.cpp|#include "platform/qt/Screen.h"|nav must not include platform/qt/Sc
 nav/Slip.cpp|#include <QString>|Qt below the forms
 store/Slip.h|#include <QtCore/QString>|Qt below the forms
 nav/frmSlip.cpp|#include "planning/frmPlanung.h"|nav must not include planning/frmPlanung.h
+settings/Slip.cpp|#include "nav/FixState.h"|settings must not include nav/FixState.h
 platform/Slip.h|#include "platform/qt/Screen.h"|platform must not include platform/qt/Screen.h
 platform/qt/Slip.cpp|#include "nav/FixState.h"|platform/qt must not include nav/FixState.h
 nav/Slip.cpp|#include "FixState.h"|named from src/ on

@@ -19,7 +19,8 @@ BEGIN {
     allowed["map"] = "base platform geo store common gps"
     screen = "base platform geo store common gps map"
     allowed["nav"] = allowed["planning"] = allowed["flightplan"] = allowed["calibration"] = allowed["tracks"] = screen
-    allowed["app"] = screen " platform/qt nav planning flightplan calibration tracks"
+    allowed["settings"] = screen
+    allowed["app"] = screen " platform/qt nav planning flightplan calibration tracks settings"
     allowed["platform/qt"] = "platform base store common"
 }
 function slip(text) { print FILENAME ":" FNR ": " text; slips++ }

@@ -8,8 +8,8 @@
 
 #include "app/StoreOpening.h"
 #include "app/UpdateCheck.h"
+#include "app/frmAbout.h"
 #include "app/frmInfo.h"
-#include "app/frmPlaceholder.h"
 #include "common/SettingsFiles.h"
 
 namespace ornivane {
@@ -197,24 +197,6 @@ void MainForm::ShowMode(Mode mode) {
     if (front && !front->isAncestorOf(focusWidget())) front->setFocus();
 }
 
-void MainForm::ShowDialogPlaceholder(const char* name, Bilingual title, Bilingual purpose) {
-    if (auto* open = findChild<QDialog*>(name)) return open->raise();
-    auto* dialog = new QDialog(this);
-    dialog->setObjectName(name);
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setWindowTitle(title.In(variablen.EnglishUI == 1));
-    auto* layout = new QVBoxLayout(dialog);
-    layout->addWidget(new frmPlaceholder(variablen, "page", title, purpose));
-    auto* close = new QPushButton(captions::Close.In(variablen.EnglishUI == 1));
-    close->setObjectName("cmdClose");
-    close->setToolTip(captions::CloseTip.In(variablen.EnglishUI == 1));
-    close->setMinimumHeight(ButtonHeight);
-    connect(close, &QPushButton::clicked, dialog, &QDialog::close);
-    layout->addWidget(close, 0, Qt::AlignRight);
-    dialog->resize(560, 340);
-    dialog->show();
-}
-
 void MainForm::mnuExport_Click() { services.ShowExport(this); }
 
 void MainForm::mnuImport_Click() { services.ImportRoute(); }
@@ -224,9 +206,8 @@ void MainForm::mnuLuftEin_Click() {
 }
 
 void MainForm::mnuabout_Click() {
-    ShowDialogPlaceholder(
-        "frmAbout", captions::About,
-        {"Hier stehen Version, Änderungen und Verweise.", "Here are version, changes and links."});
+    if (auto* open = findChild<frmAbout*>()) return open->raise();
+    (new frmAbout(variablen, *services.Links, this))->open();
 }
 
 void MainForm::mnuUpdate_Click() {

@@ -56,7 +56,6 @@ private:
     void toolMain_ButtonClick(const QString& caption);
     void ShowMode(Mode mode);
     void ShowState();
-    void ShowDialogPlaceholder(const char* name, Bilingual title, Bilingual purpose);
 
     void mnuExport_Click();
     void mnuImport_Click();

@@ -1,8 +1,6 @@
 #include "app/Program.h"
 
 #include "app/frmInfo.h"
-#include "app/frmPlaceholder.h"
-#include "app/frmSettings.h"
 #include "calibration/frmCalibrate.h"
 #include "flightplan/frmFlugPlan.h"
 #include "nav/frmGPSmain.h"
@@ -10,6 +8,8 @@
 #include "planning/frmExport.h"
 #include "planning/frmPlanung.h"
 #include "platform/qt/Theme.h"
+#include "settings/frmSettings.h"
+#include "tracks/frmTrack.h"
 
 namespace ornivane {
 
@@ -22,8 +22,9 @@ constexpr int FailedToStart = 1; // exit status
 Program::Program(GuardedApplication& applicationOf, const std::filesystem::path& folder)
     : application(applicationOf), notices(new QtNotice),
       guard(*notices, [this] { return variablen.EnglishUI == 1; }), ports(PortDevices(folder)),
-      MSComm1(PortDevices(folder)), timerCheck(guard), timeTrack(guard),
-      main(std::make_unique<MainForm>(variablen, MainServices())), endSignals([this] { EndAsked(); }) {
+      MSComm1(PortDevices(folder)), timerCheck(guard), timeTrack(guard), settingsPort(PortDevices(folder)),
+      settingsTimer(guard), main(std::make_unique<MainForm>(variablen, MainServices())),
+      endSignals([this] { EndAsked(); }) {
     variablen.ProgramFolder = folder;
     variablen.Locale = ReadSystemLocale();
     dialogs.SetWindow(main.get());
@@ -88,7 +89,10 @@ Screen* Program::MakeScreen(Mode mode) {
         return new frmGPSmain(
             {variablen, MSComm1, timerCheck, timeTrack, ports, clock, dialogs, *notices, guard});
     case Mode::Settings:
-        return new frmSettings(variablen, guard, [this] { main->ApplyLanguage(); });
+        return new frmSettings({{variablen, settingsPort, settingsTimer, ports, clock, dialogs},
+                                guard,
+                                [this] { main->ApplyLanguage(); },
+                                {}});
     case Mode::Planning:
         planning = new frmPlanung(variablen, dialogs, guard);
         return planning;

@@ -48,6 +48,8 @@ private:
     QtPortList ports;
     QtSerialPort MSComm1;
     QtTimer timerCheck, timeTrack;
+    QtSerialPort settingsPort; // of the port test; no two screens use one port at once
+    QtTimer settingsTimer;
     std::unique_ptr<frmSplash> splash;
     std::unique_ptr<MainForm> main;
     frmPlanung* planning = nullptr; // the main window's, once it was shown

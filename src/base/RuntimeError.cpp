@@ -13,7 +13,7 @@ struct ErrorText {
     const char* English;
 };
 
-constexpr std::array<ErrorText, 17> ErrorTexts{{
+constexpr std::array<ErrorText, 18> ErrorTexts{{
     {ErrorNumber::InvalidCall, "Ungültiger Aufruf", "Invalid procedure call"},
     {ErrorNumber::Overflow, "Überlauf", "Overflow"},
     {ErrorNumber::SubscriptOutOfRange, "Index außerhalb des gültigen Bereichs", "Subscript out of range"},
@@ -21,6 +21,7 @@ constexpr std::array<ErrorText, 17> ErrorTexts{{
     {ErrorNumber::TypeMismatch, "Typen unverträglich", "Type mismatch"},
     {ErrorNumber::BadFileName, "Ungültiger Dateiname", "Bad file name"},
     {ErrorNumber::FileNotFound, "Datei nicht gefunden", "File not found"},
+    {ErrorNumber::FileAlreadyOpen, "Datei bereits geöffnet", "File already open"},
     {ErrorNumber::DeviceError, "Gerätefehler", "Device I/O error"},
     {ErrorNumber::DiskFull, "Datenträger voll", "Disk full"},
     {ErrorNumber::PermissionDenied, "Zugriff verweigert", "Permission denied"},

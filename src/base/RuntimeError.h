@@ -14,6 +14,7 @@ enum class ErrorNumber {
     TypeMismatch = 13,
     BadFileName = 52,
     FileNotFound = 53,
+    FileAlreadyOpen = 55,
     DeviceError = 57,
     DiskFull = 61,
     PermissionDenied = 70,

@@ -12,6 +12,8 @@
 
 namespace ornivane {
 
+inline constexpr std::int16_t StandardPressure = 1013; // hPa: what an unset QNH stands for
+
 // The state that screens share: one of it for a running program, made by main and handed to whoever needs it.
 struct Variablen {
     std::filesystem::path ProgramFolder; // the portable folder: program, stores, charts, settings files
@@ -34,6 +36,8 @@ struct Variablen {
     std::optional<Date> LuftraumDate;
     std::int16_t QNH = 0; // hPa
     std::optional<Date> QNHDate;
+    // The QNH as it stands in the settings screen: what holds on a day for which none was entered.
+    std::string tQNH = "1013";
     bool UpdateAvailable = false;
 
     // The text in the language in use at this moment.

@@ -4,6 +4,9 @@ namespace ornivane {
 
 std::string OpenFailureText(const RuntimeError& error, const std::string& port, const Variablen& shared) {
     const std::string name = "COM " + port;
+    if (error.Number() == ErrorNumber::FileAlreadyOpen)
+        return name +
+               shared.Text(" wird von einem anderen Programm benutzt", " is in use by another program");
     if (error.Number() != ErrorNumber::PermissionDenied)
         return name + shared.Text(" existiert nicht", " does not exist");
     std::string text = name + shared.Text(": Zugriff verweigert", ": permission denied");

@@ -10,7 +10,8 @@ namespace ornivane {
 
 // Texts that the flying screen and the port test share.
 
-// "COM 5 does not exist"; for a device that this user may not open it names the group to join instead.
+// "COM 5 does not exist"; for a device that this user may not open it names the group to join instead, and
+// one that another program holds is told to be in use.
 std::string OpenFailureText(const RuntimeError& error, const std::string& port, const Variablen& shared);
 
 // "Talkers: GN, GL\nlast minute: 180 sentences, 0 bad checksums"; empty when nothing was heard.

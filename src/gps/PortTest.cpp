@@ -26,20 +26,25 @@ PortTest::PortTest(SerialPort& serialPort, Timer& timer, const PortList& portLis
     port.OnEvent([this](SerialEvent event) { MSComm1_OnComm(event); });
     timerCheck.OnTimer([this] { timerCheck_Timer(); });
     sent.OnFirstPiece = [this](std::string_view piece) { ShowFirstPiece(piece); };
+    ShowTexts();
 }
-
-std::string PortTest::ComName() const { return "COM " + std::to_string(SelectedCom); }
 
 void PortTest::Form_Activate() {
     cmbCom.clear();
     SelectedCom = 0;
     for (int number = 1; number <= MostPorts; ++number)
         if (ports.Exists(number)) cmbCom.push_back(number);
-    if (cmbCom.empty())
-        dialogs.Message(shared.Text("Es wurde kein COM Port gefunden", "No COM was found"),
-                        shared.Text("Keine COM Anschlüsse vorhanden", "No COM Port available"));
+    if (cmbCom.empty()) // the other settings can be used without a port
+        dialogs.MessageBeside(shared.Text("Es wurde kein COM Port gefunden", "No COM was found"),
+                              shared.Text("Keine COM Anschlüsse vorhanden", "No COM Port available"));
     else
         SelectSaved();
+    ShowTexts();
+    changed();
+}
+
+void PortTest::ApplyLanguage() {
+    ShowTexts();
     changed();
 }
 
@@ -57,6 +62,9 @@ void PortTest::SelectSaved() {
 void PortTest::Form_Deactivate() {
     timerCheck.SetInterval(0);
     port.Close();
+    CheckCount = 0;
+    if (stage == Stage::Checking) stage = Stage::Untested;
+    ClearTestDisplays(); // the line is closed: a green lamp would stand for nothing
     Hourglass = false;
     changed();
 }
@@ -65,12 +73,13 @@ void PortTest::cmdCheck_Click() {
     if (SelectedCom == 0) return;
     port.Close();
     port.SetSettings(std::string(BaudRates.at(cmbBaud)) + ",n,8,1");
-    lblStatus = {ComName() + shared.Text(" wird überprüft", " - testing connection "), lblStatus.ForeColor};
+    stage = Stage::Checking;
+    testedCom = SelectedCom;
     Hourglass = true;
     ClearTestDisplays();
     CheckCount = CheckSeconds;
     // Data of an earlier test would save a port that is dead.
-    DataSeen = false;
+    DataSeen = sentenceHeard = false;
     timerCheck.SetInterval(CheckInterval);
     changed();
     OpenChosen();
@@ -79,24 +88,26 @@ void PortTest::cmdCheck_Click() {
 
 void PortTest::OpenChosen() {
     try {
-        port.Open(SelectedCom);
+        port.Open(testedCom);
         twins.Reset();
+        framing.Reset(); // or the lines of an earlier test would pass for this one's
+        sent.Reset();
     } catch (const RuntimeError& error) {
-        lblStatus.Caption = OpenFailureText(error, std::to_string(SelectedCom), shared);
+        stage = Stage::NotOpened;
+        openFailure = error;
     }
+    ShowTexts();
 }
 
 void PortTest::ClearTestDisplays() {
-    tGPS.clear();
+    firstPiece.clear();
+    isNoise = false;
     noFix = true;
-    lblComVerbindung = {shared.Text("Keine COM Verbindung", "No COM Connection"), Red};
-    LabelStatus = {shared.Text("Kein GPS Fix", "No GPS Fix"), Red};
+    isConnected = false;
+    isCleared = true;
     lblLat = lblLong = "---";
-    ShowNoSatellites();
-}
-
-void PortTest::ShowNoSatellites() {
-    lblSatellites = shared.Text("Anzahl Satelliten = -/-", "Number of satellites = -/-");
+    usedAndInView.clear();
+    ShowTexts();
 }
 
 void PortTest::timerCheck_Timer() {
@@ -107,20 +118,16 @@ void PortTest::timerCheck_Timer() {
     if (!DataSeen) {
         // It stays open: what comes later is shown, but saved only by another test.
         port.Close();
+        stage = Stage::NoSignal;
         ClearTestDisplays();
-        lblStatus.Caption =
-            shared.EnglishUI == 1 ? "No Signal - " + ComName() : "Kein Signal an " + ComName();
         OpenChosen();
     } else {
-        ShowConnected();
-        WriteComSettings(shared.ProgramFolder, {std::to_string(SelectedCom), BaudRates.at(cmbBaud)});
-        lblStatus.Caption = shared.Text("OK - Daten gespeichert", "OK - Data saved");
+        isConnected = true;
+        WriteComSettings(shared.ProgramFolder, {std::to_string(testedCom), BaudRates.at(cmbBaud)});
+        stage = Stage::Saved;
+        ShowTexts();
     }
     changed();
-}
-
-void PortTest::ShowConnected() {
-    lblComVerbindung = {ComName() + shared.Text(" Verbindung hergestellt", " connected"), Green};
 }
 
 void PortTest::MSComm1_OnComm(SerialEvent event) {
@@ -128,32 +135,72 @@ void PortTest::MSComm1_OnComm(SerialEvent event) {
     if (event == SerialEvent::Receive) {
         const std::string receivedText = port.ReadAll();
         if (receivedText.empty()) return;
-        ShowConnected();
+        isConnected = true;
         sent.HandleInput(receivedText);
         framing.HandleInput(twins.Turn(receivedText, 0));
         DataSeen = true;
-    } else if (lblComVerbindung.ForeColor == Green) {
-        ClearTestDisplays();
+        ShowTexts();
+    } else {
+        // A port that went away in the middle of its test has not passed it.
+        if (event == SerialEvent::Other) DataSeen = false;
+        if (isConnected) ClearTestDisplays();
     }
     changed();
 }
 
+std::string PortTest::StatusText() const {
+    switch (stage) {
+    case Stage::Untested:
+        break;
+    case Stage::Checking:
+        return ComName() + shared.Text(" wird überprüft", " - testing connection ");
+    case Stage::NoSignal:
+        return shared.EnglishUI == 1 ? "No Signal - " + ComName() : "Kein Signal an " + ComName();
+    case Stage::NotOpened:
+        return OpenFailureText(*openFailure, std::to_string(testedCom), shared);
+    case Stage::Saved:
+        return shared.Text("OK - Daten gespeichert", "OK - Data saved");
+    }
+    return {};
+}
+
+std::string PortTest::SatellitesText() const {
+    const std::string caption = shared.Text("Anzahl Satelliten = ", "Number of satellites = ");
+    if (!usedAndInView.empty()) return caption + usedAndInView;
+    return isCleared ? caption + "-/-" : caption;
+}
+
+void PortTest::ShowTexts() {
+    lblStatus.Caption = StatusText();
+    if (isConnected)
+        lblComVerbindung = {ComName() + shared.Text(" Verbindung hergestellt", " connected"), Green};
+    else
+        lblComVerbindung = {shared.Text("Keine COM Verbindung", "No COM Connection"), Red};
+    // Before the first test the label says it in the words of its caption, with a small f.
+    const char* const lost =
+        isCleared ? shared.Text("Kein GPS Fix", "No GPS Fix") : shared.Text("Kein GPS fix", "No GPS fix");
+    LabelStatus = noFix ? Label{lost, Red} : Label{"GPS Fix", Green};
+    lblSatellites = SatellitesText();
+    lblHint = stage == Stage::Saved && isConnected && !sentenceHeard
+                  ? shared.Text("Es kommen Daten, aber keine Sätze eines GPS: Baudrate und Anschluss prüfen",
+                                "Data come in, but no sentences of a GPS: check baud rate and port")
+                  : "";
+    tGPS = isNoise ? shared.Text("Kein GPS Datenempfang - Baudrate überprüfen",
+                                 "No data from GPS received - check baudrate")
+                   : firstPiece;
+}
+
 // The text is shown, so bytes that are no text are made ones.
 void PortTest::ShowFirstPiece(std::string_view piece) {
-    tGPS = piece.size() > LongestSensibleLine ? shared.Text("Kein GPS Datenempfang - Baudrate überprüfen",
-                                                            "No data from GPS received - check baudrate")
-                                              : DecodeText(piece);
+    isNoise = piece.size() > LongestSensibleLine;
+    firstPiece = isNoise ? std::string() : DecodeText(piece);
 }
 
-void PortTest::FixObtained() {
-    LabelStatus = {"GPS Fix", Green};
-    noFix = false;
-}
+void PortTest::TimeChanged(const std::string& /*time*/) { sentenceHeard = true; }
 
-void PortTest::FixLost() {
-    LabelStatus = {shared.Text("Kein GPS Fix", "No GPS Fix"), Red};
-    noFix = true;
-}
+void PortTest::FixObtained() { noFix = false; }
+
+void PortTest::FixLost() { noFix = true; }
 
 void PortTest::PositionReceived(const std::string& latitude, const std::string& longitude,
                                 const std::string& /*latraw*/, const std::string& /*longraw*/) {
@@ -166,11 +213,8 @@ void PortTest::SatellitesUsedReceived(std::int16_t satellitesUsed) {
 }
 
 void PortTest::SatellitesInViewReceived(std::int16_t satellitesInView) {
-    if (noFix)
-        ShowNoSatellites();
-    else
-        lblSatellites = shared.Text("Anzahl Satelliten = ", "Number of satellites = ") + Label7 + " / " +
-                        std::to_string(satellitesInView);
+    sentenceHeard = true;
+    usedAndInView = noFix ? std::string() : Label7 + " / " + std::to_string(satellitesInView);
 }
 
 } // namespace ornivane

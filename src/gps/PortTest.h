@@ -3,9 +3,11 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "base/RuntimeError.h"
 #include "common/Variablen.h"
 #include "gps/NmeaInterpreter.h"
 #include "gps/SentenceFraming.h"
@@ -45,12 +47,17 @@ public:
     void timerCheck_Timer();
     void MSComm1_OnComm(SerialEvent event);
     void ClearTestDisplays();
+    // Every text of the test in the language of this moment.
+    void ApplyLanguage();
+    // A test is under way: neither port nor baud rate may be changed, what was tested is what is saved.
+    bool IsTesting() const { return CheckCount > 0; }
 
     std::vector<int> cmbCom; // the ports offered
     int SelectedCom = 0;     // the port chosen among them; 0 when none is
     std::size_t cmbBaud = 0; // index into BaudRates
     std::string tGPS;        // the first line of the input, always UTF-8
     Label lblStatus;         // how the test goes
+    std::string lblHint;     // data came, but nothing that a receiver says at the right baud rate
     Label lblComVerbindung;
     Label LabelStatus; // the fix
     std::string lblSatellites;
@@ -61,6 +68,7 @@ public:
     bool DataSeen = false;       // in this test
 
 private:
+    void TimeChanged(const std::string& time) override;
     void FixObtained() override;
     void FixLost() override;
     void PositionReceived(const std::string& latitude, const std::string& longitude,
@@ -68,12 +76,16 @@ private:
     void SatellitesUsedReceived(std::int16_t satellitesUsed) override;
     void SatellitesInViewReceived(std::int16_t satellitesInView) override;
 
+    enum class Stage { Untested, Checking, NoSignal, NotOpened, Saved };
+
     void SelectSaved();
     void OpenChosen();
-    void ShowConnected();
     void ShowFirstPiece(std::string_view piece);
-    void ShowNoSatellites();
-    std::string ComName() const;
+    std::string ComName() const { return "COM " + std::to_string(testedCom); }
+    std::string StatusText() const;
+    std::string SatellitesText() const;
+    // The members that hold texts, from what is known.
+    void ShowTexts();
 
     SerialPort& port;
     Timer& timerCheck;
@@ -81,7 +93,16 @@ private:
     Dialogs& dialogs;
     const Variablen& shared;
     std::function<void()> changed;
+    Stage stage = Stage::Untested;
+    int testedCom = 0;
+    std::optional<RuntimeError> openFailure;
+    bool isCleared = false; // the displays are those of a test
+    bool isConnected = false;
+    bool isNoise = false;
+    bool sentenceHeard = false;
     bool noFix = true;
+    std::string usedAndInView; // "6 / 11"; empty while unknown
+    std::string firstPiece;
     NmeaInterpreter gps;
     TalkerTwins twins;
     SentenceFraming framing;

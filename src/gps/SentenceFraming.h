@@ -38,6 +38,9 @@ public:
     // handler may let the next chunk come in before it returns.
     void HandleInput(std::string_view input);
 
+    // Another port is listened to: what the last one said is forgotten.
+    void Reset() { serialBuffer.clear(); }
+
     // Told the first line of the buffer, complete or not, before the sentences are interpreted. May be left
     // out.
     std::function<void(std::string_view)> OnFirstPiece;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/Numbers.h"
 #include "base/RuntimeError.h"
 
 namespace ornivane {
@@ -51,10 +52,10 @@ void FlyingScreen::LoadFlightSet() {
 void FlyingScreen::SaveFlightSet() { WriteDisplayFlags(world.Shared.ProgramFolder, Flags); }
 
 void FlyingScreen::TakeDailyQnh() {
-    // A QNH holds for the day on which it was entered; the standard pressure is what an unset field stands
-    // for.
-    constexpr std::int16_t standardPressure = 1013;
-    if (world.Shared.QNHDate != DateOf(world.SystemClock.Now())) world.Shared.QNH = standardPressure;
+    // A QNH holds for the day on which it was entered. On another day it is what stands in the settings: the
+    // standard pressure after a start, and after midnight the one that this flight was begun with.
+    if (world.Shared.QNHDate != DateOf(world.SystemClock.Now()))
+        world.Shared.QNH = ToInt16(ParseNumber(world.Shared.tQNH).value_or(StandardPressure));
     lblQNH = "QNH " + std::to_string(world.Shared.QNH);
 }
 

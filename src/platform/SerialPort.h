@@ -18,7 +18,8 @@ public:
     // Settings as "4800,n,8,1": baud rate, parity, data bits, stop bits.
     virtual void SetSettings(const std::string& settings) = 0;
     // RuntimeError FileNotFound when there is no such port, PermissionDenied when it may not be opened (the
-    // detail names the group to join), DeviceError otherwise. Opening an open port reopens it.
+    // detail names the group to join), FileAlreadyOpen when another program holds it, DeviceError otherwise.
+    // Opening an open port reopens it.
     virtual void Open(int number) = 0;
     virtual void Close() = 0;
     virtual bool IsOpen() const = 0;

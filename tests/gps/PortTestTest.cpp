@@ -89,6 +89,54 @@ TEST_F(PortTestTest, TellsOfAPortThatDoesNotOpenAndEndsTheTest) {
     EXPECT_EQ(Screen.lblStatus.Caption, "COM 7 does not exist");
     EXPECT_FALSE(Screen.Hourglass);
     EXPECT_EQ(Timer.Interval(), 0);
+
+    Port.Failure = ErrorNumber::FileAlreadyOpen;
+    Screen.cmdCheck_Click();
+    EXPECT_EQ(Screen.lblStatus.Caption, "COM 7 is in use by another program");
+    Shared.EnglishUI = 0;
+    Screen.ApplyLanguage();
+    EXPECT_EQ(Screen.lblStatus.Caption, "COM 7 wird von einem anderen Programm benutzt");
+}
+
+TEST_F(PortTestTest, APortThatVanishesDuringItsTestHasNotPassed) {
+    Screen.SelectedCom = 20;
+    Screen.cmdCheck_Click();
+    Port.Receive(Sentence("GPRMC,120000,A,4807.0,N,01131.0,E,,,") + "\r\n");
+    Timer.Fire();
+    Port.HangUp();
+    EXPECT_EQ(Screen.lblComVerbindung.Caption, "No COM Connection");
+    Port.Failure = ErrorNumber::FileNotFound;
+    Timer.Fire();
+    EXPECT_EQ(Screen.lblStatus.Caption, "COM 20 does not exist");
+    EXPECT_EQ(ReadComSettings(Folder.Path())->Port, "7");
+}
+
+TEST_F(PortTestTest, TellsOfDataThatNoReceiverSendsAtTheRightBaudRate) {
+    Screen.cmdCheck_Click();
+    Port.Receive(Sentence("GPRMC,120000,A,4807.0,N,01131.0,E,,,") + "\r\n");
+    Screen.cmbBaud = 4;
+    Screen.cmdCheck_Click(); // what was said at the right one does not count
+    for (int i = 0; i < 5; ++i) Port.Receive("\xF8\x80\xFE" + std::string(60, '\x86'));
+    Timer.Fire(2);
+    EXPECT_EQ(Screen.tGPS, "No data from GPS received - check baudrate");
+    EXPECT_EQ(Screen.LabelStatus.Caption, "No GPS Fix");
+    EXPECT_EQ(Screen.lblHint, "Data come in, but no sentences of a GPS: check baud rate and port");
+    Port.Receive("\r\n" + Sentence("GPGLL,4807.0,N,01131.0,E,120000,A") + "\r\n");
+    EXPECT_EQ(Screen.lblHint, "");
+}
+
+TEST_F(PortTestTest, ChangesTheLanguageOfWhatItShows) {
+    EXPECT_EQ(Screen.LabelStatus.Caption + Screen.lblSatellites, "No GPS fixNumber of satellites = ");
+    Screen.cmdCheck_Click();
+    Port.Receive(Sentence("GPRMC,,A,4807.0,N,01131.0,E,,,") + "\r\n" + Sentence("GPGGA,,,,,,1,06,,,,,,,") +
+                 "\r\n" + Sentence("GPGSV,1,1,11") + "\r\n");
+    Shared.EnglishUI = 0;
+    Screen.ApplyLanguage();
+    EXPECT_EQ(Screen.lblStatus.Caption, "COM 7 wird überprüft");
+    EXPECT_EQ(Screen.lblComVerbindung.Caption, "COM 7 Verbindung hergestellt");
+    EXPECT_EQ(Screen.lblSatellites, "Anzahl Satelliten = 6 / 11");
+    Screen.Form_Deactivate();
+    EXPECT_EQ(Screen.lblStatus.Caption + Screen.lblComVerbindung.Caption, "Keine COM Verbindung");
 }
 
 TEST_F(PortTestTest, ShowsFixSatellitesAndPositionOnlyWithAFix) {

@@ -185,6 +185,13 @@ TEST_F(QtSerialPortTest, TellsWhyAPortDoesNotOpen) {
     std::filesystem::create_symlink("/dev/null", Link);
     EXPECT_EQ(ErrorOf(7), ErrorNumber::DeviceError);
     EXPECT_FALSE(Port.IsOpen());
+
+    Line line(Link);
+    QtSerialPort other{PortDevices(Folder.Path())};
+    other.Open(7);
+    EXPECT_EQ(ErrorOf(7), ErrorNumber::FileAlreadyOpen);
+    other.Close();
+    Port.Open(7);
 }
 
 TEST_F(QtSerialPortTest, OffersTerminalsOnlyAndTellsTheirDevice) {

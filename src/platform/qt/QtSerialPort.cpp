@@ -73,6 +73,8 @@ void QtSerialPort::ThrowOpenError(const std::filesystem::path& device) const {
     // QSerialPort calls it a permission error as well when another program holds the device.
     if (error == QSerialPort::PermissionError && access(device.c_str(), R_OK) != 0)
         throw RuntimeError(ErrorNumber::PermissionDenied, GroupToJoin(device));
+    if (error == QSerialPort::PermissionError)
+        throw RuntimeError(ErrorNumber::FileAlreadyOpen, device.string());
     throw RuntimeError(ErrorNumber::DeviceError, device.string() + ": " + port.errorString().toStdString());
 }
 

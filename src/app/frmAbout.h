@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QDialog>
+
+#include "common/Variablen.h"
+#include "platform/System.h"
+
+namespace ornivane {
+
+// Version, change log, web links, and whose data and libraries the program uses under which licences.
+class frmAbout : public QDialog {
+    Q_OBJECT
+
+public:
+    frmAbout(const Variablen& shared, Shell& shell, QWidget* parent);
+};
+
+} // namespace ornivane

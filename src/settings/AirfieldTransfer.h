@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstddef>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "common/Variablen.h"
+#include "platform/Dialogs.h"
+#include "settings/AirfieldCountries.h"
+
+namespace ornivane {
+
+class Statement;
+
+// Makes waypoints of the airfields of whole countries. A waypoint gets the airfield's code as its name, by
+// which the charts know it as an airfield; a name that any waypoint has already is left as it is. The texts
+// exist in German only.
+class AirfieldTransfer {
+public:
+    AirfieldTransfer(Variablen& shared, Dialogs& dialogs);
+
+    void Form_Load();
+    void cmbKategorie_Click(const std::string& category);
+    // Places in listAP, from 0. A country is looked up by its name: of two of one name it is the first,
+    // twice.
+    void listAP_Click(const std::vector<std::size_t>& selected);
+    // All or nothing, in one transaction. RuntimeError NoCurrentRecord while there is no waypoint at all.
+    void cmdTransfer_Click(const std::vector<std::size_t>& selected);
+
+    std::vector<std::string> Categories; // to choose from in cmbKategorie
+    std::string cmbKategorie;            // the choice
+    std::vector<AirfieldCountry> listAP; // by name
+    std::string cmdTransfer;             // the button's caption
+    std::string lblCount;
+
+private:
+    struct Before {
+        bool operator()(const std::string& a, const std::string& b) const;
+    };
+    using Names = std::set<std::string, Before>;
+
+    const AirfieldCountry& Named(const std::string& name) const;
+    Names WaypointNames() const;
+    int ImportCountries(const Names& prefixes);
+    void Report(int added);
+
+    Variablen& shared;
+    Dialogs& dialogs;
+};
+
+} // namespace ornivane

@@ -1,0 +1,115 @@
+#include "settings/Categories.h"
+
+#include "store/Connection.h"
+#include "store/Lists.h"
+
+namespace ornivane {
+
+namespace {
+
+constexpr const char* AllCategories = "SELECT * From Kategorie";
+constexpr const char* MoveWaypoints = "UPDATE Waypoints SET Kategorie = ? WHERE Kategorie = ?";
+
+} // namespace
+
+Categories::Categories(Variablen& variables, Dialogs& messages) : shared(variables), dialogs(messages) {}
+
+void Categories::Form_Load() {
+    CategoriesSet.Open(shared.DataConn, "Select * from Kategorie Order by NUMMER ASC");
+    GridRowChanged();
+}
+
+void Categories::Form_Activate() {
+    Reread(CategoriesSet.AbsolutePosition());
+    GridRowChanged();
+}
+
+std::string Categories::CurrentName() const {
+    const Value name = CategoriesSet.Get("Kategorie");
+    return name.IsNull() ? std::string() : name.Text();
+}
+
+void Categories::GridRowChanged() {
+    if (HasRow()) tKategorie = CurrentName();
+}
+
+void Categories::HeadClick(int column) {
+    if (column == 0) CategoriesSet.Sort("Nummer");
+    GridRowChanged();
+}
+
+// Stands on the row of that name when there is one, else where it stood.
+bool Categories::Exists(const std::string& name) {
+    if (CategoriesSet.RecordCount() == 0) return false;
+    const int place = CategoriesSet.AbsolutePosition();
+    CategoriesSet.MoveFirst();
+    if (CategoriesSet.Find("Kategorie", Comparison::Equal, name)) return true;
+    StandOn(place);
+    return false;
+}
+
+void Categories::StandOn(int place) {
+    if (CategoriesSet.RecordCount() == 0) return;
+    if (place >= 1 && place <= CategoriesSet.RecordCount())
+        CategoriesSet.SetAbsolutePosition(place);
+    else
+        CategoriesSet.MoveLast();
+}
+
+void Categories::Reread(int place) {
+    CategoriesSet.CancelUpdate();
+    CategoriesSet.Requery(); // stands on the first row
+    if (place > 1) StandOn(place);
+}
+
+void Categories::cmdAdd_Click() {
+    const char* const title = shared.Text("Datenfehler", "Data error");
+    if (tKategorie.empty())
+        return dialogs.Message(
+            title, shared.Text("Bitte Name für die Kategorie eingeben", "Please enter a category name"));
+    const std::string name = tKategorie;
+    if (Exists(name)) {
+        GridRowChanged();
+        return dialogs.Message(
+            title, shared.Text("Die Kategorie existiert schon. Bitte einen anderen Namen vergeben.",
+                               "Category already exists. Please choose another name..."));
+    }
+    InsertAfterCurrent(shared.DataConn, CategoriesSet, AllCategories, {},
+                       [&](Recordset& row) { row.Set("Kategorie", name); });
+    GridRowChanged();
+}
+
+void Categories::cmdChange_Click() {
+    if (!HasRow()) return;
+    const int place = CategoriesSet.AbsolutePosition();
+    try {
+        Transaction transaction(shared.DataConn);
+        shared.DataConn.Execute(MoveWaypoints, {tKategorie, CurrentName()});
+        CategoriesSet.Set("Kategorie", tKategorie);
+        CategoriesSet.Update();
+        transaction.Commit();
+    } catch (...) {
+        Reread(place); // the list must not show what the roll back has taken away
+        throw;
+    }
+    GridRowChanged();
+}
+
+void Categories::cmdDelete_Click() {
+    if (!HasRow()) return;
+    const int place = CategoriesSet.AbsolutePosition();
+    try {
+        Transaction transaction(shared.DataConn);
+        shared.DataConn.Execute(MoveWaypoints, {"", CurrentName()});
+        CategoriesSet.Delete();
+        Renumber(shared.DataConn, AllCategories, {});
+        transaction.Commit();
+    } catch (...) {
+        Reread(place);
+        throw;
+    }
+    Reread(place); // the next one, or the new last one
+    GridRowChanged();
+}
+
+} // namespace ornivane

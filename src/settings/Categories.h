@@ -1,0 +1,47 @@
+#pragma once
+
+#include <string>
+
+#include "common/Variablen.h"
+#include "platform/Dialogs.h"
+#include "store/Recordset.h"
+
+namespace ornivane {
+
+// The list of waypoint categories and its entry field. A waypoint holds the name of its category, not a key,
+// so renaming and deleting rewrite the waypoints; each command is one transaction.
+class Categories {
+public:
+    Categories(Variablen& shared, Dialogs& dialogs);
+
+    void Form_Load();
+    // Rereads the list; stands where it stood.
+    void Form_Activate();
+    // The grid stands on another row.
+    void GridRowChanged();
+    // A click on the head of a column, from 0.
+    void HeadClick(int column);
+    void cmdAdd_Click();
+    // Neither an empty name nor one that exists is refused: the waypoints of both are one category then.
+    void cmdChange_Click();
+    // Without a question; the waypoints stay, in no category.
+    void cmdDelete_Click();
+    void tKategorie_DblClick() { tKategorie.clear(); }
+
+    // "Select * from Kategorie Order by NUMMER ASC"; its current row is the grid's.
+    Recordset CategoriesSet;
+    std::string tKategorie; // the entry field
+
+private:
+    std::string CurrentName() const;
+    bool HasRow() const { return CategoriesSet.RecordCount() > 0 && !CategoriesSet.Eof(); }
+    bool Exists(const std::string& name);
+    // The row at this place, from 1, or the last one.
+    void StandOn(int place);
+    void Reread(int place);
+
+    Variablen& shared;
+    Dialogs& dialogs;
+};
+
+} // namespace ornivane

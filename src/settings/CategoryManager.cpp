@@ -1,0 +1,69 @@
+#include "settings/CategoryManager.h"
+
+#include "settings/CategoryNames.h"
+#include "store/Connection.h"
+#include "store/Statement.h"
+#include "store/TextOrder.h"
+
+namespace ornivane {
+
+namespace {
+
+std::string TextOrEmpty(const Value& value) { return value.IsNull() ? std::string() : value.Text(); }
+
+} // namespace
+
+CategoryManager::CategoryManager(Variablen& variables, Dialogs& messages)
+    : shared(variables), dialogs(messages) {}
+
+void CategoryManager::Form_Load() {
+    waypointsSet.Open(shared.DataConn, "Select * from Waypoints Order by NAME ASC");
+    FillLists();
+    Categories = CategoryNames(shared.DataConn);
+}
+
+void CategoryManager::FillLists() {
+    listWegpunkt.clear();
+    listKategorie.clear();
+    for (int row = 0; row < waypointsSet.RecordCount(); ++row) {
+        listWegpunkt.push_back(TextOrEmpty(waypointsSet.ValueAt(row, "Name")));
+        listKategorie.push_back(TextOrEmpty(waypointsSet.ValueAt(row, "Kategorie")));
+    }
+}
+
+// The rows are in the order by which names compare, so the first of a name is found without walking: tens of
+// thousands may be selected.
+bool CategoryManager::Assign(Statement& update, const std::string& waypoint) {
+    const auto nameAt = [this](int row) { return TextOrEmpty(waypointsSet.ValueAt(row, "Name")); };
+    int first = 0, behind = waypointsSet.RecordCount();
+    while (first < behind) {
+        const int middle = first + (behind - first) / 2;
+        if (CompareText(nameAt(middle), waypoint) < 0)
+            first = middle + 1;
+        else
+            behind = middle;
+    }
+    if (first == waypointsSet.RecordCount() || CompareText(nameAt(first), waypoint) != 0) return false;
+    const StatementRun run(update);
+    update.Bind(2, waypointsSet.ValueAt(first, "PointID"));
+    update.Step();
+    return true;
+}
+
+void CategoryManager::cmdZuweisen_Click(const std::vector<std::size_t>& selected) {
+    Transaction transaction(shared.DataConn);
+    Statement update(shared.DataConn, "UPDATE Waypoints SET Kategorie = ? WHERE PointID = ?");
+    update.Bind(1, cmbKategorie);
+    for (const std::size_t row : selected) {
+        const std::string& waypoint = listWegpunkt.at(row);
+        if (Assign(update, waypoint)) continue;
+        transaction.Commit(); // those before it keep what they got
+        return dialogs.Message("Datenbankfehler", "Wegpunkt - " + waypoint +
+                                                      " - wurde nicht gefunden. Bitte Datenbank überprüfen.");
+    }
+    transaction.Commit();
+    waypointsSet.Requery();
+    FillLists();
+}
+
+} // namespace ornivane

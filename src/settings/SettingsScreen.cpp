@@ -1,0 +1,136 @@
+#include "settings/SettingsScreen.h"
+
+#include <algorithm>
+#include <exception>
+
+#include "base/Numbers.h"
+#include "common/SettingsFiles.h"
+#include "gps/LinkTexts.h"
+
+namespace ornivane {
+
+namespace {
+
+constexpr double LowestQnh = 950, HighestQnh = 1050; // hPa, the highest excluded
+constexpr double LongestInterval = 60;               // s
+
+std::string TwoDigits(int number) { return (number < 10 ? "0" : "") + std::to_string(number); }
+
+// "21.03.2024" in German, "2024-03-21" in English.
+std::string ShownDate(const std::optional<Date>& date, bool english) {
+    if (!date) return "---";
+    if (english) return DateText(*date);
+    return TwoDigits(date->Day) + "." + TwoDigits(date->Month) + "." + std::to_string(date->Year);
+}
+
+// Whole seconds, 60 at most. What is no number or below one second is the first of the list.
+int IntervalIn(const std::string& text) {
+    const auto typed = ParseNumber(text);
+    const double seconds = typed ? Round(std::min(*typed, LongestInterval)) : 0;
+    return seconds >= 1 ? static_cast<int>(seconds) : std::stoi(SettingsScreen::Intervals.front());
+}
+
+} // namespace
+
+SettingsScreen::SettingsScreen(SettingsWorld settingsWorld, std::function<void()> changed,
+                               std::function<void()> allCaptions)
+    : Port(settingsWorld.MSComm1, settingsWorld.timerCheck, settingsWorld.Ports, settingsWorld.Messages,
+           settingsWorld.Shared, std::move(changed)),
+      CategoryList(settingsWorld.Shared, settingsWorld.Messages), world(settingsWorld),
+      languageChanged(std::move(allCaptions)) {}
+
+void SettingsScreen::Form_Activate() {
+    Variablen& shared = world.Shared;
+    Frame4 = shared.TrackConn.IsOpen();
+    frmLuftraumShows = shared.LuftraumConn.IsOpen();
+    // A QNH of today is shown, or a mere look at this screen would end it.
+    if (shared.QNHDate == DateOf(world.SystemClock.Now())) shared.tQNH = std::to_string(shared.QNH);
+    if (Frame4) ReadTrack();
+    CategoryList.Form_Activate();
+    ApplyLanguage();
+    Port.Form_Activate();
+}
+
+void SettingsScreen::ReadTrack() {
+    TrackSettings track;
+    if (ReadTrackSettings(world.Shared.ProgramFolder, track) || track.Seconds > 0)
+        cmbTrack = std::to_string(track.Seconds);
+    chkTrack = TrackEnabledControls = track.On;
+    chkAutoOn = track.Automatic;
+}
+
+void SettingsScreen::ApplyLanguage() {
+    frmLuftraum = world.Shared.Text("Luftraumdaten - Stand: ", "Airspace data - as of: ") +
+                  ShownDate(world.Shared.LuftraumDate, world.Shared.EnglishUI == 1);
+    Port.ApplyLanguage();
+}
+
+// Captions first: they are also keys, and must fit the language even when the file cannot be written.
+void SettingsScreen::ChooseLanguage(std::int16_t language) {
+    world.Shared.EnglishUI = language;
+    languageChanged();
+    WriteLanguage(world.Shared.ProgramFolder, language);
+}
+
+void SettingsScreen::Option_Click(std::int16_t symbol) {
+    world.Shared.SymbolType = symbol;
+    WriteSymbol(world.Shared.ProgramFolder, symbol);
+}
+
+void SettingsScreen::chkTrack_Click(bool ticked) {
+    chkTrack = TrackEnabledControls = world.Shared.TrackEnabled = ticked;
+}
+
+void SettingsScreen::chkAutoOn_Click(bool ticked) { chkAutoOn = world.Shared.TrackAuto = ticked; }
+
+bool SettingsScreen::cmdGetWaypoint_Click() {
+    if (world.Shared.AirfieldStoreOpen) return true;
+    world.Messages.Message(
+        MessageTitle, "Datei ovdata.ovd wurde nicht im Verzeichnis: " + world.Shared.ProgramFolder.string() +
+                          " gefunden. Bitte Datei aus Ornivane APT in das Ornivane GPS "
+                          "Verzeichnis kopieren.");
+    return false;
+}
+
+void SettingsScreen::Form_Deactivate() {
+    TakeQnh();
+    if (Frame4) TakeTrack();
+    Port.Form_Deactivate();
+    SaveAll();
+}
+
+void SettingsScreen::TakeQnh() {
+    Variablen& shared = world.Shared;
+    const auto entered = ParseNumber(shared.tQNH);
+    if (entered && *entered >= LowestQnh && *entered < HighestQnh) {
+        shared.QNH = ToInt16(*entered);
+        shared.QNHDate = DateOf(world.SystemClock.Now());
+    } else {
+        shared.QNH = StandardPressure;
+        shared.tQNH = std::to_string(StandardPressure);
+    }
+}
+
+void SettingsScreen::TakeTrack() {
+    const int seconds = IntervalIn(cmbTrack);
+    cmbTrack = std::to_string(seconds);
+    world.Shared.TrackEnabled = chkTrack;
+    world.Shared.TrackInterval = seconds * 1000;
+    world.Shared.TrackAuto = chkTrack && chkAutoOn;
+}
+
+void SettingsScreen::SaveAll() {
+    const Variablen& shared = world.Shared;
+    std::exception_ptr failure;
+    try {
+        WriteQnhSettings(shared.ProgramFolder, {shared.QNH, shared.QNHDate});
+    } catch (const RuntimeError&) {
+        failure = std::current_exception(); // the other file may still be written
+    }
+    if (Frame4)
+        WriteTrackSettings(shared.ProgramFolder,
+                           {shared.TrackEnabled, shared.TrackInterval / 1000, shared.TrackAuto});
+    if (failure) std::rethrow_exception(failure);
+}
+
+} // namespace ornivane

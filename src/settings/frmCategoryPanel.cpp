@@ -1,0 +1,133 @@
+#include "settings/frmCategoryPanel.h"
+
+#include <QEvent>
+#include <QGridLayout>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QTableView>
+
+#include "base/Flagged.h"
+#include "platform/qt/Events.h"
+#include "platform/qt/GridBinding.h"
+#include "platform/qt/RecordsetModel.h"
+#include "settings/frmParts.h"
+
+namespace ornivane {
+
+namespace {
+
+constexpr int RowHeight = 34, NumberWidth = 46, EntryHeight = 44; // pixels
+
+} // namespace
+
+frmCategoryPanel::frmCategoryPanel(Categories& categories, const Variablen& variables, EventGuard& eventGuard,
+                                   Ways ways)
+    : list(categories), shared(variables), guard(eventGuard) {
+    setObjectName("frmKategorie");
+    auto* layout = new QGridLayout(this);
+    layout->setSpacing(6);
+    MakeGrid();
+    tKategorie = parts::Named(new QLineEdit, "tKategorie");
+    tKategorie->setMinimumHeight(EntryHeight);
+    tKategorie->installEventFilter(this);
+    guard.Connect(tKategorie, &QLineEdit::textEdited,
+                  [this](const QString& text) { list.tKategorie = text.toStdString(); });
+    guard.Connect(tKategorie, &QLineEdit::returnPressed, [this] { Run([this] { list.cmdAdd_Click(); }); });
+    cmdAdd = CommandButton("cmdAdd", [this] { list.cmdAdd_Click(); });
+    cmdChange = CommandButton("cmdChange", [this] { list.cmdChange_Click(); });
+    cmdDelete = CommandButton("cmdDelete", [this] { list.cmdDelete_Click(); });
+    cmdManager = CommandButton("cmdManager", ways.ShowManager);
+    cmdGetWaypoint = CommandButton("cmdGetWaypoint", ways.ShowGetWaypoints);
+
+    layout->addWidget(gridKategorie, 0, 0, 4, 1);
+    layout->addWidget(tKategorie, 4, 0);
+    int row = 0;
+    for (QPushButton* button : {cmdAdd, cmdChange, cmdDelete, cmdManager, cmdGetWaypoint})
+        layout->addWidget(button, row++, 1);
+    layout->setColumnStretch(0, 1);
+}
+
+frmCategoryPanel::~frmCategoryPanel() = default;
+
+void frmCategoryPanel::MakeGrid() {
+    gridKategorie = parts::Named(new QTableView, "gridKategorie");
+    model = std::make_unique<RecordsetModel>(
+        list.CategoriesSet,
+        std::vector<RecordsetModel::Column>{
+            {"Nummer", [] { return QString("Nr"); }, {}},
+            {"Kategorie", [this] { return QString::fromUtf8(shared.Text("Kategorie", "Category")); }, {}}});
+    binding = std::make_unique<GridBinding>(*model, *gridKategorie);
+    gridKategorie->setTabKeyNavigation(false);
+    gridKategorie->setMinimumHeight(3 * RowHeight);
+    gridKategorie->verticalHeader()->setDefaultSectionSize(RowHeight);
+    gridKategorie->horizontalHeader()->setStretchLastSection(true);
+    gridKategorie->horizontalHeader()->setSectionsClickable(true);
+    gridKategorie->setColumnWidth(0, NumberWidth);
+    guard.Connect(model.get(), &RecordsetModel::CurrentMoved, [this] {
+        if (running) return;
+        list.GridRowChanged();
+        ShowState();
+    });
+    guard.Connect(gridKategorie->horizontalHeader(), &QHeaderView::sectionClicked,
+                  [this](int column) { Run([&] { list.HeadClick(column); }); });
+}
+
+QPushButton* frmCategoryPanel::CommandButton(const char* name, const std::function<void()>& command) {
+    auto* button = parts::Button(name);
+    connect(button, &QPushButton::clicked, this, [this, command] { Run(command); });
+    return button;
+}
+
+// Also a command that ends in an error may have changed something: what it did shows.
+void frmCategoryPanel::Run(const std::function<void()>& command) {
+    guard.Run([&] {
+        const Flagged now(running);
+        command();
+    });
+    ShowState();
+}
+
+bool frmCategoryPanel::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != tKategorie || event->type() != QEvent::MouseButtonDblClick)
+        return QGroupBox::eventFilter(watched, event);
+    list.tKategorie_DblClick();
+    ShowState();
+    return true;
+}
+
+void frmCategoryPanel::ShowState() {
+    const QString entered = QString::fromStdString(list.tKategorie);
+    if (tKategorie->text() != entered) tKategorie->setText(entered);
+    binding->SelectRow();
+    const bool hasRows = list.CategoriesSet.IsOpen() && list.CategoriesSet.RecordCount() > 0;
+    cmdChange->setEnabled(hasRows);
+    cmdDelete->setEnabled(hasRows);
+}
+
+void frmCategoryPanel::ApplyLanguage() {
+    const auto text = [this](const char* german, const char* english) {
+        return QString::fromUtf8(shared.Text(german, english));
+    };
+    setTitle(text("Wegpunkt Kategorien", "Waypoint categories"));
+    cmdAdd->setText(text(" Kategorie hinzufügen ", " Add Category "));
+    cmdChange->setText(text(" Kategorie ändern ", " Change Category "));
+    cmdDelete->setText(text(" Kategorie löschen ", " Delete Category "));
+    cmdManager->setText(text("Wegpunkt Manager", "Waypoint Manager"));
+    cmdGetWaypoint->setText(text("Flughäfen importieren", "Import airfields"));
+    gridKategorie->setToolTip(text("Die Kategorien in ihrer Reihenfolge", "The categories in their order"));
+    tKategorie->setToolTip(text("Name der Kategorie; Enter fügt sie hinzu, ein Doppelklick leert das Feld",
+                                "Name of the category; Enter adds it, a double click empties the field"));
+    cmdAdd->setToolTip(text("Den Namen als neue Kategorie hinter der gewählten einfügen",
+                            "Insert the name as a new category behind the chosen one"));
+    cmdChange->setToolTip(text("Die gewählte Kategorie und ihre Wegpunkte umbenennen",
+                               "Rename the chosen category and its waypoints"));
+    cmdDelete->setToolTip(text("Die gewählte Kategorie ohne Rückfrage löschen; ihre Wegpunkte bleiben",
+                               "Delete the chosen category without a question; its waypoints stay"));
+    cmdManager->setToolTip(
+        text("Vielen Wegpunkten auf einmal eine Kategorie geben", "Give many waypoints a category at once"));
+    cmdGetWaypoint->setToolTip(text("Die Flugplätze ganzer Länder zu Wegpunkten machen",
+                                    "Make waypoints of the airfields of whole countries"));
+    model->HeadersChanged();
+}
+
+} // namespace ornivane

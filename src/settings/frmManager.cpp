@@ -1,0 +1,133 @@
+#include "settings/frmManager.h"
+
+#include <QGridLayout>
+#include <QScrollBar>
+
+#include "platform/qt/Events.h"
+#include "settings/frmParts.h"
+
+namespace ornivane {
+
+namespace {
+
+QStringList Texts(const std::vector<std::string>& from) {
+    QStringList texts;
+    texts.reserve(static_cast<qsizetype>(from.size()));
+    for (const std::string& text : from) texts << QString::fromStdString(text);
+    return texts;
+}
+
+} // namespace
+
+frmManager::frmManager(Variablen& variables, Dialogs& dialogs, EventGuard& guard, QWidget* parent)
+    : QDialog(parent), shared(variables), logic(variables, dialogs) {
+    setObjectName("frmManager");
+    setAttribute(Qt::WA_DeleteOnClose);
+    setModal(true);
+    setStyleSheet(parts::SectionStyle);
+    resize(760, 600);
+    MakeLists(guard);
+    Label1 = parts::Label("Label1");
+    Label2 = parts::Label("Label2");
+    Label3 = parts::Label("Label3");
+    cmbKategorie = parts::Combo("cmbKategorie");
+    cmdZuweisen = parts::Button("cmdZuweisen");
+    cmdEnd = parts::Button("cmdEnd");
+
+    auto* layout = new QGridLayout(this);
+    layout->addWidget(Label1, 0, 0);
+    layout->addWidget(Label2, 0, 1);
+    layout->addWidget(listWegpunkt, 1, 0);
+    layout->addWidget(listKategorie, 1, 1);
+    layout->addWidget(Label3, 2, 0, Qt::AlignRight);
+    layout->addWidget(cmbKategorie, 2, 1);
+    layout->addWidget(cmdZuweisen, 3, 0);
+    layout->addWidget(cmdEnd, 3, 1);
+    layout->setRowStretch(1, 1);
+
+    guard.Connect(cmbKategorie, &QComboBox::activated, [this](int index) {
+        logic.cmbKategorie = cmbKategorie->itemText(index).toStdString();
+        ShowState();
+    });
+    guard.Connect(cmdZuweisen, &QPushButton::clicked, [this] { Assign(); });
+    connect(cmdEnd, &QPushButton::clicked, this, &QDialog::close);
+    logic.Form_Load();
+    waypoints.setStringList(Texts(logic.listWegpunkt));
+    ShowCategories();
+    parts::SetTexts(*cmbKategorie, logic.Categories, logic.cmbKategorie);
+    ApplyLanguage();
+    ShowState();
+}
+
+void frmManager::MakeLists(EventGuard& guard) {
+    listWegpunkt = parts::ChoiceList("listWegpunkt");
+    listKategorie = parts::ChoiceList("listKategorie");
+    listKategorie->setSelectionMode(QAbstractItemView::NoSelection);
+    listWegpunkt->setModel(&waypoints);
+    listKategorie->setModel(&categories);
+    MoveAsOne(*listWegpunkt, *listKategorie);
+    MoveAsOne(*listKategorie, *listWegpunkt);
+    guard.Connect(listWegpunkt->selectionModel(), &QItemSelectionModel::selectionChanged,
+                  [this] { ShowState(); });
+}
+
+void frmManager::MoveAsOne(QListView& one, QListView& other) {
+    connect(one.verticalScrollBar(), &QScrollBar::valueChanged, other.verticalScrollBar(),
+            &QScrollBar::setValue);
+    connect(one.selectionModel(), &QItemSelectionModel::currentRowChanged, &other,
+            [&other](const QModelIndex& current) {
+                if (other.currentIndex().row() == current.row()) return;
+                other.selectionModel()->setCurrentIndex(other.model()->index(current.row(), 0),
+                                                        QItemSelectionModel::NoUpdate);
+            });
+}
+
+void frmManager::Assign() {
+    setCursor(Qt::WaitCursor);
+    const auto finish = [this] {
+        unsetCursor();
+        ShowCategories();
+    };
+    try {
+        logic.cmdZuweisen_Click(parts::ChosenRows(*listWegpunkt));
+    } catch (...) {
+        finish();
+        throw;
+    }
+    finish();
+}
+
+// The waypoints stay as they are, with what is chosen and their top row; the categories follow.
+void frmManager::ShowCategories() {
+    categories.setStringList(Texts(logic.listKategorie));
+    listKategorie->verticalScrollBar()->setValue(listWegpunkt->verticalScrollBar()->value());
+}
+
+// Without a category nothing is given: that would take the waypoints out of theirs.
+void frmManager::ShowState() {
+    cmdZuweisen->setEnabled(cmbKategorie->currentIndex() >= 0 &&
+                            listWegpunkt->selectionModel()->hasSelection());
+}
+
+void frmManager::ApplyLanguage() {
+    const auto text = [this](const char* german, const char* english) {
+        return QString::fromUtf8(shared.Text(german, english));
+    };
+    setWindowTitle(text("Wegpunkt Manager", "Manage waypoints"));
+    Label1->setText(text("Wegpunkt", "Waypoint"));
+    Label2->setText(text("Kategorie", "Category"));
+    Label3->setText(text("Kategorie", "Category"));
+    cmdZuweisen->setText(
+        text("Kategorie ausgewählten Wegpunkten zuweisen", "Add waypoints to selected category"));
+    cmdEnd->setText(text("Schließen", "Close"));
+    listWegpunkt->setToolTip(text("Wegpunkte wählen: Klick oder Leertaste; Strg+A wählt alle",
+                                  "Choose waypoints: click or space bar; Ctrl+A takes all"));
+    listKategorie->setToolTip(
+        text("Die Kategorie des Wegpunkts in dieser Zeile", "The category of the waypoint in this row"));
+    cmbKategorie->setToolTip(text("Die Kategorie, die zugewiesen wird", "The category that is given"));
+    cmdZuweisen->setToolTip(
+        text("Erst Wegpunkte und eine Kategorie wählen", "Choose waypoints and a category first"));
+    cmdEnd->setToolTip(text("Dieses Fenster schließen", "Close this window"));
+}
+
+} // namespace ornivane

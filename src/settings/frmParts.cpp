@@ -1,0 +1,80 @@
+#include "settings/frmParts.h"
+
+#include <QItemSelectionModel>
+#include <algorithm>
+
+namespace ornivane::parts {
+
+namespace {
+
+constexpr int PressHeight = 44; // pixels
+
+} // namespace
+
+const char* const SectionStyle = R"(
+QGroupBox { border: 2px solid palette(mid); border-radius: 8px; margin-top: 11px; padding: 14px 6px 4px 6px; font-size: 17px; }
+QGroupBox::title { subcontrol-origin: margin; left: 14px; padding: 0 6px; }
+QRadioButton, QCheckBox { font-size: 17px; spacing: 10px; border: 2px solid transparent; }
+QRadioButton:checked, QCheckBox:checked { font-weight: bold; }
+QRadioButton:focus, QCheckBox:focus { border-color: palette(highlight); border-radius: 8px; }
+QCheckBox:disabled { color: palette(mid); }
+QRadioButton::indicator { width: 22px; height: 22px; border: 3px solid palette(mid); border-radius: 14px; background: palette(base); }
+QRadioButton::indicator:checked { border-color: palette(highlight); background: qradialgradient(cx:0.5, cy:0.5, radius:0.5, fx:0.5, fy:0.5, stop:0.55 palette(highlight), stop:0.65 palette(base)); }
+QCheckBox::indicator { width: 22px; height: 22px; border: 3px solid palette(mid); border-radius: 5px; background: palette(base); }
+QCheckBox::indicator:checked { border-color: palette(highlight); background: qradialgradient(cx:0.5, cy:0.5, radius:0.6, fx:0.5, fy:0.5, stop:0.75 palette(highlight), stop:0.8 palette(base)); }
+QLineEdit { border-color: palette(mid); }
+QLineEdit:focus { border-color: palette(highlight); }
+QListView { outline: 0; background: palette(base); color: palette(text); border: 2px solid palette(mid); font-size: 17px; }
+QListView::item { min-height: 34px; }
+QListView::item:focus { border: 2px solid palette(text); }
+QListView::item:selected { background: palette(highlight); color: palette(highlighted-text); }
+)";
+
+QString Caption(const std::string& text) { return QString::fromStdString(text).replace("&", "&&"); }
+
+QPushButton* Button(const char* name) {
+    auto* button = Named(new QPushButton, name);
+    button->setMinimumHeight(PressHeight);
+    button->setAutoDefault(false); // Enter belongs to the entry fields
+    return button;
+}
+
+QComboBox* Combo(const char* name) {
+    auto* combo = Named(new QComboBox, name);
+    combo->setMinimumHeight(PressHeight);
+    return combo;
+}
+
+QLabel* Label(const char* name) {
+    auto* label = Named(new QLabel, name);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+QListView* ChoiceList(const char* name) {
+    auto* list = Named(new QListView, name);
+    list->setSelectionMode(QAbstractItemView::MultiSelection);
+    list->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    list->setUniformItemSizes(true); // tens of thousands of rows
+    list->setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
+    return list;
+}
+
+std::vector<std::size_t> ChosenRows(const QListView& list) {
+    std::vector<std::size_t> rows;
+    for (const QItemSelectionRange& range : list.selectionModel()->selection())
+        for (int row = range.top(); row <= range.bottom(); ++row)
+            rows.push_back(static_cast<std::size_t>(row));
+    std::sort(rows.begin(), rows.end());
+    return rows;
+}
+
+void SetTexts(QComboBox& combo, const std::vector<std::string>& texts, const std::string& current) {
+    QStringList items;
+    for (const std::string& text : texts) items << QString::fromStdString(text);
+    combo.clear();
+    combo.addItems(items);
+    combo.setCurrentIndex(static_cast<int>(items.indexOf(QString::fromStdString(current))));
+}
+
+} // namespace ornivane::parts

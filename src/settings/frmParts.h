@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QBoxLayout>
+#include <QComboBox>
+#include <QLabel>
+#include <QListView>
+#include <QPushButton>
+#include <QString>
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace ornivane::parts {
+
+// What the forms of this folder are put together from.
+
+// A control under the name by which the program, its tests and its demo know it.
+template <typename Widget>
+Widget* Named(Widget* widget, const char* name) {
+    widget->setObjectName(name);
+    return widget;
+}
+
+// A text as the caption of a button: an ampersand in a name is no key.
+QString Caption(const std::string& text);
+
+QPushButton* Button(const char* name);
+QComboBox* Combo(const char* name);
+QLabel* Label(const char* name);
+// Rows high enough for a finger; a press chooses a row or leaves it out again, Ctrl+A takes all.
+QListView* ChoiceList(const char* name);
+// The chosen rows, from 0, ascending.
+std::vector<std::size_t> ChosenRows(const QListView& list);
+void SetTexts(QComboBox& combo, const std::vector<std::string>& texts, const std::string& current);
+
+// Boxes, ticks and choices that are seen by day and by night and hit in turbulence.
+extern const char* const SectionStyle;
+
+} // namespace ornivane::parts

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QGroupBox>
+
+#include "gps/PortTest.h"
+
+class QBoxLayout;
+class QComboBox;
+class QGridLayout;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+namespace ornivane {
+
+class EventGuard;
+
+// The port test: port and baud rate, and what the receiver says.
+class frmPortPanel : public QGroupBox {
+    Q_OBJECT
+
+public:
+    frmPortPanel(PortTest& test, const PortList& ports, const Variablen& shared, EventGuard& guard);
+
+    void ShowState();
+    void ApplyLanguage();
+
+private:
+    void MakeChoice(QBoxLayout& layout, EventGuard& guard);
+    void MakeDisplays(QBoxLayout& layout);
+    void FillPorts();
+
+    PortTest& test;
+    const PortList& ports;
+    const Variablen& shared;
+    QComboBox *cmbCom = nullptr, *cmbBaud = nullptr;
+    QPushButton* cmdCheck = nullptr;
+    QLineEdit* tGPS = nullptr;
+    QLabel *portCaption = nullptr, *baudCaption = nullptr, *latCaption = nullptr, *longCaption = nullptr;
+    QLabel *lblStatus = nullptr, *lblHint = nullptr, *lblComVerbindung = nullptr, *LabelStatus = nullptr;
+    QLabel *lblSatellites = nullptr, *lblLat = nullptr, *lblLong = nullptr;
+};
+
+} // namespace ornivane

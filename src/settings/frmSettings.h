@@ -1,0 +1,68 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "platform/qt/Screen.h"
+#include "settings/SettingsScreen.h"
+
+class QBoxLayout;
+class QCheckBox;
+class QComboBox;
+class QGroupBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QRadioButton;
+
+namespace ornivane {
+
+class EventGuard;
+class frmCategoryPanel;
+class frmPortPanel;
+
+struct SettingsFormServices {
+    SettingsWorld World;
+    EventGuard& Guard;
+    std::function<void()> LanguageChanged;  // rewrites every caption of the program
+    std::function<void()> ShowTrackManager; // empty: the button for it is off
+};
+
+// The settings screen.
+class frmSettings : public Screen {
+    Q_OBJECT
+
+public:
+    explicit frmSettings(const SettingsFormServices& services);
+    ~frmSettings() override;
+
+    void Form_Activate() override;
+    void Form_Deactivate() override;
+    void ApplyLanguage() override;
+
+private:
+    QWidget* Pair(QGroupBox*& box, const char* name, QRadioButton* first, QRadioButton* second);
+    void MakeLeft(QBoxLayout& column);
+    void MakeRight(QBoxLayout& column);
+    QGroupBox* MakeTrack();
+    QGroupBox* MakeAirspace();
+    void Run(const std::function<void()>& event);
+    void ShowState();
+    void ApplyTooltips();
+    void OrderTabs();
+
+    SettingsFormServices services;
+    std::unique_ptr<SettingsScreen> logic;
+    QLabel* lblTitle = nullptr;
+    frmPortPanel* port = nullptr;
+    frmCategoryPanel* categories = nullptr;
+    QGroupBox *frmLanguage = nullptr, *frmSymbol = nullptr, *Frame4 = nullptr, *frmLuftraum = nullptr;
+    QRadioButton *OptGer = nullptr, *OptEng = nullptr, *Option1 = nullptr, *Option2 = nullptr;
+    QCheckBox *chkTrack = nullptr, *chkAutoOn = nullptr;
+    QComboBox* cmbTrack = nullptr;
+    QLabel *intervalCaption = nullptr, *intervalUnit = nullptr, *qnhCaption = nullptr, *qnhUnit = nullptr;
+    QPushButton* cmdTrack = nullptr;
+    QLineEdit* tQNH = nullptr;
+};
+
+} // namespace ornivane

@@ -1,0 +1,183 @@
+#include <QComboBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTableView>
+#include <QTest>
+#include <gmock/gmock.h>
+
+#include "gps/GpsFakes.h"
+#include "platform/qt/Events.h"
+#include "platform/qt/QtNotice.h"
+#include "settings/frmGetWaypoints.h"
+#include "settings/frmManager.h"
+#include "settings/frmSettings.h"
+#include "store/Statement.h"
+#include "support/FlightFolder.h"
+#include "support/SetClock.h"
+
+namespace ornivane {
+namespace {
+
+using testing::ElementsAre;
+
+class SettingsFormTest : public testing::Test, protected FlightFolder {
+protected:
+    SettingsFormTest() {
+        CreateStore(Folder.Path() / "ovdata.ovd", StoreKind::Airfields);
+        Shared.AirfieldConn.Open(Folder.Path() / "ovdata.ovd", Connection::Mode::ReadWrite);
+        Shared.AirfieldStoreOpen = true;
+        Ports.Numbers = {5, 7};
+        Sql("INSERT INTO Kategorie VALUES (1, 'A & B'), (2, 'VOR'), (3, 'Platz')");
+        Sql("INSERT INTO Waypoints (Name, Lat, Long, Kategorie) VALUES ('Bonn', 50, 7, 'VOR')");
+    }
+    void Show() {
+        Form.resize(1024, 640);
+        Form.show();
+        Form.Form_Activate();
+    }
+    template <typename Widget>
+    Widget& In(const QWidget& form, const char* name) {
+        auto* widget = form.findChild<Widget*>(name);
+        if (!widget) throw std::runtime_error(std::string("no widget ") + name);
+        return *widget;
+    }
+    template <typename Widget>
+    Widget& Find(const char* name) {
+        return In<Widget>(Form, name);
+    }
+    void Click(const char* name) { QTest::mouseClick(&Find<QWidget>(name), Qt::LeftButton); }
+    std::string One(const char* sql) {
+        Statement row(Shared.DataConn, sql);
+        return row.Step() ? std::string(row.Text(0)) : std::string();
+    }
+
+    FakePort Port;
+    FakeTimer Timer;
+    FakePortList Ports;
+    ScriptedDialogs Boxes;
+    SetClock Clock;
+    QtNotice Notices;
+    EventGuard Guard{Notices, [this] { return Shared.EnglishUI == 1; }};
+    frmSettings Form{
+        {{Shared, Port, Timer, Ports, Clock, Boxes}, Guard, [this] { Form.ApplyLanguage(); }, {}}};
+};
+
+TEST_F(SettingsFormTest, AllFitsOnASmallScreenInBothLanguages) {
+    Shared.TrackConn.Open(Folder.Path() / "ovdata.ovd", Connection::Mode::ReadWrite); // any store
+    Shared.LuftraumConn.Open(Folder.Path() / "ovdata.ovd", Connection::Mode::ReadWrite);
+    Port.Failure = ErrorNumber::FileAlreadyOpen; // the longest status
+    for (const char* language : {"OptGer", "OptEng"}) {
+        Show();
+        Click(language);
+        Find<QComboBox>("cmbCom").activated(0);
+        Click("cmdCheck");
+        QTest::qWait(1);
+        for (QScrollBar* bar : Form.findChildren<QScrollBar*>())
+            if (!qobject_cast<QTableView*>(bar->parentWidget()->parentWidget())) {
+                EXPECT_EQ(bar->maximum(), 0) << language;
+            }
+        for (const QPushButton* button : Form.findChildren<QPushButton*>()) {
+            EXPECT_GE(button->height(), 44) << button->objectName().toStdString();
+            EXPECT_GE(button->width(), button->sizeHint().width()) << button->text().toStdString();
+            EXPECT_FALSE(button->toolTip().isEmpty()) << button->objectName().toStdString();
+        }
+    }
+}
+
+TEST_F(SettingsFormTest, TestsThePortThatWasChosenAndKeepsTheChoiceShutMeanwhile) {
+    Show();
+    auto& ports = Find<QComboBox>("cmbCom");
+    ports.setCurrentIndex(1);
+    emit ports.activated(1);
+    Click("cmdCheck");
+    EXPECT_FALSE(ports.isEnabled());
+    EXPECT_EQ(Form.cursor().shape(), Qt::WaitCursor);
+    Port.Receive(Sentence("GPRMC,120000,A,5030.0,N,00700.0,E,,,") + "\r\n");
+    EXPECT_EQ(Find<QLabel>("lblLat").text(), "N 50° 30.0'");
+    Timer.Fire(2);
+    EXPECT_TRUE(ports.isEnabled());
+    EXPECT_EQ(Form.cursor().shape(), Qt::ArrowCursor);
+    EXPECT_EQ(Find<QLabel>("lblStatus").text(), "OK - Daten gespeichert");
+    Click("OptEng");
+    EXPECT_EQ(Find<QLabel>("lblStatus").text(), "OK - Data saved");
+    EXPECT_EQ(Find<QLabel>("lblComVerbindung").text(), "COM 7 connected");
+}
+
+TEST_F(SettingsFormTest, KeepsGridEntryAndRowTogether) {
+    Show();
+    auto& grid = Find<QTableView>("gridKategorie");
+    auto& entry = Find<QLineEdit>("tKategorie");
+    QTest::keyClick(&grid, Qt::Key_Down);
+    EXPECT_EQ(entry.text(), "VOR");
+    QTest::mouseDClick(&entry, Qt::LeftButton);
+    EXPECT_EQ(entry.text(), "");
+    QTest::keyClicks(&entry, "NDB");
+    QTest::keyClick(&entry, Qt::Key_Return);
+    EXPECT_EQ(grid.currentIndex().row(), 2);
+    EXPECT_TRUE(grid.selectionModel()->isRowSelected(2));
+    QTest::mouseClick(grid.viewport(), Qt::LeftButton, Qt::NoModifier,
+                      grid.visualRect(grid.model()->index(1, 1)).center());
+    entry.clear();
+    QTest::keyClicks(&entry, "Funk");
+    Click("cmdChange");
+    EXPECT_EQ(One("SELECT Kategorie FROM Waypoints"), "Funk");
+    Click("cmdDelete");
+    EXPECT_EQ(entry.text(), "NDB");
+    EXPECT_EQ(grid.currentIndex().row(), 1);
+    EXPECT_EQ(One("SELECT group_concat(Kategorie) FROM (SELECT * FROM Kategorie ORDER BY Nummer)"),
+              "A & B,NDB,Platz");
+}
+
+TEST_F(SettingsFormTest, TheManagersListsMoveAsOne) {
+    Sql("INSERT INTO Waypoints (Name, Lat, Long, Kategorie) WITH RECURSIVE n(i) AS (SELECT 1000 UNION ALL "
+        "SELECT i + 1 FROM n WHERE i < 1400) SELECT 'W' || i, 50, 7, '' FROM n");
+    frmManager manager(Shared, Boxes, Guard, nullptr);
+    manager.setAttribute(Qt::WA_DeleteOnClose, false);
+    manager.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&manager));
+    auto& waypoints = In<QListView>(manager, "listWegpunkt");
+    auto& categories = In<QListView>(manager, "listKategorie");
+    auto& assign = In<QPushButton>(manager, "cmdZuweisen");
+    QTest::keyClick(&waypoints, Qt::Key_End);
+    EXPECT_EQ(categories.currentIndex().row(), 401);
+    EXPECT_EQ(categories.verticalScrollBar()->value(), waypoints.verticalScrollBar()->value());
+    EXPECT_GT(categories.verticalScrollBar()->value(), 300);
+    categories.verticalScrollBar()->setValue(200);
+    EXPECT_EQ(waypoints.verticalScrollBar()->value(), 200);
+
+    waypoints.selectAll();
+    EXPECT_FALSE(assign.isEnabled()) << "no category is chosen";
+    auto& choice = In<QComboBox>(manager, "cmbKategorie");
+    choice.setCurrentIndex(2);
+    emit choice.activated(2);
+    QTest::mouseClick(&assign, Qt::LeftButton);
+    EXPECT_EQ(One("SELECT count(*) FROM Waypoints WHERE Kategorie = 'Platz'"), "402");
+    EXPECT_EQ(categories.model()->index(401, 0).data().toString(), "Platz");
+    EXPECT_EQ(categories.verticalScrollBar()->value(), 200);
+}
+
+TEST_F(SettingsFormTest, TheImportShowsWhatItWillTake) {
+    Shared.AirfieldConn.Execute("INSERT INTO ARPT (ICAO, WGS_DLAT, WGS_DLONG) VALUES ('EDKB', 50.75, 7.25), "
+                                "('LFPB', 48.5, 2.5)");
+    Shared.AirfieldConn.Execute("INSERT INTO ICAOCODE VALUES ('LF', 'Frankreich'), ('ED', 'Deutschland')");
+    frmGetWaypoints transfer(Shared, Boxes, Guard, nullptr);
+    transfer.setAttribute(Qt::WA_DeleteOnClose, false);
+    transfer.show();
+    auto& button = In<QPushButton>(transfer, "cmdTransfer");
+    EXPECT_EQ(button.text(), "Flughäfen in Kategorie A && B importieren");
+    auto& list = In<QListView>(transfer, "listAP");
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::NoModifier,
+                      list.visualRect(list.model()->index(0, 0)).center());
+    EXPECT_EQ(In<QLabel>(transfer, "lblCount").text(), "1 Flughafen");
+    QTest::keyClick(&list, Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(In<QLabel>(transfer, "lblCount").text(), "2 Flughäfen");
+    QTest::mouseClick(&button, Qt::LeftButton);
+    EXPECT_THAT(Boxes.Shown, ElementsAre("2 Flughäfen hinzugefügt|Es wurden 2 Flughäfen hinzugefügt."));
+}
+
+} // namespace
+} // namespace ornivane

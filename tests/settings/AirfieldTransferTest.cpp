@@ -1,0 +1,89 @@
+#include <gmock/gmock.h>
+
+#include "base/RuntimeError.h"
+#include "settings/AirfieldTransfer.h"
+#include "store/Statement.h"
+#include "support/FlightFolder.h"
+#include "support/ScriptedDialogs.h"
+
+namespace ornivane {
+namespace {
+
+using testing::ElementsAre;
+
+class AirfieldTransferTest : public testing::Test, protected FlightFolder {
+protected:
+    AirfieldTransferTest() {
+        CreateStore(Folder.Path() / "ovdata.ovd", StoreKind::Airfields);
+        Shared.AirfieldConn.Open(Folder.Path() / "ovdata.ovd", Connection::Mode::ReadWrite);
+        Shared.AirfieldConn.Execute(
+            "INSERT INTO ARPT (ICAO, WGS_DLAT, WGS_DLONG) VALUES ('EDKB', 50.75, 7.25), ('EDZZ', 1, 1), "
+            "('LFPB', 48.5, -8.5), ('EDZZZ', 2, 2), ('XX01', 3, 3), ('YY01', 4, 4), ('YY02', 4, 4)");
+        Shared.AirfieldConn.Execute(
+            "INSERT INTO ICAOCODE VALUES ('LF', ' Frankreich'), ('ED', 'Deutschland')");
+        Sql("INSERT INTO Kategorie VALUES (2, 'Platz'), (1, 'Peter''s')");
+    }
+    void AddWaypoint(const std::string& name) {
+        Shared.DataConn.Execute("INSERT INTO Waypoints (Name, Lat, Long, Kategorie) VALUES (?, 9, 9, 'own')",
+                                {name});
+    }
+    std::string Waypoints() {
+        Statement rows(Shared.DataConn,
+                       "SELECT Name, round(Lat, 6), round(Long, 6), Kategorie FROM Waypoints "
+                       "ORDER BY Name");
+        std::string text;
+        while (rows.Step())
+            for (int i = 0; i < 4; ++i) text += rows.ColumnValue(i).Text() + (i < 3 ? " " : ", ");
+        return text;
+    }
+
+    ScriptedDialogs Dialogs;
+    AirfieldTransfer Transfer{Shared, Dialogs};
+};
+
+TEST_F(AirfieldTransferTest, CountsTheAirfieldsOfEachPrefix) {
+    Transfer.Form_Load();
+    EXPECT_THAT(Transfer.listAP,
+                ElementsAre(AirfieldCountry{"ED", "Deutschland", 3}, AirfieldCountry{"LF", "Frankreich", 1},
+                            AirfieldCountry{"XX", "Kein Land gefunden", 1},
+                            AirfieldCountry{"YY", "Kein Land gefunden", 2}));
+    EXPECT_EQ(Transfer.lblCount, "0 Flughäfen");
+    EXPECT_EQ(Transfer.cmdTransfer, "Flughäfen in Kategorie Peter's importieren");
+    Transfer.listAP_Click({1});
+    EXPECT_EQ(Transfer.lblCount, "1 Flughafen");
+    Transfer.listAP_Click({0, 1});
+    EXPECT_EQ(Transfer.lblCount, "4 Flughäfen");
+    Transfer.listAP_Click({2, 3}); // one name: the first of it, twice
+    EXPECT_EQ(Transfer.lblCount, "2 Flughäfen");
+}
+
+TEST_F(AirfieldTransferTest, AddsOnlyNewNamesAndTellsHowMany) {
+    AddWaypoint("edkb");
+    Transfer.Form_Load();
+    Transfer.cmbKategorie_Click("Platz");
+    Transfer.cmdTransfer_Click({0, 1});
+    EXPECT_EQ(Waypoints(), "edkb 9 9 own, EDZZ 1 1 Platz, EDZZZ 2 2 Platz, LFPB 48.3 -8.7 Platz, ")
+        << "the west by the floor rule of stored coordinates";
+    Transfer.cmdTransfer_Click({0, 1});
+    Transfer.cmdTransfer_Click({});
+    Transfer.cmdTransfer_Click({2, 3});
+    EXPECT_THAT(
+        Dialogs.Shown,
+        ElementsAre(
+            "3 Flughäfen hinzugefügt|Es wurden 3 Flughäfen hinzugefügt.",
+            "Nichts hinzugefügt|Es wurden keine Flughäfen hinzugefügt. Flughäfen sind schon vorhanden.",
+            "Nichts hinzugefügt|Es wurden keine Flughäfen hinzugefügt. Flughäfen sind schon vorhanden.",
+            "Flughafen hinzugefügt|Es wurde ein Flughafen hinzugefügt."));
+}
+
+TEST_F(AirfieldTransferTest, TakesAllOrNothing) {
+    Transfer.Form_Load();
+    EXPECT_THROW(Transfer.cmdTransfer_Click({0}), RuntimeError) << "there is no waypoint at all";
+    AddWaypoint("Bonn");
+    Shared.AirfieldConn.Execute("UPDATE ARPT SET WGS_DLAT = NULL WHERE ICAO = 'LFPB'");
+    EXPECT_THROW(Transfer.cmdTransfer_Click({0, 1}), RuntimeError);
+    EXPECT_EQ(Waypoints(), "Bonn 9 9 own, ");
+}
+
+} // namespace
+} // namespace ornivane

@@ -1,0 +1,132 @@
+#include <gmock/gmock.h>
+
+#include "base/RuntimeError.h"
+#include "settings/Categories.h"
+#include "settings/CategoryManager.h"
+#include "store/Statement.h"
+#include "support/FlightFolder.h"
+#include "support/ScriptedDialogs.h"
+
+namespace ornivane {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class CategoriesTest : public testing::Test, protected FlightFolder {
+protected:
+    CategoriesTest() {
+        Shared.EnglishUI = 1;
+        Sql("INSERT INTO Kategorie VALUES (1, 'Stadt'), (2, 'VOR'), (3, 'Platz')");
+        Sql("INSERT INTO Waypoints (Name, Lat, Long, Kategorie) VALUES ('Bonn', 50, 7, 'Stadt'), "
+            "('Aachen', 50, 6, 'stadt'), ('EDKB', 50, 7, 'Platz'), ('BONN', 51, 1, ''), ('NTM', 50, 6, "
+            "'VOR')");
+        List.Form_Load();
+    }
+    std::string Rows(const char* sql) {
+        Statement rows(Shared.DataConn, sql);
+        std::string text;
+        while (rows.Step()) {
+            for (int i = 0; i < rows.ColumnCount(); ++i)
+                text += (i == 0 ? "" : " ") + (rows.IsNull(i) ? "Null" : rows.ColumnValue(i).Text());
+            text += ", ";
+        }
+        return text;
+    }
+    std::string Stored() { return Rows("SELECT Nummer, Kategorie FROM Kategorie ORDER BY Nummer"); }
+    std::string Waypoints() { return Rows("SELECT Name, Kategorie FROM Waypoints ORDER BY PointID"); }
+    void StandOn(int place) {
+        List.CategoriesSet.SetAbsolutePosition(place);
+        List.GridRowChanged();
+    }
+
+    ScriptedDialogs Dialogs;
+    Categories List{Shared, Dialogs};
+};
+
+TEST_F(CategoriesTest, AddsBehindTheCurrentRowWhatIsNotThereYet) {
+    EXPECT_EQ(List.tKategorie, "Stadt");
+    List.tKategorie = "Peter's";
+    List.cmdAdd_Click();
+    EXPECT_EQ(Stored(), "1 Stadt, 2 Peter's, 3 VOR, 4 Platz, ");
+    EXPECT_EQ(List.CategoriesSet.AbsolutePosition(), 2);
+    EXPECT_EQ(List.tKategorie, "Peter's");
+
+    List.tKategorie = "vor";
+    List.cmdAdd_Click();
+    List.tKategorie = "";
+    Shared.EnglishUI = 0;
+    List.cmdAdd_Click();
+    EXPECT_THAT(Dialogs.Shown,
+                ElementsAre("Data error|Category already exists. Please choose another name...",
+                            "Datenfehler|Bitte Name für die Kategorie eingeben"));
+    EXPECT_EQ(Stored(), "1 Stadt, 2 Peter's, 3 VOR, 4 Platz, ");
+    EXPECT_EQ(List.CategoriesSet.AbsolutePosition(), 3) << "on the row that was found";
+}
+
+TEST_F(CategoriesTest, RenamesTheWaypointsWithTheCategory) {
+    List.tKategorie = "Platz"; // two rows of one name, their waypoints are one category
+    List.cmdChange_Click();
+    EXPECT_EQ(Stored(), "1 Platz, 2 VOR, 3 Platz, ");
+    EXPECT_EQ(Waypoints(), "Bonn Platz, Aachen Platz, EDKB Platz, BONN , NTM VOR, ");
+    StandOn(2);
+    List.tKategorie_DblClick();
+    List.cmdChange_Click();
+    EXPECT_EQ(Stored(), "1 Platz, 2 , 3 Platz, ");
+    EXPECT_EQ(Waypoints(), "Bonn Platz, Aachen Platz, EDKB Platz, BONN , NTM , ");
+    EXPECT_THAT(Dialogs.Shown, IsEmpty());
+}
+
+TEST_F(CategoriesTest, DeletesWithoutItsWaypointsAndStandsOnTheNextOrLastRow) {
+    List.cmdDelete_Click();
+    EXPECT_EQ(Stored(), "1 VOR, 2 Platz, ");
+    EXPECT_EQ(Waypoints(), "Bonn , Aachen , EDKB Platz, BONN , NTM VOR, ");
+    EXPECT_EQ(List.tKategorie, "VOR");
+    StandOn(2);
+    List.cmdDelete_Click();
+    EXPECT_EQ(List.CategoriesSet.AbsolutePosition(), 1);
+    List.cmdDelete_Click();
+    List.cmdDelete_Click();
+    List.cmdChange_Click();
+    EXPECT_EQ(Stored(), "");
+    List.tKategorie = "New";
+    List.cmdAdd_Click();
+    EXPECT_EQ(Stored(), "1 New, ");
+}
+
+TEST_F(CategoriesTest, LeavesAllAsItWasWhenTheStoreRefuses) {
+    Sql("CREATE TRIGGER refuse BEFORE UPDATE OF Nummer ON Kategorie BEGIN SELECT RAISE(ABORT, 'no'); END");
+    Sql("CREATE TRIGGER name BEFORE UPDATE OF Kategorie ON Kategorie BEGIN SELECT RAISE(ABORT, 'no'); END");
+    StandOn(2);
+    List.tKategorie = "New";
+    EXPECT_THROW(List.cmdDelete_Click(), RuntimeError);
+    EXPECT_THROW(List.cmdChange_Click(), RuntimeError);
+    EXPECT_THROW(List.cmdAdd_Click(), RuntimeError);
+    EXPECT_EQ(Stored(), "1 Stadt, 2 VOR, 3 Platz, ");
+    EXPECT_EQ(Waypoints(), "Bonn Stadt, Aachen stadt, EDKB Platz, BONN , NTM VOR, ");
+    EXPECT_EQ(List.CategoriesSet.RecordCount(), 3);
+    EXPECT_EQ(List.CategoriesSet.AbsolutePosition(), 2);
+}
+
+TEST_F(CategoriesTest, TheManagerGivesManyWaypointsACategory) {
+    CategoryManager manager(Shared, Dialogs);
+    manager.Form_Load();
+    EXPECT_THAT(manager.listWegpunkt, ElementsAre("Aachen", "Bonn", "BONN", "EDKB", "NTM"));
+    EXPECT_THAT(manager.listKategorie, ElementsAre("stadt", "Stadt", "", "Platz", "VOR"));
+    EXPECT_THAT(manager.Categories, ElementsAre("Stadt", "VOR", "Platz"));
+    manager.cmbKategorie = "VOR";
+    manager.cmdZuweisen_Click({1, 2, 3});
+    EXPECT_THAT(manager.listKategorie, ElementsAre("stadt", "VOR", "", "VOR", "VOR"))
+        << "of two waypoints of one name the first, both times";
+
+    manager.listWegpunkt.back() = "Zzz";
+    manager.cmbKategorie = "Platz";
+    manager.cmdZuweisen_Click({0, 4, 1}); // ends at the second
+    EXPECT_THAT(
+        Dialogs.Shown,
+        ElementsAre("Datenbankfehler|Wegpunkt - Zzz - wurde nicht gefunden. Bitte Datenbank überprüfen."));
+    EXPECT_EQ(Waypoints(), "Bonn VOR, Aachen Platz, EDKB VOR, BONN , NTM VOR, ");
+}
+
+} // namespace
+} // namespace ornivane
