@@ -44,8 +44,8 @@ constexpr frmInfo::Texts AirspaceTexts{
      "Luftraum.ovd is needed for the airspace display"},
     "http://www.ornivane.example/update-gps/download/Luftraum.ovd"};
 
-QLabel* AddLabel(QVBoxLayout* layout, const char* name, const QString& text) {
-    auto* label = new QLabel(text);
+QLabel* AddLabel(QVBoxLayout* layout, const char* name) {
+    auto* label = new QLabel;
     label->setObjectName(name);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
@@ -53,48 +53,61 @@ QLabel* AddLabel(QVBoxLayout* layout, const char* name, const QString& text) {
     return label;
 }
 
+QPushButton* Button(const char* name) {
+    auto* button = new QPushButton;
+    button->setObjectName(name);
+    button->setMinimumHeight(44);
+    return button;
+}
+
 } // namespace
 
 frmInfo* frmInfo::ForTrackStore(const Variablen& variablen, Shell& shell, const std::string& reason,
                                 QWidget* parent) {
-    return new frmInfo(TrackTexts, variablen.EnglishUI == 1, shell, reason, parent);
+    return new frmInfo(TrackTexts, variablen, shell, reason, parent);
 }
 
 frmInfo* frmInfo::ForAirspaceStore(const Variablen& variablen, Shell& shell, const std::string& reason,
                                    QWidget* parent) {
-    return new frmInfo(AirspaceTexts, variablen.EnglishUI == 1, shell, reason, parent);
+    return new frmInfo(AirspaceTexts, variablen, shell, reason, parent);
 }
 
-frmInfo::frmInfo(const Texts& texts, bool english, Shell& shell, const std::string& reason, QWidget* parent)
-    : QDialog(parent) {
+frmInfo::frmInfo(const Texts& hint, const Variablen& variables, Shell& shell, const std::string& reason,
+                 QWidget* parent)
+    : QDialog(parent), texts(hint), variablen(variables), isMissing(reason.empty()) {
     setObjectName(texts.Name);
-    setWindowTitle(Title.In(english));
     setModal(false);
     setAttribute(Qt::WA_DeleteOnClose);
     setMinimumWidth(520);
 
     auto* layout = new QVBoxLayout(this);
     layout->setSpacing(12);
-    AddLabel(layout, "Label1", (reason.empty() ? texts.Missing : texts.Unusable).In(english));
-    if (!reason.empty()) AddLabel(layout, "lblReason", QString::fromStdString(reason));
-    AddLabel(layout, "Label2", texts.Purpose.In(english));
-    AddLabel(layout, "Label3", Download.In(english));
+    Label1 = AddLabel(layout, "Label1");
+    if (!isMissing) AddLabel(layout, "lblReason")->setText(QString::fromStdString(reason));
+    Label2 = AddLabel(layout, "Label2");
+    Label3 = AddLabel(layout, "Label3");
+    lblLink = Button("lblLink");
+    lblLink->setText(texts.Address);
+    connect(lblLink, &QPushButton::clicked, this, [&shell, address = texts.Address] { shell.Open(address); });
+    layout->addWidget(lblLink);
+    Label4 = AddLabel(layout, "Label4");
+    cmdClose = Button("cmdClose");
+    cmdClose->setDefault(true);
+    connect(cmdClose, &QPushButton::clicked, this, &QDialog::close);
+    layout->addWidget(cmdClose, 0, Qt::AlignRight);
+    ApplyLanguage();
+}
 
-    auto* link = new QPushButton(texts.Address);
-    link->setObjectName("lblLink");
-    link->setToolTip(LinkTip.In(english));
-    link->setMinimumHeight(44);
-    connect(link, &QPushButton::clicked, this, [&shell, address = texts.Address] { shell.Open(address); });
-    layout->addWidget(link);
-
-    AddLabel(layout, "Label4", Restart.In(english));
-    auto* close = new QPushButton(captions::Close.In(english));
-    close->setObjectName("cmdClose");
-    close->setToolTip(CloseTip.In(english));
-    close->setMinimumHeight(44);
-    close->setDefault(true);
-    connect(close, &QPushButton::clicked, this, &QDialog::close);
-    layout->addWidget(close, 0, Qt::AlignRight);
+void frmInfo::ApplyLanguage() {
+    const bool english = variablen.EnglishUI == 1;
+    setWindowTitle(Title.In(english));
+    Label1->setText((isMissing ? texts.Missing : texts.Unusable).In(english));
+    Label2->setText(texts.Purpose.In(english));
+    Label3->setText(Download.In(english));
+    Label4->setText(Restart.In(english));
+    lblLink->setToolTip(LinkTip.In(english));
+    cmdClose->setText(captions::Close.In(english));
+    cmdClose->setToolTip(CloseTip.In(english));
 }
 
 } // namespace ornivane
