@@ -171,6 +171,7 @@ void MainForm::ApplyLanguage() {
     Caption(mnuImport, captions::Import, captions::ImportTip, english);
     Caption(mnuLuftEin, captions::Airspace, captions::AirspaceTip, english);
     Caption(mnuabout, captions::About, captions::AboutTip, english);
+    for (frmInfo* hint : findChildren<frmInfo*>()) hint->ApplyLanguage();
     for (Screen* screen : screens.Loaded()) services.Guard->Run([&] { screen->ApplyLanguage(); });
     ShowState();
 }

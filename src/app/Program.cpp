@@ -1,6 +1,6 @@
 #include "app/Program.h"
 
-#include "app/frmInfo.h"
+#include "app/frmInfo2.h"
 #include "calibration/frmCalibrate.h"
 #include "flightplan/frmFlugPlan.h"
 #include "nav/frmGPSmain.h"
@@ -102,7 +102,7 @@ Screen* Program::MakeScreen(Mode mode) {
         break;
     }
     return new frmFlugPlan({variablen, guard, dialogs, *notices,
-                            [this] { frmInfo::ForReport(variablen, shell, main.get())->exec(); }});
+                            [this] { (new frmInfo2(variablen, shell, main.get()))->open(); }});
 }
 
 } // namespace ornivane

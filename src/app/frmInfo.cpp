@@ -18,7 +18,6 @@ struct frmInfo::Texts {
 
 namespace {
 
-constexpr const char* Host = "http://www.ornivane.example/";
 constexpr Bilingual Download{"Download Datei:", "Download file:"};
 constexpr Bilingual Restart{"Nach dem Download muss der Ornivane neu gestartet werden.",
                             "After downloading the file please restart ornivane"};
@@ -45,8 +44,8 @@ constexpr frmInfo::Texts AirspaceTexts{
      "Luftraum.ovd is needed for the airspace display"},
     "http://www.ornivane.example/update-gps/download/Luftraum.ovd"};
 
-QLabel* AddLabel(QVBoxLayout* layout, const char* name, const QString& text) {
-    auto* label = new QLabel(text);
+QLabel* AddLabel(QVBoxLayout* layout, const char* name) {
+    auto* label = new QLabel;
     label->setObjectName(name);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
@@ -54,90 +53,61 @@ QLabel* AddLabel(QVBoxLayout* layout, const char* name, const QString& text) {
     return label;
 }
 
+QPushButton* Button(const char* name) {
+    auto* button = new QPushButton;
+    button->setObjectName(name);
+    button->setMinimumHeight(44);
+    return button;
+}
+
 } // namespace
 
 frmInfo* frmInfo::ForTrackStore(const Variablen& variablen, Shell& shell, const std::string& reason,
                                 QWidget* parent) {
-    return new frmInfo(TrackTexts, variablen.EnglishUI == 1, shell, reason, parent);
+    return new frmInfo(TrackTexts, variablen, shell, reason, parent);
 }
 
 frmInfo* frmInfo::ForAirspaceStore(const Variablen& variablen, Shell& shell, const std::string& reason,
                                    QWidget* parent) {
-    return new frmInfo(AirspaceTexts, variablen.EnglishUI == 1, shell, reason, parent);
+    return new frmInfo(AirspaceTexts, variablen, shell, reason, parent);
 }
 
-frmInfo::frmInfo(const Texts& texts, bool english, Shell& shell, const std::string& reason, QWidget* parent)
-    : QDialog(parent) {
+frmInfo::frmInfo(const Texts& hint, const Variablen& variables, Shell& shell, const std::string& reason,
+                 QWidget* parent)
+    : QDialog(parent), texts(hint), variablen(variables), isMissing(reason.empty()) {
     setObjectName(texts.Name);
-    setWindowTitle(Title.In(english));
     setModal(false);
     setAttribute(Qt::WA_DeleteOnClose);
     setMinimumWidth(520);
 
     auto* layout = new QVBoxLayout(this);
     layout->setSpacing(12);
-    AddLabel(layout, "Label1", (reason.empty() ? texts.Missing : texts.Unusable).In(english));
-    if (!reason.empty()) AddLabel(layout, "lblReason", QString::fromStdString(reason));
-    AddLabel(layout, "Label2", texts.Purpose.In(english));
-    AddLabel(layout, "Label3", Download.In(english));
-
-    auto* link = new QPushButton(texts.Address);
-    link->setObjectName("lblLink");
-    link->setToolTip(LinkTip.In(english));
-    link->setMinimumHeight(44);
-    connect(link, &QPushButton::clicked, this, [&shell, address = texts.Address] { shell.Open(address); });
-    layout->addWidget(link);
-
-    AddLabel(layout, "Label4", Restart.In(english));
-    auto* close = new QPushButton(captions::Close.In(english));
-    close->setObjectName("cmdClose");
-    close->setToolTip(CloseTip.In(english));
-    close->setMinimumHeight(44);
-    close->setDefault(true);
-    connect(close, &QPushButton::clicked, this, &QDialog::close);
-    layout->addWidget(close, 0, Qt::AlignRight);
+    Label1 = AddLabel(layout, "Label1");
+    if (!isMissing) AddLabel(layout, "lblReason")->setText(QString::fromStdString(reason));
+    Label2 = AddLabel(layout, "Label2");
+    Label3 = AddLabel(layout, "Label3");
+    lblLink = Button("lblLink");
+    lblLink->setText(texts.Address);
+    connect(lblLink, &QPushButton::clicked, this, [&shell, address = texts.Address] { shell.Open(address); });
+    layout->addWidget(lblLink);
+    Label4 = AddLabel(layout, "Label4");
+    cmdClose = Button("cmdClose");
+    cmdClose->setDefault(true);
+    connect(cmdClose, &QPushButton::clicked, this, &QDialog::close);
+    layout->addWidget(cmdClose, 0, Qt::AlignRight);
+    ApplyLanguage();
 }
 
-frmInfo::frmInfo(QWidget* parent) : QDialog(parent) {
-    setAttribute(Qt::WA_DeleteOnClose);
-    setMinimumWidth(520);
-}
-
-// The file that is named and the one that is opened have always been two.
-frmInfo* frmInfo::ForReport(const Variablen& variablen, Shell& shell, QWidget* parent) {
+void frmInfo::ApplyLanguage() {
     const bool english = variablen.EnglishUI == 1;
-    auto* form = new frmInfo(parent);
-    form->setObjectName("frmInfo2");
-    form->setWindowTitle(Title.In(english));
-    auto* layout = new QVBoxLayout(form);
-    layout->setSpacing(12);
-    AddLabel(layout, "Label4",
-             Bilingual{"Ornivane benötigt die setup-d.exe Datei", "Ornivane needs the setup-e.exe file."}.In(
-                 english));
-    AddLabel(
-        layout, "Label5",
-        Bilingual{"Bitte installieren Sie die Datei", "Please download and install the file"}.In(english));
-    AddLabel(layout, "Label2", Download.In(english));
-    auto* link = new QPushButton(QString(Host) + (english ? "setup-e.exe" : "setup-d.exe"));
-    link->setObjectName("Label1");
-    link->setToolTip(LinkTip.In(english));
-    link->setMinimumHeight(44);
-    connect(link, &QPushButton::clicked, form, [&shell, english] {
-        shell.Open(std::string(Host) + (english ? "support-e.exe" : "support-d.exe"));
-    });
-    layout->addWidget(link);
-    AddLabel(layout, "Label3",
-             Bilingual{"Die Dateien werden für die Druckunterstützung benötigt",
-                       "The files are needed to support the print function"}
-                 .In(english));
-    auto* close = new QPushButton("OK");
-    close->setObjectName("cmdOK");
-    close->setToolTip(captions::CloseTip.In(english));
-    close->setMinimumHeight(44);
-    close->setDefault(true);
-    connect(close, &QPushButton::clicked, form, &QDialog::close);
-    layout->addWidget(close, 0, Qt::AlignRight);
-    return form;
+    setWindowTitle(Title.In(english));
+    Label1->setText((isMissing ? texts.Missing : texts.Unusable).In(english));
+    Label2->setText(texts.Purpose.In(english));
+    Label3->setText(Download.In(english));
+    Label4->setText(Restart.In(english));
+    lblLink->setToolTip(LinkTip.In(english));
+    cmdClose->setText(captions::Close.In(english));
+    cmdClose->setToolTip(CloseTip.In(english));
 }
 
 } // namespace ornivane

@@ -6,6 +6,9 @@
 #include "common/Variablen.h"
 #include "platform/System.h"
 
+class QLabel;
+class QPushButton;
+
 namespace ornivane {
 
 // A hint that stands beside the main window until it is closed and stops nothing: a store is not available,
@@ -21,12 +24,18 @@ public:
     static frmInfo* ForAirspaceStore(const Variablen& variablen, Shell& shell, const std::string& reason,
                                      QWidget* parent);
 
-    // frmInfo2: the report cannot be shown. Modal.
-    static frmInfo* ForReport(const Variablen& variablen, Shell& shell, QWidget* parent);
+    // Every caption in the language of this moment; the reason stays in the words of the system.
+    void ApplyLanguage();
 
 private:
-    explicit frmInfo(QWidget* parent);
-    frmInfo(const Texts& texts, bool english, Shell& shell, const std::string& reason, QWidget* parent);
+    frmInfo(const Texts& texts, const Variablen& variablen, Shell& shell, const std::string& reason,
+            QWidget* parent);
+
+    const Texts& texts;
+    const Variablen& variablen;
+    bool isMissing;
+    QLabel *Label1 = nullptr, *Label2 = nullptr, *Label3 = nullptr, *Label4 = nullptr;
+    QPushButton *lblLink = nullptr, *cmdClose = nullptr;
 };
 
 } // namespace ornivane

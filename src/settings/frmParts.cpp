@@ -22,6 +22,7 @@ QRadioButton::indicator { width: 22px; height: 22px; border: 3px solid palette(m
 QRadioButton::indicator:checked { border-color: palette(highlight); background: qradialgradient(cx:0.5, cy:0.5, radius:0.5, fx:0.5, fy:0.5, stop:0.55 palette(highlight), stop:0.65 palette(base)); }
 QCheckBox::indicator { width: 22px; height: 22px; border: 3px solid palette(mid); border-radius: 5px; background: palette(base); }
 QCheckBox::indicator:checked { border-color: palette(highlight); background: qradialgradient(cx:0.5, cy:0.5, radius:0.6, fx:0.5, fy:0.5, stop:0.75 palette(highlight), stop:0.8 palette(base)); }
+QComboBox:disabled { color: palette(mid); border-style: dashed; }
 QLineEdit { border-color: palette(mid); }
 QLineEdit:focus { border-color: palette(highlight); }
 QListView { outline: 0; background: palette(base); color: palette(text); border: 2px solid palette(mid); font-size: 17px; }

@@ -5,7 +5,9 @@
 #include <QDialog>
 #include <QLabel>
 #include <QPushButton>
+#include <QTabWidget>
 #include <QTest>
+#include <QTextBrowser>
 #include <QToolButton>
 #include <fstream>
 #include <memory>
@@ -179,6 +181,26 @@ TEST_F(MainFormTest, SwitchesToNightColoursByKey) {
     ASSERT_TRUE(form->Form_Load());
     Key(Qt::Key_F9);
     EXPECT_TRUE(night);
+}
+
+TEST_F(MainFormTest, TheAboutBoxTellsVersionAndLicencesAndOpensLinks) {
+    ASSERT_TRUE(form->Form_Load());
+    for (const auto& [english, changes] : {std::pair{0, "Änderungen"}, {1, "Change log"}}) {
+        variablen.EnglishUI = static_cast<std::int16_t>(english);
+        Entry("mnuabout")->trigger();
+        Entry("mnuabout")->trigger();
+        ASSERT_EQ(form->findChildren<QDialog*>("frmAbout").size(), 1);
+        QDialog& about = *Dialog("frmAbout");
+        EXPECT_EQ(about.findChild<QLabel*>("lblVersion")->text(), "Version 1.0.0");
+        EXPECT_EQ(about.findChild<QTabWidget*>("tabs")->tabText(1), changes);
+        auto* credits = about.findChild<QTextBrowser*>("pageCredits");
+        for (const char* licence : {"LGPL", "MIT", "ODbL", "SQLite", "GSHHG"})
+            EXPECT_TRUE(credits->toPlainText().contains(licence)) << licence;
+        emit credits->anchorClicked(QUrl("https://www.sqlite.org/"));
+        about.findChild<QPushButton*>("cmdClose")->click();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    EXPECT_THAT(links.Opened, ElementsAre("https://www.sqlite.org/", "https://www.sqlite.org/"));
 }
 
 TEST_F(MainFormTest, GivesEveryControlATooltipInBothLanguages) {

@@ -170,5 +170,14 @@ TEST_F(AirspaceViewTest, AFourLetterPointWithoutAirfieldEndsThePass) {
     EXPECT_EQ(Surface.Count("#80FFFF"), 1);
 }
 
+TEST_F(AirspaceViewTest, TakesTheQnhOfTheSettingsWhenItsDayIsOver) {
+    Shared.QNH = 990;
+    EXPECT_EQ(Start().lblQNH, "QNH 990");
+    Clock.Time.Day += 1;
+    EXPECT_EQ(Start().lblQNH, "QNH 1013");
+    Shared.tQNH = "990"; // entered before midnight, the program went on
+    EXPECT_EQ(Start().lblQNH, "QNH 990");
+}
+
 } // namespace
 } // namespace ornivane
