@@ -1,7 +1,7 @@
 -- Airfields on the demo's chart. Positions, runways and the ATIS: the public-domain airport list of
 -- ourairports.com (November 2026), lengths there in feet; the information frequencies: AIP VFR Germany.
 -- Facts of their day for trying the program, not for navigation.
-INSERT INTO ICAOCODE (ICAO, Name) VALUES ('ED', 'Germany'), ('ET', 'Germany');
+INSERT INTO ICAOCODE (ICAO, Name) VALUES ('ED', 'Germany (ED)'), ('ET', 'Germany (ET)');
 
 INSERT INTO ARPT (ICAO, RWYALen, RWYGLen, WGS_DLAT, WGS_DLONG) VALUES
   ('EDDK', 3815, 0, 50.865898, 7.14274),

@@ -92,7 +92,7 @@ Screen* Program::MakeScreen(Mode mode) {
         return new frmSettings({{variablen, settingsPort, settingsTimer, ports, clock, dialogs},
                                 guard,
                                 [this] { main->ApplyLanguage(); },
-                                {}});
+                                [this] { (new frmTrack(variablen, guard, dialogs, main.get()))->Start(); }});
     case Mode::Planning:
         planning = new frmPlanung(variablen, dialogs, guard);
         return planning;

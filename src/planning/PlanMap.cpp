@@ -68,7 +68,10 @@ void PlanMap::RestoreView() {
     restore(View.SH, saved->Rect.SH);
     if (saved->SlideMap != 0) SlideMap = saved->SlideMap;
     saved.reset();
-    if (isAnother) View = Zoomed(View, Sizes, SlideMap);
+    if (isAnother)
+        View = Zoomed(View, Sizes, SlideMap);
+    else
+        AdjustViewToPicture(); // the window may have been resized while another screen was in front
 }
 
 void PlanMap::Form_Deactivate() {
@@ -82,6 +85,7 @@ void PlanMap::cmbMaps_Change(const std::string& name) {
     FindMap(name);
     cmbMaps = Name();
     InitializeData();
+    AdjustViewToPicture(); // a wide image is less tall than the view's proportion
     CenterOnWaypoint();
 }
 
@@ -160,6 +164,7 @@ void PlanMap::SetMeasuring(bool on) {
 // From the entry fields as typed, without their hemispheres, to the cursor.
 void PlanMap::MeasureTo(const Point& at) {
     owner.RecallPlan();
+    surface.Refresh(); // also when there is nothing to measure from: the last line must go
     const double lat = NumberIn(entry.tWaypoint[2]), longitude = NumberIn(entry.tWaypoint[3]);
     const Point start = Transform().ViewOf(ToDecimal({lat, longitude}));
     surface.SetDrawWidth(LineWidth);

@@ -63,6 +63,7 @@ void WaypointEditing::FillCategories() {
     tKat = cmbKat;
     tKatVisible = true;
     if (!WaypointsSet.Find("PointID", Comparison::Equal, current)) WaypointsSet.MoveFirst();
+    cmdNextEnabled = cmdPrevEnabled = true;
     ShowUnlessTyped();
 }
 
@@ -99,6 +100,7 @@ void WaypointEditing::ShowWaypoint() {
     const Value name = WaypointsSet.Get("Name");
     tWaypoint[1] = name.IsNull() ? std::string() : name.Text();
     shown = Entry();
+    shownPoint = WaypointsSet.Get("PointID");
     ShowCount();
 }
 
@@ -174,6 +176,14 @@ void WaypointEditing::InsertEntry() {
 
 bool WaypointEditing::cmdChange() {
     if (!CheckEntry("Bitte Name für den Wegpunkt eingeben")) return false;
+    // What was typed outlives a change of category, and then the list may stand on a waypoint that nobody
+    // meant.
+    if (OnRow() && shownPoint != WaypointsSet.Get("PointID")) {
+        dialogs.Message(shared.Text("Datenfehler", "Data error"),
+                        shared.Text("Die Liste steht auf einem anderen Wegpunkt als dem der Felder.",
+                                    "The list stands on another waypoint than that of the fields."));
+        return false;
+    }
     try {
         WaypointsSet.Set("Name", tWaypoint[1]);
         WaypointsSet.Set("Lat", NumberIn(tWaypoint[2]));
@@ -257,6 +267,7 @@ void WaypointEditing::ChooseCategory(const std::string& text) {
     {
         const Flagged now(moving);
         Open(text);
+        cmdNextEnabled = cmdPrevEnabled = true;
         // Fields of another waypoint would be written over this one by the next change.
         ShowUnlessTyped();
     }

@@ -87,6 +87,7 @@ private:
     Dialogs& dialogs;
     PlanningOwner& owner;
     std::array<std::string, 5> shown; // what ShowWaypoint wrote last
+    Value shownPoint;                 // and of which waypoint
     bool moving = false;              // a routine moves the list through rows that nobody is to see
 };
 

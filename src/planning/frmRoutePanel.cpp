@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QTableView>
 
@@ -99,7 +100,8 @@ void frmRoutePanel::MakeDrawing(QBoxLayout& layout) {
 }
 
 bool frmRoutePanel::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == lblRouteDistanz && event->type() == QEvent::MouseButtonRelease) {
+    if (watched == lblRouteDistanz && event->type() == QEvent::MouseButtonRelease &&
+        static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
         Do([this] { routes.picShowRoute(); });
         return true;
     }

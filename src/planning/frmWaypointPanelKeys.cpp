@@ -2,6 +2,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QTableView>
 
 #include "planning/frmWaypointPanel.h"
@@ -72,6 +73,7 @@ bool frmWaypointPanel::eventFilter(QObject* watched, QEvent* event) {
         if (EmptyField(watched)) return true;
         break;
     case QEvent::MouseButtonRelease:
+        if (static_cast<QMouseEvent*>(event)->button() != Qt::LeftButton) break;
         if (watched == tNS) Do([this] { waypoints.tNS_Click(); });
         if (watched == tEW) Do([this] { waypoints.tEW_Click(); });
         break;

@@ -71,6 +71,7 @@ bool Tour::Run() {
     program->Click("button7");
     program->Do("click chkVorschau 12 20");
     VisitScreens("de", "day");
+    VisitDialogs("de");
     Plan("de");
     program->Click("cmdNight");
     VisitScreens("de", "night");
@@ -80,7 +81,7 @@ bool Tour::Run() {
     program->Click("cmdNight");
     VisitScreens("en", "day");
     Plan("en");
-    VisitDialogs();
+    VisitDialogs("en");
     End();
     FlyEnlarged();
     return good;
@@ -240,14 +241,23 @@ void Tour::Calibrate(const std::string& suffix) {
     program->Do("key frmCalRect/picMap Escape");
 }
 
-void Tour::VisitDialogs() {
-    program->Click("button3");
-    constexpr std::pair<const char*, const char*> dialogs[] = {
-        {"mnuExport", "frmExport"}, {"mnuImport", "frmImport"}, {"mnuabout", "frmAbout"}};
-    for (const auto& [entry, dialog] : dialogs) {
-        program->Do(std::string("menu ") + entry);
-        Picture(dialog, dialog);
-        program->Click("cmdClose");
+void Tour::VisitDialogs(const std::string& language) {
+    struct Dialog {
+        const char *Screen, *Opener, *Name;
+    };
+    constexpr Dialog dialogs[] = {{"button3", "menu mnuExport", "frmExport"},
+                                  {"button3", "menu mnuabout", "frmAbout"},
+                                  {"button5", "click cmdManager", "frmManager"},
+                                  {"button5", "click cmdGetWaypoint", "frmGetWaypoints"},
+                                  {"button5", "click cmdTrack", "frmTrack"}};
+    for (const Dialog& dialog : dialogs) {
+        const std::string name = dialog.Name;
+        program->Click(dialog.Screen);
+        program->Do(dialog.Opener);
+        Check(program->Probe().WaitFor("visible " + name, "yes", 10s), name + " opens");
+        if (name == "frmTrack") program->Do("key listTrack Space");
+        Picture(name + "-" + language, name);
+        program->Do("key " + name + " Escape");
     }
     program->Click("button1");
 }

@@ -32,7 +32,7 @@ private:
     void Resize(std::string size);
     void VisitScreens(const std::string& language, const std::string& palette);
     void Calibrate(const std::string& suffix);
-    void VisitDialogs();
+    void VisitDialogs(const std::string& language);
     void Plan(const std::string& language);
     void FlyEnlarged();
     double Distance(); // to the next point, in NM
