@@ -8,7 +8,7 @@ RunPackages=(
     fonts-dejavu-core
 )
 # To test it.
-TestPackages=("${RunPackages[@]}" libgtest-dev libgmock-dev clang-format)
+TestPackages=("${RunPackages[@]}" libgtest-dev libgmock-dev clang-format poppler-utils gpsbabel)
 # For the fuzz targets.
 FuzzPackages=(clang libclang-rt-14-dev)
 

@@ -2,7 +2,6 @@
 
 #include <QCloseEvent>
 #include <QFontMetrics>
-#include <QPushButton>
 #include <QShortcut>
 #include <QVBoxLayout>
 
@@ -10,7 +9,6 @@
 #include "app/UpdateCheck.h"
 #include "app/frmAbout.h"
 #include "app/frmInfo.h"
-#include "app/frmPlaceholder.h"
 #include "common/SettingsFiles.h"
 
 namespace ornivane {
@@ -199,40 +197,12 @@ void MainForm::ShowMode(Mode mode) {
     if (front && !front->isAncestorOf(focusWidget())) front->setFocus();
 }
 
-void MainForm::ShowDialogPlaceholder(const char* name, Bilingual title, Bilingual purpose) {
-    if (auto* open = findChild<QDialog*>(name)) return open->raise();
-    auto* dialog = new QDialog(this);
-    dialog->setObjectName(name);
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setWindowTitle(title.In(variablen.EnglishUI == 1));
-    auto* layout = new QVBoxLayout(dialog);
-    layout->addWidget(new frmPlaceholder(variablen, "page", title, purpose));
-    auto* close = new QPushButton(captions::Close.In(variablen.EnglishUI == 1));
-    close->setObjectName("cmdClose");
-    close->setToolTip(captions::CloseTip.In(variablen.EnglishUI == 1));
-    close->setMinimumHeight(ButtonHeight);
-    connect(close, &QPushButton::clicked, dialog, &QDialog::close);
-    layout->addWidget(close, 0, Qt::AlignRight);
-    dialog->resize(560, 340);
-    dialog->show();
-}
+void MainForm::mnuExport_Click() { services.ShowExport(this); }
 
-void MainForm::mnuExport_Click() {
-    ShowDialogPlaceholder("frmExport", captions::Export,
-                          {"Hier wird eine Strecke als Datei gespeichert, um sie weiterzugeben.",
-                           "Here a route is saved to a file, to pass it on."});
-}
-
-void MainForm::mnuImport_Click() {
-    ShowDialogPlaceholder(
-        "frmImport", captions::Import,
-        {"Hier wird eine Strecke aus einer Datei übernommen.", "Here a route is taken from a file."});
-}
+void MainForm::mnuImport_Click() { services.ImportRoute(); }
 
 void MainForm::mnuLuftEin_Click() {
-    ShowDialogPlaceholder("frmLuftraumSettings", captions::Airspace,
-                          {"Hier wird gewählt, welche Lufträume die Planungskarte zeigt.",
-                           "Here you choose which airspaces the planning map shows."});
+    if (services.ShowAirspaceSettings) services.ShowAirspaceSettings();
 }
 
 void MainForm::mnuabout_Click() {

@@ -29,6 +29,9 @@ public:
         Processes* Programs = nullptr;
         Shell* Links = nullptr;
         std::function<Screen*(Mode)> MakeScreen;
+        std::function<void(QWidget* window)> ShowExport; // frmExport, before the window
+        std::function<void()> ImportRoute;
+        std::function<void()> ShowAirspaceSettings; // of the planning screen
         std::function<void(bool night)> SetNight;
         std::function<void()> Ended; // everything is saved, the program may exit
     };
@@ -53,7 +56,6 @@ private:
     void toolMain_ButtonClick(const QString& caption);
     void ShowMode(Mode mode);
     void ShowState();
-    void ShowDialogPlaceholder(const char* name, Bilingual title, Bilingual purpose);
 
     void mnuExport_Click();
     void mnuImport_Click();

@@ -1,9 +1,15 @@
 #include "app/Program.h"
 
-#include "app/frmPlaceholder.h"
+#include "app/frmInfo.h"
+#include "calibration/frmCalibrate.h"
+#include "flightplan/frmFlugPlan.h"
 #include "nav/frmGPSmain.h"
+#include "planning/RouteImport.h"
+#include "planning/frmExport.h"
+#include "planning/frmPlanung.h"
 #include "platform/qt/Theme.h"
 #include "settings/frmSettings.h"
+#include "tracks/frmTrack.h"
 
 namespace ornivane {
 
@@ -56,6 +62,22 @@ MainForm::Services Program::MainServices() {
     services.Programs = &processes;
     services.Links = &shell;
     services.MakeScreen = [this](Mode mode) { return MakeScreen(mode); };
+    services.ShowExport = [this](QWidget* window) {
+        const Recordset* routes = planning ? &planning->Logic().Routes.RoutesSet : nullptr;
+        const bool chosen = routes && routes->IsOpen() && !routes->Eof() && !routes->Bof();
+        (new frmExport(variablen, dialogs, guard, chosen ? routes->Text("Name") : std::string(), window))
+            ->open();
+    };
+    services.ImportRoute = [this] {
+        if (!planning) return;
+        PlanningScreen& screen = planning->Logic();
+        RouteImport(variablen, dialogs,
+                    {&screen.Waypoints.WaypointsSet, &screen.Routes.RoutesSet, &screen.Routes.RoutePointsSet})
+            .GetRoute();
+    };
+    services.ShowAirspaceSettings = [this] {
+        if (planning) planning->ShowAirspaceSettings();
+    };
     services.SetNight = [this](bool night) { Theme::Apply(application, night); };
     services.Ended = [this] { application.exit(0); };
     return services;
@@ -70,21 +92,17 @@ Screen* Program::MakeScreen(Mode mode) {
         return new frmSettings({{variablen, settingsPort, settingsTimer, ports, clock, dialogs},
                                 guard,
                                 [this] { main->ApplyLanguage(); },
-                                {}});
+                                [this] { (new frmTrack(variablen, guard, dialogs, main.get()))->Start(); }});
     case Mode::Planning:
-        return new frmPlaceholder(variablen, "frmPlanung", ModeCaption(mode),
-                                  {"Hier werden Wegpunkte verwaltet und Strecken auf der Karte gebaut.",
-                                   "Here waypoints are kept and routes are built on the chart."});
+        planning = new frmPlanung(variablen, dialogs, guard);
+        return planning;
     case Mode::MapData:
-        return new frmPlaceholder(
-            variablen, "frmCalibrate", ModeCaption(mode),
-            {"Hier werden Karten angemeldet und kalibriert.", "Here charts are registered and calibrated."});
+        return new frmCalibrate(variablen, guard, dialogs);
     case Mode::FlightPlan:
         break;
     }
-    return new frmPlaceholder(variablen, "frmFlugPlan", ModeCaption(Mode::FlightPlan),
-                              {"Hier wird aus einer Strecke ein Flugplan mit Wind, Zeiten und Kraftstoff.",
-                               "Here a route becomes a flight plan with wind, times and fuel."});
+    return new frmFlugPlan({variablen, guard, dialogs, *notices,
+                            [this] { frmInfo::ForReport(variablen, shell, main.get())->exec(); }});
 }
 
 } // namespace ornivane

@@ -18,6 +18,8 @@
 
 namespace ornivane {
 
+class frmPlanung;
+
 // The running program: the shared state, the real system behind the seams, and the windows in their order.
 class Program {
 public:
@@ -50,6 +52,7 @@ private:
     QtTimer settingsTimer;
     std::unique_ptr<frmSplash> splash;
     std::unique_ptr<MainForm> main;
+    frmPlanung* planning = nullptr; // the main window's, once it was shown
     EndSignals endSignals;
 };
 

@@ -18,6 +18,7 @@ struct frmInfo::Texts {
 
 namespace {
 
+constexpr const char* Host = "http://www.ornivane.example/";
 constexpr Bilingual Download{"Download Datei:", "Download file:"};
 constexpr Bilingual Restart{"Nach dem Download muss der Ornivane neu gestartet werden.",
                             "After downloading the file please restart ornivane"};
@@ -74,11 +75,11 @@ frmInfo* frmInfo::ForAirspaceStore(const Variablen& variablen, Shell& shell, con
 
 frmInfo::frmInfo(const Texts& hint, const Variablen& variables, Shell& shell, const std::string& reason,
                  QWidget* parent)
-    : QDialog(parent), texts(hint), variablen(variables), isMissing(reason.empty()) {
-    setObjectName(texts.Name);
+    : frmInfo(variables, parent) {
+    texts = &hint;
+    isMissing = reason.empty();
+    setObjectName(hint.Name);
     setModal(false);
-    setAttribute(Qt::WA_DeleteOnClose);
-    setMinimumWidth(520);
 
     auto* layout = new QVBoxLayout(this);
     layout->setSpacing(12);
@@ -87,8 +88,8 @@ frmInfo::frmInfo(const Texts& hint, const Variablen& variables, Shell& shell, co
     Label2 = AddLabel(layout, "Label2");
     Label3 = AddLabel(layout, "Label3");
     lblLink = Button("lblLink");
-    lblLink->setText(texts.Address);
-    connect(lblLink, &QPushButton::clicked, this, [&shell, address = texts.Address] { shell.Open(address); });
+    lblLink->setText(hint.Address);
+    connect(lblLink, &QPushButton::clicked, this, [&shell, address = hint.Address] { shell.Open(address); });
     layout->addWidget(lblLink);
     Label4 = AddLabel(layout, "Label4");
     cmdClose = Button("cmdClose");
@@ -99,15 +100,55 @@ frmInfo::frmInfo(const Texts& hint, const Variablen& variables, Shell& shell, co
 }
 
 void frmInfo::ApplyLanguage() {
+    if (!texts) return;
     const bool english = variablen.EnglishUI == 1;
     setWindowTitle(Title.In(english));
-    Label1->setText((isMissing ? texts.Missing : texts.Unusable).In(english));
-    Label2->setText(texts.Purpose.In(english));
+    Label1->setText((isMissing ? texts->Missing : texts->Unusable).In(english));
+    Label2->setText(texts->Purpose.In(english));
     Label3->setText(Download.In(english));
     Label4->setText(Restart.In(english));
     lblLink->setToolTip(LinkTip.In(english));
     cmdClose->setText(captions::Close.In(english));
     cmdClose->setToolTip(CloseTip.In(english));
+}
+
+frmInfo::frmInfo(const Variablen& variables, QWidget* parent) : QDialog(parent), variablen(variables) {
+    setAttribute(Qt::WA_DeleteOnClose);
+    setMinimumWidth(520);
+}
+
+// The file that is named and the one that is opened have always been two.
+frmInfo* frmInfo::ForReport(const Variablen& variablen, Shell& shell, QWidget* parent) {
+    const bool english = variablen.EnglishUI == 1;
+    auto* form = new frmInfo(variablen, parent);
+    form->setObjectName("frmInfo2");
+    form->setWindowTitle(Title.In(english));
+    auto* layout = new QVBoxLayout(form);
+    layout->setSpacing(12);
+    const auto add = [&](const char* name, Bilingual text) {
+        AddLabel(layout, name)->setText(text.In(english));
+    };
+    add("Label4", {"Ornivane benötigt die setup-d.exe Datei", "Ornivane needs the setup-e.exe file."});
+    add("Label5", {"Bitte installieren Sie die Datei", "Please download and install the file"});
+    add("Label2", Download);
+    auto* link = new QPushButton(QString(Host) + (english ? "setup-e.exe" : "setup-d.exe"));
+    link->setObjectName("Label1");
+    link->setToolTip(LinkTip.In(english));
+    link->setMinimumHeight(44);
+    connect(link, &QPushButton::clicked, form, [&shell, english] {
+        shell.Open(std::string(Host) + (english ? "support-e.exe" : "support-d.exe"));
+    });
+    layout->addWidget(link);
+    add("Label3", {"Die Dateien werden für die Druckunterstützung benötigt",
+                   "The files are needed to support the print function"});
+    auto* close = new QPushButton("OK");
+    close->setObjectName("cmdOK");
+    close->setToolTip(captions::CloseTip.In(english));
+    close->setMinimumHeight(44);
+    close->setDefault(true);
+    connect(close, &QPushButton::clicked, form, &QDialog::close);
+    layout->addWidget(close, 0, Qt::AlignRight);
+    return form;
 }
 
 } // namespace ornivane

@@ -24,16 +24,21 @@ public:
     static frmInfo* ForAirspaceStore(const Variablen& variablen, Shell& shell, const std::string& reason,
                                      QWidget* parent);
 
-    // Every caption in the language of this moment; the reason stays in the words of the system.
+    // frmInfo2: the report cannot be shown. Modal.
+    static frmInfo* ForReport(const Variablen& variablen, Shell& shell, QWidget* parent);
+
+    // Every caption of a hint that stands while the language changes; the reason stays in the words of the
+    // system.
     void ApplyLanguage();
 
 private:
+    frmInfo(const Variablen& variablen, QWidget* parent);
     frmInfo(const Texts& texts, const Variablen& variablen, Shell& shell, const std::string& reason,
             QWidget* parent);
 
-    const Texts& texts;
+    const Texts* texts = nullptr; // none of frmInfo2
     const Variablen& variablen;
-    bool isMissing;
+    bool isMissing = false;
     QLabel *Label1 = nullptr, *Label2 = nullptr, *Label3 = nullptr, *Label4 = nullptr;
     QPushButton *lblLink = nullptr, *cmdClose = nullptr;
 };

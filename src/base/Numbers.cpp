@@ -80,6 +80,16 @@ std::optional<double> ParseNumber(std::string_view text) {
     return ParsePlainNumber(plain);
 }
 
+double LeadingNumber(std::string_view text) {
+    while (!text.empty() && (text.front() == ' ' || text.front() == '\t')) text.remove_prefix(1);
+    if (!text.empty() && text.front() == '+') text.remove_prefix(1);
+    const std::size_t digits = text.find_first_of("0123456789");
+    if (digits == std::string_view::npos || text.find_first_not_of("-.") != digits) return 0; // inf, nan
+    double result = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), result);
+    return error == std::errc() ? result : 0;
+}
+
 double NumberIn(std::string_view text) {
     const std::optional<double> number = ParseNumber(text);
     if (!number) throw RuntimeError(ErrorNumber::TypeMismatch, std::string(text.substr(0, 40)));

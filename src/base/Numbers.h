@@ -41,7 +41,11 @@ std::optional<double> ParsePlainNumber(std::string_view text);
 // waypoint on another continent. Empty when the text is no number.
 std::optional<double> ParseNumber(std::string_view text);
 
-// The same for a text that must be a number: RuntimeError TypeMismatch when it is none.
+// The number with which the text begins, blanks skipped, decimal point; what follows it is not looked at. 0
+// when it begins with none, or with one that no double holds.
+double LeadingNumber(std::string_view text);
+
+// As ParseNumber for a text that must be a number: RuntimeError TypeMismatch when it is none.
 double NumberIn(std::string_view text);
 
 } // namespace ornivane

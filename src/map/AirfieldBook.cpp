@@ -41,11 +41,16 @@ std::string AsShown(const Statement& row, int column) {
 
 } // namespace
 
-const AirfieldInfo& AirfieldBook::Of(const std::string& icao) {
+const AirfieldInfo* AirfieldBook::Find(const std::string& icao) {
     auto found = entries.find(icao);
     if (found == entries.end()) found = entries.emplace(icao, LookUp(icao)).first;
-    if (!found->second.IsKnown) throw RuntimeError(ErrorNumber::NoCurrentRecord, icao);
-    return found->second.Info;
+    return found->second.IsKnown ? &found->second.Info : nullptr;
+}
+
+const AirfieldInfo& AirfieldBook::Of(const std::string& icao) {
+    const AirfieldInfo* info = Find(icao);
+    if (!info) throw RuntimeError(ErrorNumber::NoCurrentRecord, icao);
+    return *info;
 }
 
 void AirfieldBook::Prepare() {

@@ -28,6 +28,8 @@ public:
     // Good as long as the book. RuntimeError NoCurrentRecord for a code without airfield or without a runway
     // of the surface that it claims.
     const AirfieldInfo& Of(const std::string& icao);
+    // Null instead of the error.
+    const AirfieldInfo* Find(const std::string& icao);
 
 private:
     struct Entry {

@@ -123,7 +123,8 @@ void AirspaceDrawing::DrawArcElement(Pen& pen, const AirspaceElement& element) {
     const double lat = Held(element.arcLat), longitude = Held(element.arcLong);
     const double x1 = Held(element.Arcx1), y1 = Held(element.Arcy1);
     DrawArc(pen, {lat, longitude, ArcRadius(lat, longitude, x1, y1), ArcDimension(lat, longitude, x1, y1),
-                  ArcDimension(lat, longitude, Held(element.Arcx2), Held(element.Arcy2)), element.arcDir});
+                  ArcDimension(lat, longitude, Held(element.Arcx2), Held(element.Arcy2)),
+                  element.arcDir.empty() ? pen.On.DirectionIfNone : element.arcDir});
 }
 
 void AirspaceDrawing::DrawArc(Pen& pen, ArcShape arc) {

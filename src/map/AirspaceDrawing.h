@@ -52,6 +52,8 @@ public:
         const MapTransform& Transform;
         int SlideValue;
         bool ShowAirspaceText;
+        // The way around of an arc that has none; without it such an arc is not drawn.
+        const char* DirectionIfNone = "";
     };
 
     // RuntimeError for a row that cannot be drawn: what was drawn so far stays.

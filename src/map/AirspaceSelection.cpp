@@ -25,29 +25,44 @@ double AirspaceSelection::ComparedHeight(double feet, double qnh) {
     return feet > lowest ? feet + (standardPressure - qnh) * feetPerHectopascal : feet;
 }
 
-std::vector<std::int16_t> AirspaceSelection::Numbers(Statement& query, const char* which,
-                                                     const ViewBounds& bounds, double height) {
+std::vector<std::int16_t> AirspaceSelection::Numbers(Statement& query, const char* kind,
+                                                     const ViewBounds& bounds,
+                                                     std::optional<double> highestLow,
+                                                     std::optional<double> lowestHigh) {
     if (!query.IsPrepared())
         query = Statement(
             luftraum, std::string("SELECT DISTINCT \"Index\" FROM Luftraum WHERE LAT BETWEEN ?1 AND ?2 AND "
-                                  "LONG BETWEEN ?3 AND ?4 AND Low <= ?5 AND ") +
-                          which + " ORDER BY \"Index\" ASC");
+                                  "LONG BETWEEN ?3 AND ?4 AND (?5 IS NULL OR Low <= ?5) AND "
+                                  "(?6 IS NULL OR HIGH >= ?6) AND AspType ") +
+                          kind + " 'A' COLLATE BINARY ORDER BY \"Index\" ASC");
     std::vector<std::int16_t> numbers;
     const StatementRun run(query);
-    const double values[] = {bounds.ViewSouth, bounds.ViewNorth, bounds.ViewWest,
-                             bounds.ViewEast,  height + Margin,  height - Margin};
-    for (int i = 0; i < 6; ++i) query.Bind(i + 1, values[i]);
+    const double view[] = {bounds.ViewSouth, bounds.ViewNorth, bounds.ViewWest, bounds.ViewEast};
+    for (int i = 0; i < 4; ++i) query.Bind(i + 1, view[i]);
+    const auto limit = [&](int parameter, std::optional<double> feet) {
+        if (feet)
+            query.Bind(parameter, *feet);
+        else
+            query.Bind(parameter, {});
+    };
+    limit(5, highestLow);
+    limit(6, lowestHigh);
     while (query.Step()) numbers.push_back(ToInt16(query.Number(0)));
     return numbers;
 }
 
 std::vector<std::int16_t> AirspaceSelection::Airspaces(const ViewBounds& view, double height) {
-    return Numbers(airspaces, "HIGH >= ?6 AND AspType <> 'A' COLLATE BINARY", Widened(view), height);
+    return Numbers(airspaces, "<>", Widened(view), height + Margin, height - Margin);
 }
 
-std::vector<std::int16_t> AirspaceSelection::Patterns(const ViewBounds& view, double height) {
-    // No upper limit; the parameter only has to be there.
-    return Numbers(patterns, "?6 IS NOT NULL AND AspType = 'A' COLLATE BINARY", view, height);
+std::vector<std::int16_t> AirspaceSelection::AirspacesAt(const ViewBounds& view,
+                                                         std::optional<double> height) {
+    return Numbers(airspaces, "<>", Widened(view), height, height);
+}
+
+std::vector<std::int16_t> AirspaceSelection::Patterns(const ViewBounds& view, std::optional<double> height) {
+    if (height) *height += Margin;
+    return Numbers(patterns, "=", view, height, {});
 }
 
 } // namespace ornivane

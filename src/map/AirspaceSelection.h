@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -23,12 +24,14 @@ public:
     // The numbers of the airspaces that reach within the margin of the height, traffic patterns left out.
     // RuntimeError Overflow for a number beyond 32767.
     std::vector<std::int16_t> Airspaces(const ViewBounds& view, double height);
-    // The traffic patterns in the view: all whose lower limit is not above height and margin.
-    std::vector<std::int16_t> Patterns(const ViewBounds& view, double height);
+    // Those whose limits enclose the height exactly, or all at any height.
+    std::vector<std::int16_t> AirspacesAt(const ViewBounds& view, std::optional<double> height);
+    // The traffic patterns in the view: all whose lower limit is not above height and margin, or all.
+    std::vector<std::int16_t> Patterns(const ViewBounds& view, std::optional<double> height);
 
 private:
-    std::vector<std::int16_t> Numbers(Statement& query, const char* which, const ViewBounds& bounds,
-                                      double height);
+    std::vector<std::int16_t> Numbers(Statement& query, const char* kind, const ViewBounds& bounds,
+                                      std::optional<double> highestLow, std::optional<double> lowestHigh);
 
     Connection& luftraum;
     Statement airspaces, patterns;

@@ -14,10 +14,30 @@ namespace ornivane {
 
 namespace {
 
-constexpr Colour OuterColours[] = {Red, Blue, Yellow};
-constexpr double LabelRight = 10, LabelUp = 7; // pixels from the point to its label's top left corner
-constexpr double SymbolReach = 11;             // pixels from the point to its symbol's edge and its margin
-constexpr std::size_t FewPoints = 1000;        // so many are drawn as fast as they are looked at
+// Two rings. Radii, pens and places of labels are pixels.
+struct Marker {
+    Colour Inner;
+    double InnerRadius;
+    int InnerPen;
+    Colour Outer;
+    double OuterRadius;
+    int OuterPen;
+    double LabelUp; // from the point to the top of its name
+};
+constexpr int ByZoom = 0;
+constexpr Marker Markers[] = {
+    {Black, 2, 4, Red, 5, 4, 7},
+    {Black, 2, ByZoom, Blue, 5, ByZoom, 7},
+    {Black, 2, ByZoom, Yellow, 5, ByZoom, 7},
+    {Yellow, 4, 4, Black, 6, 3, 8},
+    {Red, 4, 4, Black, 6, 3, 8},
+    {Blue, 4, 4, Black, 6, 3, 8},
+};
+const Marker& MarkerOf(PointMode mode) { return Markers[static_cast<int>(mode)]; }
+
+constexpr double LabelRight = 10, RunwayDown = 10; // pixels from the point to the corner of its texts
+constexpr double SymbolReach = 11;      // pixels from the point to its symbol's edge and its margin
+constexpr std::size_t FewPoints = 1000; // so many are drawn as fast as they are looked at
 
 constexpr double LineDistance = 17; // pixels from one line of an airfield's texts to the next
 constexpr std::size_t IcaoLength = 4;
@@ -80,9 +100,11 @@ void MapSymbols::DrawLeg(const Position& from, const Position& to, Colour colour
 
 MapSymbols::Placed MapSymbols::Place(double lat, double longitude, PointMode mode, const std::string& name) {
     Placed point{transform.ViewOf(FromStored(lat, longitude)), mode};
-    if (!settings.Airfields) {
+    if (IsOfPlanning(mode)) {
+        PlaceOfPlanning(point, name);
+    } else if (!settings.Airfields) {
         point.HasLabel[0] = settings.ShowNames;
-    } else if (CharacterCount(name) == IcaoLength) {
+    } else if (IsAirfield(name)) {
         point.Airfield = &settings.Airfields->Of(name);
         point.HasSymbol = point.HasLabel[0] = settings.ShowAirfields;
         // The place of a missing station stays empty, without a plate.
@@ -96,6 +118,16 @@ MapSymbols::Placed MapSymbols::Place(double lat, double longitude, PointMode mod
     return point;
 }
 
+void MapSymbols::PlaceOfPlanning(Placed& point, const std::string& name) {
+    if (IsAirfield(name)) point.Airfield = settings.Airfields->Find(name);
+    point.HasLabel[0] = point.Mode != PointMode::PlanNewPoint;
+    point.HasLabel[1] = point.Airfield != nullptr;
+}
+
+bool MapSymbols::IsAirfield(const std::string& name) const {
+    return settings.Airfields && CharacterCount(name) == IcaoLength;
+}
+
 std::string MapSymbols::LabelOf(const Placed& point, const std::string& name, int label) {
     const std::string& text = label == 0   ? name
                               : label == 1 ? point.Airfield->Runway
@@ -105,7 +137,8 @@ std::string MapSymbols::LabelOf(const Placed& point, const std::string& name, in
 }
 
 Point MapSymbols::LabelAt(const Placed& point, int label) {
-    return {point.At.X + LabelRight, point.At.Y - LabelUp + label * LineDistance};
+    const double down = label == 0 ? -MarkerOf(point.Mode).LabelUp : RunwayDown + (label - 1) * LineDistance;
+    return {point.At.X + LabelRight, point.At.Y + down};
 }
 
 void MapSymbols::DrawPoint(double lat, double longitude, PointMode mode, const std::string& name) {
@@ -120,7 +153,8 @@ void MapSymbols::DrawRoutePoint(double lat, double longitude, PointMode mode, co
 
 void MapSymbols::Draw(const Placed& point, const std::string& name) {
     surface.SetForeColor(Black);
-    if (point.HasSymbol) point.Airfield ? DrawAirfieldSymbol(point) : DrawPlainSymbol(point);
+    if (point.HasSymbol && point.Airfield) DrawAirfieldSymbol(point);
+    if (point.HasSymbol && (!point.Airfield || IsOfPlanning(point.Mode))) DrawMarker(point);
     for (int label = 0; label < MostLabels; ++label) {
         if (!point.HasLabel[static_cast<std::size_t>(label)]) continue;
         const Point at = LabelAt(point, label);
@@ -129,10 +163,13 @@ void MapSymbols::Draw(const Placed& point, const std::string& name) {
     surface.SetDrawWidth(1);
 }
 
-void MapSymbols::DrawPlainSymbol(const Placed& point) {
-    surface.SetDrawWidth(point.Mode == PointMode::Plain ? 4 : zoomWidth);
-    surface.Circle(point.At.X, point.At.Y, 2, Black);
-    surface.Circle(point.At.X, point.At.Y, 5, OuterColours[static_cast<int>(point.Mode)]);
+void MapSymbols::DrawMarker(const Placed& point) {
+    const Marker& marker = MarkerOf(point.Mode);
+    const auto pen = [&](int width) { surface.SetDrawWidth(width == ByZoom ? zoomWidth : width); };
+    pen(marker.InnerPen);
+    surface.Circle(point.At.X, point.At.Y, marker.InnerRadius, marker.Inner);
+    pen(marker.OuterPen);
+    surface.Circle(point.At.X, point.At.Y, marker.OuterRadius, marker.Outer);
 }
 
 // A ring with the runway as a bar through it.
@@ -154,7 +191,7 @@ void MapSymbols::DrawPoints(const std::vector<StoredPoint>& points) {
     std::exception_ptr refused;
     try {
         for (const StoredPoint& point : points)
-            placed.push_back(Place(point.Lat, point.Long, PointMode::Plain, point.Name));
+            placed.push_back(Place(point.Lat, point.Long, point.Mode, point.Name));
     } catch (const RuntimeError&) {
         refused = std::current_exception();
     }

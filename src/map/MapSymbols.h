@@ -10,8 +10,11 @@
 
 namespace ornivane {
 
-// How a point is shown: 0 a plain point, 1 the active route point, 2 the target of Direct Fly.
-enum class PointMode { Plain = 0, ActiveRoutePoint = 1, DirectTarget = 2 };
+// How a point is shown. In flight: a plain point, the active route point, the target of Direct Fly. On the
+// planning map: the waypoint that is the current route point, any other, one that is just being entered.
+// There names always show, but for the last, and an airfield is a point with its runway under it.
+enum class PointMode { Plain, ActiveRoutePoint, DirectTarget, PlanRoutePoint, PlanPoint, PlanNewPoint };
+constexpr bool IsOfPlanning(PointMode mode) { return mode >= PointMode::PlanRoutePoint; }
 
 constexpr Colour Black = 0x000000, White = 0xFFFFFF, Red = 0xFF0000, Green = 0x00FF00, Blue = 0x0000FF,
                  Yellow = 0xFFFF00;
@@ -35,16 +38,18 @@ public:
     // Decimal degrees.
     void DrawLeg(const Position& from, const Position& to, Colour colour);
     // DegMinValue. A name of four characters is an airfield while their store is open: RuntimeError
-    // NoCurrentRecord when it is not in there.
+    // NoCurrentRecord when it is not in there, but on the planning map a point like any other, because there
+    // it can be renamed.
     void DrawPoint(double lat, double longitude, PointMode mode, const std::string& name);
     // A point of a route, never an airfield.
     void DrawRoutePoint(double lat, double longitude, PointMode mode, const std::string& name);
-    // Plain points in their order. Symbols and labels under so many later ones that nothing of them shows
+    // Points in their order. Symbols and labels under so many later ones that nothing of them shows
     // are left out, or a whole country's points would take longer than the pilot should wait. RuntimeError as
     // above, at the point concerned; those before it are drawn.
     struct StoredPoint {
         double Lat, Long; // DegMinValue
         std::string Name;
+        PointMode Mode = PointMode::Plain;
     };
     void DrawPoints(const std::vector<StoredPoint>& points);
 
@@ -59,11 +64,13 @@ private:
         std::array<bool, MostLabels> HasLabel{};
     };
     Placed Place(double lat, double longitude, PointMode mode, const std::string& name);
+    void PlaceOfPlanning(Placed& point, const std::string& name);
+    bool IsAirfield(const std::string& name) const;
     static std::string LabelOf(const Placed& point, const std::string& name, int label);
     static Point LabelAt(const Placed& point, int label);
     void LeaveOutHidden(std::vector<Placed>& placed, const std::vector<StoredPoint>& points);
     void Draw(const Placed& point, const std::string& name);
-    void DrawPlainSymbol(const Placed& point);
+    void DrawMarker(const Placed& point);
     void DrawAirfieldSymbol(const Placed& point);
 
     PictureSurface& surface;

@@ -33,15 +33,21 @@ Position MapTransform::PositionOfView(const Point& view) const {
             scale.Links + CheckedDivide(image.X, scale.PixPerTenthLong * 10)};
 }
 
-ViewBounds MapTransform::GetViewBounds(double x1, double y1, double x2, double y2) const {
+ViewBounds MapTransform::Bounds(double x1, double y1, double x2, double y2) const {
     const std::array<Position, 4> corners{PositionOfView({x1, y1}), PositionOfView({x2, y1}),
                                           PositionOfView({x1, y2}), PositionOfView({x2, y2})};
     const auto [south, north] = std::minmax_element(
         corners.begin(), corners.end(), [](const auto& a, const auto& b) { return a.Lat < b.Lat; });
     const auto [west, east] = std::minmax_element(
         corners.begin(), corners.end(), [](const auto& a, const auto& b) { return a.Long < b.Long; });
-    const auto minutes = [](double degrees) { return Round(ToDegMinValue(degrees), 2); };
-    return {minutes(north->Lat), minutes(west->Long), minutes(south->Lat), minutes(east->Long)};
+    return {ToDegMinValue(north->Lat), ToDegMinValue(west->Long), ToDegMinValue(south->Lat),
+            ToDegMinValue(east->Long)};
+}
+
+ViewBounds MapTransform::GetViewBounds(double x1, double y1, double x2, double y2) const {
+    const ViewBounds exact = Bounds(x1, y1, x2, y2);
+    return {Round(exact.ViewNorth, 2), Round(exact.ViewWest, 2), Round(exact.ViewSouth, 2),
+            Round(exact.ViewEast, 2)};
 }
 
 } // namespace ornivane

@@ -9,6 +9,7 @@ namespace ornivane {
 struct MapFrame {
     double Unten = 0, Oben = 0, Links = 0, Rechts = 0;
     double Breite = 0, Höhe = 0;
+    bool operator==(const MapFrame&) const = default;
 };
 
 // How image pixels follow from positions: one scale an axis, no projection, no rotation.
@@ -27,7 +28,7 @@ struct Position { // decimal degrees
     double Lat = 0, Long = 0;
 };
 
-// A geographic window, DegMinValue rounded to whole minutes, so that it compares with stored coordinates.
+// A geographic window, DegMinValue, so that it compares with stored coordinates.
 struct ViewBounds {
     double ViewNorth = 0, ViewWest = 0, ViewSouth = 0, ViewEast = 0;
 };
@@ -45,12 +46,17 @@ public:
     Position PositionOfView(const Point& view) const;
     // In which direction a true course points in the view; 0 is up. North is up on every chart so far.
     double ViewAngle(double trueCourse) const { return trueCourse; }
-    // The window that holds the rectangle between two view points, the first at its top left.
+    // The window that holds the rectangle between two view points, the first at its top left, rounded to
+    // whole minutes.
     ViewBounds GetViewBounds(double x1, double y1, double x2, double y2) const;
+    // The window of the whole view as it is.
+    ViewBounds WholeView() const { return Bounds(0, 0, width, height); }
     double ViewWidth() const { return width; }
     double ViewHeight() const { return height; }
 
 private:
+    ViewBounds Bounds(double x1, double y1, double x2, double y2) const;
+
     MapScale scale;
     SourceRect rect;
     double width, height;

@@ -30,7 +30,8 @@ SourceRect OpenedView(const ViewSizes& sizes);
 
 // For a slider value of -100 to 100; 100 is the whole width. Magnification stops at 8 view pixels for one
 // image pixel. A picture less tall than the view's proportion is cut to its height and slightly stretched.
-SourceRect Zoomed(SourceRect rect, const ViewSizes& sizes, int slideValue);
+// `heightFactor` stretches the height before it is cut.
+SourceRect Zoomed(SourceRect rect, const ViewSizes& sizes, int slideValue, double heightFactor = 1);
 
 // Moved so that the view pixel (x, y) comes to the middle, as far as the image reaches.
 SourceRect CentredOn(SourceRect rect, const ViewSizes& sizes, double x, double y);

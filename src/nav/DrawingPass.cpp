@@ -151,8 +151,8 @@ void DrawingPass::DrawWaypoints(MapSymbols& symbols, const MapTransform& transfo
         transform.GetViewBounds(0, 0, rooms.picMap.ScaleWidth(), rooms.picMap.ScaleHeight());
     std::vector<MapSymbols::StoredPoint> points;
     try {
-        waypoints.ForEach(bounds, [&](double lat, double longitude, std::string_view name) {
-            points.push_back({lat, longitude, std::string(name)});
+        waypoints.ForEach(bounds, [&](const WaypointWindow::Row& row) {
+            points.push_back({row.Lat, row.Long, std::string(row.Name)});
         });
     } catch (const RuntimeError&) {
         symbols.DrawPoints(points); // a damaged row ends the pass, those before it show

@@ -9,11 +9,11 @@
 #include "map/ActiveMap.h"
 #include "map/MapRing.h"
 #include "map/MapSymbols.h"
+#include "map/WaypointWindow.h"
 #include "nav/AirspaceView.h"
 #include "nav/FlightState.h"
 #include "nav/Leg.h"
 #include "nav/RouteFollowing.h"
-#include "nav/WaypointWindow.h"
 
 namespace ornivane {
 

@@ -6,16 +6,17 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QProgressBar>
-#include <QSlider>
 #include <QTableView>
 
 #include "base/Flagged.h"
 #include "nav/frmInstrumentPanel.h"
-#include "nav/frmNamed.h"
+#include "platform/qt/Named.h"
+
 #include "nav/frmRecordPanel.h"
 #include "nav/frmStageButton.h"
 #include "nav/frmWindPanel.h"
 #include "platform/qt/Events.h"
+#include "platform/qt/FillCombo.h"
 #include "platform/qt/FittedText.h"
 #include "platform/qt/GridBinding.h"
 #include "platform/qt/LampButton.h"
@@ -24,6 +25,7 @@
 #include "platform/qt/ReadoutLabel.h"
 #include "platform/qt/RecordsetModel.h"
 #include "platform/qt/SurfaceWidget.h"
+#include "platform/qt/ZoomSlider.h"
 
 namespace ornivane {
 
@@ -32,18 +34,6 @@ namespace {
 constexpr int SideWidth = 280; // the map has the rest of the form's width
 
 QString Q(const std::string& text) { return QString::fromStdString(text); }
-
-void FillCombo(QComboBox& combo, const std::vector<std::string>& names, const std::string& current) {
-    QStringList texts;
-    for (const std::string& name : names) texts << Q(name);
-    QStringList shown;
-    for (int i = 0; i < combo.count(); ++i) shown << combo.itemText(i);
-    if (texts != shown) {
-        combo.clear();
-        combo.addItems(texts);
-    }
-    combo.setCurrentIndex(static_cast<int>(texts.indexOf(Q(current))));
-}
 
 } // namespace
 

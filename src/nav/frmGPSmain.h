@@ -17,7 +17,6 @@ class QFrame;
 class QGridLayout;
 class QLabel;
 class QProgressBar;
-class QSlider;
 class QTableView;
 
 namespace ornivane {
@@ -30,6 +29,7 @@ class QtProgress;
 class ReadoutLabel;
 class RecordsetModel;
 class SurfaceWidget;
+class ZoomSlider;
 class frmInstrumentPanel;
 class frmRecordPanel;
 class frmStageButton;
@@ -87,8 +87,6 @@ private:
     void MapPressed(QPointF at, Qt::MouseButton button);
     void MapMoved(QPointF at, Qt::MouseButtons held);
     void MapReleased(Qt::MouseButton button);
-    void SlideTo(double x);
-    bool SlideByMouse(const QMouseEvent& event);
     bool HandleKey(const QKeyEvent& event);
     bool HandleKeyUp(const QKeyEvent& event);
     void ShowRouteMask(bool visible);
@@ -115,7 +113,7 @@ private:
     std::unique_ptr<GridBinding> pointsBinding;
 
     SurfaceWidget* picMap = nullptr;
-    QSlider* SlideMap = nullptr;
+    ZoomSlider* SlideMap = nullptr;
     QProgressBar* progBar = nullptr;
     QLabel *lblStatus = nullptr, *lblNoMap = nullptr, *tNextMap = nullptr, *LblMapNumber = nullptr;
     QLabel* tRoute = nullptr; // lies over cmbRoute while that has the focus

@@ -4,7 +4,6 @@
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QSlider>
 
 #include "platform/qt/Events.h"
 #include "platform/qt/SurfaceWidget.h"
@@ -69,11 +68,6 @@ bool frmGPSmain::eventFilter(QObject* watched, QEvent* event) {
         screen->Ring.tNextMap_MouseDown();
         ShowState();
         return true;
-    }
-    if (watched == SlideMap) {
-        const bool isMouse = type == QEvent::MouseMove || type == QEvent::MouseButtonPress ||
-                             type == QEvent::MouseButtonRelease || type == QEvent::MouseButtonDblClick;
-        if (isMouse) return SlideByMouse(*static_cast<QMouseEvent*>(event));
     }
     return Screen::eventFilter(watched, event);
 }

@@ -4,18 +4,15 @@
 #include <QFrame>
 #include <QGridLayout>
 #include <QLabel>
-#include <QMouseEvent>
 #include <QProgressBar>
-#include <QSlider>
-#include <algorithm>
-#include <cmath>
 
-#include "nav/frmNamed.h"
 #include "nav/frmStageButton.h"
 #include "platform/qt/Events.h"
 #include "platform/qt/LampButton.h"
+#include "platform/qt/Named.h"
 #include "platform/qt/ReadoutLabel.h"
 #include "platform/qt/SurfaceWidget.h"
+#include "platform/qt/ZoomSlider.h"
 
 namespace ornivane {
 
@@ -66,14 +63,9 @@ void frmGPSmain::MakeBottom(QGridLayout& layout) {
     auto* row = new QHBoxLayout(bar);
     row->setContentsMargins(8, 4, 8, 4);
     row->setSpacing(8);
-    SlideMap = Named(new QSlider(Qt::Horizontal), "SlideMap");
-    SlideMap->setRange(SlideMin, SlideMax);
-    SlideMap->setSingleStep(1);
-    SlideMap->setPageStep(5);
-    SlideMap->setMinimumHeight(44);
-    SlideMap->setFocusPolicy(Qt::TabFocus);
+    SlideMap = Named(new ZoomSlider, "SlideMap");
     SlideMap->installEventFilter(this);
-    services.Guard.Connect(SlideMap, &QSlider::valueChanged, [this](int value) {
+    services.Guard.Connect(SlideMap, &ZoomSlider::valueChanged, [this](int value) {
         if (showing || !screen->Map.HasMap()) return;
         screen->Map.SetSlide(value);
         ShowState();
@@ -185,20 +177,6 @@ void frmGPSmain::MapReleased(Qt::MouseButton button) {
     if (!dragging || button != Qt::LeftButton) return;
     dragging = false;
     screen->UpdateMap();
-}
-
-// The slider jumps to the pointer instead of being dragged by its knob. Its width counts as 3500 units; in
-// the margins at both ends a finger means the end.
-void frmGPSmain::SlideTo(double x) {
-    constexpr double width = 3500, margin = 200;
-    const double units = x * width / std::max(1, SlideMap->width());
-    const int value = static_cast<int>(std::nearbyint((units - width / 2) * SlideMax / (width / 2)));
-    SlideMap->setValue(units > width - margin ? SlideMax : units < margin ? SlideMin : value);
-}
-
-bool frmGPSmain::SlideByMouse(const QMouseEvent& event) {
-    if (event.button() == Qt::LeftButton || (event.buttons() & Qt::LeftButton)) SlideTo(event.position().x());
-    return true;
 }
 
 void frmGPSmain::PlaceOverMap() {

@@ -2,7 +2,6 @@
 #include <QFrame>
 #include <QLabel>
 #include <QProgressBar>
-#include <QSlider>
 #include <QTableView>
 
 #include "nav/frmGPSmain.h"
@@ -14,6 +13,7 @@
 #include "platform/qt/ReadoutLabel.h"
 #include "platform/qt/RecordsetModel.h"
 #include "platform/qt/SurfaceWidget.h"
+#include "platform/qt/ZoomSlider.h"
 
 namespace ornivane {
 

@@ -32,6 +32,9 @@ public:
     // Like Message, but the call returns when the user has answered: for the end of the program and questions
     // whose answer is needed.
     virtual void MessageAndWait(const std::string& title, const std::string& text) = 0;
+    // The same with further text below, in smaller letters; that text may be empty.
+    virtual void MessageWithDetails(const std::string& title, const std::string& text,
+                                    const std::string& details) = 0;
     virtual bool AskYesNo(const std::string& title, const std::string& text) = 0;
     // One line of text under a prompt; empty when the user cancelled.
     virtual std::string InputBox(const std::string& prompt) = 0;

@@ -49,6 +49,10 @@ public:
     // What Print covers with this text.
     virtual double TextWidth(const std::string& text) = 0;
     virtual double TextHeight() const = 0;
+    // Keeps a copy of what stands on the surface, for Recall.
+    virtual void Keep() = 0;
+    // Brings that copy back. False when there is none of this size: nothing happens then.
+    virtual bool Recall() = 0;
     // Shows what was drawn.
     virtual void Refresh() = 0;
 };

@@ -34,6 +34,25 @@ constexpr int MostDeclarations = 64;        // attributes of an element among wh
     throw RuntimeError(ErrorNumber::TypeMismatch, "no persisted recordset: " + reason);
 }
 
+// XML has no place for most control characters, not even as references: a reader that knows the rules refuses
+// the whole file. So none is written, and none that others wrote gets into a store. Neither does a byte order
+// mark in front, which would be gone after the next reading.
+std::string XmlText(std::string_view bytes) {
+    const std::string text = DecodeText(bytes);
+    std::string clean;
+    clean.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const std::string_view three = std::string_view(text).substr(i, 3);
+        const bool isMark = clean.empty() && three == "\xEF\xBB\xBF";
+        if (isMark || three == "\xEF\xBF\xBE" || three == "\xEF\xBF\xBF") // U+FFFE, U+FFFF: no characters
+            i += 2;
+        else if (static_cast<unsigned char>(text[i]) >= 0x20 || text[i] == '\t' || text[i] == '\n' ||
+                 text[i] == '\r')
+            clean += text[i];
+    }
+    return clean;
+}
+
 // ---- names with a namespace
 
 std::string_view LocalName(std::string_view name) { return name.substr(name.find(':') + 1); }
@@ -191,7 +210,7 @@ private:
     static Value ValueOf(FieldInfo field, const char* text) {
         field.Size = 0; // a text that is there is taken whole
         try {
-            return ConvertFor(field, Value(DecodeText(text)));
+            return ConvertFor(field, Value(XmlText(text)));
         } catch (const RuntimeError&) {
             Refuse(field.Name + ": " + std::string(text).substr(0, 40));
         }
@@ -223,7 +242,7 @@ std::string ExactNumber(double number) {
 
 std::string TextOf(const Value& value) {
     const auto* number = std::get_if<double>(&value.Raw());
-    return number ? ExactNumber(*number) : DecodeText(value.Text());
+    return number ? ExactNumber(*number) : XmlText(value.Text());
 }
 
 void WriteType(pugi::xml_node node, const FieldInfo& field, std::size_t longest) {

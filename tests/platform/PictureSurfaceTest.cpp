@@ -72,6 +72,20 @@ TEST_F(PictureSurfaceTest, LoadsGreyAndPaletteImagesAndKeepsTheOldOneOfADamagedF
     EXPECT_FALSE(Chart.Load(Folder.Path() / "nowhere.jpg"));
 }
 
+TEST_F(PictureSurfaceTest, BringsTheKeptPictureBackUntilItsSizeChanges) {
+    EXPECT_FALSE(Surface.Recall());
+    Surface.SetDrawWidth(8);
+    Surface.Line(0, 50, 200, 50, 0x000000);
+    Surface.Keep();
+    Surface.Line(0, 20, 200, 20, 0x000000);
+    EXPECT_EQ(Grey(100, 20), 0);
+    EXPECT_TRUE(Surface.Recall());
+    EXPECT_EQ(Grey(100, 20), 255);
+    EXPECT_EQ(Grey(100, 50), 0);
+    Surface.Resize(210, 100, 1);
+    EXPECT_FALSE(Surface.Recall());
+}
+
 TEST_F(PictureSurfaceTest, DrawsOnItsPixelsAndIgnoresWhatIsNowhere) {
     Surface.Cls();
     Surface.SetDrawWidth(4);

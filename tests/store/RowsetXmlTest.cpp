@@ -82,6 +82,15 @@ TEST(RowsetXml, ReadsBackExactlyWhatItWrote) {
     EXPECT_EQ(xml.find("Null"), std::string::npos);
 }
 
+TEST(RowsetXml, LeavesOutWhatXmlCannotHold) {
+    const std::string xml =
+        WriteRowset({{{"Name", FieldType::Text, 0, true}}, {{"K\x01\x1F\tö\xEF\xBF\xBF.ln"}}});
+    EXPECT_NE(xml.find("'K&#09;ö.ln'"), std::string::npos) << xml;
+    std::string foreign(Foreign);
+    foreign.replace(foreign.find("O'Hara"), 6, "O&#1;Hara&#xFFFE;");
+    EXPECT_EQ(ReadRowset(foreign).Rows[0][1], Value("OHara & ü"));
+}
+
 TEST(RowsetXml, RefusesWhatIsNone) {
     std::string bomb = "<!DOCTYPE x [<!ENTITY a \"aaaaaaaaaa\"><!ENTITY b \"&a;&a;&a;\">]><xml>&b;</xml>";
     std::string deep;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -56,6 +57,11 @@ public:
     }
     double TextWidth(const std::string& text) override { return 8.0 * static_cast<double>(text.size()); }
     double TextHeight() const override { return 17; }
+    void Keep() override { Kept = Drawn; }
+    bool Recall() override {
+        if (Kept) Drawn = *Kept;
+        return Kept.has_value();
+    }
     void Refresh() override { ++Refreshes; }
 
     int Count(const std::string& part) const {
@@ -65,6 +71,7 @@ public:
     }
 
     std::vector<std::string> Drawn;
+    std::optional<std::vector<std::string>> Kept;
     PixelRect Source;
     double Width = 800, Height = 400;
     int Pen = 1, Paints = 0, Refreshes = 0;

@@ -14,6 +14,7 @@ namespace ornivane {
 // Writes down what was shown and asked, and answers as told.
 struct ScriptedDialogs : Dialogs {
     std::vector<std::string> Shown; // "title|text"; also the questions; "|prompt" of an input box
+    std::string Details;            // of the last message that had some
     bool Answer = false;            // of AskYesNo
     std::deque<std::string> Inputs; // of InputBox, one after another; then cancelled
     std::optional<std::filesystem::path> File;
@@ -23,6 +24,11 @@ struct ScriptedDialogs : Dialogs {
         Shown.push_back(title + "|" + text);
     }
     void MessageAndWait(const std::string& title, const std::string& text) override { Message(title, text); }
+    void MessageWithDetails(const std::string& title, const std::string& text,
+                            const std::string& details) override {
+        Message(title, text);
+        Details = details;
+    }
     bool AskYesNo(const std::string& title, const std::string& text) override {
         Message(title, text);
         return Answer;

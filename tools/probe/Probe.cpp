@@ -23,8 +23,13 @@ namespace ornivane {
 
 namespace {
 
-// The one that is seen comes first where several have the name.
+// The one that is seen comes first where several have the name; "outer/inner" is the inner one of that outer.
 QWidget* Named(const QString& name) {
+    const auto slash = name.indexOf('/');
+    if (slash > 0) {
+        QWidget* outer = Named(name.left(slash));
+        return outer ? outer->findChild<QWidget*>(name.mid(slash + 1)) : nullptr;
+    }
     QWidget* found = nullptr;
     for (QWidget* widget : QApplication::allWidgets())
         if (widget->objectName() == name && (!found || widget->isVisible())) found = widget;
@@ -47,7 +52,9 @@ QString CurrentRow(const QAbstractItemView& view) {
 
 QString TextOf(QWidget* widget) {
     if (auto* view = qobject_cast<QAbstractItemView*>(widget)) return CurrentRow(*view) + QString("");
-    if (auto* box = qobject_cast<QMessageBox*>(widget)) return box->windowTitle() + "|" + box->text();
+    if (auto* box = qobject_cast<QMessageBox*>(widget))
+        return box->windowTitle() + "|" + box->text() +
+               (box->informativeText().isEmpty() ? QString() : "|" + box->informativeText());
     if (auto* label = qobject_cast<QLabel*>(widget)) return label->text();
     if (auto* edit = qobject_cast<QLineEdit*>(widget)) return edit->text();
     if (auto* combo = qobject_cast<QComboBox*>(widget)) return combo->currentText();
@@ -162,10 +169,17 @@ QString Probe::Act(const QString& command, QWidget* widget, const QStringList& w
         const QPointF at = PointIn(words, 2, widget);
         Mouse(widget, QEvent::MouseButtonPress, at, button);
         Mouse(widget, QEvent::MouseButtonRelease, at, button);
+    } else if (command == "doubleclick") {
+        const QPointF at = PointIn(words, 2, widget);
+        for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease,
+                                QEvent::MouseButtonDblClick, QEvent::MouseButtonRelease})
+            Mouse(widget, type, at, button);
     } else if (command == "press") {
         Mouse(widget, QEvent::MouseButtonPress, PointIn(words, 2, widget), button);
     } else if (command == "move") {
         Mouse(widget, QEvent::MouseMove, PointIn(words, 2, widget), button);
+    } else if (command == "hover") {
+        Mouse(widget, QEvent::MouseMove, PointIn(words, 2, widget), Qt::NoButton);
     } else if (command == "release") {
         Mouse(widget, QEvent::MouseButtonRelease, PointIn(words, 2, widget), button);
     } else if (command == "key") {

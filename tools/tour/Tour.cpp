@@ -68,7 +68,10 @@ bool Tour::Run() {
     ChooseRoute();
     Connect();
     Fly();
+    program->Click("button7");
+    program->Do("click chkVorschau 12 20");
     VisitScreens("de", "day");
+    Plan("de");
     program->Click("cmdNight");
     VisitScreens("de", "night");
     program->Click("button5");
@@ -76,6 +79,7 @@ bool Tour::Run() {
     VisitScreens("en", "night");
     program->Click("cmdNight");
     VisitScreens("en", "day");
+    Plan("en");
     VisitDialogs();
     End();
     FlyEnlarged();
@@ -219,20 +223,58 @@ void Tour::VisitScreens(const std::string& language, const std::string& palette)
             Check(program->Probe().WaitFor("visible picGPSCheck1", "yes", 20s),
                   "the link comes back with the flying screen");
         Picture(std::string(name) + "-" + language + "-" + palette);
+        if (std::string(name) == "map-data") Calibrate(language + "-" + palette);
     }
+}
+
+// As far as the first point's entry: the demo's chart is calibrated already.
+void Tour::Calibrate(const std::string& suffix) {
+    program->Click("frmCalibrate/cmdCalibrate");
+    Check(program->Probe().WaitFor("visible frmCalRect", "yes", 20s), "a chart opens for calibration");
+    program->Do("slider frmCalRect/SlideMap -60");
+    program->Do("click frmCalRect/picMap 240 320");
+    program->Do("type frmCalRect/picMap a");
+    Check(program->Ask("text frmCalRect/tQuickfind1") == "a", "a letter typed over the picture searches");
+    Picture("calibration-" + suffix, "frmCalRect");
+    program->Do("key frmCalRect/tQuickfind1 Escape");
+    program->Do("key frmCalRect/picMap Escape");
 }
 
 void Tour::VisitDialogs() {
     program->Click("button3");
-    constexpr std::pair<const char*, const char*> dialogs[] = {{"mnuExport", "frmExport"},
-                                                               {"mnuImport", "frmImport"},
-                                                               {"mnuLuftEin", "frmLuftraumSettings"},
-                                                               {"mnuabout", "frmAbout"}};
+    constexpr std::pair<const char*, const char*> dialogs[] = {
+        {"mnuExport", "frmExport"}, {"mnuImport", "frmImport"}, {"mnuabout", "frmAbout"}};
     for (const auto& [entry, dialog] : dialogs) {
         program->Do(std::string("menu ") + entry);
         Picture(dialog, dialog);
         program->Click("cmdClose");
     }
+    program->Click("button1");
+}
+
+// The planning screen with the airspace of a height, with the measuring line, and with the point of a new
+// waypoint.
+void Tour::Plan(const std::string& language) {
+    program->Click("button3");
+    program->Do("slider SlideMap 30");
+    program->Do("key tquickfind Ctrl+A");
+    program->Do("type tquickfind Bonn");
+    program->Do("menu mnuLuftEin");
+    program->Do("key tHoehe Ctrl+A");
+    program->Do("type tHoehe 4500");
+    Picture("frmLuftraumSettings-" + language, "frmLuftraumSettings");
+    program->Click("cmdExit");
+    Check(program->Text("tLR") == "Luftraum in 4500 ft", "airspace shows at the height that was chosen");
+    Picture("planning-airspace-" + language);
+    program->Click("cmdMessen");
+    program->Do("move picMap 110 170");
+    Check(program->Text("lblDistanz").ends_with(" NM"), "the distance is measured");
+    Picture("planning-measuring-" + language);
+    program->Click("picMessen");
+    program->Do("doubleclick picMap 200 260");
+    Check(program->Text("tWaypoint1").empty(), "a double click begins a waypoint");
+    Picture("planning-new-waypoint-" + language);
+    program->Do("key tWaypoint1 Escape");
     program->Click("button1");
 }
 
@@ -243,6 +285,9 @@ void Tour::FlyEnlarged() {
     EnterWind();
     for (const std::string size : {"1024x700", "1920x1080"}) {
         Resize(size);
+        program->Click("button3");
+        Picture("planning-" + size + "-200-percent");
+        program->Click("button1");
         for (const std::string palette : {"day", "night"}) {
             for (const std::string mode : {"vor", "hsi", "heading"}) {
                 Picture("flight-" + mode + "-" + palette + "-" + size + "-200-percent");

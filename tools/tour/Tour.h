@@ -31,7 +31,9 @@ private:
     void ShowStages();
     void Resize(std::string size);
     void VisitScreens(const std::string& language, const std::string& palette);
+    void Calibrate(const std::string& suffix);
     void VisitDialogs();
+    void Plan(const std::string& language);
     void FlyEnlarged();
     double Distance(); // to the next point, in NM
     void Picture(const std::string& name, const std::string& widget = {});

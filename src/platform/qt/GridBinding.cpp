@@ -17,6 +17,7 @@ GridBinding::GridBinding(RecordsetModel& of, QTableView& view) : model(of), grid
     connect(&model, &QAbstractItemModel::modelReset, this, &GridBinding::FollowRecordset);
     connect(grid.selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this](const QModelIndex& current) { FollowGrid(current); });
+    FollowRecordset(); // which may be open already
 }
 
 void GridBinding::FollowRecordset() {
@@ -37,6 +38,7 @@ void GridBinding::FollowGrid(const QModelIndex& current) {
         FollowRecordset(); // the row was not left: its change could not be written
         throw;
     }
+    emit RowChosen();
 }
 
 void GridBinding::SelectRow() {

@@ -18,6 +18,10 @@ public:
     void SelectRow();
     void ClearRowSelection();
 
+signals:
+    // The user chose another row in the grid, and the recordset stands on it.
+    void RowChosen();
+
 private:
     void FollowRecordset();
     void FollowGrid(const QModelIndex& current);

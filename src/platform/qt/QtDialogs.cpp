@@ -45,10 +45,16 @@ void QtDialogs::MessageBeside(const std::string& title, const std::string& text)
 }
 
 void QtDialogs::MessageAndWait(const std::string& title, const std::string& text) {
+    MessageWithDetails(title, text, {});
+}
+
+void QtDialogs::MessageWithDetails(const std::string& title, const std::string& text,
+                                   const std::string& details) {
     QMessageBox box(QMessageBox::NoIcon, QString::fromStdString(title), QString::fromStdString(text),
                     QMessageBox::Ok, parent);
     box.setObjectName("messageBox");
     box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(QString::fromStdString(details));
     box.exec();
 }
 

@@ -20,6 +20,8 @@ public:
     void Message(const std::string& title, const std::string& text) override;
     void MessageBeside(const std::string& title, const std::string& text) override;
     void MessageAndWait(const std::string& title, const std::string& text) override;
+    void MessageWithDetails(const std::string& title, const std::string& text,
+                            const std::string& details) override;
     bool AskYesNo(const std::string& title, const std::string& text) override;
     std::string InputBox(const std::string& prompt) override;
     std::optional<std::filesystem::path> OpenFile(const FileQuestion& question) override;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QSize>
 #include <memory>
 
 #include "platform/PictureSurface.h"
@@ -15,13 +16,20 @@ namespace ornivane {
 class QtPicture : public Picture {
 public:
     bool Load(const std::filesystem::path& file) override;
-    int ScaleWidth() const override { return levels->Width(); }
-    int ScaleHeight() const override { return levels->Height(); }
+    int ScaleWidth() const override { return stored.width(); }
+    int ScaleHeight() const override { return stored.height(); }
+    // From now on images are decoded no larger than a preview of that size needs, where the decoder can; a
+    // source rectangle still counts in pixels of the stored image.
+    void ReduceTo(QSize enough) { preview = enough; }
 
     // Painting makes reduced levels when it first needs them, which changes nothing that is seen.
     PictureLevels& Levels() const { return *levels; }
+    // A rectangle of the stored image in pixels of the first level.
+    PixelRect InLevels(const PixelRect& source) const;
 
 private:
+    QSize stored{0, 0};
+    QSize preview; // empty: full size
     std::unique_ptr<PictureLevels> levels = std::make_unique<PictureLevels>();
 };
 

@@ -51,6 +51,7 @@ void QtPictureSurface::Allocate(double newWidth, double newHeight, double newRat
     if (painter.isActive()) painter.end();
     if (newRatio != ratio) texts = ChartText(newRatio);
     stamps.clear();
+    kept.clear();
     width = newWidth;
     height = newHeight;
     ratio = newRatio;
@@ -85,8 +86,8 @@ void QtPictureSurface::PaintPicture(const Picture& picture, const PixelRect& des
     if (!HasArea(destination)) return;
     const auto* chart = dynamic_cast<const QtPicture*>(&picture);
     const PixelRect target = Scaled(destination, ratio);
-    const bool covered =
-        chart && chart->ScaleWidth() > 0 && HasArea(source) && PaintLevel(chart->Levels(), target, source);
+    const bool covered = chart && chart->ScaleWidth() > 0 && HasArea(source) &&
+                         PaintLevel(chart->Levels(), target, chart->InLevels(source));
     if (!covered) FillRect(target, backColor);
 }
 
@@ -162,6 +163,12 @@ void QtPictureSurface::Print(double x, double y, const std::string& text) {
     if (!(x > -1e6 && x < width && y > -ChartText::LineHeight && y < height)) return;
     texts.Draw(Block(), static_cast<int>(std::lround(x * ratio)), static_cast<int>(std::lround(y * ratio)),
                text, Opaque(foreColor));
+}
+
+bool QtPictureSurface::Recall() {
+    if (kept.empty()) return false;
+    std::copy(kept.begin(), kept.end(), pixels.begin());
+    return true;
 }
 
 void QtPictureSurface::Refresh() {

@@ -39,6 +39,8 @@ public:
     void Print(double x, double y, const std::string& text) override;
     double TextWidth(const std::string& text) override { return texts.WidthOf(text) / ratio; }
     double TextHeight() const override { return ChartText::LineHeight; }
+    void Keep() override { kept = pixels; }
+    bool Recall() override;
     void Refresh() override;
 
     // A new size, cleared to the background. Nothing happens when it is the present one.
@@ -67,6 +69,7 @@ private:
 
     // The image has no memory of its own: writing to `pixels` must never make it copy itself.
     std::vector<std::uint32_t> pixels;
+    std::vector<std::uint32_t> kept; // of the same size, or empty
     QImage image;
     QPainter painter; // kept open: opening one costs more than most of what is drawn with it
     std::pair<Colour, int> pen{0, -1};

@@ -18,21 +18,32 @@ QLabel* Part(const char* role, QWidget* parent) {
     return label;
 }
 
-constexpr int LargeSize = 34, MediumSize = 18; // pixels
+// Pixels.
+int FontSize(ReadoutLabel::Size size) {
+    switch (size) {
+    case ReadoutLabel::Size::Large:
+        return 34;
+    case ReadoutLabel::Size::Wide:
+        return 26;
+    case ReadoutLabel::Size::Medium:
+        break;
+    }
+    return 18;
+}
 
 } // namespace
 
 ReadoutLabel::ReadoutLabel(const char* valueName, const char* unitName, Size size, QWidget* parent)
     : QFrame(parent), caption(Part("caption", this)), unit(Part("unit", this)) {
     setProperty("role", "readout");
-    value = new FittedText(size == Size::Large ? LargeSize : MediumSize, this);
+    value = new FittedText(FontSize(size), this);
     value->setAttribute(Qt::WA_TransparentForMouseEvents);
     value->setObjectName(valueName);
     unit->setObjectName(unitName);
     value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(6, 2, 6, 2);
-    grid->setHorizontalSpacing(size == Size::Large ? 4 : 0);
+    grid->setHorizontalSpacing(size == Size::Medium ? 0 : 4);
     grid->setVerticalSpacing(0);
     grid->addWidget(caption, 0, 0, 1, 2);
     grid->addWidget(value, 1, 0);

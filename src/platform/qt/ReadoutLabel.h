@@ -12,7 +12,7 @@ class ReadoutLabel : public QFrame {
     Q_OBJECT
 
 public:
-    enum class Size { Medium, Large };
+    enum class Size { Medium, Wide, Large };
 
     // The object names of the labels of value and unit.
     ReadoutLabel(const char* valueName, const char* unitName, Size size, QWidget* parent = nullptr);

@@ -65,4 +65,9 @@ void SurfaceWidget::mouseReleaseEvent(QMouseEvent* event) {
     emit Released(OnSurface(event->position()), event->button());
 }
 
+void SurfaceWidget::mouseDoubleClickEvent(QMouseEvent* event) {
+    mousePressEvent(event);
+    emit DoubleClicked(OnSurface(event->position()), event->button());
+}
+
 } // namespace ornivane

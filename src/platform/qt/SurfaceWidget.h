@@ -26,6 +26,8 @@ signals:
     void Pressed(QPointF at, Qt::MouseButton button);
     void Moved(QPointF at, Qt::MouseButtons held);
     void Released(QPointF at, Qt::MouseButton button);
+    // After Pressed for the second of two quick clicks.
+    void DoubleClicked(QPointF at, Qt::MouseButton button);
     // The surface has a new size or resolution and is empty.
     void Resized();
 
@@ -35,6 +37,7 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
     void FitSurface();

@@ -39,17 +39,30 @@ QProgressBar { min-height: 22px; border: 1px solid %BORDER; border-radius: 4px; 
 QProgressBar::chunk { background: %LIT; }
 #noticeBar { background: %NOTICE; color: %NOTEXT; font-weight: bold; }
 #lblStatus { background: %BASE; color: %TEXT; border: 2px solid %BORDER; border-radius: 6px; padding: 8px 12px; font-size: 18px; font-weight: bold; }
+#tLR { background: %BASE; color: %TEXT; border: 2px solid %BORDER; border-radius: 6px; padding: 4px 10px; font-size: 18px; font-weight: bold; }
 #lblNoMap { color: %TEXT; font-size: 20px; }
 #tNextMap { background: #c00000; color: #ffffff; font-family: Arial, 'DejaVu Sans'; font-size: 18px; font-weight: bold; padding: 8px 12px; }
 #LblMapNumber { background: %BASE; color: %TEXT; border: 2px solid %BORDER; font-size: 18px; font-weight: bold; padding: 6px 10px; }
 #tRoute { background: %BASE; color: %TEXT; border: 2px dashed %FOCUS; border-radius: 6px; padding: 0 8px; font-weight: bold; }
 #lblRecord { color: %LITTEXT; background: transparent; }
-QLineEdit { background: %BASE; color: %TEXT; border: 2px solid %FOCUS; border-radius: 4px; padding: 0 6px; font-size: 20px; font-weight: bold; }
+#tKat { background: %BUTTON; color: %TEXT; }
+QLineEdit { background: %BASE; color: %TEXT; border: 2px solid %BORDER; border-radius: 4px; padding: 0 6px; font-size: 20px; font-weight: bold; }
+QLineEdit:focus { border-color: %FOCUS; }
+QGroupBox { border: 2px solid %BORDER; border-radius: 8px; margin-top: 12px; padding: 14px 8px 4px 8px; font-size: 16px; }
+QGroupBox::title { subcontrol-origin: margin; left: 14px; padding: 0 6px; }
+QRadioButton, QCheckBox { min-height: 44px; font-size: 18px; spacing: 12px; border: 2px solid transparent; }
+QRadioButton:checked, QCheckBox:checked { font-weight: bold; }
+QRadioButton:focus, QCheckBox:focus { border-color: %FOCUS; border-radius: 8px; }
+QRadioButton::indicator { width: 22px; height: 22px; border: 3px solid %BORDER; border-radius: 14px; background: %BASE; }
+QRadioButton::indicator:checked { border-color: %LIT; background: qradialgradient(cx:0.5, cy:0.5, radius:0.5, fx:0.5, fy:0.5, stop:0.55 %LIT, stop:0.65 %BASE); }
+QCheckBox::indicator { width: 22px; height: 22px; border: 3px solid %BORDER; border-radius: 5px; background: %BASE; }
+QCheckBox::indicator:checked { border-color: %LIT; background: qradialgradient(cx:0.5, cy:0.5, radius:0.5, fx:0.5, fy:0.5, stop:0.75 %LIT, stop:0.85 %BASE); }
 QLabel[role="entry"] { background: #16191d; color: #ffff80; border: 1px solid %BORDER; border-radius: 4px; font-size: 17px; font-weight: bold; }
 QLabel[role="instrument"] { color: %TEXT; font-size: 14px; font-weight: bold; }
 #lblResult { font-size: 18px; font-weight: bold; }
 QFrame[role="popup"], #frmSet { background: %WINDOW; border: 2px solid %BORDER; border-radius: 8px; }
 QLabel[role="unit"], QLabel[role="caption"] { color: %FAINT; font-size: 12px; }
+#lblNS, #lblEW { color: %TEXT; font-size: 20px; font-weight: bold; }
 QFrame[role="readout"] { background: %BASE; border: 1px solid %BORDER; border-radius: 6px; }
 )";
 

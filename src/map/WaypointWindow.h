@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string_view>
 
@@ -14,11 +15,16 @@ class Connection;
 // redraw.
 class WaypointWindow {
 public:
+    struct Row {
+        std::int64_t PointID;
+        double Lat, Long; // DegMinValue
+        std::string_view Name;
+    };
+
     explicit WaypointWindow(Connection& connection) : dataConn(connection) {}
 
-    // DegMinValue, bounds included. RuntimeError InvalidNull at a row without a position.
-    void ForEach(const ViewBounds& bounds,
-                 const std::function<void(double lat, double longitude, std::string_view name)>& action);
+    // Bounds included. RuntimeError InvalidNull at a row without a position.
+    void ForEach(const ViewBounds& bounds, const std::function<void(const Row&)>& action);
 
 private:
     Connection& dataConn;

@@ -1,0 +1,107 @@
+#include "calibration/ChartFolder.h"
+
+#include <algorithm>
+
+#include "base/AtomicFile.h"
+#include "base/Numbers.h"
+#include "base/Strings.h"
+#include "common/SettingsText.h"
+#include "map/ChartFiles.h"
+#include "store/TextOrder.h"
+
+namespace ornivane {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* LatDataFile = "LatData.crm";
+
+// chart.jpg has chart.crm. The last three characters are replaced whatever they are: a file beside an image
+// of another extension has always been named so.
+std::string SideFileName(const std::string& map) { return map.substr(0, map.size() - 3) + "crm"; }
+
+// The lines of a text file, whatever ends them; a last line end begins no further line.
+std::vector<std::string> Lines(const std::string& bytes) {
+    std::string text;
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+        if (bytes[i] == '\r' && i + 1 < bytes.size() && bytes[i + 1] == '\n') continue;
+        text += bytes[i] == '\r' ? '\n' : bytes[i];
+    }
+    if (text.empty()) return {};
+    if (text.back() == '\n') text.pop_back();
+    return Split(text, "\n");
+}
+
+void AppendNames(const std::vector<std::string>& found, const char* extension,
+                 std::vector<std::string>& names) {
+    const auto first = static_cast<std::ptrdiff_t>(names.size());
+    for (const std::string& name : found)
+        if (name.size() > 4 && LowerAscii(name.substr(name.size() - 4)) == extension) names.push_back(name);
+    std::sort(names.begin() + first, names.end(), [](const std::string& a, const std::string& b) {
+        const int order = CompareText(a, b);
+        return order != 0 ? order < 0 : a < b;
+    });
+}
+
+} // namespace
+
+std::optional<std::vector<std::string>> ChartImages(const fs::path& folder) {
+    std::error_code failed;
+    std::vector<std::string> found;
+    for (fs::directory_iterator entry(folder, failed), end; entry != end; entry.increment(failed)) {
+        std::error_code gone;
+        const std::string name = entry->path().filename().string();
+        if (name.front() != '.' && IsValidUtf8(name) && entry->is_regular_file(gone)) found.push_back(name);
+        if (failed) break;
+    }
+    if (failed) return std::nullopt;
+    std::vector<std::string> names;
+    AppendNames(found, ".bmp", names);
+    AppendNames(found, ".jpg", names);
+    return names;
+}
+
+std::optional<FrameEdges> ReadSideFile(const fs::path& folder, const std::string& map) {
+    const auto file = FindFileIgnoringCase(folder, SideFileName(map));
+    if (!file) return std::nullopt;
+    const auto bytes = ReadWholeFile(*file);
+    if (!bytes) return std::nullopt;
+    const auto lines = Lines(*bytes);
+    FrameEdges edges{};
+    if (lines.size() < edges.size()) return std::nullopt;
+    for (std::size_t i = 0; i < edges.size(); ++i) edges[i] = LeadingNumber(lines[i]);
+    return edges;
+}
+
+void WriteSideFile(const fs::path& folder, const std::string& map, const FrameEdges& edges) {
+    std::string bytes;
+    for (const double edge : edges) bytes += NumberText(edge) + "\r\n";
+    const std::string name = SideFileName(map);
+    WriteFileAtomically(FindFileIgnoringCase(folder, name).value_or(folder / name), bytes);
+}
+
+void ReadLatData(const fs::path& folder, LatData& data) {
+    const auto file = FindFileIgnoringCase(folder, LatDataFile);
+    const auto bytes = file ? ReadWholeFile(*file) : std::nullopt;
+    if (!bytes) return;
+    SettingsReader reader(*bytes);
+    const auto read = [&reader](int& to) {
+        const auto value = reader.WholeNumber();
+        if (!value || *value < 0 || *value > 1) return false;
+        to = *value;
+        return true;
+    };
+    for (int& hemisphere : data.Hemispheres)
+        if (!read(hemisphere)) return;
+    read(data.Preview);
+}
+
+void WriteLatData(const fs::path& folder, const LatData& data) {
+    SettingsWriter writer;
+    for (const int hemisphere : data.Hemispheres) writer.WholeNumber(hemisphere);
+    writer.WholeNumber(data.Preview);
+    WriteFileAtomically(folder / LatDataFile, writer.Bytes());
+}
+
+} // namespace ornivane

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <array>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace ornivane {
+
+// The files of the folder of charts: the images, and beside each the text file that keeps its frame when the
+// store is lost.
+
+// Names of the images, all BMP before all JPG, each kind sorted by name. Empty optional when the folder is
+// not there or cannot be read, which is not the same as a folder without images. Names that are no UTF-8 are
+// left out: the store could not hold them.
+std::optional<std::vector<std::string>> ChartImages(const std::filesystem::path& folder);
+
+// Edges in the order of the catalogue: Unten, Oben, Links, Rechts; DegMinValue.
+using FrameEdges = std::array<double, 4>;
+
+// Empty when there is none, or it has fewer than four lines. A line that is no number reads as 0.
+std::optional<FrameEdges> ReadSideFile(const std::filesystem::path& folder, const std::string& map);
+// RuntimeError when it cannot be written.
+void WriteSideFile(const std::filesystem::path& folder, const std::string& map, const FrameEdges& edges);
+
+// What the catalogue's screen remembers: the hemisphere of each edge (0 N or E, 1 S or W), and the preview's
+// switch. LatData.crm in the folder of charts.
+struct LatData {
+    std::array<int, 4> Hemispheres{};
+    int Preview = 0;
+    bool operator==(const LatData&) const = default;
+};
+
+// Changes the values up to the first that is missing or none of 0 and 1.
+void ReadLatData(const std::filesystem::path& folder, LatData& data);
+void WriteLatData(const std::filesystem::path& folder, const LatData& data);
+
+} // namespace ornivane

@@ -1,0 +1,293 @@
+#include "calibration/MapData.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "base/Format.h"
+#include "base/Numbers.h"
+#include "base/RuntimeError.h"
+#include "geo/NavigationMaths.h"
+#include "map/ChartFiles.h"
+#include "store/TextOrder.h"
+
+namespace ornivane {
+
+namespace {
+
+constexpr const char* AllMaps = "SELECT * FROM Maps ORDER BY Name";
+constexpr std::array EdgeFields = {"Unten", "Oben", "Links", "Rechts"};
+constexpr double MetresPerDegree = 60 * 1000 * KilometresPerNauticalMile;
+// Charts of conformal projections and those drawn for their middle latitude stay below; a minute mistyped on
+// a chart of one degree does not.
+constexpr double SuspiciousPercent = 3;
+
+} // namespace
+
+MapData::MapData(Variablen& variablen, Picture& picStorage, PictureSurface& picMap, Dialogs& dialogsOf)
+    : shared(variablen), storage(picStorage), surface(picMap), dialogs(dialogsOf) {}
+
+// The hemispheres of the last run come after the list has been filled: they are what a new chart starts with.
+void MapData::Form_Load() {
+    tPath = ChartsFolder().string();
+    SetEdgeStates(EdgeState::NotStored);
+    tKarten = {};
+    MapRowsSet.Open(shared.DataConn, AllMaps);
+    chkVorschau = false;
+    FillMapList();
+    cmbLatLong = {};
+    LoadLatData();
+}
+
+void MapData::Form_Deactivate() { LastMapName = SelectedName(); }
+
+void MapData::Form_Unload() { Remember({cmbLatLong, chkVorschau ? 1 : 0}); }
+
+// Conveniences that nobody misses when the folder cannot be written.
+void MapData::Remember(const LatData& data) const {
+    try {
+        WriteLatData(ChartsFolder(), data);
+    } catch (const RuntimeError&) {
+    }
+}
+
+// The file is emptied as soon as it was read, and gets its values back at the end of the run: values with
+// which the program once came to harm are not met again at the next start.
+void MapData::LoadLatData() {
+    LatData data;
+    ReadLatData(ChartsFolder(), data);
+    cmbLatLong = data.Hemispheres;
+    if (data.Preview == 1) chkVorschau_Click(true);
+    Remember({});
+}
+
+int MapData::SearchList(const std::string& text) const {
+    const auto found = std::find_if(listKarten.begin(), listKarten.end(), [&text](const Entry& entry) {
+        return CompareText(entry.Name, text) == 0;
+    });
+    return found == listKarten.end() ? -1 : static_cast<int>(found - listKarten.begin());
+}
+
+std::string MapData::SelectedName() const {
+    return ListIndex < 0 ? std::string() : listKarten[static_cast<std::size_t>(ListIndex)].Name;
+}
+
+void MapData::FillMapList() {
+    LastMapName = SelectedName();
+    const auto images = ChartImages(ChartsFolder());
+    listKarten.clear();
+    ListIndex = -1;
+    for (const std::string& name : images.value_or(std::vector<std::string>())) listKarten.push_back({name});
+    if (images) DropRowsWithoutImage();
+    shared.MapsSet.Requery();
+    MapRowsSet.Requery();
+    SelectEntry(std::max(0, SearchList(LastMapName)));
+    ShowMapData();
+}
+
+void MapData::DropRowsWithoutImage() {
+    Recordset rows;
+    rows.Open(shared.DataConn, AllMaps);
+    Transaction together(shared.DataConn);
+    while (!rows.Eof()) {
+        const Value name = rows.Get("Name");
+        const int index = name.IsNull() ? -1 : SearchList(name.Text());
+        SkipMapClick = true;
+        if (index < 0) {
+            rows.Delete();
+            continue;
+        }
+        const Value active = rows.Get("Active");
+        listKarten[static_cast<std::size_t>(index)].Selected = !active.IsNull() && active.Boolean();
+        rows.MoveNext();
+    }
+    together.Commit();
+}
+
+// As a list does it: another selection is a click.
+void MapData::SelectEntry(int index) {
+    if (index >= static_cast<int>(listKarten.size()) || index == ListIndex) return;
+    ListIndex = index;
+    ShowMapData();
+}
+
+void MapData::listKarten_Click(int index) {
+    if (index < 0 || index >= static_cast<int>(listKarten.size())) return;
+    ListIndex = index;
+    ShowMapData();
+}
+
+void MapData::ShowMapData() {
+    if (SkipMapClick) {
+        SkipMapClick = false;
+        return;
+    }
+    const std::string name = SelectedName();
+    if (name.empty()) return;
+    ReadSize(name);
+    try {
+        if (chkVorschau && !ShowPreview(name)) return;
+        if (FindRow(name))
+            ShowRow();
+        else
+            ShowWithoutRow(name);
+    } catch (const RuntimeError&) {
+        if (!chkVorschau) throw; // with the preview on, errors end this without a word
+    }
+}
+
+void MapData::ReadSize(const std::string& name) {
+    ImageSize size;
+    const SizeReading reading = ReadImageSize(ChartsFolder() / name, size);
+    if (reading == SizeReading::Damaged) dialogs.Message({}, "Fehler im Bild");
+    if (reading != SizeReading::Read) return;
+    lblBreite = std::to_string(size.Width);
+    lblHoehe = std::to_string(size.Height);
+}
+
+bool MapData::ShowPreview(const std::string& name) {
+    PreviewFailed = !storage.Load(ChartsFolder() / name);
+    RepaintPreview();
+    return !PreviewFailed;
+}
+
+void MapData::RepaintPreview() {
+    surface.Cls();
+    if (chkVorschau && !PreviewFailed && !SelectedName().empty())
+        surface.PaintPicture(storage, {0, 0, surface.ScaleWidth(), surface.ScaleHeight()},
+                             {0, 0, LeadingNumber(lblBreite), LeadingNumber(lblHoehe)});
+    surface.Refresh();
+}
+
+bool MapData::FindRow(const std::string& name) {
+    if (MapRowsSet.RecordCount() == 0) return false;
+    MapRowsSet.MoveFirst();
+    return MapRowsSet.Find("Name", Comparison::Equal, name);
+}
+
+void MapData::ShowRow() {
+    SetEdgeStates(EdgeState::Stored);
+    for (std::size_t i = 0; i < EdgeFields.size(); ++i) {
+        const double edge = MapRowsSet.Number(EdgeFields[i]);
+        cmbLatLong[i] = edge >= 0 ? 0 : 1;
+        tKarten[i] = NumberText(std::abs(edge), shared.Locale);
+    }
+    shared.MapsSet.Requery();
+}
+
+// The frame of a side file is no row yet: its fields stay in the colour of what is not stored.
+void MapData::ShowWithoutRow(const std::string& name) {
+    SetEdgeStates(EdgeState::NotStored);
+    if (!LoadMapSideFile(name)) tKarten = {};
+}
+
+bool MapData::LoadMapSideFile(const std::string& name) {
+    const auto edges = ReadSideFile(ChartsFolder(), name);
+    if (!edges) return false;
+    for (std::size_t i = 0; i < edges->size(); ++i) {
+        tKarten[i] = NumberText(std::abs((*edges)[i]), shared.Locale);
+        cmbLatLong[i] = (*edges)[i] < 0 ? 1 : 0;
+    }
+    return true;
+}
+
+void MapData::chkVorschau_Click(bool on) {
+    chkVorschau = on;
+    if (on) return ShowMapData();
+    PreviewFailed = false;
+    RepaintPreview();
+}
+
+bool MapData::EdgesAreNumbers() const {
+    return std::all_of(tKarten.begin(), tKarten.end(),
+                       [](const std::string& text) { return ParseNumber(text).has_value(); });
+}
+
+void MapData::ReportBadData() {
+    dialogs.Message(shared.Text("Datenfehler", "Data error"),
+                    shared.Text("Bitte Kartendaten checken.Daten können nicht gespeichert werden.",
+                                "Please check map data.Data can not be saved."));
+}
+
+FrameEdges MapData::SignedEdges() const {
+    FrameEdges edges{};
+    for (std::size_t i = 0; i < edges.size(); ++i) {
+        const double edge = NumberIn(tKarten[i]);
+        edges[i] = cmbLatLong[i] == 1 ? -edge : edge;
+    }
+    return edges;
+}
+
+void MapData::cmdSpeichern_Click() {
+    const std::string name = SelectedName();
+    if (name.empty() || !EdgesAreNumbers() || LeadingNumber(lblBreite) <= 0 || LeadingNumber(lblHoehe) <= 0)
+        return ReportBadData();
+    for (std::string& edge : tKarten) edge = NumberText(std::abs(NumberIn(edge)), shared.Locale);
+    const FrameEdges edges = SignedEdges();
+    WriteSideFile(ChartsFolder(), name, edges);
+    WriteRow(name, edges, false);
+}
+
+void MapData::listKarten_ItemCheck(int item) {
+    if (item < 0 || item >= static_cast<int>(listKarten.size())) return;
+    Entry& entry = listKarten[static_cast<std::size_t>(item)];
+    entry.Selected = !entry.Selected;
+    ListIndex = item;
+    if (SkipMapClick) return;
+    try {
+        ShowMapData();
+        if (EdgesAreNumbers()) return WriteRow(entry.Name, SignedEdges(), true);
+        ReportBadData();
+    } catch (...) {
+        entry.Selected = !entry.Selected; // what was not stored is not shown as if it were
+        throw;
+    }
+    entry.Selected = !entry.Selected;
+}
+
+void MapData::WriteRow(const std::string& name, const FrameEdges& edges, bool flip) {
+    const bool isNew = !FindRow(name);
+    if (isNew) MapRowsSet.AddNew();
+    for (std::size_t i = 0; i < EdgeFields.size(); ++i) MapRowsSet.Set(EdgeFields[i], edges[i]);
+    MapRowsSet.Set("Name", name);
+    MapRowsSet.Set("Breite", LeadingNumber(lblBreite));
+    MapRowsSet.Set("Höhe", LeadingNumber(lblHoehe));
+    if (flip) {
+        const Value active = isNew ? Value() : MapRowsSet.Get("Active");
+        MapRowsSet.Set("Active", active.IsNull() || !active.Boolean());
+    } else if (isNew) {
+        MapRowsSet.Set("Active", false);
+    }
+    try {
+        MapRowsSet.Update();
+    } catch (...) {
+        MapRowsSet.CancelUpdate(); // or the next move would try again, for another chart
+        throw;
+    }
+    SetEdgeStates(EdgeState::Stored);
+    shared.MapsSet.Requery();
+}
+
+std::string MapData::ScaleText() const {
+    const double width = LeadingNumber(lblBreite), height = LeadingNumber(lblHoehe);
+    if (SelectedName().empty() || !EdgesAreNumbers() || width <= 0 || height <= 0) return {};
+    FrameEdges edges = SignedEdges();
+    for (double& edge : edges) edge = ToDecimalDegrees(edge);
+    const auto [bottom, top, left, right] = edges;
+    if (top <= bottom || right <= left)
+        return shared.Text(
+            "Der Rahmen steht verkehrt: Oben muss über Unten liegen, Rechts östlich von Links.",
+            "The frame is the wrong way round: upper must lie above lower, right east of left.");
+    const double across = (right - left) * MetresPerDegree * std::cos(DegToRad((top + bottom) / 2)) / width;
+    const double down = (top - bottom) * MetresPerDegree / height;
+    const double differ = 200 * std::abs(across - down) / (across + down);
+    const auto number = [this](double value) { return Format(value, "0.0", shared.Locale); };
+    std::string text = shared.Text("Ein Bildpunkt: ", "One pixel: ") + number(across) +
+                       shared.Text(" m breit, ", " m across, ") + number(down) +
+                       shared.Text(" m hoch. Unterschied ", " m down. They differ by ") + number(differ) +
+                       "\u00a0%.";
+    if (differ > SuspiciousPercent)
+        text += shared.Text(" Bitte die Koordinaten prüfen.", " Please check the coordinates.");
+    return text;
+}
+
+} // namespace ornivane

@@ -1,0 +1,96 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "calibration/ChartFolder.h"
+#include "calibration/ImageSize.h"
+#include "common/Variablen.h"
+#include "platform/Dialogs.h"
+#include "platform/PictureSurface.h"
+
+namespace ornivane {
+
+// What an edge's field tells by its colour.
+enum class EdgeState { NotStored, Stored };
+
+// The catalogue of charts: which images exist, their size and frame, which of them flight and planning use.
+// The only writer of the table Maps. Members carry the names of the controls that show them; the edges travel
+// in the order Unten, Oben, Links, Rechts.
+class MapData {
+public:
+    struct Entry {
+        std::string Name;
+        bool Selected = false; // the tick
+    };
+
+    MapData(Variablen& variablen, Picture& picStorage, PictureSurface& picMap, Dialogs& dialogs);
+
+    void Form_Load();
+    void Form_Deactivate();
+    // Keeps the hemispheres and the preview's switch for the next run.
+    void Form_Unload();
+
+    // Lists the images anew and drops the rows of those that are gone. A folder that cannot be read says
+    // nothing about its images: the list is empty then, and the rows stay.
+    void FillMapList();
+    void listKarten_Click(int index);
+    // The tick of an entry was flipped, which also moves the selection there. It goes back when the frame is
+    // no numbers.
+    void listKarten_ItemCheck(int item);
+    void chkVorschau_Click(bool on);
+    // picMap has a new size: the preview is painted again, not loaded.
+    void RepaintPreview();
+    void tKarten_Click(std::size_t index) { EdgeStates[index] = EdgeState::NotStored; }
+    void cmdSpeichern_Click();
+
+    // Size, preview and frame of the selected entry.
+    void ShowMapData();
+    // The selected entry; empty without one.
+    std::string SelectedName() const;
+    std::filesystem::path ChartsFolder() const { return shared.ProgramFolder / "Karten"; }
+
+    // How many metres on the ground a pixel is across and down in the middle of the frame, and how far they
+    // differ: a mistyped edge shows there. Empty while frame or size are no numbers.
+    std::string ScaleText() const;
+
+    // listKarten
+    std::vector<Entry> listKarten;
+    int ListIndex = -1;
+    std::string tPath;
+    std::array<std::string, 4> tKarten; // magnitudes, as typed
+    std::array<int, 4> cmbLatLong{};    // 0 N or E, 1 S or W
+    std::array<EdgeState, 4> EdgeStates{};
+    std::string lblBreite, lblHoehe;
+    bool chkVorschau = false;
+    bool PreviewFailed = false; // the preview is on and the selected image cannot be shown
+
+private:
+    int SearchList(const std::string& text) const;
+    void SelectEntry(int index);
+    void DropRowsWithoutImage();
+    void ReadSize(const std::string& name);
+    bool ShowPreview(const std::string& name);
+    void ShowRow();
+    void ShowWithoutRow(const std::string& name);
+    bool LoadMapSideFile(const std::string& name);
+    void LoadLatData();
+    bool FindRow(const std::string& name);
+    bool EdgesAreNumbers() const;
+    void ReportBadData();
+    FrameEdges SignedEdges() const;
+    void WriteRow(const std::string& name, const FrameEdges& edges, bool flip);
+    void SetEdgeStates(EdgeState state) { EdgeStates.fill(state); }
+    void Remember(const LatData& data) const;
+
+    Variablen& shared;
+    Picture& storage;
+    PictureSurface& surface;
+    Dialogs& dialogs;
+    Recordset MapRowsSet;
+    bool SkipMapClick = false; // the next entry into ShowMapData clears it and returns
+    std::string LastMapName;
+};
+
+} // namespace ornivane

@@ -1,0 +1,234 @@
+#include "calibration/TwoPoints.h"
+
+#include <cmath>
+#include <cstdio>
+
+#include "base/Numbers.h"
+#include "base/RuntimeError.h"
+#include "geo/NavigationMaths.h"
+
+namespace ornivane {
+
+namespace {
+
+constexpr int ArrowInterval = 100;     // milliseconds
+constexpr double ArrowStep = 1.0 / 20; // of the whole image, whatever the zoom
+constexpr Colour Black = 0x000000, Blue = 0x0000FF;
+
+// What single precision holds, seven digits: pointers were always kept so.
+double Single(double value) {
+    char digits[32];
+    std::snprintf(digits, sizeof digits, "%.7g", static_cast<double>(static_cast<float>(value)));
+    return ParsePlainNumber(digits).value_or(0);
+}
+
+std::size_t Place(ArrowKey key) { return static_cast<std::size_t>(key); }
+
+} // namespace
+
+TwoPoints::TwoPoints(Variablen& variablen, MapData& frmCalibrate, Picture& picStorage, PictureSurface& picMap,
+                     Timer& timArr, Dialogs& dialogsOf, Owner& ownerOf)
+    : shared(variablen), catalogue(frmCalibrate), storage(picStorage), surface(picMap), timer(timArr),
+      dialogs(dialogsOf), owner(ownerOf) {
+    Points[0].cmdSaveEnabled = true; // disabled is how a point says that it is done
+    timer.OnTimer([this] { timArr_Timer(); });
+}
+
+void TwoPoints::Form_Load() {
+    const std::string name = catalogue.SelectedName();
+    const auto file = catalogue.ChartsFolder() / name;
+    if (!storage.Load(file)) throw RuntimeError(ErrorNumber::DivisionByZero, name);
+    ImageSize size;
+    if (ReadImageSize(file, size) == SizeReading::Damaged) dialogs.Message({}, "Fehler im Bild");
+    MapWidth = size.Width;
+    MapHeight = size.Height;
+    ReadSizes();
+    View = OpenedView(Sizes);
+    CrossX = surface.ScaleWidth() / 2;
+    CrossY = surface.ScaleHeight() / 2;
+    ShowPixel();
+}
+
+void TwoPoints::ReadSizes() {
+    Sizes.StoreWidth = static_cast<float>(storage.ScaleWidth());
+    Sizes.StoreHeight = static_cast<float>(storage.ScaleHeight());
+    Sizes.ViewWidth = surface.ScaleWidth();
+    Sizes.ViewHeight = surface.ScaleHeight();
+    Sizes.HalfWidth = static_cast<double>(Sizes.StoreWidth / 2);
+    Sizes.AspectFactor = AspectFactorOf(Sizes.StoreWidth, Sizes.StoreHeight, Sizes.ViewWidth,
+                                        Sizes.ViewHeight, MapWidth, MapHeight);
+}
+
+void TwoPoints::Form_Resize() {
+    ReadSizes();
+    View = Resized(View, Sizes);
+    Draw_Picture();
+    ShowPixel();
+}
+
+void TwoPoints::Draw_Picture() {
+    const double width = surface.ScaleWidth(), height = surface.ScaleHeight();
+    surface.PaintPicture(storage, {0, 0, width, height}, {View.SX, View.SY, View.SW, View.SH});
+    surface.SetDrawWidth(2);
+    surface.Line(CrossX, 0, CrossX, CrossY, Black);
+    surface.Line(CrossX, height, CrossX, CrossY, Black);
+    surface.Line(0, CrossY, CrossX, CrossY, Black);
+    surface.Line(width, CrossY, CrossX, CrossY, Black);
+    if (ClickX != 0 || ClickY != 0) {
+        const double x = (ClickX - View.SX) * CheckedDivide(width, View.SW);
+        const double y = (ClickY - View.SY) * CheckedDivide(height, View.SH);
+        surface.SetDrawWidth(5);
+        surface.Circle(x, y, 5, Blue);
+        surface.Circle(x, y, 8, Black);
+    }
+    surface.Refresh();
+}
+
+std::string TwoPoints::NumberAsText(double value) const { return NumberText(value, shared.Locale); }
+
+// The only place where a pointer becomes pixels of the image. Also after the picture moved under a resting
+// pointer, so that what stands in the fields is always what lies under the cross-hair.
+void TwoPoints::ShowPixel() {
+    tx = NumberAsText(Single(CheckedDivide(CrossX, CheckedDivide(surface.ScaleWidth(), View.SW)) + View.SX));
+    ty = NumberAsText(Single(CheckedDivide(CrossY, CheckedDivide(surface.ScaleHeight(), View.SH)) + View.SY));
+}
+
+void TwoPoints::MouseDown(double x, double y) {
+    DragX = x;
+    DragY = y;
+}
+
+void TwoPoints::MouseMove(double x, double y, bool leftHeld) {
+    if (leftHeld) {
+        View = Dragged(View, Sizes, x - DragX, y - DragY);
+        MouseDown(x, y);
+    }
+    CrossX = x;
+    CrossY = y;
+    Draw_Picture();
+    ShowPixel();
+}
+
+void TwoPoints::MoveCross(double dx, double dy) {
+    MouseMove(std::min(std::max(CrossX + dx, 0.0), surface.ScaleWidth() - 1),
+              std::min(std::max(CrossY + dy, 0.0), surface.ScaleHeight() - 1), false);
+}
+
+void TwoPoints::picMap_Click() {
+    ClickX = NumberIn(tx);
+    ClickY = NumberIn(ty);
+    Draw_Picture();
+    if (!Points[0].cmdSaveEnabled) {
+        Points[0].frmVisible = false;
+        OpenPoint(1);
+    }
+    if (!Points[1].frmVisible) OpenPoint(0);
+}
+
+void TwoPoints::OpenPoint(std::size_t index) {
+    CalibrationPoint& point = Points[index];
+    point.frmVisible = true;
+    point.cmdSaveEnabled = true;
+    point.tLat.clear();
+    point.tLong.clear();
+    point.Colour = PointColour::ToEnter;
+    point.tx = tx;
+    point.ty = ty;
+}
+
+TypedInto TwoPoints::KeyTyped(const std::string& character) {
+    const bool first = Points[0].frmVisible && Points[0].cmdSaveEnabled;
+    if (character.size() == 1 && character[0] >= '0' && character[0] <= '9') {
+        if (!first && !(Points[1].frmVisible && Points[1].FieldsEnabled)) return TypedInto::Nothing;
+        Points[first ? 0 : 1].tLat = character;
+        // The second field's caret goes where the first one's text ends; that has always been so.
+        tLat2Caret = Points[0].tLat.size();
+        return first ? TypedInto::Lat1 : TypedInto::Lat2;
+    }
+    if (!first && !(Points[1].frmVisible && Points[1].cmdSaveEnabled && Points[1].tQuickfindEnabled))
+        return TypedInto::Nothing;
+    Points[first ? 0 : 1].tQuickfind = character;
+    FindWaypoint(first ? 0 : 1);
+    return first ? TypedInto::Quickfind1 : TypedInto::Quickfind2;
+}
+
+void TwoPoints::SlideMap_Scroll(int value) {
+    SlideMap = value;
+    View = Zoomed(View, Sizes, value);
+    Draw_Picture();
+    ShowPixel();
+}
+
+void TwoPoints::SlideMap_Click(int value) {
+    SlideMap = value;
+    // At the end of the slider the height is not the view's proportion but the image's own.
+    const double factor = value == SlideMax ? CheckedDivide(CheckedDivide(MapHeight, MapWidth),
+                                                            CheckedDivide(Sizes.ViewHeight, Sizes.ViewWidth))
+                                            : 1;
+    View = Zoomed(View, Sizes, value, factor);
+    Draw_Picture();
+    ShowPixel();
+}
+
+void TwoPoints::ArrowDown(ArrowKey key) {
+    held[Place(key)] = true;
+    timer.SetInterval(ArrowInterval);
+}
+
+// Stops also while another arrow is still held.
+void TwoPoints::ArrowUp(ArrowKey key) {
+    held[Place(key)] = false;
+    timer.SetInterval(0);
+}
+
+void TwoPoints::timArr_Timer() {
+    const double down = static_cast<double>(Sizes.StoreHeight) * ArrowStep;
+    const double across = static_cast<double>(Sizes.StoreWidth) * ArrowStep;
+    if (held[Place(ArrowKey::Up)]) Pan(0, down);
+    if (held[Place(ArrowKey::Down)]) Pan(0, -down);
+    if (held[Place(ArrowKey::Left)]) Pan(across, 0);
+    if (held[Place(ArrowKey::Right)]) Pan(-across, 0);
+}
+
+void TwoPoints::Pan(double dx, double dy) {
+    View = Dragged(View, Sizes, dx, dy);
+    Draw_Picture();
+    ShowPixel();
+}
+
+void TwoPoints::FindWaypoint(std::size_t index) {
+    CalibrationPoint& point = Points[index];
+    point.WaypointFindSet.Open(shared.DataConn,
+                               "SELECT * FROM Waypoints WHERE ? <> '' AND STARTSWITH(Name, ?) ORDER BY Name",
+                               {point.tQuickfind, point.tQuickfind});
+    if (point.WaypointFindSet.RecordCount() == 0) {
+        point.tLat.clear();
+        point.tLong.clear();
+    }
+    gridWay_RowChanged(index);
+}
+
+void TwoPoints::gridWay_RowChanged(std::size_t index) {
+    CalibrationPoint& point = Points[index];
+    if (!point.WaypointFindSet.IsOpen() || point.WaypointFindSet.Eof()) return;
+    point.tLat = NumberAsText(point.WaypointFindSet.Number("Lat"));
+    point.tLong = NumberAsText(point.WaypointFindSet.Number("Long"));
+}
+
+void TwoPoints::cmdSave_Click(std::size_t index) {
+    CalibrationPoint& point = Points[index];
+    if (point.Colour != PointColour::ToEnter) return;
+    if (!ParseNumber(point.tLat) || !ParseNumber(point.tLong)) return;
+    point.Lat = point.tLat;
+    point.Long = point.tLong;
+    point.Colour = PointColour::Accepted;
+    point.FieldsEnabled = false;
+    const bool row = point.WaypointFindSet.IsOpen() && !point.WaypointFindSet.Eof();
+    point.tQuickfind = row ? point.WaypointFindSet.Text("Name") : std::string();
+    point.tQuickfindEnabled = false;
+    point.cmdSaveEnabled = false;
+    point.gridWayEnabled = false;
+    if (index == 1) ApplyCalibration();
+}
+
+} // namespace ornivane

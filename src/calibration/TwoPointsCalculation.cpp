@@ -1,0 +1,95 @@
+// The calculation of TwoPoints: from two points to the frame.
+
+#include <cmath>
+
+#include "base/Numbers.h"
+#include "calibration/TwoPoints.h"
+#include "geo/NavigationMaths.h"
+
+namespace ornivane {
+
+namespace {
+
+constexpr double LeastPixels = 20; // closer points say nothing of a scale
+
+double Distance(const std::string& a, const std::string& b) { return std::abs(NumberIn(a) - NumberIn(b)); }
+
+} // namespace
+
+// Converts in place. After a refusal of the latitudes the longitudes of the first point are converted again:
+// whoever enters the second point anew gets a scale that is off, and sees it in the text beside the message.
+bool TwoPoints::ConvertLongitudes() {
+    auto& [first, second] = Points;
+    for (CalibrationPoint& point : Points) point.Long = NumberAsText(ToDecimalDegrees(NumberIn(point.Long)));
+    if (Distance(first.tx, second.tx) < LeastPixels) return false;
+    const double x1 = NumberIn(first.tx);
+    const double degX = CheckedDivide(NumberIn(second.Long) - NumberIn(first.Long), NumberIn(second.tx) - x1);
+    Links = NumberIn(first.Long) - x1 * degX;
+    Rechts = Links + MapWidth * degX;
+    Links = ToDegMinValue(Links);
+    Rechts = ToDegMinValue(Rechts);
+    return true;
+}
+
+bool TwoPoints::ConvertLatitudes() {
+    auto& [first, second] = Points;
+    for (CalibrationPoint& point : Points) point.Lat = NumberAsText(ToDecimalDegrees(NumberIn(point.Lat)));
+    if (Distance(first.ty, second.ty) < LeastPixels) return false;
+    const double y1 = NumberIn(first.ty);
+    // Downwards in the image is southwards: normally negative.
+    const double degY = CheckedDivide(NumberIn(second.Lat) - NumberIn(first.Lat), NumberIn(second.ty) - y1);
+    Oben = NumberIn(first.Lat) - y1 * degY;
+    Unten = Oben + MapHeight * degY;
+    Oben = ToDegMinValue(Oben);
+    Unten = ToDegMinValue(Unten);
+    return true;
+}
+
+void TwoPoints::ApplyCalibration() {
+    if (!ConvertLongitudes()) return SayTooClose();
+    if (!ConvertLatitudes()) {
+        SayTooClose();
+        CalibrationPoint& second = Points[1];
+        second.Colour = PointColour::ToEnter;
+        second.FieldsEnabled = true;
+        second.cmdSaveEnabled = true;
+        second.tQuickfindEnabled = true;
+        second.gridWayEnabled = true;
+        return;
+    }
+    const std::array edges = {Unten, Oben, Links, Rechts};
+    for (std::size_t i = 0; i < edges.size(); ++i) catalogue.tKarten[i] = NumberAsText(Round(edges[i], 3));
+    SayCalibrated();
+    StoreResult();
+    owner.Unload();
+}
+
+void TwoPoints::SayTooClose() {
+    dialogs.MessageAndWait(
+        shared.Text("Datenfehler", "Points too close"),
+        shared.Text("Bitte andere Koordinatenpunkte aussuchen...", "Please choose other coordinates..."));
+}
+
+void TwoPoints::SayCalibrated() {
+    const bool farApart = MapWidth / 2.0 <= Distance(Points[0].tx, Points[1].tx) &&
+                          MapHeight / 2.0 <= Distance(Points[0].ty, Points[1].ty);
+    const char* text =
+        farApart ? shared.Text("Karte wurde kalibriert.", "Map calibrated")
+                 : shared.Text("Karte wurde kalibriert. Für ein besseres Ergebnis zwei Punkte auswählen, die "
+                               "weiter auseinander liegen...",
+                               "Map calibrated. For a better result please use two points which are further "
+                               "apart...");
+    dialogs.MessageWithDetails(shared.Text("Karte kalibriert", "Map calibrated"), text,
+                               catalogue.ScaleText());
+}
+
+// The tick is taken and set again: Active ends as it was, and the row is written once more.
+void TwoPoints::StoreResult() {
+    catalogue.cmdSpeichern_Click();
+    const int item = catalogue.ListIndex;
+    if (item < 0 || !catalogue.listKarten[static_cast<std::size_t>(item)].Selected) return;
+    catalogue.listKarten_ItemCheck(item);
+    catalogue.listKarten_ItemCheck(item);
+}
+
+} // namespace ornivane

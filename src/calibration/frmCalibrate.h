@@ -1,0 +1,81 @@
+#pragma once
+
+#include <QGroupBox>
+#include <QLabel>
+#include <array>
+#include <memory>
+
+#include "calibration/MapData.h"
+#include "platform/qt/Screen.h"
+
+class QBoxLayout;
+class QCheckBox;
+class QComboBox;
+class QLineEdit;
+class QListWidget;
+class QListWidgetItem;
+class QPushButton;
+class QTableView;
+
+namespace ornivane {
+
+class EventGuard;
+class GridBinding;
+class QtPicture;
+class RecordsetModel;
+class SurfaceWidget;
+
+// The catalogue of charts. Every event calls one routine of MapData, then the state is shown.
+class frmCalibrate : public Screen {
+    Q_OBJECT
+
+public:
+    frmCalibrate(Variablen& shared, EventGuard& guard, Dialogs& dialogs);
+    ~frmCalibrate() override;
+
+    void Form_Activate() override;
+    void Form_Deactivate() override;
+    void Form_Unload() override;
+    void ApplyLanguage() override;
+
+    MapData& Logic() { return *logic; }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void MakeList(QBoxLayout& layout);
+    void MakePreview(QBoxLayout& layout);
+    void MakeEdges(QBoxLayout& layout);
+    void MakeActiveMaps(QBoxLayout& layout);
+    void Click(const std::function<void()>& event);
+    void cmdCalibrate_Click();
+    void ShowState();
+    void ShowList();
+    void ShowEdges();
+    void ApplyToolTips();
+    QString Text(const char* german, const char* english) const;
+
+    Variablen& shared;
+    EventGuard& guard;
+    Dialogs& dialogs;
+    std::unique_ptr<QtPicture> picStorage;
+    std::unique_ptr<MapData> logic;
+    std::unique_ptr<RecordsetModel> mapsModel;
+    std::unique_ptr<GridBinding> mapsBinding;
+    QLabel *Label7 = nullptr, *Label8 = nullptr, *Label9 = nullptr;
+    QLabel *lblBreite = nullptr, *lblHoehe = nullptr, *lblScale = nullptr, *lblNoPreview = nullptr;
+    QLineEdit* tPath = nullptr;
+    QListWidget* listKarten = nullptr;
+    QPushButton *cmdFillList = nullptr, *cmdSpeichern = nullptr, *cmdCalibrate = nullptr;
+    QCheckBox* chkVorschau = nullptr;
+    SurfaceWidget* picMap = nullptr;
+    QGroupBox *Frame1 = nullptr, *Frame3 = nullptr;
+    std::array<QLabel*, 4> edgeCaptions{}, edgeHints{};
+    std::array<QLineEdit*, 4> tKarten{};
+    std::array<QComboBox*, 4> cmbLatLong{};
+    QTableView* gridMaps = nullptr;
+    bool showing = false; // ShowState is writing to the controls: their signals are no choices of the user
+};
+
+} // namespace ornivane

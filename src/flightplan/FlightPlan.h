@@ -1,0 +1,87 @@
+#pragma once
+
+#include <array>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "common/Variablen.h"
+#include "flightplan/PlanCalculation.h"
+#include "flightplan/PlanRow.h"
+#include "platform/Dialogs.h"
+
+namespace ornivane {
+
+// What an entry field's background tells.
+enum class EntryState { Untouched, Right, Wrong };
+
+// The entry fields, in the order in which they are kept and tested.
+enum class PlanEntry { tVAR, tFF, tSpeed, tWinddir, tWindspeed };
+constexpr std::size_t PlanEntryCount = 5;
+
+// The navigation log of a route: one row a point, with wind, heading, time and fuel. Members carry the names
+// of the controls that show them.
+//
+// The plan that is shown stays until another one is complete: an entry that is no number, a route without
+// points or an error of the calculation leaves it, and tDatei names the route that it belongs to.
+class FlightPlan {
+public:
+    FlightPlan(Variablen& variablen, Dialogs& dialogs, Notice& notices);
+
+    void Form_Load();
+    void Form_Activate();
+    void Form_Deactivate();
+    void Form_QueryUnload();
+
+    // Another route was chosen: the plan shown until now is saved, the route's plan computed.
+    void cmbRoute_Click(int index);
+    // Every leg anew from the entry fields.
+    void cmdCalc_Click();
+    // Back to what the plan file has.
+    void cmdRevert_Click();
+
+    // A cell of the grid. Empty when the edit may be made, else what is wrong with it was shown.
+    bool BeforeColUpdate(int column, const std::string& text);
+    // Takes the value (already tested) into the row, counted from 0, and computes all rows anew. An error
+    // leaves the plan as it was.
+    void AfterColUpdate(int column, int row, const std::string& text);
+    // Row 1 takes part in nothing.
+    static bool IsEditable(int column, int row) { return row > 0 && column >= 2 && column <= 6; }
+
+    std::string& Entry(PlanEntry entry) { return Entries[static_cast<std::size_t>(entry)]; }
+
+    std::array<std::string, PlanEntryCount> Entries{"-5", "20", "120", "124", "20"};
+    std::array<EntryState, PlanEntryCount> EntryStates{};
+    std::optional<PlanEntry> FocusEntry; // the field in error, until the form has taken it
+    std::vector<std::string> Routes;     // list of cmbRoute
+    int ListIndex = -1;                  // of cmbRoute
+    std::string tDatei;                  // the route of the plan that is shown
+    Recordset PlanSet;
+    std::string lblDistanz, lblZeit, lblFF, lblAvgWind;
+
+private:
+    std::string RouteName() const;
+    std::filesystem::path PlanFolder() const { return shared.ProgramFolder / "Flugplan"; }
+    void SavePlan();
+    void SavePlanOrTell();
+    void LoadSavedPlan();
+    bool EntriesAreRight();
+    void CalcPlan(bool recalcAll);
+    bool OpenRoutePoints(const std::string& route);
+    std::vector<PlanRow> Departure() const;
+    std::vector<PlanRow> ComputeRows(bool recalcAll, PlanSums& sums);
+    LegInputs InputsOf(const std::string& id, bool recalcAll);
+    LegInputs EnteredInputs() const;
+    double Number(PlanEntry entry) const;
+    void RecalcPlan(std::vector<PlanRow> rows);
+    void ShowSums(const PlanSums& sums, std::int16_t averageWind);
+
+    Variablen& shared;
+    Dialogs& dialogs;
+    Notice& notices;
+    Recordset RoutesSet, RoutePointsSet, SavedPlanSet;
+    std::string LastRoute;
+};
+
+} // namespace ornivane

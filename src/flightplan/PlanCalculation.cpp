@@ -1,0 +1,49 @@
+#include "flightplan/PlanCalculation.h"
+
+#include <cmath>
+#include <cstdlib>
+
+#include "base/Format.h"
+#include "base/Numbers.h"
+#include "geo/NavigationMaths.h"
+
+namespace ornivane {
+
+ClockTime TimeOf(double minutes) {
+    const double hours = minutes / 60;
+    ClockTime time;
+    time.Hours = Int(hours);
+    time.Minutes = Round((hours - time.Hours) * 60, 0);
+    time.Text = Format(time.Hours, "0#", {}) + ":" + Format(time.Minutes, "0#", {});
+    return time;
+}
+
+void CompleteLeg(PlanRow& row, double leg, double fuelPerHour, PlanSums& sums, const LocaleText& locale) {
+    row.Wind = NumberText(row.Windrichtung, locale) + " / " + NumberText(row.Windstärke, locale);
+    const double angle = DegToRad(row.Windrichtung - row.TC);
+    const double cross = Round(std::sin(angle) * row.Windstärke, 2);
+    const double tail = -Round(std::cos(angle) * row.Windstärke, 2);
+    const double correction = CheckedDivide(cross * 60, row.TAS);
+    row.GS = row.TAS + tail;
+    row.MH = row.TC + correction - row.VAR;
+
+    const double minutes = CheckedDivide(leg * 60, row.GS);
+    row.Zeit = Round(minutes, 2);
+    const ClockTime time = TimeOf(minutes);
+    row.ZeitDisplay = time.Text;
+    sums.Minutes += time.Hours * 60 + time.Minutes;
+    row.FFm = Round(fuelPerHour / 60 * minutes, 1);
+    sums.Fuel += row.FFm;
+    row.FFmAcc = Round(sums.Fuel, 1);
+    sums.Wind = ToInt16(minutes * tail + sums.Wind);
+    row.ZeitAcc = TimeOf(sums.Minutes).Text;
+}
+
+std::int16_t AverageWind(const PlanSums& sums) { return ToInt16(CheckedDivide(sums.Wind, sums.Minutes)); }
+
+std::string WindInfo(std::int16_t average) {
+    const int speed = std::abs(average);
+    return (average >= 0 ? "TWC " : "HWC ") + std::to_string(speed) + (speed == 1 ? " kt" : " kts");
+}
+
+} // namespace ornivane

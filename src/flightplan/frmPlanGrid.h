@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+#include <QTableView>
+#include <functional>
+
+#include "platform/qt/RecordsetModel.h"
+
+namespace ornivane {
+
+// The plan as a table whose cells can be edited, as far as the plan allows.
+class PlanModel : public RecordsetModel {
+    Q_OBJECT
+
+public:
+    struct Editing {
+        std::function<bool(int column, int row)> IsEditable;
+        // False when the text was refused; the user has been told.
+        std::function<bool(int column, int row, const std::string& text)> Edit;
+    };
+
+    PlanModel(Recordset& plan, std::vector<Column> columns, Editing editing);
+
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    bool setData(const QModelIndex& index, const QVariant& value, int role) override;
+
+private:
+    Editing editing;
+};
+
+// Edits as in a spreadsheet: typing begins, Tab goes on to the next cell that can be edited, Enter to the one
+// below, Escape takes back what was typed. A refused text stays in its cell, which keeps the focus.
+class frmPlanGrid : public QTableView {
+    Q_OBJECT
+
+public:
+    explicit frmPlanGrid(QWidget* parent = nullptr);
+
+protected:
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+    void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
+    void commitData(QWidget* editor) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    QModelIndex NextEditable(int step) const;
+    void EditAgain(const QModelIndex& index, const QString& text);
+
+    bool refused = false;
+};
+
+// Fields of the grid whose Enter key goes down.
+class PlanDelegate : public QStyledItemDelegate {
+    Q_OBJECT
+
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                          const QModelIndex& index) const override;
+};
+
+} // namespace ornivane

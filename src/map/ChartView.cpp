@@ -1,0 +1,143 @@
+#include "map/ChartView.h"
+
+#include <algorithm>
+
+#include "base/RuntimeError.h"
+#include "geo/NavigationMaths.h"
+#include "map/ChartFiles.h"
+#include "map/MapCatalogue.h"
+
+namespace ornivane {
+
+namespace fs = std::filesystem;
+
+ChartView::ChartView(Variablen& variablen, Recordset& list, Picture& picStorage, PictureSurface& picMap,
+                     Progress& progBar, Dialogs& messages)
+    : shared(variablen), maps(list), surface(picMap), storage(picStorage), progress(progBar),
+      dialogs(messages) {}
+
+bool ChartView::HasMap() const { return maps.IsOpen() && maps.RecordCount() > 0; }
+
+std::string ChartView::Name() const { return maps.Text("Name"); }
+
+void ChartView::LoadPicture() {
+    const auto file = FindFileIgnoringCase(shared.ProgramFolder / "Karten", Name());
+    if (!file) return;
+    // A screen that comes to the front makes its map active again; decoding a large chart for that would take
+    // a second each time, so the image is read only when the file is another one or has changed.
+    std::error_code error;
+    const auto size = fs::file_size(*file, error);
+    const auto time = fs::last_write_time(*file, error);
+    const std::string identity =
+        file->string() + '|' + std::to_string(size) + '|' + std::to_string(time.time_since_epoch().count());
+    if (identity == loaded) return;
+    if (storage.Load(*file)) loaded = identity;
+}
+
+void ChartView::ReadSizes() {
+    // Before any image could be loaded the sheet is blank and as large as the row says, so that a map whose
+    // image is missing still shows positions.
+    Sizes.StoreWidth = static_cast<float>(storage.ScaleWidth() > 0 ? storage.ScaleWidth() : Breite);
+    Sizes.StoreHeight = static_cast<float>(storage.ScaleHeight() > 0 ? storage.ScaleHeight() : Höhe);
+    Sizes.ViewWidth = surface.ScaleWidth();
+    Sizes.ViewHeight = surface.ScaleHeight();
+    Sizes.AspectFactor =
+        AspectFactorOf(Sizes.StoreWidth, Sizes.StoreHeight, Sizes.ViewWidth, Sizes.ViewHeight, Breite, Höhe);
+}
+
+void ChartView::InitializeData() {
+    if (!HasMap()) return;
+    progress.SetVisible(true);
+    progress.SetValue(50);
+    LoadPicture();
+    try {
+        const MapFrame frame = MapCatalogue::FrameOf(maps);
+        taken = {Name(), frame};
+        Breite = frame.Breite;
+        Höhe = frame.Höhe;
+        scale = MapCatalogue::ScaleOf(frame);
+        ReadSizes();
+        View = OpenedView(Sizes);
+        Sizes.HalfWidth = View.SW;
+        SlideMap = 0;
+        RestoreMapPosition();
+    } catch (const RuntimeError&) {
+        surface.Cls();
+        const std::string name = Name();
+        if (shared.EnglishUI == 1)
+            dialogs.Message("Map error", "Map error: " + name + " - please check coordinates.");
+        else
+            dialogs.Message("Fehler in Karte",
+                            "Fehler in Karte: " + name + " - Bitte Koordinaten üperprüfen.");
+        return;
+    }
+    progress.SetValue(100);
+    progress.SetVisible(false);
+}
+
+bool ChartView::RowHasChanged() const {
+    if (!HasMap() || maps.Eof()) return true;
+    try {
+        return taken != TakenIn{Name(), MapCatalogue::FrameOf(maps)};
+    } catch (const RuntimeError&) {
+        return true; // a row without a frame was never taken in
+    }
+}
+
+void ChartView::updateMapInfo() {
+    Recordset list;
+    list.Open(shared.DataConn, "SELECT * From Maps Where Active <> 0 Order by NAME ASC");
+    MapNames.clear();
+    if (list.RecordCount() == 0) return;
+    for (; !list.Eof(); list.MoveNext()) MapNames.push_back(list.Text("Name"));
+    if (HasMap()) cmbMaps = Name();
+}
+
+void ChartView::FindMap(const std::string& name) {
+    if (!HasMap()) return;
+    maps.MoveFirst();
+    if (!maps.Find("Name", Comparison::Equal, name)) maps.MoveFirst();
+}
+
+void ChartView::CallOffErrors(const std::function<void()>& action) const {
+    try {
+        action();
+    } catch (const RuntimeError&) {
+        // What is remembered for the next time is a comfort, never a reason to disturb the pilot.
+    }
+}
+
+void ChartView::ApplyZoom() {
+    View = Zoomed(View, Sizes, SlideMap);
+    Redraw();
+}
+
+void ChartView::SetSlide(int value) {
+    SlideMap = std::clamp(value, SlideMin, SlideMax);
+    ApplyZoom();
+}
+
+void ChartView::AdjustViewToPicture() {
+    if (!HasMap()) return;
+    CallOffErrors([this] {
+        ReadSizes();
+        View = Resized(View, Sizes);
+    });
+}
+
+void ChartView::Pan(double dx, double dy) {
+    if (!CanPan()) return;
+    View = Dragged(View, Sizes, dx, dy);
+    Redraw();
+}
+
+MapTransform ChartView::Transform() const {
+    const MapFrame frame = MapCatalogue::FrameOf(maps);
+    MapScale placed = scale;
+    placed.Links = ToDecimalDegrees(frame.Links);
+    placed.Unten = ToDecimalDegrees(frame.Unten);
+    placed.Höhe = Höhe;
+    return {placed, View, surface.ScaleWidth(), surface.ScaleHeight()};
+}
+
+} // namespace ornivane

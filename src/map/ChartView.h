@@ -1,0 +1,89 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "common/Variablen.h"
+#include "map/MapTransform.h"
+#include "map/Viewport.h"
+#include "platform/Dialogs.h"
+#include "platform/PictureSurface.h"
+
+namespace ornivane {
+
+// One chart of a list, its image in picStorage, and the view of it: what every screen with a moving chart
+// has. The current row of the list is the chart that shows. Members carry the names of the controls.
+class ChartView {
+public:
+    // `list`: the active maps; only its address is taken here.
+    ChartView(Variablen& variablen, Recordset& list, Picture& picStorage, PictureSurface& picMap,
+              Progress& progBar, Dialogs& dialogs);
+    virtual ~ChartView() = default;
+    ChartView(const ChartView&) = delete;
+    ChartView& operator=(const ChartView&) = delete;
+
+    bool HasMap() const; // the list has rows
+
+    // Shows the current row from now on: image, scale, view. Nothing without rows. A missing image is not
+    // reported, the picture that was there stays; a frame without extent gives a message.
+    void InitializeData();
+    // The current row is another one, or has another frame, than what InitializeData took in.
+    bool RowHasChanged() const;
+    // Fills the list of cmbMaps anew.
+    virtual void updateMapInfo();
+    // The map of that name, else the first.
+    void FindMap(const std::string& name);
+
+    // SlideMap has a new value, -100 to 100: a new source rectangle, then a redraw.
+    void ApplyZoom();
+    void SetSlide(int value);
+    // picMap has a new size, or another picture: fits the view, does not redraw.
+    void AdjustViewToPicture();
+    // A drag by view pixels; refused while the whole width is in view.
+    virtual bool CanPan() const { return SlideMap != SlideMax; }
+    void Pan(double dx, double dy);
+
+    // From the edges of the current row, read anew at each call.
+    MapTransform Transform() const;
+    std::string Name() const; // of the map that shows
+
+    // cmbMaps
+    std::string cmbMaps;
+    std::vector<std::string> MapNames;
+
+    double Breite = 1, Höhe = 1;
+    ViewSizes Sizes;
+    SourceRect View;
+    int SlideMap = 0;
+
+protected:
+    // The view that the screen remembers of this map, if it does.
+    virtual void RestoreMapPosition() {}
+    // The view is another one: draw it.
+    virtual void Redraw() = 0;
+    void CallOffErrors(const std::function<void()>& action) const;
+
+    Variablen& shared;
+    Recordset& maps;
+    PictureSurface& surface;
+
+private:
+    struct TakenIn {
+        std::string Name;
+        MapFrame Frame;
+        bool operator==(const TakenIn&) const = default;
+    };
+    void LoadPicture();
+    void ReadSizes();
+
+    Picture& storage;
+    Progress& progress;
+    Dialogs& dialogs;
+    MapScale scale;     // of the row that was taken in
+    std::string loaded; // path, size and time of the image in picStorage
+    std::optional<TakenIn> taken;
+};
+
+} // namespace ornivane

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "map/AirfieldBook.h"
+#include "map/MapSymbols.h"
+#include "map/WaypointWindow.h"
+#include "planning/PlanAirspace.h"
+#include "planning/PlanMap.h"
+#include "planning/RouteEditing.h"
+
+namespace ornivane {
+
+// The picture of the planning map, from the bottom to the top: chart, airspace, the selected route, all
+// waypoints in view. Each layer ends quietly at a row that cannot be drawn; the others go on.
+class PlanDrawing {
+public:
+    struct Rooms {
+        Variablen& Shared;
+        const PlanMap& Map;
+        PlanAirspace& Airspace;
+        RouteEditing& Routes;
+        const Picture& picStorage;
+        PictureSurface& picMap;
+    };
+    explicit PlanDrawing(const Rooms& rooms);
+
+    // Nothing without a map. The length of the route is a by-product: it stays as it was while the route is
+    // not drawn or has no points.
+    void RedrawPlan();
+    // The picture of the last RedrawPlan, without what was drawn over it: while the cursor measures, it
+    // follows the mouse, and nothing else on the map changes.
+    void RecallPlan();
+
+private:
+    void DrawPlanRoute(MapSymbols& symbols);
+    void DrawWaypoints(MapSymbols& symbols, const MapTransform& transform);
+
+    Rooms rooms;
+    Statement routePoints;
+    WaypointWindow waypoints;
+    AirfieldBook airfields;
+    bool kept = false; // the surface has a copy of this picture
+};
+
+} // namespace ornivane

@@ -1,0 +1,104 @@
+#include "planning/frmExport.h"
+
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+#include <algorithm>
+
+namespace ornivane {
+
+namespace {
+
+constexpr int NarrowestPath = 560; // pixels
+constexpr int PathLines = 2;       // kept free from the start, so that the buttons stay where they are
+constexpr int ListedAtOnce = 12;   // routes of the opened list
+
+} // namespace
+
+frmExport::frmExport(Variablen& variablen, Dialogs& dialogs, EventGuard& guard,
+                     const std::string& gridRouteCell, QWidget* parent)
+    : QDialog(parent), shared(variablen), room(variablen, dialogs) {
+    setObjectName("frmExport");
+    setAttribute(Qt::WA_DeleteOnClose);
+    setStyleSheet(
+        "QLabel, QComboBox, QPushButton { font-size: 18px } QComboBox { min-height: 40px }"); // as high as
+                                                                                              // the buttons
+    LayOut();
+    guard.Run([&] { room.Form_Load(gridRouteCell); });
+    for (const std::string& name : room.cmbRoute) cmbRoute.addItem(QString::fromStdString(name));
+    cmbRoute.setCurrentIndex(room.cmbRouteIndex);
+    guard.Connect(&cmbRoute, &QComboBox::currentIndexChanged, [this](int chosen) {
+        room.cmbRouteIndex = chosen;
+        ShowState();
+    });
+    guard.Connect(&cmdExport, &QPushButton::clicked, [this] {
+        room.cmdExport();
+        ShowState();
+    });
+    guard.Connect(&cmdExit, &QPushButton::clicked, [this] { close(); });
+    ApplyLanguage();
+    ShowState();
+}
+
+void frmExport::LayOut() {
+    Label1.setObjectName("Label1");
+    Label2.setObjectName("Label2");
+    lblSave.setObjectName("lblSave");
+    cmbRoute.setObjectName("cmbRoute");
+    cmdExport.setObjectName("cmdExport");
+    cmdExit.setObjectName("cmdExit");
+    cmbRoute.setMaxVisibleItems(ListedAtOnce);
+    cmbRoute.setSizeAdjustPolicy(
+        QComboBox::AdjustToMinimumContentsLengthWithIcon); // whatever routes are called
+    Label2.setBuddy(&cmbRoute);
+    lblSave.setTextFormat(Qt::PlainText); // a name is never markup
+    lblSave.setWordWrap(true);
+    lblSave.setMinimumWidth(NarrowestPath);
+    lblSave.setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    cmdExport.setDefault(true);
+    cmdExit.setAutoDefault(false); // Enter saves, wherever it is pressed
+
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(&cmdExport);
+    buttons->addWidget(&cmdExit);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(24, 20, 24, 20);
+    layout->setSpacing(8);
+    layout->addWidget(&Label2);
+    layout->addWidget(&cmbRoute);
+    layout->addSpacing(12);
+    layout->addWidget(&Label1);
+    layout->addWidget(&lblSave);
+    layout->addSpacing(12);
+    layout->addStretch();
+    layout->addLayout(buttons);
+}
+
+void frmExport::ApplyLanguage() {
+    const auto text = [this](const char* german, const char* english) {
+        return QString::fromUtf8(shared.Text(german, english));
+    };
+    setWindowTitle(text("Strecke exportieren", "Export route"));
+    Label1.setText(text("Verzeichnis", "Directory"));
+    Label2.setText(text("Strecke auswählen", "Select route"));
+    cmdExport.setText(text("Speichern", "Save"));
+    cmdExit.setText(text("Schließen", "Close"));
+    cmbRoute.setToolTip(text("Die Strecke, die gespeichert wird", "The route that is saved"));
+    lblSave.setToolTip(text("Hierhin wird gespeichert; die Datei kann weitergegeben werden",
+                            "Where it is saved to; the file can be passed on"));
+    cmdExport.setToolTip(text("Die Strecke mit ihren Wegpunkten speichern (Enter); eine Datei dieses Namens "
+                              "wird ersetzt",
+                              "Save the route with its waypoints (Enter); a file of that name is replaced"));
+    cmdExit.setToolTip(text("Dieses Fenster schließen (Esc)", "Close this window (Esc)"));
+}
+
+void frmExport::ShowState() {
+    lblSave.setText(QString::fromStdString(room.lblSave));
+    lblSave.ensurePolished();
+    const int free = PathLines * lblSave.fontMetrics().lineSpacing();
+    lblSave.setMinimumHeight(
+        std::max(free, lblSave.heightForWidth(std::max(lblSave.width(), NarrowestPath))));
+    cmdExport.setEnabled(room.cmbRouteIndex >= 0);
+}
+
+} // namespace ornivane

@@ -1,0 +1,175 @@
+#include "planning/frmLuftraumSettings.h"
+
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPainter>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include "platform/qt/Events.h"
+#include "platform/qt/Named.h"
+
+namespace ornivane {
+
+namespace {
+
+constexpr int LineLength = 84, LineWidth = 6, PieceLength = 12, LineHeight = 28; // pixels
+
+// An outline as the map draws it, on the paper's white: the colours are the map's in every palette.
+QPixmap LineSample(const std::vector<Colour>& colours, double ratio) {
+    QPixmap sample(QSize(LineLength, LineHeight) * ratio);
+    sample.setDevicePixelRatio(ratio);
+    sample.fill(Qt::white);
+    QPainter painter(&sample);
+    for (int piece = 0; piece * PieceLength < LineLength; ++piece) {
+        const Colour colour = colours[static_cast<std::size_t>(piece) % colours.size()];
+        painter.fillRect(piece * PieceLength, (LineHeight - LineWidth) / 2, PieceLength, LineWidth,
+                         QColor::fromRgb(colour));
+    }
+    return sample;
+}
+
+} // namespace
+
+frmLuftraumSettings::frmLuftraumSettings(QWidget* parent, const Variablen& variablen, PlanAirspace& airspace,
+                                         EventGuard& eventGuard, std::function<void()> isTaken)
+    : QDialog(parent), shared(variablen), guard(eventGuard), taken(std::move(isTaken)),
+      settings(variablen, airspace) {
+    setObjectName("frmLuftraumSettings");
+    setAttribute(Qt::WA_DeleteOnClose);
+    settings.Form_Load();
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(18, 14, 18, 14);
+    column->setSpacing(4);
+    Option1 = Option("Option1", &LuftraumSettings::Option1_Click);
+    Option2 = Option("Option2", &LuftraumSettings::Option2_Click);
+    Option3 = Option("Option3", &LuftraumSettings::Option3_Click);
+    for (QRadioButton* option : {Option1, Option2}) column->addWidget(option);
+    MakeHeight(*column);
+    chkPL = Named(new QCheckBox, "chkPL");
+    guard.Connect(chkPL, &QCheckBox::clicked, [this](bool on) { settings.chkPL = on; });
+    column->addWidget(chkPL);
+    column->addSpacing(6);
+    const char* controlled = shared.Text("A,B,C,D und CTR", "A,B,C,D and CTR");
+    column->addWidget(Legend(
+        "Frame1",
+        {{{AirspaceRed, AirspaceBlack}, controlled}, {{TmzColour}, "TMZ"}, {{DangerColour}, "Danger Area"}}));
+    column->addWidget(Legend("Frame2", {{{PatternColour}, shared.Text("Platzrunden", "Traffic patterns")}}));
+    auto* row = new QHBoxLayout;
+    lblLR = Named(new QLabel, "lblLR");
+    row->addWidget(lblLR, 1);
+    cmdExit = Named(new QPushButton, "cmdExit");
+    cmdExit->setMinimumHeight(44);
+    cmdExit->setDefault(true);
+    guard.Connect(cmdExit, &QPushButton::clicked, [this] {
+        Take();
+        accept();
+    });
+    row->addWidget(cmdExit);
+    column->addSpacing(6);
+    column->addLayout(row);
+    ApplyLanguage();
+    ShowState();
+    for (QRadioButton* option : {Option1, Option2, Option3})
+        if (option->isChecked()) option->setFocus();
+}
+
+QRadioButton* frmLuftraumSettings::Option(const char* name, void (LuftraumSettings::*click)()) {
+    auto* option = Named(new QRadioButton(this), name);
+    guard.Connect(option, &QRadioButton::clicked, [this, click] { (settings.*click)(); });
+    return option;
+}
+
+// A height that is typed or chosen is meant to be shown.
+void frmLuftraumSettings::MakeHeight(QBoxLayout& layout) {
+    auto* row = new QHBoxLayout;
+    row->addWidget(Option3);
+    cmbHoehe = Named(new QComboBox, "cmbHoehe");
+    cmbHoehe->setEditable(true);
+    cmbHoehe->setInsertPolicy(QComboBox::NoInsert);
+    cmbHoehe->setCompleter(nullptr); // it would make 4000 of 40
+    cmbHoehe->setMinimumHeight(44);
+    cmbHoehe->setFixedWidth(130);
+    for (const int height : LuftraumSettings::Heights) cmbHoehe->addItem(QString::number(height));
+    Named(cmbHoehe->lineEdit(), "tHoehe");
+    const auto entered = [this](const QString& text) {
+        settings.cmbHoehe = text.toStdString();
+        settings.Option3_Click();
+        Option3->setChecked(true);
+    };
+    guard.Connect(cmbHoehe->lineEdit(), &QLineEdit::textEdited, entered);
+    guard.Connect(cmbHoehe, &QComboBox::textActivated, entered);
+    row->addWidget(cmbHoehe);
+    lblFeet = new QLabel("ft");
+    lblFeet->setProperty("role", "instrument");
+    row->addWidget(lblFeet);
+    row->addStretch(1);
+    layout.addLayout(row);
+}
+
+QGroupBox* frmLuftraumSettings::Legend(const char* name, const std::vector<LegendLine>& lines) {
+    auto* frame = Named(new QGroupBox, name);
+    auto* grid = new QGridLayout(frame);
+    grid->setContentsMargins(8, 4, 8, 4);
+    grid->setHorizontalSpacing(12);
+    grid->setColumnStretch(1, 1);
+    for (int row = 0; const auto& [colours, meaning] : lines) {
+        auto* sample = new QLabel;
+        sample->setPixmap(LineSample(colours, devicePixelRatioF()));
+        grid->addWidget(sample, row, 0);
+        grid->addWidget(new QLabel(meaning), row++, 1);
+    }
+    return frame;
+}
+
+void frmLuftraumSettings::ShowState() {
+    Option1->setChecked(settings.Option1);
+    Option2->setChecked(settings.Option2);
+    Option3->setChecked(settings.Option3);
+    cmbHoehe->setEditText(QString::fromStdString(settings.cmbHoehe));
+    chkPL->setChecked(settings.chkPL);
+    lblLR->setText(QString::fromStdString(settings.lblLR));
+}
+
+void frmLuftraumSettings::ApplyLanguage() {
+    const auto text = [this](const char* german, const char* english) {
+        return QString::fromUtf8(shared.Text(german, english));
+    };
+    setWindowTitle(text("Einstellungen Luftraumansicht", "Airspace view settings"));
+    for (QGroupBox* frame : findChildren<QGroupBox*>()) {
+        frame->setTitle(text("Luftraum Kennzeichnung", "Airspace legend"));
+        frame->setToolTip(text("Farben der Lufträume auf der Karte", "Colours of airspace on the chart"));
+    }
+    Option1->setText(text("Alle Lufträume anzeigen", "Show all airspaces"));
+    Option2->setText(text("Keine Lufträume anzeigen", "Show no airspaces"));
+    Option3->setText(text("Luftraum anzeigen in Flughöhe", "Show airspace at altitude"));
+    chkPL->setText(text("Platzrunden anzeigen", "Show traffic patterns"));
+    cmdExit->setText(text("Schließen", "Close"));
+    Option1->setToolTip(text("Lufträume jeder Höhe", "Airspace of all altitudes"));
+    Option2->setToolTip(text("Auch keine Platzrunden", "No traffic patterns either"));
+    Option3->setToolTip(
+        text("Lufträume, deren Grenzen die Höhe einschließen", "Airspace whose limits enclose the altitude"));
+    cmbHoehe->setToolTip(text("Flughöhe in Fuß, 0 ist am Boden; Eingabe übernimmt",
+                              "Altitude in feet, 0 is on the ground; Enter takes it"));
+    chkPL->setToolTip(text("Platzrunden der Flugplätze zeigen", "Show the traffic patterns of airfields"));
+    lblLR->setToolTip(text("Stand der Luftraumdaten", "Release of the airspace data"));
+    cmdExit->setToolTip(text("Übernimmt die Wahl; Esc lässt alles, wie es war",
+                             "Takes the choice; Esc leaves all as it was"));
+}
+
+void frmLuftraumSettings::Take() {
+    settings.cmdExit_Click();
+    taken();
+}
+
+void frmLuftraumSettings::closeEvent(QCloseEvent* event) {
+    guard.Run([this] { Take(); });
+    event->accept();
+}
+
+} // namespace ornivane

@@ -1,0 +1,238 @@
+#include "planning/frmPlanung.h"
+
+#include <QComboBox>
+#include <QFrame>
+#include <QGridLayout>
+#include <QLabel>
+#include <QProgressBar>
+#include <algorithm>
+
+#include "base/Flagged.h"
+#include "planning/frmLuftraumSettings.h"
+#include "planning/frmRoutePanel.h"
+#include "planning/frmWaypointPanel.h"
+#include "platform/qt/Events.h"
+#include "platform/qt/FillCombo.h"
+#include "platform/qt/LampButton.h"
+#include "platform/qt/Named.h"
+#include "platform/qt/QtPicture.h"
+#include "platform/qt/QtProgress.h"
+#include "platform/qt/ReadoutLabel.h"
+#include "platform/qt/SurfaceWidget.h"
+#include "platform/qt/ZoomSlider.h"
+
+namespace ornivane {
+
+namespace {
+
+// Pixels.
+constexpr int WaypointsWidth = 332, WidestWaypoints = 420, RoutesWidth = 232, WidestRoutes = 320;
+constexpr int BottomHeight = 66, LeastComboWidth = 150;
+constexpr int CoordinateWidth = 148, DistanceWidth = 148, CourseWidth = 92; // the longest usual value
+constexpr int MeasureWidth = 172;                                           // both languages, lit or not
+
+QString Q(const std::string& text) { return QString::fromStdString(text); }
+
+} // namespace
+
+frmPlanung::frmPlanung(Variablen& variablen, Dialogs& messages, EventGuard& eventGuard)
+    : shared(variablen), dialogs(messages), guard(eventGuard), picStorage(std::make_unique<QtPicture>()) {
+    setObjectName("frmPlanung");
+    // The longest captions fit beside each other, lists are hit with gloves.
+    setStyleSheet("QPushButton { padding: 0 4px; } QComboBox { min-height: 40px; }");
+    MakeMap();
+    MakeScreen();
+    auto* layout = new QGridLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->setColumnStretch(1, 1);
+    layout->setRowStretch(0, 1);
+    layout->addWidget(waypoints, 0, 0);
+    layout->addWidget(picMap, 0, 1);
+    layout->addWidget(routes, 0, 2);
+    layout->addWidget(MakeBottom(), 1, 0, 1, 3);
+    ChainFocus();
+    ApplyLanguage();
+}
+
+// The panels look at the lists of the logic to their end.
+frmPlanung::~frmPlanung() {
+    delete waypoints;
+    delete routes;
+}
+
+void frmPlanung::resizeEvent(QResizeEvent*) {
+    waypoints->setFixedWidth(std::clamp(width() / 4, WaypointsWidth, WidestWaypoints));
+    routes->setFixedWidth(std::clamp(width() / 6, RoutesWidth, WidestRoutes));
+    layout()->activate(); // at once, or the map would be drawn twice
+}
+
+// The logic draws on the surface, and the panels speak to the logic.
+void frmPlanung::MakeScreen() {
+    progress = std::make_unique<QtProgress>(*progBar);
+    PlanningScreen::Form form;
+    form.Redrawn = [this] {
+        ShowMap();
+        routes->ShowState(); // its length is a by-product of the picture
+    };
+    form.FocusMap = [this] { picMap->setFocus(); };
+    form.FocusWaypoints = [this] { waypoints->FocusList(); };
+    form.FocusRoutes = [this] { routes->FocusList(); };
+    form.FocusEntry = [this] { waypoints->FocusEntry(); };
+    screen = std::make_unique<PlanningScreen>(
+        PlanningScreenWorld{shared, *picStorage, picMap->Surface(), *progress, dialogs}, std::move(form));
+    const auto changed = [this] { ShowState(); };
+    waypoints = new frmWaypointPanel(
+        this, screen->Waypoints, shared, guard, [this] { screen->Routes.cmdAddwaypoint(); }, changed);
+    routes = new frmRoutePanel(
+        this, screen->Routes, shared, guard, [this] { waypoints->FocusList(); }, changed);
+}
+
+QFrame* frmPlanung::MakeBottom() {
+    auto* bar = Named(new QFrame(this), "bottomBar");
+    bar->setFixedHeight(BottomHeight);
+    auto* row = new QHBoxLayout(bar);
+    row->setContentsMargins(8, 3, 8, 3);
+    row->setSpacing(6);
+    SlideMap = Named(new ZoomSlider, "SlideMap");
+    guard.Connect(SlideMap, &ZoomSlider::valueChanged, [this](int value) {
+        if (!showing && screen->Map.HasMap()) screen->Map.SetSlide(value);
+    });
+    row->addWidget(SlideMap, 3);
+    MakeReadouts(*row);
+    MakeMeasuring(*row);
+    cmbMaps = Named(new QComboBox, "cmbMaps");
+    cmbMaps->setMinimumWidth(LeastComboWidth);
+    cmbMaps->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    connect(cmbMaps, &QComboBox::activated, this, [this](int index) {
+        Do([&] { screen->Map.cmbMaps_Change(cmbMaps->itemText(index).toStdString()); });
+        picMap->setFocus();
+    });
+    row->addWidget(cmbMaps, 2);
+    return bar;
+}
+
+void frmPlanung::MakeReadouts(QBoxLayout& layout) {
+    const auto readout = [&](const char* value, const char* unit, int width) {
+        auto* label = new ReadoutLabel(value, unit, ReadoutLabel::Size::Wide, this);
+        label->setFixedWidth(width);
+        layout.addWidget(label);
+        return label;
+    };
+    latitude = readout("lblLatx", "lblNS", CoordinateWidth);
+    longitude = readout("lblLongx", "lblEW", CoordinateWidth);
+    distance = readout("lblDistanz", "lblDistanzUnit", DistanceWidth);
+    course = readout("lblKurs", "lblKursUnit", CourseWidth);
+}
+
+// The picture of the switch that is on lies over its button.
+void frmPlanung::MakeMeasuring(QBoxLayout& layout) {
+    auto* place = new QGridLayout;
+    cmdMessen = MeasureButton("cmdMessen", &PlanMap::cmdMessen_Click);
+    picMessen = MeasureButton("picMessen", &PlanMap::picMessen_Click);
+    picMessen->SetLit(true);
+    for (LampButton* button : {cmdMessen, picMessen}) place->addWidget(button, 0, 0);
+    layout.addLayout(place);
+}
+
+LampButton* frmPlanung::MeasureButton(const char* name, void (PlanMap::*click)()) {
+    auto* button = Named(new LampButton(this), name);
+    button->SetIcon(":/icons/measure.svg");
+    button->setFocusPolicy(Qt::TabFocus);
+    button->setMinimumWidth(MeasureWidth);
+    QSizePolicy keepsItsPlace(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    keepsItsPlace.setRetainSizeWhenHidden(true); // both languages, lit or not: nothing moves
+    button->setSizePolicy(keepsItsPlace);
+    connect(button, &QAbstractButton::clicked, this, [this, click] {
+        const bool hadFocus = focusWidget() == cmdMessen || focusWidget() == picMessen;
+        Do([this, click] { (screen->Map.*click)(); });
+        if (hadFocus) (picMessen->isVisible() ? picMessen : cmdMessen)->setFocus();
+    });
+    return button;
+}
+
+// Tab goes from the waypoints over the map to the routes, as the eye does.
+void frmPlanung::ChainFocus() {
+    const QList<QWidget*> ofRoutes = routes->findChildren<QWidget*>();
+    QWidget* before = nullptr;
+    for (QWidget* widget : waypoints->findChildren<QWidget*>())
+        if (widget->focusPolicy() & Qt::TabFocus) before = widget;
+    const auto then = [&](QWidget* widget) {
+        if (before) setTabOrder(before, widget);
+        before = widget;
+    };
+    for (QWidget* widget : std::initializer_list<QWidget*>{picMap, SlideMap, cmdMessen, picMessen, cmbMaps})
+        then(widget);
+    for (QWidget* widget : ofRoutes)
+        if (widget->focusPolicy() & Qt::TabFocus) then(widget);
+}
+
+// Also an event that ends in an error has changed something: what it did shows.
+void frmPlanung::Do(const std::function<void()>& event) {
+    guard.Run(event);
+    ShowState();
+}
+
+void frmPlanung::Form_Activate() {
+    if (!loaded) {
+        screen->Form_Load();
+        loaded = true;
+    }
+    PlaceOverMap();
+    try {
+        screen->Form_Activate();
+    } catch (...) {
+        ApplyLanguage(); // what could be read shows all the same
+        throw;
+    }
+    ApplyLanguage();
+}
+
+void frmPlanung::Form_Deactivate() {
+    pressedKeys.clear();
+    if (loaded) screen->Form_Deactivate();
+}
+
+void frmPlanung::ShowAirspaceSettings() {
+    if (auto* open = findChild<frmLuftraumSettings*>()) {
+        open->raise();
+        open->activateWindow();
+        return;
+    }
+    auto* dialog = new frmLuftraumSettings(this, shared, screen->Airspace, guard, [this] {
+        screen->RedrawPlan();
+        ShowState();
+    });
+    dialog->open();
+}
+
+void frmPlanung::ShowState() {
+    ShowMap();
+    waypoints->ShowState();
+    routes->ShowState();
+}
+
+void frmPlanung::ShowMap() {
+    const Flagged now(showing);
+    const PlanMap& map = screen->Map;
+    SlideMap->setValue(map.SlideMap);
+    SlideMap->setEnabled(map.HasMap());
+    FillCombo(*cmbMaps, map.MapNames, map.cmbMaps);
+    lblNoMap->setVisible(!map.HasMap());
+    cmdMessen->setVisible(!map.Measuring.MeasureOn);
+    picMessen->setVisible(map.Measuring.MeasureOn);
+    tLR->setText(Q(screen->Airspace.tLR));
+    tLR->adjustSize();
+    tLR->setVisible(screen->Airspace.tLRVisible && map.HasMap());
+    ShowCursor();
+}
+
+void frmPlanung::ShowCursor() {
+    const PlanMap& map = screen->Map;
+    latitude->Show(Q(map.lblLatx), Q(map.lblNS));
+    longitude->Show(Q(map.lblLongx), Q(map.lblEW));
+    distance->Show(Q(map.Measuring.lblDistanz));
+    course->Show(Q(map.Measuring.lblKurs));
+}
+
+} // namespace ornivane

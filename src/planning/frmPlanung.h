@@ -1,0 +1,95 @@
+#pragma once
+
+#include <QPointF>
+#include <QString>
+#include <memory>
+#include <set>
+
+#include "planning/PlanningScreen.h"
+#include "platform/qt/Screen.h"
+
+class QBoxLayout;
+class QComboBox;
+class QFrame;
+class QLabel;
+class QProgressBar;
+
+namespace ornivane {
+
+class EventGuard;
+class LampButton;
+class QtPicture;
+class QtProgress;
+class ReadoutLabel;
+class SurfaceWidget;
+class ZoomSlider;
+class frmRoutePanel;
+class frmWaypointPanel;
+
+// The planning screen: waypoints at the left, the map in the middle, routes at the right. Every event calls
+// one routine of PlanningScreen, then the state is shown.
+class frmPlanung : public Screen {
+    Q_OBJECT
+
+public:
+    // All of it outlives the form.
+    frmPlanung(Variablen& variablen, Dialogs& dialogs, EventGuard& guard);
+    ~frmPlanung() override;
+
+    void Form_Activate() override;
+    void Form_Deactivate() override;
+    void ApplyLanguage() override;
+    // Opens the dialog that chooses the airspace of the map; one that is open comes to the front.
+    void ShowAirspaceSettings();
+
+    PlanningScreen& Logic() { return *screen; }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void MakeMap();
+    void MakeScreen();
+    QFrame* MakeBottom();
+    void MakeReadouts(QBoxLayout& layout);
+    void MakeMeasuring(QBoxLayout& layout);
+    LampButton* MeasureButton(const char* name, void (PlanMap::*click)());
+    void ChainFocus();
+
+    void Do(const std::function<void()>& event);
+    void MapPressed(QPointF at, Qt::MouseButton button);
+    void MapMoved(QPointF at, Qt::MouseButtons held);
+    void MapReleased(Qt::MouseButton button);
+    bool MapKeyPressed(int key);
+    bool MapKeyReleased(int key, bool isHeld);
+
+    void ShowState();
+    void ShowMap();
+    void ShowCursor();
+    void PlaceOverMap();
+    QString Text(const char* german, const char* english) const;
+    void ApplyToolTips();
+
+    Variablen& shared;
+    Dialogs& dialogs;
+    EventGuard& guard;
+    std::unique_ptr<QtPicture> picStorage;
+    std::unique_ptr<QtProgress> progress;
+    std::unique_ptr<PlanningScreen> screen;
+
+    SurfaceWidget* picMap = nullptr;
+    QLabel *tLR = nullptr, *lblNoMap = nullptr;
+    QProgressBar* progBar = nullptr;
+    frmWaypointPanel* waypoints = nullptr;
+    frmRoutePanel* routes = nullptr;
+    ZoomSlider* SlideMap = nullptr;
+    QComboBox* cmbMaps = nullptr;
+    ReadoutLabel *latitude = nullptr, *longitude = nullptr, *distance = nullptr, *course = nullptr;
+    LampButton *cmdMessen = nullptr, *picMessen = nullptr;
+    std::set<int> pressedKeys; // on the map; the Enter that closed a message is let go over it, too
+    bool loaded = false;
+    bool showing = false; // ShowState is writing to the controls: their signals are no choices of the user
+};
+
+} // namespace ornivane

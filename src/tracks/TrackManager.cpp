@@ -1,0 +1,110 @@
+#include "tracks/TrackManager.h"
+
+#include "base/RuntimeError.h"
+#include "store/Backup.h"
+#include "store/Recordset.h"
+
+namespace ornivane {
+
+TrackManager::TrackManager(Variablen& variablen, Dialogs& dialogsOf)
+    : shared(variablen), dialogs(dialogsOf) {}
+
+void TrackManager::Form_Load() {
+    TrackFormConn.Open(shared.ProgramFolder / "track.ovd", Connection::Mode::ReadWrite);
+    FillLists();
+    TrackChosen.assign(Rows.size() + 1, false);
+    ShowTrackPoints();
+}
+
+void TrackManager::FillLists() {
+    Recordset list;
+    list.Open(TrackFormConn, "SELECT * FROM List ORDER BY \"Index\"");
+    Rows.clear();
+    ListIndex = -1;
+    for (; !list.Eof(); list.MoveNext()) {
+        const Value name = list.Get("Name");
+        Rows.push_back({name.IsNull() ? std::string() : name.Text(), list.Get("Index").Integer(), false});
+    }
+}
+
+void TrackManager::listTrack_MouseUp(int row) {
+    if (row < 0 || row >= static_cast<int>(Rows.size())) return;
+    const auto place = static_cast<std::size_t>(row);
+    if (place >= TrackChosen.size()) TrackChosen.resize(place + 1);
+    TrackChosen[place] = !TrackChosen[place];
+    Rows[place].Selected = TrackChosen[place];
+    ListIndex = row;
+    ShowTrackPoints();
+}
+
+std::vector<std::int64_t> TrackManager::SelectedIndexes() const {
+    std::vector<std::int64_t> indexes;
+    for (const Row& row : Rows)
+        if (row.Selected) indexes.push_back(row.Index);
+    return indexes;
+}
+
+void TrackManager::ShowTrackPoints() {
+    TrackPointsSet.Open(TrackFormConn, SelectedIndexes());
+    const int count = TrackPointsSet.Count();
+    lblRecords = std::to_string(count) + (count == 1 ? shared.Text(" Trackpunkt", " trackpoint")
+                                                     : shared.Text(" Trackpunkte", " trackpoints"));
+}
+
+// The list of the message and what is deleted are one and the same.
+void TrackManager::cmdDelete_Click() {
+    const auto indexes = SelectedIndexes();
+    std::string message = shared.Text("Es wurden keine Tracks ausgewählt", "No tracks selected");
+    if (!indexes.empty()) {
+        message = "Track: | ";
+        for (const std::int64_t index : indexes) message += std::to_string(index) + " | ";
+        message += shared.Text(" werden gelöscht ! ", " will be deleted ! ");
+    }
+    if (!dialogs.AskYesNo(shared.Text("Achtung", "Attention"), message)) return;
+    TrackPointsSet.Close(); // a statement that stands on a row would lock the store
+    BackupTrackStore();
+    try {
+        DeleteTracks(indexes);
+    } catch (...) {
+        ShowTrackPoints();
+        throw;
+    }
+    FillLists();
+    ShowTrackPoints();
+}
+
+void TrackManager::BackupTrackStore() {
+    try {
+        BackupStore(TrackFormConn, shared.ProgramFolder / "track.bak");
+    } catch (const RuntimeError&) {
+        // The deletion was confirmed, and goes on without its backup.
+    }
+}
+
+void TrackManager::DeleteTracks(const std::vector<std::int64_t>& indexes) {
+    Transaction together(TrackFormConn);
+    for (const std::int64_t index : indexes) {
+        TrackFormConn.Execute("DELETE FROM Track WHERE \"Index\" = ?", {index});
+        TrackFormConn.Execute("DELETE FROM List WHERE \"Index\" = ?", {index});
+    }
+    together.Commit();
+}
+
+void TrackManager::Export(GpxContent content) {
+    if (TrackPointsSet.Count() < 1) return;
+    FileQuestion question;
+    question.Title = shared.Text("Tracks speichern", "Save tracks");
+    question.Start = shared.ProgramFolder / ("Track" + std::to_string(TrackPointsSet.At(0).Index) + ".gpx");
+    question.Filters = {{"All files (*.*)", "*.*"}, {"GPX files", "*.gpx"}};
+    question.Preselected = 1;
+    question.DefaultExtension = "gpx";
+    const auto file = dialogs.SaveFile(question);
+    if (!file) return;
+    try {
+        SaveGpx(*file, TrackPointsSet, content);
+    } catch (const RuntimeError&) {
+        // A file that cannot be written is left as it was, and nothing is reported.
+    }
+}
+
+} // namespace ornivane

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "common/Variablen.h"
+#include "platform/Dialogs.h"
+#include "tracks/Gpx.h"
+#include "tracks/TrackPoints.h"
+
+namespace ornivane {
+
+// The recorded tracks: choosing, looking at their points, deleting, exporting. Works on the track store
+// through a connection of its own. Members carry the names of the controls that show them.
+class TrackManager {
+public:
+    struct Row {
+        std::string Name;       // in listTrack
+        std::int64_t Index = 0; // in listIndex
+        bool Selected = false;
+    };
+
+    TrackManager(Variablen& variablen, Dialogs& dialogs);
+
+    // RuntimeError FileNotFound or StoreError when there is no track store.
+    void Form_Load();
+    // A click on a row toggles it by what the form remembers of it.
+    void listTrack_MouseUp(int row);
+    void cmdDelete_Click();
+    void cmdTrack_Click() { Export(GpxContent::Track); }
+    void cmdWpt_Click() { Export(GpxContent::Waypoints); }
+    void cmdWptTrack_Click() { Export(GpxContent::Both); }
+
+    std::vector<Row> Rows;
+    int ListIndex = -1;
+    TrackPoints TrackPointsSet;
+    std::string lblRecords;
+
+private:
+    void FillLists();
+    void ShowTrackPoints();
+    std::vector<std::int64_t> SelectedIndexes() const;
+    void BackupTrackStore();
+    void DeleteTracks(const std::vector<std::int64_t>& indexes);
+    void Export(GpxContent content);
+
+    Variablen& shared;
+    Dialogs& dialogs;
+    Connection TrackFormConn;
+    // What was chosen, by row. A deletion leaves it as it is, so that the first click on a row that moved up
+    // may clear instead of set.
+    std::vector<bool> TrackChosen;
+};
+
+} // namespace ornivane

@@ -1,0 +1,264 @@
+#include "tracks/frmTrack.h"
+
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QListWidget>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTableView>
+#include <QVBoxLayout>
+
+#include "base/Numbers.h"
+#include "base/RuntimeError.h"
+#include "platform/qt/Events.h"
+#include "platform/qt/Named.h"
+
+namespace ornivane {
+
+namespace {
+
+constexpr int ButtonHeight = 44, ListRowHeight = 40;
+constexpr std::array<std::pair<const char*, const char*>, 7> Heads{{{"Track", "Track"},
+                                                                    {"PositionNr", "PositionNr"},
+                                                                    {" Breitengrad", "  Latitude"},
+                                                                    {" Längengrad", "  Longitude"},
+                                                                    {"       Höhe", "     Altitude"},
+                                                                    {"        Datum", "         Date"},
+                                                                    {"          Zeit", "         Time"}}};
+constexpr std::array HeadWidths = {60, 90, 140, 140, 140, 100, 90};
+
+} // namespace
+
+int TrackPointsModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : rows; }
+
+int TrackPointsModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(Heads.size());
+}
+
+QVariant TrackPointsModel::data(const QModelIndex& index, int role) const {
+    if (role == Qt::TextAlignmentRole && index.column() < 5)
+        return static_cast<int>(Qt::AlignRight | Qt::AlignVCenter);
+    if (role != Qt::DisplayRole || !index.isValid()) return {};
+    try {
+        const TrackPoint& point = points.At(index.row());
+        const auto number = [this](double value) {
+            return QString::fromStdString(NumberText(value, shared.Locale));
+        };
+        switch (index.column()) {
+        case 0:
+            return QString::number(point.Index);
+        case 1:
+            return QString::number(point.Number);
+        case 2:
+            return number(point.Lat);
+        case 3:
+            return number(point.Long);
+        case 4:
+            return point.Height ? number(*point.Height) : QString();
+        case 5:
+            return QString::fromStdString(point.Date);
+        default:
+            return QString::fromStdString(point.Time);
+        }
+    } catch (const RuntimeError&) {
+        return {}; // gone from the store, or the store is locked: an empty cell
+    }
+}
+
+QVariant TrackPointsModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
+    const auto& head = Heads[static_cast<std::size_t>(section)];
+    return QString::fromUtf8(shared.Text(head.first, head.second)).trimmed();
+}
+
+void TrackPointsModel::Renew() {
+    beginResetModel();
+    rows = points.Count();
+    endResetModel();
+}
+
+frmTrack::frmTrack(Variablen& variablen, EventGuard& guardOf, Dialogs& dialogs, QWidget* window)
+    : QDialog(window), shared(variablen), guard(guardOf), logic(variablen, dialogs),
+      model(std::make_unique<TrackPointsModel>(logic.TrackPointsSet, variablen)) {
+    setObjectName("frmTrack");
+    setAttribute(Qt::WA_DeleteOnClose);
+    setModal(true);
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(10, 10, 10, 10);
+    row->setSpacing(12);
+    auto* left = new QVBoxLayout;
+    auto* right = new QVBoxLayout;
+    row->addLayout(left, 1);
+    row->addLayout(right, 3);
+    MakeLists(*left);
+    MakePoints(*right);
+    MakeExports(*right);
+    ApplyLanguage();
+    if (window) resize(window->size() - QSize(24, 40));
+}
+
+frmTrack::~frmTrack() = default;
+
+QString frmTrack::Text(const char* german, const char* english) const {
+    return QString::fromUtf8(shared.Text(german, english));
+}
+
+void frmTrack::Start() {
+    try {
+        logic.Form_Load();
+    } catch (...) {
+        deleteLater();
+        throw;
+    }
+    ShowState();
+    open();
+    listTrack->setFocus();
+}
+
+QPushButton* frmTrack::MakeButton(const char* name, QBoxLayout& layout, const std::function<void()>& click) {
+    auto* button = Named(new QPushButton, name);
+    button->setMinimumHeight(ButtonHeight);
+    button->setAutoDefault(false);
+    guard.Connect(button, &QPushButton::clicked, [this, click] { Click(click); });
+    layout.addWidget(button);
+    return button;
+}
+
+// Both lists scroll as one; a click toggles what the form remembers, not what the control shows.
+void frmTrack::MakeLists(QBoxLayout& layout) {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(2);
+    listIndex = Named(new QListWidget, "listIndex");
+    listIndex->setFixedWidth(64);
+    listIndex->setFocusPolicy(Qt::NoFocus);
+    listIndex->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    listTrack = Named(new QListWidget, "listTrack");
+    row->addWidget(listIndex);
+    row->addWidget(listTrack, 1);
+    for (QListWidget* list : {listIndex, listTrack}) {
+        list->setSelectionMode(QAbstractItemView::MultiSelection);
+        list->viewport()->installEventFilter(this);
+        list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    }
+    listTrack->installEventFilter(this);
+    const auto together = [](QListWidget* from, QListWidget* to) {
+        connect(from->verticalScrollBar(), &QScrollBar::valueChanged, to->verticalScrollBar(),
+                &QScrollBar::setValue);
+    };
+    together(listTrack, listIndex);
+    together(listIndex, listTrack);
+    layout.addLayout(row, 1);
+    cmdDelete = MakeButton("cmdDelete", layout, [this] { logic.cmdDelete_Click(); });
+}
+
+void frmTrack::MakePoints(QBoxLayout& layout) {
+    Frame1 = Named(new QGroupBox, "Frame1");
+    auto* column = new QVBoxLayout(Frame1);
+    lblRecords = Named(new QLabel, "lblRecords");
+    lblRecords->setStyleSheet("font-size: 18px; font-weight: bold");
+    column->addWidget(lblRecords);
+    gridTracks = Named(new QTableView, "gridTracks");
+    gridTracks->setModel(model.get());
+    gridTracks->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    gridTracks->setSelectionBehavior(QAbstractItemView::SelectRows);
+    gridTracks->verticalHeader()->hide();
+    gridTracks->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    gridTracks->horizontalHeader()->setStretchLastSection(true);
+    for (std::size_t i = 0; i < HeadWidths.size(); ++i)
+        gridTracks->setColumnWidth(static_cast<int>(i), HeadWidths[i]);
+    column->addWidget(gridTracks);
+    layout.addWidget(Frame1, 1);
+}
+
+void frmTrack::MakeExports(QBoxLayout& layout) {
+    Frame2 = Named(new QGroupBox, "Frame2");
+    auto* row = new QHBoxLayout(Frame2);
+    cmdTrack = MakeButton("cmdTrack", *row, [this] { logic.cmdTrack_Click(); });
+    cmdWpt = MakeButton("cmdWpt", *row, [this] { logic.cmdWpt_Click(); });
+    cmdWptTrack = MakeButton("cmdWptTrack", *row, [this] { logic.cmdWptTrack_Click(); });
+    layout.addWidget(Frame2);
+    auto* end = new QHBoxLayout;
+    end->addStretch();
+    cmdExit = MakeButton("cmdExit", *end, [this] { close(); });
+    layout.addLayout(end);
+}
+
+bool frmTrack::eventFilter(QObject* watched, QEvent* event) {
+    const auto type = event->type();
+    if (watched == listTrack && type == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter) {
+            Click([this] { logic.listTrack_MouseUp(listTrack->currentRow()); });
+            return true;
+        }
+    }
+    for (QListWidget* list : {listTrack, listIndex}) {
+        if (watched != list->viewport()) continue;
+        if (type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick ||
+            type == QEvent::MouseMove)
+            return true; // the control's own choosing
+        if (type != QEvent::MouseButtonRelease) break;
+        const int row = list->indexAt(static_cast<QMouseEvent*>(event)->position().toPoint()).row();
+        if (list == listTrack)
+            Click([&] { logic.listTrack_MouseUp(row); });
+        else if (row >= 0)
+            listTrack->setCurrentRow(row, QItemSelectionModel::NoUpdate);
+        return true;
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+void frmTrack::Click(const std::function<void()>& event) {
+    guard.Run(event);
+    ShowState();
+}
+
+void frmTrack::ShowState() {
+    const int rows = static_cast<int>(logic.Rows.size());
+    if (listTrack->count() != rows || (rows > 0 && logic.ListIndex < 0)) {
+        listTrack->clear();
+        listIndex->clear();
+        for (const auto& row : logic.Rows) {
+            (new QListWidgetItem(QString::fromStdString(row.Name), listTrack))
+                ->setSizeHint({0, ListRowHeight});
+            (new QListWidgetItem(QString::number(row.Index), listIndex))->setSizeHint({0, ListRowHeight});
+        }
+    }
+    for (int i = 0; i < rows; ++i)
+        listTrack->item(i)->setSelected(logic.Rows[static_cast<std::size_t>(i)].Selected);
+    if (logic.ListIndex >= 0) {
+        listTrack->setCurrentRow(logic.ListIndex, QItemSelectionModel::NoUpdate);
+        listIndex->setCurrentRow(logic.ListIndex, QItemSelectionModel::NoUpdate);
+    }
+    lblRecords->setText(QString::fromStdString(logic.lblRecords));
+    model->Renew();
+    const bool points = logic.TrackPointsSet.Count() > 0;
+    for (QPushButton* button : {cmdTrack, cmdWpt, cmdWptTrack}) button->setEnabled(points);
+}
+
+void frmTrack::ApplyLanguage() {
+    setWindowTitle("Tracks");
+    Frame1->setTitle(Text("Ausgewählte Tracks", "Selected tracks"));
+    Frame2->setTitle(Text("Tracks speichern", "Save tracks"));
+    cmdDelete->setText(Text("Ausgewählte Tracks löschen", "Delete selected tracks"));
+    cmdTrack->setText("Track");
+    cmdWpt->setText(Text("Wegpunkte", "Waypoints"));
+    cmdWptTrack->setText(Text("Track und Wegpunkte", "Track and waypoints"));
+    cmdExit->setText(Text("Schließen", "Close"));
+    listTrack->setToolTip(Text("Ein Klick oder die Leertaste wählt einen Track, ein zweiter nimmt ihn heraus",
+                               "A click or the space bar chooses a track, a second one takes it out"));
+    cmdDelete->setToolTip(
+        Text("Vorher wird der Speicher als track.bak gesichert", "The store is copied to track.bak before"));
+    cmdTrack->setToolTip(Text("Als GPX-Datei mit einem Track", "As a GPX file with one track"));
+    cmdWpt->setToolTip(Text("Als GPX-Datei mit einem Wegpunkt je Position",
+                            "As a GPX file with a waypoint for each position"));
+    cmdWptTrack->setToolTip(Text("Als GPX-Datei mit beidem", "As a GPX file with both"));
+    cmdExit->setToolTip(Text("Zurück zu den Einstellungen", "Back to the settings"));
+    gridTracks->setToolTip(Text("Die Punkte der ausgewählten Tracks", "The points of the selected tracks"));
+}
+
+} // namespace ornivane

@@ -1,0 +1,78 @@
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QDialog>
+#include <array>
+#include <functional>
+#include <memory>
+
+#include "tracks/TrackManager.h"
+
+class QBoxLayout;
+class QGroupBox;
+class QLabel;
+class QListWidget;
+class QPushButton;
+class QTableView;
+
+namespace ornivane {
+
+class EventGuard;
+
+// The chosen points as a table that reads what it shows.
+class TrackPointsModel : public QAbstractTableModel {
+    Q_OBJECT
+
+public:
+    TrackPointsModel(TrackPoints& of, const Variablen& variablen) : points(of), shared(variablen) {}
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    // The points are others now.
+    void Renew();
+
+private:
+    TrackPoints& points;
+    const Variablen& shared;
+    int rows = 0;
+};
+
+// The track manager. Shown by Start; deletes itself when it closes.
+class frmTrack : public QDialog {
+    Q_OBJECT
+
+public:
+    frmTrack(Variablen& shared, EventGuard& guard, Dialogs& dialogs, QWidget* window);
+    ~frmTrack() override;
+
+    // RuntimeError when there is no track store; the form closes then.
+    void Start();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void MakeLists(QBoxLayout& layout);
+    void MakePoints(QBoxLayout& layout);
+    void MakeExports(QBoxLayout& layout);
+    QPushButton* MakeButton(const char* name, QBoxLayout& layout, const std::function<void()>& click);
+    void Click(const std::function<void()>& event);
+    void ShowState();
+    void ApplyLanguage();
+    QString Text(const char* german, const char* english) const;
+
+    Variablen& shared;
+    EventGuard& guard;
+    TrackManager logic;
+    std::unique_ptr<TrackPointsModel> model;
+    QListWidget *listTrack = nullptr, *listIndex = nullptr;
+    QGroupBox *Frame1 = nullptr, *Frame2 = nullptr;
+    QLabel* lblRecords = nullptr;
+    QTableView* gridTracks = nullptr;
+    QPushButton *cmdDelete = nullptr, *cmdTrack = nullptr, *cmdWpt = nullptr, *cmdWptTrack = nullptr,
+                *cmdExit = nullptr;
+};
+
+} // namespace ornivane

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <cstdio>
+#include <fstream>
+#include <sstream>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "calibration/MapData.h"
+#include "support/FlightFolder.h"
+#include "support/MapFakes.h"
+#include "support/ScriptedDialogs.h"
+
+namespace ornivane {
+
+// The catalogue over a folder of charts whose files are headers only.
+class CatalogueTest : public testing::Test, protected FlightFolder {
+protected:
+    CatalogueTest() {
+        AddImage("alpha.jpg", 2000, 1000);
+        AddImage("zulu.jpg", 2000, 1000);
+        Shared.MapsSet.Open(Shared.DataConn, "SELECT * FROM Maps WHERE Active = 1 ORDER BY Name");
+        Catalogue.Form_Load();
+    }
+    std::filesystem::path Charts() const { return Folder.Path() / "Karten"; }
+    void AddImage(const std::string& name, int width, int height) {
+        std::string bytes("\xFF\xD8\xFF\xC0\0\x11\x08", 7);
+        for (const int value : {height >> 8, height, width >> 8, width}) bytes += static_cast<char>(value);
+        WriteFileAtomically(Charts() / name, bytes);
+    }
+    std::string Bytes(const std::string& name) { return ReadWholeFile(Charts() / name).value_or("none"); }
+    void Select(const std::string& name) {
+        for (std::size_t i = 0; i < Catalogue.listKarten.size(); ++i)
+            if (Catalogue.listKarten[i].Name == name) return Catalogue.listKarten_Click(static_cast<int>(i));
+        FAIL() << name;
+    }
+    // "name unten oben links rechts breite höhe active", one row after another.
+    std::string Rows(const std::string& where = "1") {
+        Recordset rows;
+        rows.Open(Shared.DataConn, "SELECT * FROM Maps WHERE " + where + " ORDER BY Name");
+        std::string text;
+        for (; !rows.Eof(); rows.MoveNext()) {
+            for (const char* field : {"Name", "Unten", "Oben", "Links", "Rechts", "Breite", "Höhe"})
+                text += rows.Text(field) + " ";
+            text += rows.Get("Active").Boolean() ? "on;" : "off;";
+        }
+        return text;
+    }
+    // The frame's fields: "N 50,E 6 ..." with the colour's first letter.
+    std::string Fields() const {
+        std::string text;
+        for (std::size_t i = 0; i < 4; ++i)
+            text += std::string(i < 2 ? "NS" : "EW")
+                        .substr(static_cast<std::size_t>(Catalogue.cmbLatLong[i]), 1) +
+                    Catalogue.tKarten[i] + (Catalogue.EdgeStates[i] == EdgeState::Stored ? "b " : "y ");
+        return text;
+    }
+
+    FakePicture Storage;
+    DrawnSurface Surface;
+    ScriptedDialogs Boxes;
+    MapData Catalogue{Shared, Storage, Surface, Boxes};
+};
+
+} // namespace ornivane

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "flightplan/FlightPlan.h"
+#include "support/FlightFolder.h"
+#include "support/MapFakes.h"
+#include "support/ScriptedDialogs.h"
+
+namespace ornivane {
+
+// Flight plans of the routes in a real store.
+class FlightPlanTest : public testing::Test, protected FlightFolder {
+protected:
+    using Places = std::vector<std::pair<double, double>>;
+
+    // Points are named after their number; their ids are 1, 2 ... unless given.
+    void AddPlan(const std::string& route, const Places& places, const std::vector<int>& ids = {}) {
+        Shared.DataConn.Execute("INSERT INTO Route (Nummer, Name) SELECT count(*) + 1, ? FROM Route",
+                                {route});
+        for (std::size_t i = 0; i < places.size(); ++i)
+            Shared.DataConn.Execute("INSERT INTO GpsPoints (Nummer, RouteID, PointID, Name, Lat, Long) "
+                                    "SELECT ?, max(RouteID), ?, ?, "
+                                    "?, ? FROM Route",
+                                    {static_cast<int>(i + 1),
+                                     i < ids.size() ? ids[i] : static_cast<int>(i + 1),
+                                     "P" + std::to_string(i + 1), places[i].first, places[i].second});
+    }
+    FlightPlan& Start() {
+        Plan = std::make_unique<FlightPlan>(Shared, Boxes, Notices);
+        Plan->Form_Load();
+        Plan->Form_Activate();
+        return *Plan;
+    }
+    void Enter(const std::array<std::string, PlanEntryCount>& entries) { Plan->Entries = entries; }
+    std::string Cell(int row, const char* field) const {
+        const Value value = Plan->PlanSet.ValueAt(row - 1, field);
+        return value.IsNull() ? "" : value.Text();
+    }
+    std::filesystem::path PlanFile(const std::string& route) const {
+        return Folder.Path() / "Flugplan" / route;
+    }
+
+    ScriptedDialogs Boxes;
+    RecordedNotice Notices;
+    std::unique_ptr<FlightPlan> Plan;
+};
+
+} // namespace ornivane

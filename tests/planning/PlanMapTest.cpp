@@ -1,0 +1,188 @@
+#include "base/AtomicFile.h"
+#include "common/SettingsFiles.h"
+#include "planning/PlanningScreenFixture.h"
+
+namespace ornivane {
+namespace {
+
+class PlanMapTest : public PlanningScreenTest {};
+
+TEST_F(PlanMapTest, StartsWithTheMapOfTheLastFlightElseTheFirst) {
+    EXPECT_EQ(Start().Map.cmbMaps, "alpha.jpg");
+    WriteLastChoice(Folder.Path(), {"Zulu.JPG", "a route"});
+    EXPECT_EQ(Start().Map.cmbMaps, "Zulu.JPG");
+    EXPECT_EQ(ReadLastChoice(Folder.Path()).Route, "a route"); // only read here
+    WriteLastChoice(Folder.Path(), {"gone.jpg", "a route"});
+    EXPECT_EQ(Start().Map.cmbMaps, "alpha.jpg");
+    EXPECT_EQ(Screen->Map.MapNames, (std::vector<std::string>{"alpha.jpg", "Zulu.JPG"}));
+    EXPECT_EQ(EntryFocused, 3);
+}
+
+TEST_F(PlanMapTest, TellsThePositionUnderTheCursorInEachQuadrant) {
+    Sql("INSERT INTO Maps (Name, Oben, Unten, Links, Rechts, Breite, \"Höhe\", Active) VALUES "
+        "('south.jpg', -33, -34, -60, -58, 2000, 1000, 1)");
+    PlanMap& map = Start().Map;
+    EXPECT_EQ(map.lblLatx, "---");
+    map.MouseMove({400, 200}, false);
+    EXPECT_EQ(map.lblLatx + map.lblNS + " " + map.lblLongx + map.lblEW, "50.45N 6.3E");
+    map.MouseMove({403.3, 203.3}, false); // to four decimals
+    EXPECT_EQ(map.lblLatx + map.lblNS + " " + map.lblLongx + map.lblEW, "50.4475N 6.3025E");
+    map.cmbMaps_Change("south.jpg");
+    map.MouseMove({400, 200}, false);
+    // 33.25° S 59.5° W: stored values below zero count their minutes from the next whole degree down.
+    EXPECT_EQ(map.lblLatx + map.lblNS + " " + map.lblLongx + map.lblEW, "33.55S 59.7W");
+    EXPECT_EQ(EntryFocused, 1);
+}
+
+TEST_F(PlanMapTest, DragsByThePointerUnlessAllOfTheMapShows) {
+    PlanMap& map = Start().Map;
+    map.MouseMove({300, 300}, true); // pressed somewhere else
+    EXPECT_EQ(map.View, (SourceRect{0, 0, 1000, 500}));
+    map.MouseDown({300, 300});
+    map.MouseMove({260, 290}, true);
+    EXPECT_EQ(map.View, (SourceRect{40, 10, 1000, 500}));
+    EXPECT_EQ(Surface.Source, (PixelRect{40, 10, 1000, 500}));
+    map.MouseMove({250, 290}, true); // from the last place, not from the first
+    EXPECT_EQ(map.View.SX, 50);
+    map.MouseMove({-5000, -5000}, true);
+    EXPECT_EQ(map.View, (SourceRect{1000, 500, 1000, 500})); // the image ends there
+    map.MouseMove({9000, 9000}, true);
+    EXPECT_EQ(map.View, (SourceRect{0, 0, 1000, 500}));
+    map.MouseUp();
+    map.SetSlide(100);
+    map.MouseDown({300, 300});
+    map.MouseMove({200, 200}, true);
+    EXPECT_EQ(map.View, (SourceRect{0, 0, 2000, 1000}));
+}
+
+TEST_F(PlanMapTest, CentresOnThePositionInTheEntryFields) {
+    PlanMap& map = Start().Map;
+    struct {
+        const char *Lat, *Long, *Ns, *Ew;
+        SourceRect View;
+    } const cases[] = {
+        {"50.30", "7.00", "N", "E", {500, 250, 1000, 500}},
+        {"50,30", "7,12", "N", "E", {700, 250, 1000, 500}},  // the other separator
+        {"50.00", "8.00", "N", "E", {1000, 500, 1000, 500}}, // the corner of the image
+        {"50.30", "7.00", "S", "E", {500, 500, 1000, 500}},  // far to the south
+        {"50.30", "7.00", "N", "W", {0, 250, 1000, 500}},
+        {"50.30", "", "N", "E", {0, 250, 1000, 500}}, // no position: where it was
+        {"north", "7.00", "N", "E", {0, 250, 1000, 500}},
+    };
+    for (const auto& c : cases) {
+        Enter(c.Lat, c.Long, c.Ns, c.Ew);
+        const int before = Surface.Paints;
+        Screen->CenterOnWaypoint();
+        EXPECT_EQ(map.View, c.View) << c.Lat << c.Ns << c.Long << c.Ew;
+        EXPECT_EQ(Surface.Paints, before + 1);
+    }
+}
+
+TEST_F(PlanMapTest, ADoubleClickBeginsAWaypointAndStoresNothing) {
+    AddWaypoint("Alpha", 50.30, 7.0);
+    PlanMap& map = Start().Map;
+    map.MouseDown({400, 200});
+    map.MouseUp();
+    map.DblClick({400, 200});
+    map.MouseMove({403, 202}, true); // the second press is no drag
+    EXPECT_EQ(map.View.SX, 0);
+    const WaypointEditing& entry = Screen->Waypoints;
+    EXPECT_EQ(entry.tWaypoint, (std::array<std::string, 4>{"", "", "50.45", "6.3"}));
+    EXPECT_EQ(entry.tNS + entry.tEW, "NE");
+    EXPECT_EQ(EntryFocused, 2);
+    EXPECT_EQ(Surface.Drawn[Surface.Drawn.size() - 2], "circle 400,200 r4 w4 #0000FF");
+    EXPECT_EQ(Surface.Drawn.back(), "circle 400,200 r6 w3 #000000");
+    EXPECT_EQ(Screen->Waypoints.WaypointsSet.RecordCount(), 1);
+}
+
+TEST_F(PlanMapTest, MeasuresFromTheEntryAndLeavesNoTrails) {
+    AddWaypoint("Alpha", 50.30, 6.30);
+    PlanMap& map = Start().Map;
+    Enter("50.45", "6.30", "S", "W"); // the hemispheres do not count for the start
+    map.cmdMessen_Click();
+    const std::vector<std::string> plan = Surface.Drawn;
+    const int paints = Surface.Paints;
+    for (const double x : {500.0, 600.0, 700.0}) map.MouseMove({x, 200}, false);
+    ASSERT_EQ(Surface.Drawn.size(), plan.size() + 2);
+    EXPECT_EQ(Surface.Drawn[plan.size()], "circle 400,200 r1 w3 #000000");
+    EXPECT_EQ(Surface.Drawn.back(), "line 400,200 700,200 w3 #000000");
+    EXPECT_EQ(Surface.Paints, paints); // no redraw of what has not changed
+    EXPECT_EQ(map.Measuring.lblDistanz, "14.2 NM");
+    EXPECT_EQ(map.Measuring.lblKurs, "90 °");
+    map.MouseMove({400, 200}, false); // the start itself
+    EXPECT_EQ(map.Measuring.lblDistanz, "0.0 NM");
+    EXPECT_EQ(map.Measuring.lblKurs, "90 °");
+    Enter("x", "6.30");
+    map.MouseMove({500, 200}, false); // nothing to measure from
+    EXPECT_EQ(Surface.Drawn, plan);
+    Enter("50.45", "6.30");
+    map.MouseDown({400, 200}); // a drag moves plan and line together
+    map.MouseMove({390, 200}, true);
+    EXPECT_EQ(Surface.Source.X, 10);
+    EXPECT_EQ(Surface.Drawn.back(), "line 392,200 390,200 w3 #000000");
+    map.picMessen_Click();
+    EXPECT_EQ(Surface.Count("line "), 0);
+    map.MouseMove({600, 200}, false);
+    EXPECT_EQ(Surface.Count("line "), 0);
+}
+
+TEST_F(PlanMapTest, TheViewStaysOverAVisitToAnotherScreen) {
+    PlanMap& map = Start().Map;
+    map.SetSlide(-40);
+    map.MouseDown({300, 300});
+    map.MouseMove({200, 250}, true);
+    const SourceRect view = map.View;
+    Screen->Airspace.tLRHoehe = "4500";
+    const auto visitAnotherScreen = [&](const std::string& change) {
+        Screen->Form_Deactivate();
+        Sql(change);
+        Screen->Form_Activate();
+    };
+    visitAnotherScreen("UPDATE Maps SET Active = 1 WHERE Name = 'unused.jpg'");
+    EXPECT_EQ(map.View, view);
+    EXPECT_EQ(map.SlideMap, -40);
+    EXPECT_EQ(map.MapNames.size(), 3U);
+    EXPECT_EQ(ReadPlanningHeight(Folder.Path()), "4500");
+    // The chart was calibrated anew: the same view of it, points on the new frame.
+    visitAnotherScreen("UPDATE Maps SET Rechts = 10 WHERE Name = 'alpha.jpg'");
+    EXPECT_EQ(map.View, view);
+    EXPECT_NEAR(map.Transform().PositionOfView({0, 0}).Long, 6 + view.SX / 500, 1e-6);
+    visitAnotherScreen("DELETE FROM Maps WHERE Name = 'alpha.jpg'");
+    EXPECT_EQ(map.cmbMaps, "unused.jpg");
+    visitAnotherScreen("DELETE FROM Maps");
+    EXPECT_EQ(Surface.Drawn, std::vector<std::string>{"cls"});
+    visitAnotherScreen("INSERT INTO Maps (Name, Oben, Unten, Links, Rechts, Breite, \"Höhe\", Active) "
+                       "VALUES ('new.jpg', 51, 50, 6, 8, 2000, 1000, 1)");
+    EXPECT_EQ(map.cmbMaps, "new.jpg");
+    EXPECT_TRUE(Boxes.Shown.empty());
+}
+
+TEST_F(PlanMapTest, WithoutMapsNothingIsDrawnAndNothingFails) {
+    Sql("DELETE FROM Maps");
+    PlanMap& map = Start().Map;
+    map.MouseDown({10, 10});
+    map.MouseMove({20, 20}, true);
+    map.DblClick({20, 20});
+    map.cmdMessen_Click();
+    map.MouseMove({30, 20}, false);
+    map.cmbMaps_Change("alpha.jpg");
+    Screen->CenterOnWaypoint();
+    Screen->Form_Resize();
+    EXPECT_EQ(Surface.Drawn, std::vector<std::string>{"cls"});
+    EXPECT_EQ(map.lblLatx, "---");
+    Screen->Form_Deactivate();
+}
+
+TEST_F(PlanMapTest, AFrameWithoutExtentIsToldOnceForAChoice) {
+    Sql("UPDATE Maps SET Rechts = Links WHERE Name = 'Zulu.JPG'");
+    PlanMap& map = Start().Map;
+    map.cmbMaps_Change("Zulu.JPG");
+    EXPECT_EQ(Boxes.Shown, std::vector<std::string>{
+                               "Fehler in Karte|Fehler in Karte: Zulu.JPG - Bitte Koordinaten üperprüfen."});
+    Screen->Form_Deactivate();
+    Screen->Form_Activate();
+    EXPECT_EQ(Boxes.Shown.size(), 1U);
+}
+
+} // namespace
+} // namespace ornivane

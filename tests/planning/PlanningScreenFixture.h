@@ -1,0 +1,45 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "planning/PlanningScreen.h"
+#include "support/FlightFolder.h"
+#include "support/MapFakes.h"
+
+namespace ornivane {
+
+// The planning screen on a real store, with a view of 800 x 400 pixels: of alpha.jpg, the first map, it shows
+// the north-western quarter at first, 0.8 view pixels for one of the image, which has 1000 pixels a degree.
+class PlanningScreenTest : public testing::Test, protected FlightFolder {
+protected:
+    PlanningScreen& Start() {
+        Screen = std::make_unique<PlanningScreen>(
+            PlanningScreenWorld{Shared, Storage, Surface, ProgressBar, Boxes},
+            PlanningScreen::Form{[] {}, [] {}, [] {}, [] {}, [this] { ++EntryFocused; }});
+        Screen->Form_Load();
+        Screen->Form_Activate();
+        return *Screen;
+    }
+    void AddWaypoint(const std::string& name, double lat, double longitude) {
+        Shared.DataConn.Execute("INSERT INTO Waypoints (Name, Lat, Long, Kategorie) VALUES (?, ?, ?, '')",
+                                {name, lat, longitude});
+    }
+    void Enter(const std::string& lat, const std::string& longitude, const char* ns = "N",
+               const char* ew = "E") {
+        Screen->Waypoints.tWaypoint = {"", "Name", lat, longitude};
+        Screen->Waypoints.tNS = ns;
+        Screen->Waypoints.tEW = ew;
+    }
+
+    FakePicture Storage;
+    DrawnSurface Surface;
+    FakeProgress ProgressBar;
+    ScriptedDialogs Boxes;
+    std::unique_ptr<PlanningScreen> Screen;
+    int EntryFocused = 0;
+};
+
+} // namespace ornivane

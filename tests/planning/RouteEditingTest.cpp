@@ -1,0 +1,166 @@
+#include "planning/RouteEditing.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "base/RuntimeError.h"
+#include "planning/ListsFixture.h"
+
+namespace ornivane {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class RouteEditingTest : public testing::Test, protected PlanningLists {
+protected:
+    void NewRoute(const std::string& name) {
+        Boxes.Inputs.push_back(name);
+        Routes.cmdNewRoute();
+    }
+    void Add(const std::string& waypoint) {
+        Points.tquickfind = waypoint;
+        Points.QuickFind(0);
+        Routes.cmdAddwaypoint();
+    }
+    std::string Selected() const { return Routes.RoutesSet.Text("Name"); }
+    std::string PlaceInRoute() const {
+        return std::to_string(Routes.RoutePointsSet.AbsolutePosition()) + Routes.RoutePointsSet.Text("Name");
+    }
+};
+
+TEST_F(RouteEditingTest, ANewRouteComesBehindTheSelectedOneAlsoBesideAGap) {
+    Load();
+    NewRoute("A");
+    EXPECT_EQ(Selected(), "A");
+    EXPECT_EQ(Screen.Asked["routes"], 0); // the only one needs no choosing
+    EXPECT_TRUE(Routes.RoutePointsSet.IsOpen());
+    NewRoute("D");
+    EXPECT_EQ(Screen.Asked["routes"], 1);
+    Routes.RoutesSet.MoveFirst();
+    NewRoute("B");
+    NewRoute("O'C");
+    EXPECT_THAT(Numbers("Route"), ElementsAre("1 A", "2 B", "3 O'C", "4 D"));
+    EXPECT_EQ(Selected(), "O'C");
+    Boxes.Answer = true;
+    Routes.RoutesSet.SetAbsolutePosition(2);
+    Routes.cmdRouteDelete();
+    EXPECT_THAT(Numbers("Route"), ElementsAre("1 A", "3 O'C", "4 D"));
+    EXPECT_EQ(Selected(), "O'C");
+    NewRoute("E");
+    EXPECT_THAT(Numbers("Route"), ElementsAre("1 A", "2 O'C", "3 E", "4 D"));
+    EXPECT_EQ(Selected(), "E");
+}
+
+TEST_F(RouteEditingTest, ARouteWithoutANameIsNone) {
+    Load();
+    Routes.cmdNewRoute(); // cancelled
+    Shared.EnglishUI = 0;
+    Routes.cmdNewRoute();
+    EXPECT_THAT(Boxes.Shown,
+                ElementsAre("|New Route", "Data error|Please enter a route name !", "|Neue Strecke",
+                            "Eingabefehler|Bitte eine Streckenbezeichnung eingeben !"));
+    EXPECT_THAT(Numbers("Route"), IsEmpty());
+}
+
+TEST_F(RouteEditingTest, PointsAreInsertedBehindTheCurrentOneAndBecomeCurrent) {
+    Load();
+    Add("bonn"); // there is no route
+    NewRoute("A");
+    Routes.ShowRouteOn = true;
+    for (const char* name : {"Bonn", "Zug", "Cork"}) Add(name);
+    EXPECT_THAT(Numbers("GpsPoints"), ElementsAre("1 Bonn", "2 Zug", "3 Cork"));
+    EXPECT_EQ(PlaceInRoute(), "3Cork");
+    Routes.RoutePointsSet.MoveFirst();
+    Add("aachen");
+    Add("aachen");
+    EXPECT_THAT(
+        Rows("SELECT CAST(Nummer AS INTEGER), RouteID, PointID, Name, Lat, Long FROM GpsPoints ORDER BY 1"),
+        ElementsAre("1 1 1 Bonn 50.44 7.06", "2 1 3 aachen 50.4633 6.0512", "3 1 3 aachen 50.4633 6.0512",
+                    "4 1 2 Zug 47.1 8.31", "5 1 4 Cork -33.5 -8.3"));
+    EXPECT_EQ(PlaceInRoute(), "3aachen");
+    EXPECT_EQ(Screen.Asked["redraw"], 5);
+    Points.tWaypoint = {"", "Moved", "1", "1"};
+    Points.cmdChange();
+    EXPECT_EQ(Numbers("GpsPoints")[1], "2 aachen"); // a route keeps its copies
+}
+
+TEST_F(RouteEditingTest, DeletingAPointLeavesTheNextOneCurrentAndTheLastOneItsForerunner) {
+    AddRoute("A", {6.3, 7.0, 7.3});
+    Load();
+    Routes.RoutePointsSet.MoveNext();
+    Routes.cmdDeleteWaypoint();
+    EXPECT_THAT(Numbers("GpsPoints"), ElementsAre("1 P1", "2 P3"));
+    EXPECT_EQ(PlaceInRoute(), "2P3");
+    Routes.cmdDeleteWaypoint();
+    EXPECT_EQ(PlaceInRoute(), "1P1");
+    EXPECT_EQ(Screen.Asked["redraw"], 2);
+    Routes.cmdDeleteWaypoint();
+    Routes.cmdDeleteWaypoint();
+    EXPECT_THAT(Numbers("GpsPoints"), IsEmpty());
+    EXPECT_EQ(Screen.Asked["redraw"], 2); // the line stays until the next redraw
+}
+
+TEST_F(RouteEditingTest, TheSelectedRouteShowsItsPointsAndOnlyThoseGoWithIt) {
+    AddRoute("A", {6.3, 7.0});
+    AddRoute("B", {7.3});
+    Load();
+    EXPECT_EQ(PlaceInRoute(), "1P1");
+    EXPECT_EQ(Screen.Asked["redraw"], 0);
+    Routes.cmdshowRoute();
+    Routes.RoutesSet.MoveNext(); // as a click in the grid does
+    EXPECT_EQ(Routes.RoutePointsSet.RecordCount(), 1);
+    EXPECT_EQ(Screen.Asked["redraw"], 2);
+    Routes.cmdRouteDelete(); // answered with No
+    EXPECT_EQ(Routes.RoutesSet.RecordCount(), 2);
+    Boxes.Answer = true;
+    Routes.cmdRouteDelete();
+    EXPECT_EQ(Boxes.Shown.back(), "|The Route - B - will be deleted ?");
+    EXPECT_EQ(Selected() + std::to_string(Routes.RoutePointsSet.RecordCount()), "A2");
+    Shared.EnglishUI = 0;
+    Routes.cmdRouteDelete();
+    EXPECT_EQ(Boxes.Shown.back(), "|Soll die Strecke - A - gelöscht werden ?");
+    EXPECT_EQ(Routes.RoutePointsSet.RecordCount(), 0);
+    EXPECT_THAT(Numbers("GpsPoints"), IsEmpty());
+    const std::size_t asked = Boxes.Shown.size();
+    for (const auto deed :
+         {&RouteEditing::cmdRouteDelete, &RouteEditing::cmdAddwaypoint, &RouteEditing::cmdDeleteWaypoint})
+        (Routes.*deed)();
+    EXPECT_EQ(Boxes.Shown.size(), asked);
+}
+
+TEST_F(RouteEditingTest, ANumberHeadSortsAndKeepsTheRow) {
+    AddRoute("A", {6.3, 7.0, 7.3});
+    AddRoute("B", {7.3});
+    Load();
+    Routes.PointsHeadClick(1);
+    Routes.RoutePointsSet.Sort("Name", false);
+    Routes.RoutePointsSet.MoveFirst();
+    Routes.PointsHeadClick(0);
+    EXPECT_EQ(PlaceInRoute(), "3P3");
+    Routes.RoutesSet.MoveLast();
+    Routes.RoutesHeadClick(0);
+    EXPECT_EQ(Selected(), "B");
+    EXPECT_EQ(Routes.RoutePointsSet.RecordCount(), 1);
+}
+
+TEST_F(RouteEditingTest, WhatTheStoreRefusesLeavesListsAsTheyWere) {
+    AddRoute("A", {6.3, 7.0, 7.3});
+    Load();
+    Routes.RoutePointsSet.MoveNext();
+    Sql("DELETE FROM Waypoints");
+    Points.WaypointsSet.Requery();
+    EXPECT_THROW(Routes.cmdAddwaypoint(), RuntimeError); // no waypoint to copy
+    EXPECT_EQ(PlaceInRoute(), "2P2");
+    Sql("CREATE TRIGGER Full BEFORE UPDATE ON GpsPoints BEGIN SELECT RAISE(ABORT, 'full'); END");
+    EXPECT_THROW(Routes.cmdDeleteWaypoint(), RuntimeError);
+    EXPECT_EQ(PlaceInRoute(), "2P2");
+    Sql("CREATE TRIGGER Held BEFORE DELETE ON Route BEGIN SELECT RAISE(ABORT, 'held'); END");
+    Boxes.Answer = true;
+    EXPECT_THROW(Routes.cmdRouteDelete(), RuntimeError);
+    EXPECT_EQ(Selected() + PlaceInRoute(), "A2P2");
+    EXPECT_THAT(Numbers("GpsPoints"), ElementsAre("1 P1", "2 P2", "3 P3"));
+}
+
+} // namespace
+} // namespace ornivane

@@ -1,0 +1,195 @@
+#include <QComboBox>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMessageBox>
+#include <QPainter>
+#include <QTableView>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include "calibration/frmCalRect.h"
+#include "calibration/frmCalibrate.h"
+#include "geo/NavigationMaths.h"
+#include "platform/qt/Events.h"
+#include "platform/qt/QtDialogs.h"
+#include "platform/qt/QtNotice.h"
+#include "platform/qt/SurfaceWidget.h"
+#include "support/FlightFolder.h"
+
+namespace ornivane {
+namespace {
+
+// A chart of 2000 x 1000 pixels over 6 to 8° E and 50 to 51° N that the store does not know yet.
+class CalibrationFormsTest : public testing::Test, protected FlightFolder {
+protected:
+    CalibrationFormsTest() {
+        QImage chart(2000, 1000, QImage::Format_RGB32);
+        chart.fill(Qt::white);
+        chart.setPixelColor(500, 900, Qt::red);
+        for (const char* name : {"alpha.jpg", "zulu.jpg", "scan.jpg"})
+            chart.save(QString::fromStdString((Folder.Path() / "Karten" / name).string()), "JPG", 100);
+        chart.save(QString::fromStdString((Folder.Path() / "Karten" / "dot.bmp").string()), "BMP");
+        Sql("INSERT INTO Waypoints (Name, Lat, Long) VALUES ('Hill', 50.564, 7.36), ('Hilltop', 1, 2)");
+        Shared.MapsSet.Open(Shared.DataConn, "SELECT * FROM Maps WHERE Active = 1 ORDER BY Name");
+        Shared.EnglishUI = 1;
+        Form = std::make_unique<frmCalibrate>(Shared, Guard, Dialogs);
+        Form->resize(1024, 640);
+        Form->show();
+        Form->Form_Activate();
+    }
+    template <typename Widget>
+    Widget& Find(QWidget& of, const char* name) {
+        auto* widget = of.findChild<Widget*>(name);
+        if (!widget) throw std::runtime_error(std::string("no widget ") + name);
+        return *widget;
+    }
+    std::string Edge(int index) {
+        return Find<QLineEdit>(*Form, ("tKarten" + std::to_string(index)).c_str()).text().toStdString();
+    }
+    frmCalRect& OpenCalibration(const char* chart) {
+        auto& list = Find<QListWidget>(*Form, "listKarten");
+        list.setCurrentItem(list.findItems(chart, Qt::MatchExactly).first());
+        QTest::mouseClick(&Find<QWidget>(*Form, "cmdCalibrate"), Qt::LeftButton);
+        auto* form = Form->findChild<frmCalRect*>("frmCalRect");
+        if (!form) throw std::runtime_error("no frmCalRect");
+        return *form;
+    }
+    // Answers the next box and keeps what it said.
+    void AnswerBox() {
+        QTimer::singleShot(0, Form.get(), [this] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            if (!box) return AnswerBox();
+            Said = (box->windowTitle() + "|" + box->text() + "|" + box->informativeText()).toStdString();
+            QTest::keyClick(box, Qt::Key_Return);
+        });
+    }
+    // By keys alone: the cross-hair to a pixel of the image.
+    void Steer(frmCalRect& form, double x, double y) {
+        auto& map = Find<SurfaceWidget>(form, "picMap");
+        for (int step = 0; step < 4000; ++step) {
+            const auto at = [&](const char* field) { return Find<QLineEdit>(form, field).text().toDouble(); };
+            const double dx = x - at("tx"), dy = y - at("ty");
+            const double pixel = static_cast<double>(form.Logic().View.SW) / map.width();
+            if (std::abs(dx) < pixel && std::abs(dy) < pixel) return;
+            const bool across = std::abs(dx) >= std::abs(dy);
+            const double left = across ? dx : dy;
+            const Qt::Key key =
+                across ? (dx > 0 ? Qt::Key_Right : Qt::Key_Left) : (dy > 0 ? Qt::Key_Down : Qt::Key_Up);
+            QTest::keyClick(&map, key, std::abs(left) > 20 * pixel ? Qt::ControlModifier : Qt::ShiftModifier);
+        }
+        ADD_FAILURE() << "never got there";
+    }
+
+    QtNotice Notices;
+    QtDialogs Dialogs;
+    EventGuard Guard{Notices, [this] { return Shared.EnglishUI == 1; }};
+    std::unique_ptr<frmCalibrate> Form;
+    std::string Said;
+};
+
+TEST_F(CalibrationFormsTest, AChartIsCalibratedByTheKeyboardAlone) {
+    frmCalRect& form = OpenCalibration("scan.jpg");
+    auto& map = Find<SurfaceWidget>(form, "picMap");
+    QTest::keyClick(&map, Qt::Key_PageDown);
+    EXPECT_EQ(form.Logic().SlideMap, 5);
+    for (int i = 0; i < 20; ++i) QTest::keyClick(&map, Qt::Key_PageDown);
+    Steer(form, 500, 900);
+    QTest::keyClick(&map, Qt::Key_Return);
+    QTest::keyClick(&map, '5');
+    auto& lat = Find<QLineEdit>(form, "tLat1");
+    QTest::keyClicks(&lat, "0,06");
+    QTest::keyClick(&lat, Qt::Key_Return);
+    auto& longitude = Find<QLineEdit>(form, "tLong1");
+    EXPECT_TRUE(form.focusWidget() == &longitude);
+    QTest::keyClicks(&longitude, "6.3");
+    QTest::keyClick(&longitude, Qt::Key_Return);
+    EXPECT_FALSE(lat.isEnabled());
+    EXPECT_TRUE(form.focusWidget() == &map);
+
+    Steer(form, 1600, 60);
+    QTest::keyClick(&map, Qt::Key_Return);
+    QTest::keyClick(&map, 'h');
+    auto& find = Find<QLineEdit>(form, "tQuickfind2");
+    QTest::keyClick(&find, Qt::Key_Down);
+    EXPECT_EQ(Find<QLineEdit>(form, "tLong2").text(), "2");
+    QTest::keyClick(&find, Qt::Key_Up);
+    AnswerBox();
+    QTest::keyClick(&find, Qt::Key_Return);
+    EXPECT_EQ(Said.rfind("Map calibrated|Map calibrated|One pixel: ", 0), 0u) << Said;
+    QTest::qWait(1); // the form deletes itself
+    // To two pixels: zoomed out, a step of the cross-hair is three of them.
+    EXPECT_NEAR(ToDecimalDegrees(std::stod(Edge(0))), 50, 0.005);
+    EXPECT_NEAR(ToDecimalDegrees(std::stod(Edge(1))), 51, 0.005);
+    EXPECT_NEAR(ToDecimalDegrees(std::stod(Edge(2))), 6, 0.005);
+    EXPECT_NEAR(ToDecimalDegrees(std::stod(Edge(3))), 8, 0.005);
+    EXPECT_FALSE(Form->findChild<frmCalRect*>());
+}
+
+// Also with the picture scrolled and at the strongest zoom: the one red pixel is found where it is shown.
+TEST_F(CalibrationFormsTest, AClickHitsThePixelUnderThePointerAndADragIsNone) {
+    frmCalRect& form = OpenCalibration("dot.bmp");
+    auto& map = Find<SurfaceWidget>(form, "picMap");
+    form.Logic().View.SX = 460;
+    form.Logic().View.SY = 880;
+    form.Logic().SlideMap_Scroll(SlideMin);
+    const QImage shown = map.grab().toImage();
+    QPoint red(-1, -1);
+    for (int y = 0; y < shown.height() && red.x() < 0; ++y)
+        for (int x = 0; x < shown.width() && red.x() < 0; ++x)
+            if (const QColor c = shown.pixelColor(x, y); c.red() > 150 && c.green() < 110) red = {x, y};
+    ASSERT_GE(red.x(), 0);
+    QTest::mouseClick(&map, Qt::LeftButton, {}, red + QPoint(3, 3));
+    EXPECT_NEAR(form.Logic().ClickX, 500.5, 0.5);
+    EXPECT_NEAR(form.Logic().ClickY, 900.5, 0.5);
+    QTest::mousePress(&map, Qt::LeftButton, {}, {50, 50});
+    QTest::mouseMove(&map, {90, 50});
+    QMouseEvent drag(QEvent::MouseMove, QPointF(90, 50), map.mapToGlobal(QPointF(90, 50)), Qt::NoButton,
+                     Qt::LeftButton, {});
+    QApplication::sendEvent(&map, &drag);
+    QTest::mouseRelease(&map, Qt::LeftButton, {}, {90, 50});
+    EXPECT_NEAR(form.Logic().ClickX, 500.5, 0.5);
+    QTest::keyClick(&map, Qt::Key_Escape);
+    EXPECT_FALSE(form.isVisible());
+}
+
+TEST_F(CalibrationFormsTest, TheCatalogueIsEditedAndTickedByKeyboard) {
+    auto& list = Find<QListWidget>(*Form, "listKarten");
+    EXPECT_EQ(list.count(), 4);
+    list.setFocus();
+    QTest::keyClick(&list, Qt::Key_Down);
+    QTest::keyClick(&list, Qt::Key_Down);
+    EXPECT_EQ(list.currentItem()->text(), "scan.jpg");
+    const char* texts[] = {"50", "51", "6", "8"};
+    for (int i = 0; i < 4; ++i) {
+        auto& field = Find<QLineEdit>(*Form, ("tKarten" + std::to_string(i)).c_str());
+        EXPECT_TRUE(i == 0 || Form->focusWidget() == &field);
+        field.setFocus();
+        QTest::keyClicks(&field, texts[i]);
+        QTest::keyClick(&field, Qt::Key_Return);
+    }
+    QTest::keyClick(Form->focusWidget(), Qt::Key_Space);
+    EXPECT_EQ(Shared.MapsSet.RecordCount(), 2);
+    list.setFocus();
+    QTest::keyClick(&list, Qt::Key_Space);
+    EXPECT_EQ(Shared.MapsSet.RecordCount(), 3);
+    EXPECT_EQ(list.currentItem()->checkState(), Qt::Checked);
+    auto& field = Find<QLineEdit>(*Form, "tKarten0");
+    QTest::keyClicks(&field, "9");
+    QTest::keyClick(&field, Qt::Key_Escape);
+    EXPECT_EQ(field.text(), "50");
+}
+
+TEST_F(CalibrationFormsTest, AnImageThatCannotBeLoadedOpensNoCalibration) {
+    WriteFileAtomically(Folder.Path() / "Karten" / "zulu.jpg", "an image no more");
+    auto& list = Find<QListWidget>(*Form, "listKarten");
+    list.setCurrentItem(list.findItems("zulu.jpg", Qt::MatchExactly).first());
+    QTest::mouseClick(&Find<QWidget>(*Form, "cmdCalibrate"), Qt::LeftButton);
+    QTest::qWait(1);
+    EXPECT_FALSE(Form->findChild<frmCalRect*>("frmCalRect"));
+    EXPECT_FALSE(Notices.isHidden());
+}
+
+} // namespace
+} // namespace ornivane

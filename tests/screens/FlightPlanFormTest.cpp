@@ -1,0 +1,254 @@
+#include <QComboBox>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QProcess>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QTest>
+#include <cmath>
+
+#include <gtest/gtest.h>
+
+#include "flightplan/frmFlugPlan.h"
+#include "flightplan/frmPlanGrid.h"
+#include "flightplan/frmReport.h"
+#include "platform/qt/Events.h"
+#include "platform/qt/QtNotice.h"
+#include "support/FlightFolder.h"
+#include "support/ScriptedDialogs.h"
+
+namespace ornivane {
+namespace {
+
+class FlightPlanFormTest : public testing::Test, protected FlightFolder {
+protected:
+    FlightPlanFormTest() {
+        AddRoute("R", {6.3, 7.0, 7.3, 8.0, 8.3, 9.0});
+        AddRoute("S", {6.4, 7.4});
+        Shared.EnglishUI = 1;
+        Form = std::make_unique<frmFlugPlan>(
+            frmFlugPlan::Services{Shared, Guard, Boxes, Notices, [this] { ++Missing; }});
+        Form->resize(1024, 640);
+        Form->show();
+        Form->Form_Activate();
+    }
+    template <typename Widget>
+    Widget& Find(const char* name) {
+        auto* widget = Form->findChild<Widget*>(name);
+        if (!widget) throw std::runtime_error(std::string("no widget ") + name);
+        return *widget;
+    }
+    std::string Cell(int row, int column) {
+        auto& model = *Find<frmPlanGrid>("gridFlug").model();
+        return model.index(row, column).data().toString().toStdString();
+    }
+    // The one that is open; a closed one lives on for a moment.
+    QLineEdit* Editor() {
+        for (QLineEdit* field : Find<frmPlanGrid>("gridFlug").findChildren<QLineEdit*>("cell"))
+            if (field->isVisible()) return field;
+        return nullptr;
+    }
+
+    QtNotice Notices;
+    ScriptedDialogs Boxes;
+    EventGuard Guard{Notices, [this] { return Shared.EnglishUI == 1; }};
+    std::unique_ptr<frmFlugPlan> Form;
+    int Missing = 0;
+};
+
+TEST_F(FlightPlanFormTest, TheGridIsEditedAsASpreadsheet) {
+    auto& grid = Find<frmPlanGrid>("gridFlug");
+    grid.setFocus();
+    grid.setCurrentIndex(grid.model()->index(1, 5));
+    QTest::keyClick(grid.viewport(), '2'); // typing begins the edit
+    ASSERT_TRUE(Editor());
+    QTest::keyClicks(Editor(), "70");
+    QTest::keyClick(Editor(), Qt::Key_Tab);
+    EXPECT_EQ(Cell(1, 5), "270");
+    EXPECT_EQ(grid.currentIndex().column(), 6);
+    QTest::qWait(1);
+    ASSERT_TRUE(Editor());
+    Editor()->selectAll();
+    QTest::keyClicks(Editor(), "1O");
+    QTest::keyClick(Editor(), Qt::Key_Return); // refused: the cell keeps focus and text
+    QTest::qWait(1);
+    EXPECT_EQ(Boxes.Shown, std::vector<std::string>{"Datenfehler|Fehler in der Dateneingabe"});
+    QTest::qWait(60);
+    ASSERT_TRUE(Editor());
+    EXPECT_EQ(Editor()->text(), "1O");
+    EXPECT_EQ(grid.currentIndex(), grid.model()->index(1, 6));
+    EXPECT_EQ(Cell(1, 6), "0");
+    Editor()->selectAll();
+    QTest::keyClicks(Editor(), "12,5");
+    QTest::keyClick(Editor(), Qt::Key_Return);
+    QTest::qWait(1);
+    EXPECT_EQ(Cell(1, 6), "12.5");
+    EXPECT_EQ(grid.currentIndex(), grid.model()->index(2, 6)); // Enter goes down
+    QTest::keyClick(&grid, Qt::Key_F2);
+    ASSERT_TRUE(Editor());
+    QTest::keyClicks(Editor(), "99");
+    QTest::keyClick(Editor(), Qt::Key_Escape);
+    EXPECT_EQ(Cell(2, 6), "0");
+    EXPECT_EQ(Boxes.Shown.size(), 1u);
+    // The last editable cell of a row goes on to the next row's first, and nothing else can be edited.
+    QTest::qWait(1);
+    QTest::keyClick(&grid, Qt::Key_Tab);
+    EXPECT_EQ(grid.currentIndex(), grid.model()->index(3, 2));
+    grid.setCurrentIndex(grid.model()->index(0, 4));
+    QTest::keyClicks(grid.viewport(), "5");
+    EXPECT_EQ(Cell(0, 4), "0");
+}
+
+TEST_F(FlightPlanFormTest, AWrongEntryTakesTheFocusAndAnErrorIsANotice) {
+    auto& speed = Find<QLineEdit>("tSpeed");
+    speed.selectAll();
+    QTest::keyClicks(&speed, "0");
+    QTest::mouseClick(&Find<QPushButton>("cmdCalc"), Qt::LeftButton);
+    EXPECT_TRUE(Form->focusWidget() == &speed);
+    EXPECT_TRUE(speed.styleSheet().contains("#ffc0c0"));
+    QTest::mouseDClick(&speed, Qt::LeftButton);
+    EXPECT_EQ(speed.text(), "");
+    QTest::keyClicks(&speed, "100");
+    auto& wind = Find<QLineEdit>("tWindspeed");
+    wind.selectAll();
+    QTest::keyClicks(&wind, "100");
+    Find<QLineEdit>("tWinddir").setText("90");
+    emit Find<QLineEdit>("tWinddir").textEdited("90");
+    const std::string before = Cell(1, 9);
+    QTest::mouseClick(&Find<QPushButton>("cmdCalc"), Qt::LeftButton); // about 90: no ground speed
+    EXPECT_EQ(Cell(1, 9), before);
+    EXPECT_FALSE(Notices.isHidden());
+}
+
+TEST_F(FlightPlanFormTest, CaptionsFollowTheLanguageAndTheRouteItsPlan) {
+    EXPECT_EQ(Find<QPushButton>("cmdRevert").text(), "Cancel calculation");
+    Shared.EnglishUI = 0;
+    Form->ApplyLanguage();
+    EXPECT_EQ(Find<QPushButton>("cmdRevert").text(), "Berechnung rückgängig");
+    auto& routes = Find<QComboBox>("cmbRoute");
+    routes.setCurrentIndex(1);
+    emit routes.activated(1);
+    EXPECT_EQ(Find<QLabel>("tDatei").text(), "Plan der Strecke: S");
+    EXPECT_EQ(Find<frmPlanGrid>("gridFlug").model()->rowCount(), 2);
+}
+
+// ---- The printed log ----
+
+struct Word {
+    double X, Y; // points from the top left of the page
+    QString Text;
+};
+
+std::vector<std::vector<Word>> WordsOf(const QString& pdf) {
+    QProcess reader;
+    reader.start("pdftotext", {"-bbox", pdf, "-"});
+    reader.waitForFinished();
+    std::vector<std::vector<Word>> pages;
+    const QRegularExpression word(R"r(<word xMin="([\d.]+)" yMin="([\d.]+)"[^>]*>([^<]*)<)r");
+    for (const QString& line : QString::fromUtf8(reader.readAllStandardOutput()).split('\n')) {
+        if (line.contains("<page ")) pages.emplace_back();
+        const auto match = word.match(line);
+        if (match.hasMatch() && !pages.empty())
+            pages.back().push_back(
+                {match.captured(1).toDouble(), match.captured(2).toDouble(), match.captured(3)});
+    }
+    return pages;
+}
+
+// The page at 150 dpi: rows of grey values.
+struct Raster {
+    int Width = 0, Height = 0;
+    QByteArray Pixels;
+    bool IsDark(int x, int y) const { return static_cast<unsigned char>(Pixels[y * Width + x]) < 160; }
+};
+
+Raster Render(const QString& pdf, int page) {
+    QProcess painter;
+    const QString number = QString::number(page);
+    painter.start("pdftoppm", {"-r", "150", "-gray", "-f", number, "-l", number, pdf});
+    painter.waitForFinished();
+    QByteArray pgm = painter.readAllStandardOutput();
+    const QList<QByteArray> head = pgm.left(40).split('\n');
+    Raster raster;
+    if (head.size() < 3) return raster;
+    raster.Width = head[1].split(' ')[0].toInt();
+    raster.Height = head[1].split(' ')[1].toInt();
+    raster.Pixels = pgm.right(static_cast<qsizetype>(raster.Width) * raster.Height);
+    return raster;
+}
+
+class PrintedLogTest : public FlightPlanFormTest {
+protected:
+    static constexpr double PixelsPerTwip = 150.0 / 1440, PaperWidth = 11906, Top = 567;
+    static double Left() { return (PaperWidth - report::Width) / 2; }
+
+    QString Print(const std::vector<double>& longitudes) {
+        AddRoute("Printed", longitudes);
+        Form->Form_Activate();
+        FlightPlan& plan = Form->Logic();
+        plan.cmbRoute_Click(2);
+        const auto file = Folder.Path() / "plan.pdf";
+        Boxes.File = file;
+        QTest::mouseClick(&Find<QPushButton>("cmdPDF"), Qt::LeftButton);
+        EXPECT_EQ(Boxes.FileAsked->Start.filename(), "Printed.pdf");
+        return QString::fromStdString(file.string());
+    }
+    void ExpectPage(const report::Page& page, const std::vector<Word>& words, const Raster& raster) {
+        ASSERT_GT(raster.Width, 1000);
+        for (const report::Item& item : page) {
+            const double x = (Left() + item.Left) * PixelsPerTwip, y = (Top + item.Top) * PixelsPerTwip;
+            if (item.What == report::Item::Kind::Line)
+                ExpectLine(item, raster, x, y);
+            else
+                ExpectText(item, words, x, y);
+        }
+    }
+    // Dark along its whole length, at most a pixel beside its place.
+    void ExpectLine(const report::Item& item, const Raster& raster, double x, double y) {
+        const bool across = item.Height == 0;
+        const int length = static_cast<int>((across ? item.Width : item.Height) * PixelsPerTwip) - 2;
+        const auto darkAt = [&](int beside) {
+            for (int i = 2; i < length; i += 5) {
+                const int px = static_cast<int>(x) + (across ? i : beside);
+                const int py = static_cast<int>(y) + (across ? beside : i);
+                if (!raster.IsDark(px, py)) return false;
+            }
+            return true;
+        };
+        EXPECT_TRUE(darkAt(0) || darkAt(1) || darkAt(-1)) << item.Name << " at " << x << ", " << y;
+    }
+    void ExpectText(const report::Item& item, const std::vector<Word>& words, double x, double y) {
+        const QString first =
+            QString::fromStdString(item.Text).split(QRegularExpression("\\s+"), Qt::SkipEmptyParts).value(0);
+        if (first.isEmpty()) return;
+        const double indent = item.Text[0] == ' ' ? 8 : 0;
+        const bool there = std::any_of(words.begin(), words.end(), [&](const Word& word) {
+            const double wx = word.X * 150 / 72, wy = word.Y * 150 / 72;
+            return first.startsWith(word.Text.left(8)) && std::abs(wx - x) <= 1 + indent &&
+                   std::abs(wy - y) <= 6;
+        });
+        EXPECT_TRUE(there) << item.Name << " [" << item.Text << "] at " << x << ", " << y;
+    }
+    void ExpectPrinted(std::size_t points, std::size_t pageCount) {
+        std::vector<double> longitudes;
+        for (std::size_t i = 0; i < points; ++i)
+            longitudes.push_back(6 + static_cast<double>(i / 6) + static_cast<double>(i % 6) / 10);
+        const QString pdf = Print(longitudes);
+        FlightPlan& plan = Form->Logic();
+        const auto pages = report::LayOut(
+            plan.PlanSet, {plan.lblDistanz, plan.lblZeit, plan.Entries[1], plan.lblFF, plan.lblAvgWind},
+            16838 - 2 * 567, Shared.Locale);
+        const auto words = WordsOf(pdf);
+        ASSERT_EQ(words.size(), pageCount);
+        ASSERT_EQ(pages.size(), pageCount);
+        for (std::size_t i = 0; i < pages.size(); ++i)
+            ExpectPage(pages[i], words[i], Render(pdf, static_cast<int>(i) + 1));
+    }
+};
+
+TEST_F(PrintedLogTest, SixPointsStandWhereTheLayoutHasThem) { ExpectPrinted(6, 1); }
+
+TEST_F(PrintedLogTest, SixtyPointsGoOverFourPages) { ExpectPrinted(60, 4); }
+
+} // namespace
+} // namespace ornivane

@@ -1,0 +1,187 @@
+#include "screens/PlanningPanelsFixture.h"
+
+#include <QComboBox>
+#include <QPushButton>
+#include <gmock/gmock.h>
+
+namespace ornivane {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+const char* const StoredPoints =
+    "SELECT CAST(p.Nummer AS INTEGER), r.Name, w.Name, p.Name, p.Lat, p.Long FROM GpsPoints p "
+    "LEFT JOIN Route r ON r.RouteID = p.RouteID LEFT JOIN Waypoints w ON w.PointID = "
+    "p.PointID ORDER BY p.RouteID, p.Nummer";
+
+// One waypoint of them is new, one point is put in between, and one too many is taken out again.
+const auto SixPoints = ElementsAre("1 Tour Bonn Bonn 50.44 7.06", "2 Tour D'Arc D'Arc -12.5 -7.3",
+                                   "3 Tour Cork Cork -33.5 -8.3", "4 Tour aachen aachen 50.4633 6.0512",
+                                   "5 Tour D'Arc D'Arc -12.5 -7.3", "6 Tour Zug Zug 47.1 8.31");
+
+TEST_F(PlanningPanelsTest, ARouteOfSixPointsIsPlannedByKeyboardAlone) {
+    Boxes.Inputs = {"Tour"};
+    const auto tabTo = [this](const char* name) {
+        for (int i = 0; i < 30 && Focus() != name; ++i) Key(Qt::Key_Tab);
+        ASSERT_EQ(Focus(), name);
+    };
+    const auto add = [&](const char* name) {
+        tabTo("tquickfind");
+        Key(Qt::Key_Escape);
+        Type(name);
+        Key(Qt::Key_Return); // to the list
+        Key(Qt::Key_Return); // into the route
+    };
+    tabTo("cmdNewRoute");
+    Key(Qt::Key_Return);
+    add("bo");
+    tabTo("tWaypoint1");
+    QTest::keyClicks(QApplication::focusWidget(), "D'Arc");
+    Key(Qt::Key_Tab);
+    Type("12,5");
+    Key(Qt::Key_Tab);
+    Type("s");
+    Key(Qt::Key_Tab);
+    Type("7.3");
+    Key(Qt::Key_Tab);
+    Key(Qt::Key_Space);
+    EXPECT_EQ(Text("tNS") + Text("tEW"), "SW");
+    Key(Qt::Key_Return);
+    EXPECT_EQ(Seen(), "D'Arc 4 / 5");
+    Key(Qt::Key_Return);
+    add("aa");
+    for (int i = 0; i < 3; ++i) Key(Qt::Key_Down);
+    EXPECT_EQ(Seen(), "D'Arc 4 / 5");
+    Key(Qt::Key_Return);
+    Key(Qt::Key_Return); // once too often
+    tabTo("cmdDeleteWaypoint");
+    Key(Qt::Key_Space);
+    add("zug");
+    tabTo("gridPoints");
+    Key(Qt::Key_PageUp);
+    EXPECT_EQ(Focus(), "gridWaypoints"); // the keys stay with the waypoints
+    tabTo("gridPoints");
+    Key(Qt::Key_Down);
+    add("c");
+    EXPECT_THAT(Rows(StoredPoints), SixPoints);
+    EXPECT_THAT(Rows("SELECT Name, Lat, Long, Kategorie FROM Waypoints WHERE PointID > 4"),
+                ElementsAre("D'Arc -12.5 -7.3 "));
+    EXPECT_THAT(Numbers("Route"), ElementsAre("1 Tour"));
+    EXPECT_THAT(Boxes.Shown, ElementsAre("|New Route"));
+}
+
+TEST_F(PlanningPanelsTest, ARouteOfSixPointsIsPlannedByMouseAlone) {
+    Boxes.Inputs = {"Tour"};
+    Click("cmdNewRoute");
+    const auto add = [this](int row) {
+        ClickRow("gridWaypoints", row);
+        Click("cmdAddwaypoint");
+    };
+    add(1);
+    // A double click on the chart leaves the position and asks for a name, which is all there is to type.
+    WaypointRoom.tWaypoint = {"", "", "12.5", "7.3"};
+    Left->ShowState();
+    QTest::keyClicks(&Find<QWidget>("tWaypoint1"), "D'Arc");
+    Click("tNS");
+    Click("tEW");
+    Click("cmdNew");
+    EXPECT_EQ(Seen(), "D'Arc 4 / 5");
+    Click("cmdAddwaypoint");
+    add(0);
+    for (int i = 0; i < 3; ++i) Click("cmdNext");
+    Click("cmdAddwaypoint");
+    Click("cmdAddwaypoint");
+    Click("cmdDeleteWaypoint");
+    Click("cmdNext");
+    EXPECT_EQ(Seen(), "Zug 5 / 5");
+    Click("cmdAddwaypoint");
+    ClickRow("gridPoints", 1);
+    add(2);
+    EXPECT_THAT(Rows(StoredPoints), SixPoints);
+    EXPECT_THAT(Boxes.Shown, ElementsAre("|New Route"));
+}
+
+TEST_F(PlanningPanelsTest, FieldsMarkedRowAndCounterAlwaysTellOfOneWaypoint) {
+    EXPECT_EQ(Seen(), "aachen 1 / 4");
+    auto& grid = Find<QTableView>("gridWaypoints");
+    ClickRow("gridWaypoints", 2);
+    EXPECT_EQ(Seen(), "Cork 3 / 4");
+    grid.setFocus();
+    for (const int key : {Qt::Key_Up, Qt::Key_Down, Qt::Key_Down, Qt::Key_Down}) Key(key);
+    EXPECT_EQ(Seen(), "Zug 4 / 4"); // one row for a key, and no further than the end
+    Click("cmdDelete");
+    EXPECT_EQ(Seen(), "Cork 3 / 3");
+    QTest::mouseClick(grid.horizontalHeader()->viewport(), Qt::LeftButton, {}, {20, 8});
+    EXPECT_EQ(Seen(), "Cork 3 / 3");
+    Sql("INSERT INTO Waypoints (Name, Lat, Long, Kategorie) VALUES ('Aalen', 48, 10, 'See')");
+    WaypointRoom.WaypointsSet.Requery(); // another screen
+    EXPECT_EQ(Seen(), "aachen 1 / 4");
+    auto& list = Find<QComboBox>("cmbKat");
+    list.setCurrentIndex(2);
+    emit list.activated(2);
+    EXPECT_EQ(Seen(), "Aalen 1 / 2");
+    EXPECT_EQ(QApplication::focusWidget(), Map);
+    QTest::keyClicks(&Find<QWidget>("tquickfind"), "c");
+    EXPECT_EQ(Seen(), "Cork 2 / 2");
+    WaypointRoom.FillCategories();
+    Left->ShowState();
+    EXPECT_EQ(list.currentText(), "Alle Wegpunkte");
+    EXPECT_EQ(Seen(), "Cork 4 / 4");
+    EXPECT_FALSE(grid.model()->flags(grid.model()->index(0, 0)) & Qt::ItemIsEditable);
+}
+
+TEST_F(PlanningPanelsTest, EnterAndEscapeActOnceAndWhereTheyWerePressed) {
+    auto& name = Find<QLineEdit>("tWaypoint1");
+    Type("Bonn");
+    Key(Qt::Key_Return);
+    EXPECT_THAT(Boxes.Shown,
+                ElementsAre("Data error|The waypoint already exists. Please choose another name."));
+    EXPECT_EQ(Focus() + " " + Text("tWaypoint1"), "tWaypoint1 Bonn"); // to be corrected there
+    QTest::keyRelease(&name, Qt::Key_Return);                         // the Enter that closed the message
+    EXPECT_EQ(Boxes.Shown.size(), 1u);
+    Find<QLineEdit>("tWaypoint2").setText("x");
+    WaypointRoom.tWaypoint[2] = "x";
+    Key(Qt::Key_Return);
+    EXPECT_EQ(Focus(), "tWaypoint2");
+    Key(Qt::Key_Escape);
+    EXPECT_EQ(Seen() + Text("tWaypoint2"), "Bonn 2 / 450.44");
+    Key(Qt::Key_Down);
+    EXPECT_EQ(Focus() + Seen(), "gridWaypointsCork 3 / 4");
+    QTest::mouseDClick(&name, Qt::LeftButton);
+    EXPECT_EQ(Text("tWaypoint1"), "");
+    Click("tNS");
+    Click("tNS");
+    Click("tNS");
+    EXPECT_EQ(Text("tNS"), "N");
+    QTest::keyClicks(&Find<QWidget>("tquickfind"), "zu");
+    EXPECT_EQ(Seen(), "Zug 4 / 4");
+    QTest::keyClick(&Find<QWidget>("tquickfind"), Qt::Key_Up);
+    QTest::keyClick(&Find<QWidget>("tquickfind"), Qt::Key_Shift);
+    EXPECT_EQ(Seen(), "Cork 3 / 4");
+    QTest::keyClick(&Find<QWidget>("tquickfind"), Qt::Key_Escape);
+    EXPECT_EQ(Text("tquickfind") + Seen(), "Cork 3 / 4");
+    EXPECT_THAT(Numbers("GpsPoints"), IsEmpty());
+}
+
+TEST_F(PlanningPanelsTest, TheRouteIsShownByOneButtonAndHiddenByItsLitTwinOrTheLength) {
+    const auto visible = [this] {
+        return std::string(Find<QWidget>("cmdshowRoute").isVisible() ? "show" : "") +
+               (Find<QWidget>("picShowRoute").isVisible() ? "hide" : "");
+    };
+    EXPECT_EQ(visible(), "hide"); // shown from the start
+    Click("picShowRoute");
+    EXPECT_EQ(visible(), "show");
+    Find<QWidget>("cmdshowRoute").setFocus();
+    Key(Qt::Key_Space);
+    EXPECT_EQ(visible() + Focus(), "hidepicShowRoute");
+    Click("picShowRoute");
+    Click("cmdshowRoute");
+    RouteRoom.lblRouteDistanz = "123 NM";
+    Right->ShowState();
+    Click("lblRouteDistanz");
+    EXPECT_EQ(visible(), "show");
+}
+
+} // namespace
+} // namespace ornivane

@@ -1,0 +1,186 @@
+#include "tracks/TrackManager.h"
+
+#include <fstream>
+#include <sstream>
+
+#include <gtest/gtest.h>
+
+#include "base/Format.h"
+#include "base/RuntimeError.h"
+#include "store/Recordset.h"
+#include "support/FlightFolder.h"
+#include "support/ScriptedDialogs.h"
+
+namespace ornivane {
+namespace {
+
+// Three tracks: 1 with two points, 2 with one, 4 with none.
+class TrackManagerTest : public testing::Test, protected FlightFolder {
+protected:
+    TrackManagerTest() {
+        CreateStore(Folder.Path() / "track.ovd", StoreKind::Track);
+        Logger.Open(Folder.Path() / "track.ovd", Connection::Mode::ReadWrite);
+        Logger.Execute(
+            "INSERT INTO List VALUES (1, '23Nov26 - 10:00'), (2, '23Nov26 - 11:30'), (4, 'empty')");
+        Logger.Execute("INSERT INTO Track VALUES (1, 2, -33.123456, 151.5, -12.5, '2026-11-23', '10:00:05'), "
+                       "(1, 1, 47, 0.5, 1234.5, '2026-11-23', '10:00:00'), "
+                       "(2, 1, 50.97835, -0.04999, NULL, '2026-11-23', '11:30:00')");
+        Shared.EnglishUI = 1;
+        Manager.Form_Load();
+    }
+    std::string Selected() const {
+        std::string text;
+        for (const auto& row : Manager.Rows)
+            if (row.Selected) text += std::to_string(row.Index) + " ";
+        return text;
+    }
+    std::string Stored() {
+        Recordset list;
+        list.Open(Logger, "SELECT * FROM List ORDER BY \"Index\"");
+        std::string text;
+        for (; !list.Eof(); list.MoveNext()) text += list.Text("Index") + " ";
+        list.Open(Logger, "SELECT * FROM Track");
+        return text + "with " + std::to_string(list.RecordCount());
+    }
+    // The expected files are written by hand: head.txt and bodies, in which \n stands for CR LF.
+    std::string ByHand(const std::string& name) {
+        std::ifstream file(SOURCE_DIR "/tests/tracks/" + name, std::ios::binary);
+        std::stringstream bytes;
+        bytes << file.rdbuf();
+        return bytes.str();
+    }
+    std::string Exported(void (TrackManager::*button)()) {
+        Boxes.File = Folder.Path() / "out.gpx";
+        (Manager.*button)();
+        return ReadWholeFile(*Boxes.File).value_or("none");
+    }
+
+    Connection Logger; // the recorder's connection stays open beside the manager's
+    ScriptedDialogs Boxes;
+    TrackManager Manager{Shared, Boxes};
+};
+
+TEST_F(TrackManagerTest, AClickTogglesAndThePointsFollowInOrder) {
+    EXPECT_EQ(Manager.lblRecords, "0 trackpoints");
+    Manager.listTrack_MouseUp(1);
+    EXPECT_EQ(Manager.lblRecords, "1 trackpoint");
+    Manager.listTrack_MouseUp(0);
+    Shared.EnglishUI = 0;
+    Manager.listTrack_MouseUp(2);
+    EXPECT_EQ(Manager.lblRecords, "3 Trackpunkte");
+    std::string order;
+    for (int i = 0; i < 3; ++i) {
+        const TrackPoint& point = Manager.TrackPointsSet.At(i);
+        order += std::to_string(point.Index) + "." + std::to_string(point.Number) + " ";
+    }
+    EXPECT_EQ(order, "1.1 1.2 2.1 ");
+    EXPECT_THROW(Manager.TrackPointsSet.At(3), RuntimeError);
+    Manager.listTrack_MouseUp(0);
+    Manager.listTrack_MouseUp(7);
+    EXPECT_EQ(Selected(), "2 4 ");
+    EXPECT_EQ(Manager.lblRecords, "1 Trackpunkt");
+}
+
+TEST_F(TrackManagerTest, DeletesWhatTheMessageListsAndKeepsABackup) {
+    Manager.listTrack_MouseUp(0);
+    Manager.listTrack_MouseUp(2);
+    Manager.cmdDelete_Click(); // answered with no
+    EXPECT_EQ(Boxes.Shown.back(), "Attention|Track: | 1 | 4 |  will be deleted ! ");
+    EXPECT_EQ(Stored(), "1 2 4 with 3");
+    EXPECT_FALSE(std::filesystem::exists(Folder.Path() / "track.bak"));
+    Boxes.Answer = true;
+    Manager.cmdDelete_Click();
+    EXPECT_EQ(Stored(), "2 with 1");
+    EXPECT_EQ(Manager.lblRecords, "0 trackpoints");
+    Connection backup;
+    backup.Open(Folder.Path() / "track.bak", Connection::Mode::ReadOnly);
+    Recordset old;
+    old.Open(backup, "SELECT * FROM Track");
+    EXPECT_EQ(old.RecordCount(), 3);
+    // The row that moved up still counts as chosen: the first click clears, the second one sets.
+    Manager.listTrack_MouseUp(0);
+    EXPECT_EQ(Selected(), "");
+    Manager.cmdDelete_Click();
+    EXPECT_EQ(Boxes.Shown.back(), "Attention|No tracks selected");
+    EXPECT_EQ(Stored(), "2 with 1");
+    Manager.listTrack_MouseUp(0);
+    EXPECT_EQ(Selected(), "2 ");
+}
+
+TEST_F(TrackManagerTest, ADeletionGoesOnWithoutItsBackupButNeverHalfway) {
+    std::filesystem::create_directories(Folder.Path() / "track.bak" / "in the way");
+    Boxes.Answer = true;
+    Manager.listTrack_MouseUp(1);
+    Manager.cmdDelete_Click();
+    EXPECT_EQ(Stored(), "1 4 with 2");
+    // A store that refuses the second statement keeps the points of the first.
+    Logger.Execute("CREATE TRIGGER refuse BEFORE DELETE ON List BEGIN SELECT RAISE(ABORT, 'no'); END");
+    Manager.listTrack_MouseUp(0);
+    EXPECT_THROW(Manager.cmdDelete_Click(), RuntimeError);
+    EXPECT_EQ(Stored(), "1 4 with 2");
+    EXPECT_EQ(Manager.lblRecords, "2 trackpoints");
+}
+
+TEST_F(TrackManagerTest, TheLoggerMayWriteMeanwhile) {
+    Manager.listTrack_MouseUp(1);
+    Logger.Execute("INSERT INTO Track VALUES (2, 2, 51, 7, 100, '2026-11-23', '11:30:05')");
+    EXPECT_EQ(Manager.TrackPointsSet.At(0).Number, 1);
+    Boxes.Answer = true;
+    Manager.cmdDelete_Click();
+    Logger.Execute("INSERT INTO Track VALUES (5, 1, 51, 7, 100, '2026-11-23', '11:30:10')");
+    EXPECT_EQ(Stored(), "1 4 with 3");
+}
+
+TEST_F(TrackManagerTest, ExportsTheBytesThatWereWrittenByHand) {
+    Manager.cmdTrack_Click(); // nothing selected: no dialog
+    EXPECT_FALSE(Boxes.FileAsked);
+    Manager.listTrack_MouseUp(0);
+    Manager.listTrack_MouseUp(1);
+    Shared.Locale.DecimalSeparator = ',';
+    EXPECT_EQ(Exported(&TrackManager::cmdTrack_Click), ByHand("track.gpx"));
+    EXPECT_EQ(Boxes.FileAsked->Start.filename(), "Track1.gpx");
+    EXPECT_EQ(Boxes.FileAsked->Preselected, 1u);
+    EXPECT_EQ(Exported(&TrackManager::cmdWpt_Click), ByHand("waypoints.gpx"));
+    EXPECT_EQ(Exported(&TrackManager::cmdWptTrack_Click), ByHand("both.gpx"));
+    EXPECT_TRUE(Boxes.Shown.empty());
+}
+
+// The quick way of writing degrees against the program's own pictures.
+TEST_F(TrackManagerTest, DegreesAreWrittenAsTheirPictureHasThem) {
+    Logger.Execute("DELETE FROM Track");
+    std::string expected;
+    int number = 0;
+    for (const double value :
+         {0.0, 0.00004, -0.00004, 0.00005, -0.00005, 1.00005, 8.0, -8.5, 0.5, 9.99995, 99.99994, 179.99999,
+          -179.99994, 12.3405, 50.12345, 50.1234499, 0.0001, 12345.6789, 1e9}) {
+        Logger.Execute("INSERT INTO Track VALUES (1, ?, ?, ?, 1, 'D', 'T')", {++number, value, value});
+        const std::string text = Format(value, "###.####", {});
+        expected += "lat=\"" + text + "\" lon=\"" + text + "\"\n";
+    }
+    Manager.listTrack_MouseUp(0);
+    std::istringstream lines(Exported(&TrackManager::cmdWpt_Click));
+    std::string written;
+    for (std::string line; std::getline(lines, line);)
+        if (line.rfind("<wpt ", 0) == 0) written += line.substr(5, line.size() - 7) + "\n";
+    EXPECT_EQ(written, expected);
+}
+
+TEST_F(TrackManagerTest, AFileThatCannotBeWrittenIsLeftInSilence) {
+    Manager.listTrack_MouseUp(0);
+    Boxes.File = Folder.Path() / "missing" / "out.gpx";
+    Manager.cmdTrack_Click();
+    Boxes.File.reset();
+    Manager.cmdTrack_Click(); // cancelled
+    EXPECT_TRUE(Boxes.Shown.empty());
+    EXPECT_FALSE(std::filesystem::exists(Folder.Path() / "missing"));
+}
+
+TEST_F(TrackManagerTest, WithoutAStoreThereIsNoManager) {
+    Logger.Close();
+    std::filesystem::remove(Folder.Path() / "track.ovd");
+    TrackManager other(Shared, Boxes);
+    EXPECT_THROW(other.Form_Load(), RuntimeError);
+}
+
+} // namespace
+} // namespace ornivane
