@@ -2,7 +2,6 @@
 
 #include <QCloseEvent>
 #include <QFontMetrics>
-#include <QPushButton>
 #include <QShortcut>
 #include <QVBoxLayout>
 

@@ -48,6 +48,14 @@ TEST_F(Settings, KeepsAllOverARestart) {
                                                         {"text cmbCom", "COM 1"},
                                                         {"text cmbBaud", "9600"}};
     for (const auto& [question, answer] : kept) EXPECT_EQ(program->Ask(question), answer) << question;
+
+    const std::pair<const char*, const char*> dialogs[] = {
+        {"cmdManager", "frmManager"}, {"cmdGetWaypoint", "frmGetWaypoints"}, {"cmdTrack", "frmTrack"}};
+    for (const auto& [button, dialog] : dialogs) {
+        program->Click(button);
+        EXPECT_TRUE(program->Visible(dialog)) << dialog;
+        program->Click(dialog == std::string("frmTrack") ? "cmdExit" : "cmdEnd");
+    }
 }
 
 } // namespace ornivane
