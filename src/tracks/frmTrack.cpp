@@ -29,7 +29,7 @@ constexpr std::array<std::pair<const char*, const char*>, 7> Heads{{{"Track", "T
                                                                     {"       Höhe", "     Altitude"},
                                                                     {"        Datum", "         Date"},
                                                                     {"          Zeit", "         Time"}}};
-constexpr std::array HeadWidths = {60, 90, 140, 140, 140, 100, 90};
+constexpr std::array HeadWidths = {50, 84, 122, 122, 122, 92, 70};
 
 } // namespace
 
