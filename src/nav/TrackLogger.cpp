@@ -44,6 +44,13 @@ void TrackLogger::Stop() {
     ShowStopped();
 }
 
+bool TrackLogger::RecordingExists() const {
+    Recordset list;
+    list.Open(shared.TrackConn, "SELECT * FROM List WHERE \"Index\" = ?",
+              {static_cast<std::int64_t>(TrackIndex)});
+    return list.RecordCount() > 0;
+}
+
 void TrackLogger::Form_Activate() {
     timeTrack.SetInterval(0);
     if (!shared.TrackEnabled || !shared.TrackConn.IsOpen()) {
@@ -52,6 +59,7 @@ void TrackLogger::Form_Activate() {
     }
     ShowStopped();
     if (shared.TrackAuto || !shared.TrackWasRunning || !TrackRecordset.IsOpen()) return;
+    if (!RecordingExists()) return; // deleted meanwhile: its samples would belong to no track
     ShowRunning();
     timeTrack.SetInterval(Interval());
 }

@@ -62,6 +62,7 @@ public:
 private:
     void Start();
     void Stop();
+    bool RecordingExists() const;
     void ShowStopped();
     void ShowRunning();
     void FitCount();

@@ -139,6 +139,17 @@ TEST_F(TrackLoggerTest, PausesWhileAnotherScreenIsInFront) {
     EXPECT_EQ(Buttons(), "");
 }
 
+TEST_F(TrackLoggerTest, ARecordingThatWasDeletedMeanwhileIsNotGoneOnWith) {
+    TrackLogger& logger = Begin(false);
+    logger.cmdRecord_Click();
+    Tick(2);
+    Screen->Form_Deactivate();
+    Shared.TrackConn.Execute("DELETE FROM List");
+    Screen->Form_Activate();
+    EXPECT_EQ(Buttons(), "hand ");
+    EXPECT_EQ(TrackTimer.Interval(), 0);
+}
+
 TEST_F(TrackLoggerTest, GoesOnWhenThereIsRoomAgain) {
     TrackLogger& logger = Begin(false);
     logger.cmdRecord_Click();
