@@ -1,5 +1,6 @@
 #include "nav/frmGPSmain.h"
 
+#include <QAbstractButton>
 #include <QComboBox>
 #include <QFrame>
 #include <QGridLayout>
@@ -156,6 +157,9 @@ void frmGPSmain::MakeStageButtons(QBoxLayout& layout) {
                                           {"picAPT3", [&view] { view.picAPT3_Click(); }}}},
                                         changed);
     layout.addWidget(airfieldButton);
+    for (const QWidget* stages : {airspaceButton, airfieldButton})
+        for (auto* button : stages->findChildren<QAbstractButton*>())
+            button->installEventFilter(this); // arrows mean the same on them as elsewhere
 }
 
 void frmGPSmain::MapPressed(QPointF at, Qt::MouseButton button) {

@@ -122,12 +122,14 @@ void frmGPSmain::ApplyPanelTexts() {
                               Text("Flugplätze mit Piste und Funk sind an; Klick: aus",
                                    "Airfields with runway and radio are on; click: off")});
     const auto line = [](const char* colours, const QString& text) {
-        return QString("<tr><td>%1</td><td>&nbsp;%2</td></tr>").arg(colours, text);
+        // On the white of a chart, by night too.
+        return QString("<tr><td style='background: #ffffff'>%1</td><td>&nbsp;%2</td></tr>")
+            .arg(colours, text);
     };
     lblLegend->setText(
         "<table>" +
         line("<span style='color:#ff0000'>━</span><span style='color:#000000'>━</span>",
-             Text("A, B, C, D und CTR", "A, B, C, D and CTR")) +
+             Text("A, B, C, D, CTR und übrige", "A, B, C, D, CTR and all others")) +
         line("<span style='color:#00c8c8'>━━</span>", "TMZ") +
         line("<span style='color:#ff8000'>━━</span>", Text("Gefahrengebiet", "Danger area")) +
         line("<span style='color:#8f35d9'>━━</span>", Text("Platzrunden", "Traffic patterns")) + "</table>");

@@ -1,6 +1,7 @@
 #include "nav/frmStageButton.h"
 
 #include <QGridLayout>
+#include <algorithm>
 
 #include "platform/qt/Events.h"
 #include "platform/qt/LampButton.h"
@@ -31,7 +32,13 @@ frmStageButton::frmStageButton(QWidget* parent, EventGuard& guard, const char* i
 
 void frmStageButton::ShowStage(bool on, bool withText) {
     const std::size_t stage = withText ? 2 : on ? 1 : 0;
-    for (std::size_t i = 0; i < buttons.size(); ++i) buttons[i]->setVisible(i == stage);
+    // The next one has the keys before the present one goes, or they would land on the neighbour.
+    const bool hadFocus = std::any_of(buttons.begin(), buttons.end(),
+                                      [](const LampButton* button) { return button->hasFocus(); });
+    buttons[stage]->setVisible(true);
+    if (hadFocus) buttons[stage]->setFocus();
+    for (std::size_t i = 0; i < buttons.size(); ++i)
+        if (i != stage) buttons[i]->setVisible(false);
 }
 
 void frmStageButton::SetTexts(const QString& caption, const std::array<QString, 3>& tips) {

@@ -18,6 +18,7 @@ using namespace ornivane;
 using namespace ornivane::airfields;
 using testing::ElementsAre;
 using testing::HasSubstr;
+#include "store/Schema.h"
 
 namespace {
 
@@ -144,11 +145,12 @@ TEST(AirfieldImport, TakesEveryAirportWhenAsked) {
 
 TEST(AirfieldImport, ReplacesAStoreOnlyWhenAskedAndOnlyByACompleteOne) {
     Imported import;
-    import.Write("ovdata.ovd", "the user's own");
+    CreateStore(import.Settings.Store, StoreKind::Airfields);
     const auto bytes = [&] {
         std::ifstream in(import.Settings.Store, std::ios::binary);
         return std::string(std::istreambuf_iterator<char>(in), {});
     };
+    const std::string before = bytes();
     EXPECT_EQ(import.Run(), Outcome::NothingWritten);
     import.Settings.Replace = true;
     const std::pair<const char*, const char*> broken[] = {
@@ -158,7 +160,7 @@ TEST(AirfieldImport, ReplacesAStoreOnlyWhenAskedAndOnlyByACompleteOne) {
         EXPECT_EQ(import.Run(), Outcome::NothingWritten);
         EXPECT_THAT(import.Errors, HasSubstr("nothing was written"));
     }
-    EXPECT_EQ(bytes(), "the user's own");
+    EXPECT_EQ(bytes(), before);
     import.WriteAll("ident,type,latitude_deg,longitude_deg,iso_country\nEDKB,small_airport,50,7,DE\n",
                     Runways);
     std::filesystem::remove(import.Folder.Path() / "countries.csv");
@@ -198,6 +200,19 @@ TEST(AirfieldImport, ReadsADatabase) {
 
     import.Settings.Replace = true;
     import.Write("airports.sqlite", "SQLite format 3 and no more");
+    EXPECT_EQ(import.Run(), Outcome::NothingWritten);
+}
+
+TEST(AirfieldImport, NeverReplacesWhatIsNoAirfieldStore) {
+    Imported import;
+    import.WriteAll(Airports, Runways);
+    import.Settings.Replace = true;
+    CreateStore(import.Folder.Path() / "data.ovd", StoreKind::Data);
+    import.Settings.Store = import.Folder.Path() / "data.ovd";
+    EXPECT_EQ(import.Run(), Outcome::NothingWritten);
+    EXPECT_THAT(import.Errors, HasSubstr("is no airfield store"));
+    EXPECT_THAT(import.Query("SELECT count(*) FROM Waypoints"), ElementsAre("0"));
+    import.Settings.Store = import.Folder.Path() / "airports.csv"; // the source itself
     EXPECT_EQ(import.Run(), Outcome::NothingWritten);
 }
 

@@ -1,12 +1,14 @@
 #include <QComboBox>
 #include <QMessageBox>
 #include <QPainter>
+#include <QPushButton>
 #include <QSlider>
 #include <QTableView>
 
 #include "base/Format.h"
 #include "common/SettingsFiles.h"
 #include "geo/NavigationMaths.h"
+#include "nav/frmStageButton.h"
 #include "platform/qt/LampButton.h"
 #include "platform/qt/SurfaceWidget.h"
 #include "screens/FlyingFormFixture.h"
@@ -178,6 +180,23 @@ TEST_F(FlyingFormTest, ABoxThatStandsStopsNothingAndDoesNotStackUp) {
         if (auto* box = qobject_cast<QMessageBox*>(window)) box->accept();
     QTest::qWait(0);
     EXPECT_EQ(boxes(), 0);
+}
+
+TEST_F(FlyingFormTest, AStageButtonKeepsTheKeysFromStageToStage) {
+    QWidget window;
+    int stage = 0;
+    frmStageButton* button = nullptr;
+    const auto show = [&] { button->ShowStage(stage >= 1, stage == 2); };
+    button = new frmStageButton(
+        &window, Guard, "airspace",
+        {{{"off", [&] { stage = 1; }}, {"on", [&] { stage = 2; }}, {"texts", [&] { stage = 0; }}}}, show);
+    new QPushButton(&window); // where the keys would go
+    window.show();
+    button->findChild<QWidget*>("off")->setFocus();
+    for (const char* name : {"on", "texts", "off"}) {
+        QTest::keyClick(window.focusWidget(), Qt::Key_Space);
+        EXPECT_EQ(window.focusWidget()->objectName(), name);
+    }
 }
 
 } // namespace
