@@ -33,8 +33,7 @@ frmStageButton::frmStageButton(QWidget* parent, EventGuard& guard, const char* i
 void frmStageButton::ShowStage(bool on, bool withText) {
     const std::size_t stage = withText ? 2 : on ? 1 : 0;
     // The next one has the keys before the present one goes, or they would land on the neighbour.
-    const bool hadFocus = std::any_of(buttons.begin(), buttons.end(),
-                                      [](const LampButton* button) { return button->hasFocus(); });
+    const bool hadFocus = std::count(buttons.begin(), buttons.end(), window()->focusWidget()) > 0;
     buttons[stage]->setVisible(true);
     if (hadFocus) buttons[stage]->setFocus();
     for (std::size_t i = 0; i < buttons.size(); ++i)
