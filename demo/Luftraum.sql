@@ -1,4 +1,5 @@
--- Made-up airspace over the demo's chart: demo data, not for navigation. Its kind says so in each label.
+-- Made-up airspace over the demo's chart: demo data, not for navigation. Its kind says so in its label; beside
+-- those whose colour hangs on their kind a small ring says it for them.
 INSERT INTO RELEASE (Datum) VALUES ('2024-05-16');
 
 -- A control zone with an arc in the south, two sectors above it, a TMZ, a danger area, a traffic pattern.
@@ -16,4 +17,7 @@ INSERT INTO Luftraum ("Index", MainIndex, PNumber, AspType, Low, High, LowType, 
   (5, 5, 1, 'A', 0, 1200, ' GND', '', 'DP', 50.466, 7.075, NULL, NULL, NULL, NULL, NULL, NULL, NULL, NULL),
   (5, 5, 2, 'A', 0, 1200, ' GND', '', 'DP', 50.452, 7.125, NULL, NULL, NULL, NULL, NULL, NULL, NULL, NULL),
   (5, 5, 3, 'A', 0, 1200, ' GND', '', 'DP', 50.442, 7.118, NULL, NULL, NULL, NULL, NULL, NULL, NULL, NULL),
-  (5, 5, 4, 'A', 0, 1200, ' GND', '', 'DP', 50.456, 7.065, NULL, NULL, NULL, NULL, NULL, NULL, NULL, NULL);
+  (5, 5, 4, 'A', 0, 1200, ' GND', '', 'DP', 50.456, 7.065, NULL, NULL, NULL, NULL, NULL, NULL, NULL, NULL),
+  (6, 6, 1, 'DEMO TMZ', 1000, 3500, '', '', 'DC', 51.10, 6.36, 0.7, NULL, NULL, NULL, NULL, NULL, NULL, NULL),
+  (7, 7, 1, 'DEMO Q', 0, 6000, ' GND', '', 'DC', 50.38, 6.30, 0.7, NULL, NULL, NULL, NULL, NULL, NULL, NULL),
+  (8, 8, 1, 'DEMO PATTERN', 0, 1200, ' GND', '', 'DC', 50.454, 7.095, 0.4, NULL, NULL, NULL, NULL, NULL, NULL, NULL);
