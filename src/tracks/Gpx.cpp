@@ -3,6 +3,7 @@
 #include <charconv>
 #include <cmath>
 #include <fstream>
+#include <limits>
 
 #include "base/AtomicFile.h"
 #include "base/Format.h"
@@ -43,12 +44,18 @@ std::string Degrees(double value) {
     return {text, end};
 }
 
+// Without sign; RuntimeError Overflow beyond 32 bits, as no altitude is.
+int Metres(double height) {
+    const double metres = Round(std::abs(height));
+    if (!(metres <= std::numeric_limits<int>::max())) throw RuntimeError(ErrorNumber::Overflow);
+    return static_cast<int>(metres);
+}
+
 void Open(std::ostream& to, const char* tag, const TrackPoint& point) {
     to << "\r\n<" << tag << " lat=\"" << Degrees(point.Lat) << "\" lon=\"" << Degrees(point.Long)
        << "\">\r\n";
     // A sample without altitude has none here either.
-    if (point.Height)
-        to << " <ele>" << static_cast<long long>(Round(std::abs(*point.Height))) << "</ele>\r\n";
+    if (point.Height) to << " <ele>" << Metres(*point.Height) << "</ele>\r\n";
 }
 
 void WriteWaypoints(std::ostream& to, TrackPoints& points) {

@@ -37,6 +37,10 @@ void TrackManager::listTrack_MouseUp(int row) {
     ShowTrackPoints();
 }
 
+void TrackManager::listIndex_Click(int row) {
+    if (row >= 0 && row < static_cast<int>(Rows.size())) ListIndex = row;
+}
+
 std::vector<std::int64_t> TrackManager::SelectedIndexes() const {
     std::vector<std::int64_t> indexes;
     for (const Row& row : Rows)

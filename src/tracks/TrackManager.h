@@ -27,6 +27,8 @@ public:
     void Form_Load();
     // A click on a row toggles it by what the form remembers of it.
     void listTrack_MouseUp(int row);
+    // A click on its number moves to a row and selects nothing.
+    void listIndex_Click(int row);
     void cmdDelete_Click();
     void cmdTrack_Click() { Export(GpxContent::Track); }
     void cmdWpt_Click() { Export(GpxContent::Waypoints); }

@@ -205,8 +205,8 @@ bool frmTrack::eventFilter(QObject* watched, QEvent* event) {
         const int row = list->indexAt(static_cast<QMouseEvent*>(event)->position().toPoint()).row();
         if (list == listTrack)
             Click([&] { logic.listTrack_MouseUp(row); });
-        else if (row >= 0)
-            listTrack->setCurrentRow(row, QItemSelectionModel::NoUpdate);
+        else
+            Click([&] { logic.listIndex_Click(row); });
         return true;
     }
     return QDialog::eventFilter(watched, event);

@@ -42,7 +42,7 @@ protected:
         list.Open(Logger, "SELECT * FROM Track");
         return text + "with " + std::to_string(list.RecordCount());
     }
-    // The expected files are written by hand: head.txt and bodies, in which \n stands for CR LF.
+    // The expected files are written by hand.
     std::string ByHand(const std::string& name) {
         std::ifstream file(SOURCE_DIR "/tests/tracks/" + name, std::ios::binary);
         std::stringstream bytes;

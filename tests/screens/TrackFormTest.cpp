@@ -1,0 +1,83 @@
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTableView>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include "platform/qt/Events.h"
+#include "platform/qt/QtNotice.h"
+#include "support/FlightFolder.h"
+#include "support/ScriptedDialogs.h"
+#include "tracks/frmTrack.h"
+
+namespace ornivane {
+namespace {
+
+class TrackFormTest : public testing::Test, protected FlightFolder {
+protected:
+    TrackFormTest() {
+        CreateStore(Folder.Path() / "track.ovd", StoreKind::Track);
+        Connection store;
+        store.Open(Folder.Path() / "track.ovd", Connection::Mode::ReadWrite);
+        store.Execute("INSERT INTO List VALUES (3, 'one'), (5, 'two'), (9, 'three')");
+        store.Execute("INSERT INTO Track VALUES (3, 1, 50, 7, 300, 'D', 'T'), (5, 1, 51, 7, 300, 'D', 'T'), "
+                      "(5, 2, 52, 7, 300, 'D', 'T')");
+        Shared.EnglishUI = 1;
+        Form = new frmTrack(Shared, Guard, Boxes, &Window);
+        Form->Start();
+    }
+    template <typename Widget>
+    Widget& Find(const char* name) {
+        auto* widget = Form->findChild<Widget*>(name);
+        if (!widget) throw std::runtime_error(std::string("no widget ") + name);
+        return *widget;
+    }
+    void ClickRow(const char* list, int row) {
+        auto& view = Find<QListWidget>(list);
+        QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.visualItemRect(view.item(row)).center());
+    }
+    // The chosen tracks and what is told of them.
+    std::string Seen() {
+        std::string text;
+        for (const QListWidgetItem* item : Find<QListWidget>("listTrack").selectedItems())
+            text += item->text().toStdString() + " ";
+        return text + Find<QLabel>("lblRecords").text().toStdString();
+    }
+
+    QWidget Window;
+    QtNotice Notices;
+    ScriptedDialogs Boxes;
+    EventGuard Guard{Notices, [this] { return Shared.EnglishUI == 1; }};
+    frmTrack* Form = nullptr;
+};
+
+TEST_F(TrackFormTest, TracksAreChosenByMouseAndByKeys) {
+    EXPECT_EQ(Seen(), "0 trackpoints");
+    EXPECT_FALSE(Find<QPushButton>("cmdTrack").isEnabled());
+    ClickRow("listTrack", 1);
+    EXPECT_EQ(Seen(), "two 2 trackpoints");
+    EXPECT_EQ(Find<QTableView>("gridTracks").model()->rowCount(), 2);
+    EXPECT_EQ(Find<QTableView>("gridTracks").model()->index(1, 2).data().toString(), "52");
+    auto& list = Find<QListWidget>("listTrack");
+    QTest::keyClick(&list, Qt::Key_Up);
+    EXPECT_EQ(Seen(), "two 2 trackpoints"); // moving chooses nothing
+    QTest::keyClick(&list, Qt::Key_Space);
+    EXPECT_EQ(Seen(), "one two 3 trackpoints");
+    ClickRow("listIndex", 2);
+    EXPECT_EQ(list.currentRow(), 2);
+    EXPECT_EQ(Seen(), "one two 3 trackpoints");
+    ClickRow("listTrack", 1);
+    EXPECT_EQ(Seen(), "one 1 trackpoint");
+    Boxes.Answer = true;
+    QTest::mouseClick(&Find<QPushButton>("cmdDelete"), Qt::LeftButton);
+    EXPECT_EQ(Seen(), "0 trackpoints");
+    EXPECT_EQ(list.count(), 2);
+    EXPECT_EQ(Find<QListWidget>("listIndex").item(0)->text(), "5");
+    QTest::keyClick(Form, Qt::Key_Escape);
+    EXPECT_FALSE(Form->isVisible());
+}
+
+} // namespace
+} // namespace ornivane
