@@ -1,13 +1,17 @@
 #include "tracks/TrackManager.h"
 
+#include <csignal>
 #include <fstream>
 #include <sstream>
+
+#include <sys/resource.h>
 
 #include <gtest/gtest.h>
 
 #include "base/Format.h"
 #include "base/RuntimeError.h"
 #include "store/Recordset.h"
+#include "store/Statement.h"
 #include "support/FlightFolder.h"
 #include "support/ScriptedDialogs.h"
 
@@ -119,6 +123,47 @@ TEST_F(TrackManagerTest, ADeletionGoesOnWithoutItsBackupButNeverHalfway) {
     EXPECT_THROW(Manager.cmdDelete_Click(), RuntimeError);
     EXPECT_EQ(Stored(), "1 4 with 2");
     EXPECT_EQ(Manager.lblRecords, "2 trackpoints");
+}
+
+// No file may grow beyond so many bytes while this lives: what a full disk does to those who write.
+class FullDisk {
+public:
+    explicit FullDisk(rlim_t bytes) {
+        getrlimit(RLIMIT_FSIZE, &before);
+        const rlimit limit{bytes, before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FullDisk() {
+        setrlimit(RLIMIT_FSIZE, &before);
+        std::signal(SIGXFSZ, handler);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+private:
+    rlimit before{};
+    void (*handler)(int) = std::signal(SIGXFSZ, SIG_IGN);
+};
+
+TEST_F(TrackManagerTest, AFullDiskAtADeletionLeavesTheStoreWhole) {
+    Logger.Execute("WITH RECURSIVE n(i) AS (VALUES (3) UNION ALL SELECT i + 1 FROM n WHERE i < 9000) "
+                   "INSERT INTO Track SELECT 1, i, 50, 7, 100, '2026-11-23', '10:00:05' FROM n");
+    std::ofstream(Folder.Path() / "track.bak") << "the backup before";
+    Boxes.Answer = true;
+    Manager.listTrack_MouseUp(0);
+    {
+        const FullDisk full(64 * 1024);
+        EXPECT_THROW(Manager.cmdDelete_Click(), RuntimeError);
+    }
+    EXPECT_EQ(Stored(), "1 2 4 with 9001");
+    EXPECT_EQ(Manager.lblRecords, "9000 trackpoints");
+    EXPECT_EQ(ReadWholeFile(Folder.Path() / "track.bak"), "the backup before");
+    {
+        Statement check(Logger, "PRAGMA integrity_check");
+        EXPECT_TRUE(check.Step() && check.Text(0) == "ok");
+    }
+    Manager.cmdDelete_Click();
+    EXPECT_EQ(Stored(), "2 4 with 1");
 }
 
 TEST_F(TrackManagerTest, TheLoggerMayWriteMeanwhile) {
