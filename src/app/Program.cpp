@@ -87,17 +87,17 @@ Screen* Program::MakeScreen(Mode mode) {
     switch (mode) {
     case Mode::Flight:
         return new frmGPSmain(
-            {variablen, MSComm1, timerCheck, timeTrack, ports, clock, dialogs, *notices, guard});
+            {variablen, MSComm1, timerCheck, timeTrack, ports, clock, dialogs, *notices, guard, &pictures});
     case Mode::Settings:
         return new frmSettings({{variablen, settingsPort, settingsTimer, ports, clock, dialogs},
                                 guard,
                                 [this] { main->ApplyLanguage(); },
                                 [this] { (new frmTrack(variablen, guard, dialogs, main.get()))->Start(); }});
     case Mode::Planning:
-        planning = new frmPlanung(variablen, dialogs, guard);
+        planning = new frmPlanung(variablen, dialogs, guard, &pictures);
         return planning;
     case Mode::MapData:
-        return new frmCalibrate(variablen, guard, dialogs);
+        return new frmCalibrate(variablen, guard, dialogs, &pictures);
     case Mode::FlightPlan:
         break;
     }

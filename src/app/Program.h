@@ -7,6 +7,7 @@
 #include "app/MainForm.h"
 #include "app/frmSplash.h"
 #include "common/Variablen.h"
+#include "platform/qt/DecodedPictures.h"
 #include "platform/qt/Events.h"
 #include "platform/qt/QtDialogs.h"
 #include "platform/qt/QtNotice.h"
@@ -50,6 +51,7 @@ private:
     QtTimer timerCheck, timeTrack;
     QtSerialPort settingsPort; // of the port test; no two screens use one port at once
     QtTimer settingsTimer;
+    DecodedPictures pictures;
     std::unique_ptr<frmSplash> splash;
     std::unique_ptr<MainForm> main;
     frmPlanung* planning = nullptr; // the main window's, once it was shown

@@ -47,9 +47,9 @@ public:
 } // namespace
 
 frmCalRect::frmCalRect(Variablen& variablen, EventGuard& guardOf, Dialogs& dialogs, MapData& catalogueOf,
-                       QWidget* window)
+                       DecodedPictures* pictures, QWidget* window)
     : QDialog(window), shared(variablen), guard(guardOf), catalogue(catalogueOf),
-      picStorage(std::make_unique<QtPicture>()), timArr(std::make_unique<QtTimer>(guardOf)) {
+      picStorage(std::make_unique<QtPicture>(pictures)), timArr(std::make_unique<QtTimer>(guardOf)) {
     setObjectName("frmCalRect");
     setAttribute(Qt::WA_DeleteOnClose);
     setModal(true);

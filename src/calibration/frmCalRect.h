@@ -21,6 +21,7 @@ namespace ornivane {
 
 class EventGuard;
 class GridBinding;
+class DecodedPictures;
 class QtPicture;
 class QtTimer;
 class RecordsetModel;
@@ -31,7 +32,8 @@ class frmCalRect : public QDialog, public TwoPoints::Owner {
     Q_OBJECT
 
 public:
-    frmCalRect(Variablen& shared, EventGuard& guard, Dialogs& dialogs, MapData& catalogue, QWidget* window);
+    frmCalRect(Variablen& shared, EventGuard& guard, Dialogs& dialogs, MapData& catalogue,
+               DecodedPictures* pictures, QWidget* window);
     ~frmCalRect() override;
 
     // Shows the form and loads the image. RuntimeError for an image without size; the form closes then.

@@ -55,8 +55,10 @@ QString Shown(const std::string& text) { return QString::fromStdString(text); }
 
 } // namespace
 
-frmCalibrate::frmCalibrate(Variablen& variablen, EventGuard& guardOf, Dialogs& dialogsOf)
-    : shared(variablen), guard(guardOf), dialogs(dialogsOf), picStorage(std::make_unique<QtPicture>()) {
+frmCalibrate::frmCalibrate(Variablen& variablen, EventGuard& guardOf, Dialogs& dialogsOf,
+                           DecodedPictures* picturesOf)
+    : shared(variablen), guard(guardOf), dialogs(dialogsOf), pictures(picturesOf),
+      picStorage(std::make_unique<QtPicture>()) {
     setObjectName("frmCalibrate");
     picStorage->ReduceTo(LargestPreview);
     auto* row = new QHBoxLayout(this);
@@ -215,7 +217,7 @@ void frmCalibrate::Click(const std::function<void()>& event) {
 
 void frmCalibrate::cmdCalibrate_Click() {
     if (logic->SelectedName().empty()) return;
-    auto* form = new frmCalRect(shared, guard, dialogs, *logic, window());
+    auto* form = new frmCalRect(shared, guard, dialogs, *logic, pictures, window());
     connect(form, &QDialog::finished, this, [this] { ShowState(); });
     form->Start();
 }

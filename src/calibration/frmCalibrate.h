@@ -19,6 +19,7 @@ class QTableView;
 
 namespace ornivane {
 
+class DecodedPictures;
 class EventGuard;
 class GridBinding;
 class QtPicture;
@@ -30,7 +31,8 @@ class frmCalibrate : public Screen {
     Q_OBJECT
 
 public:
-    frmCalibrate(Variablen& shared, EventGuard& guard, Dialogs& dialogs);
+    // `pictures`: of all screens; may be missing.
+    frmCalibrate(Variablen& shared, EventGuard& guard, Dialogs& dialogs, DecodedPictures* pictures = nullptr);
     ~frmCalibrate() override;
 
     void Form_Activate() override;
@@ -59,6 +61,7 @@ private:
     Variablen& shared;
     EventGuard& guard;
     Dialogs& dialogs;
+    DecodedPictures* pictures;
     std::unique_ptr<QtPicture> picStorage;
     std::unique_ptr<MapData> logic;
     std::unique_ptr<RecordsetModel> mapsModel;

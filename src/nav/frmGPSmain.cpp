@@ -38,7 +38,7 @@ QString Q(const std::string& text) { return QString::fromStdString(text); }
 } // namespace
 
 frmGPSmain::frmGPSmain(const FlyingFormServices& formServices)
-    : services(formServices), picStorage(std::make_unique<QtPicture>()) {
+    : services(formServices), picStorage(std::make_unique<QtPicture>(formServices.Pictures)) {
     setObjectName("frmGPSmain");
     auto* layout = new QGridLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

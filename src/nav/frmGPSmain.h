@@ -24,6 +24,7 @@ namespace ornivane {
 class EventGuard;
 class GridBinding;
 class LampButton;
+class DecodedPictures;
 class QtPicture;
 class QtProgress;
 class ReadoutLabel;
@@ -46,6 +47,7 @@ struct FlyingFormServices {
     Dialogs& Messages;
     Notice& Notices;
     EventGuard& Guard;
+    DecodedPictures* Pictures = nullptr; // of all screens; may be missing
 };
 
 // The flying screen. Every event calls one routine of FlyingScreen, then the state is shown.

@@ -35,8 +35,10 @@ QString Q(const std::string& text) { return QString::fromStdString(text); }
 
 } // namespace
 
-frmPlanung::frmPlanung(Variablen& variablen, Dialogs& messages, EventGuard& eventGuard)
-    : shared(variablen), dialogs(messages), guard(eventGuard), picStorage(std::make_unique<QtPicture>()) {
+frmPlanung::frmPlanung(Variablen& variablen, Dialogs& messages, EventGuard& eventGuard,
+                       DecodedPictures* pictures)
+    : shared(variablen), dialogs(messages), guard(eventGuard),
+      picStorage(std::make_unique<QtPicture>(pictures)) {
     setObjectName("frmPlanung");
     // The longest captions fit beside each other, lists are hit with gloves.
     setStyleSheet("QPushButton { padding: 0 4px; } QComboBox { min-height: 40px; }");

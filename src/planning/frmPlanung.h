@@ -18,6 +18,7 @@ namespace ornivane {
 
 class EventGuard;
 class LampButton;
+class DecodedPictures;
 class QtPicture;
 class QtProgress;
 class ReadoutLabel;
@@ -32,8 +33,9 @@ class frmPlanung : public Screen {
     Q_OBJECT
 
 public:
-    // All of it outlives the form.
-    frmPlanung(Variablen& variablen, Dialogs& dialogs, EventGuard& guard);
+    // All of it outlives the form. `pictures`: of all screens; may be missing.
+    frmPlanung(Variablen& variablen, Dialogs& dialogs, EventGuard& guard,
+               DecodedPictures* pictures = nullptr);
     ~frmPlanung() override;
 
     void Form_Activate() override;

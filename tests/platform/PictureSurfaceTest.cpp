@@ -72,6 +72,26 @@ TEST_F(PictureSurfaceTest, LoadsGreyAndPaletteImagesAndKeepsTheOldOneOfADamagedF
     EXPECT_FALSE(Chart.Load(Folder.Path() / "nowhere.jpg"));
 }
 
+TEST_F(PictureSurfaceTest, ScreensShareAChartUntilItsFileIsAnotherOne) {
+    Load(300, 200, "chart.bmp");
+    const auto file = Folder.Path() / "chart.bmp";
+    DecodedPictures all;
+    auto flying = std::make_unique<QtPicture>(&all);
+    QtPicture planning(&all), preview(&all);
+    preview.ReduceTo({30, 20});
+    ASSERT_TRUE(preview.Load(file) && flying->Load(file) && planning.Load(file));
+    EXPECT_EQ(&planning.Levels(), &flying->Levels());
+    EXPECT_EQ(planning.ScaleWidth(), 300);
+    EXPECT_NE(&preview.Levels(), &flying->Levels());
+    const std::weak_ptr<PictureLevels> old = all.Find(file).Levels;
+    flying.reset();
+    EXPECT_FALSE(old.expired());
+    Load(400, 200, "chart.bmp"); // scanned anew
+    ASSERT_TRUE(planning.Load(file));
+    EXPECT_EQ(planning.ScaleWidth(), 400);
+    EXPECT_TRUE(old.expired());
+}
+
 TEST_F(PictureSurfaceTest, BringsTheKeptPictureBackUntilItsSizeChanges) {
     EXPECT_FALSE(Surface.Recall());
     Surface.SetDrawWidth(8);

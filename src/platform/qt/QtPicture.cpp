@@ -68,11 +68,19 @@ QImage Decode(const std::filesystem::path& path, QSize enough, QSize& stored) {
 } // namespace
 
 bool QtPicture::Load(const std::filesystem::path& file) {
+    const bool whole = preview.isEmpty();
+    if (others && whole)
+        if (const auto found = others->Find(file); found.Levels) {
+            stored = found.Stored;
+            levels = found.Levels;
+            return true;
+        }
     QSize size;
     QImage image = Decode(file, preview, size);
     if (image.isNull()) return false;
     stored = size;
-    levels = std::make_unique<PictureLevels>(std::move(image));
+    levels = std::make_shared<PictureLevels>(std::move(image));
+    if (others && whole) others->Add(file, {stored, levels});
     return true;
 }
 

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "platform/PictureSurface.h"
+#include "platform/qt/DecodedPictures.h"
 #include "platform/qt/PictureLevels.h"
 
 namespace ornivane {
@@ -12,9 +13,12 @@ namespace ornivane {
 //
 // The old picture is let go only when the new one is decoded, because a file can turn out to be damaged at
 // its last byte. So while one chart of 12,000 x 9,000 replaces another, both are in memory (2 x 412 MiB); at
-// rest there is one.
+// rest there is one, also for several screens with the same chart.
 class QtPicture : public Picture {
 public:
+    // `shared` may be missing; it must outlive the picture.
+    explicit QtPicture(DecodedPictures* shared = nullptr) : others(shared) {}
+
     bool Load(const std::filesystem::path& file) override;
     int ScaleWidth() const override { return stored.width(); }
     int ScaleHeight() const override { return stored.height(); }
@@ -30,7 +34,8 @@ public:
 private:
     QSize stored{0, 0};
     QSize preview; // empty: full size
-    std::unique_ptr<PictureLevels> levels = std::make_unique<PictureLevels>();
+    std::shared_ptr<PictureLevels> levels = std::make_shared<PictureLevels>();
+    DecodedPictures* others;
 };
 
 } // namespace ornivane
