@@ -14,6 +14,7 @@
 
 #include "base/Flagged.h"
 #include "calibration/frmCalRect.h"
+#include "platform/qt/EnterKey.h"
 #include "platform/qt/Events.h"
 #include "platform/qt/GridBinding.h"
 #include "platform/qt/Named.h"
@@ -75,6 +76,7 @@ frmCalibrate::frmCalibrate(Variablen& variablen, EventGuard& guardOf, Dialogs& d
     logic = std::make_unique<MapData>(shared, *picStorage, picMap->Surface(), dialogs);
     MakeEdges(*right);
     MakeActiveMaps(*right);
+    EnterKey::PressesButtonsOf(*this);
     guard.Run([this] { logic->Form_Load(); });
     ApplyLanguage();
 }

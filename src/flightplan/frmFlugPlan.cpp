@@ -17,6 +17,7 @@
 #include "base/RuntimeError.h"
 #include "flightplan/frmPlanGrid.h"
 #include "flightplan/frmReport.h"
+#include "platform/qt/EnterKey.h"
 #include "platform/qt/Events.h"
 #include "platform/qt/Named.h"
 
@@ -72,6 +73,7 @@ frmFlugPlan::frmFlugPlan(const Services& servicesOf)
     MakeGrid(*column);
     MakeTotals(*column);
     column->addStretch(1);
+    EnterKey::PressesButtonsOf(*this);
     services.Guard.Run([this] { logic.Form_Load(); });
     ApplyLanguage();
 }

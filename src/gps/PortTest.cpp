@@ -65,6 +65,8 @@ void PortTest::Form_Deactivate() {
     CheckCount = 0;
     if (stage == Stage::Checking) stage = Stage::Untested;
     ClearTestDisplays(); // the line is closed: a green lamp would stand for nothing
+    isCleared = false;   // no test ran when the screen comes back
+    ShowTexts();
     Hourglass = false;
     changed();
 }
@@ -123,8 +125,15 @@ void PortTest::timerCheck_Timer() {
         OpenChosen();
     } else {
         isConnected = true;
-        WriteComSettings(shared.ProgramFolder, {std::to_string(testedCom), BaudRates.at(cmbBaud)});
-        stage = Stage::Saved;
+        stage = Stage::Untested; // should the file not be written
+        try {
+            WriteComSettings(shared.ProgramFolder, {std::to_string(testedCom), BaudRates.at(cmbBaud)});
+            stage = Stage::Saved;
+        } catch (...) {
+            ShowTexts();
+            changed();
+            throw;
+        }
         ShowTexts();
     }
     changed();

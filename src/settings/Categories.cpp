@@ -19,9 +19,14 @@ void Categories::Form_Load() {
     GridRowChanged();
 }
 
+// A name that was typed and not yet used outlives a visit to another screen.
 void Categories::Form_Activate() {
+    if (!CategoriesSet.IsOpen()) return Form_Load();
+    const std::string entered = tKategorie;
+    const bool isTyped = HasRow() && entered != CurrentName();
     Reread(CategoriesSet.AbsolutePosition());
     GridRowChanged();
+    if (isTyped) tKategorie = entered;
 }
 
 std::string Categories::CurrentName() const {
@@ -34,7 +39,8 @@ void Categories::GridRowChanged() {
 }
 
 void Categories::HeadClick(int column) {
-    if (column == 0) CategoriesSet.Sort("Nummer");
+    if (column != 0) return;
+    CategoriesSet.Sort("Nummer");
     GridRowChanged();
 }
 

@@ -44,12 +44,14 @@ void SettingsScreen::Form_Activate() {
     Frame4 = shared.TrackConn.IsOpen();
     frmLuftraumShows = shared.LuftraumConn.IsOpen();
     // A QNH of today is shown, or a mere look at this screen would end it.
-    if (shared.QNHDate == DateOf(world.SystemClock.Now())) shared.tQNH = std::to_string(shared.QNH);
+    if (IsQnhOfToday()) shared.tQNH = std::to_string(shared.QNH);
     if (Frame4) ReadTrack();
-    CategoryList.Form_Activate();
     ApplyLanguage();
     Port.Form_Activate();
+    CategoryList.Form_Activate(); // last: a store that fails leaves the port test
 }
+
+bool SettingsScreen::IsQnhOfToday() const { return world.Shared.QNHDate == DateOf(world.SystemClock.Now()); }
 
 void SettingsScreen::ReadTrack() {
     TrackSettings track;
@@ -102,6 +104,8 @@ void SettingsScreen::Form_Deactivate() {
 void SettingsScreen::TakeQnh() {
     Variablen& shared = world.Shared;
     const auto entered = ParseNumber(shared.tQNH);
+    // 1049.6 was taken and is shown as 1050: nothing was entered since.
+    if (entered && IsQnhOfToday() && *entered == shared.QNH) return;
     if (entered && *entered >= LowestQnh && *entered < HighestQnh) {
         shared.QNH = ToInt16(*entered);
         shared.QNHDate = DateOf(world.SystemClock.Now());

@@ -60,6 +60,7 @@ public:
 private:
     void ChooseLanguage(std::int16_t language);
     void ReadTrack();
+    bool IsQnhOfToday() const;
     void TakeQnh();
     void TakeTrack();
     void SaveAll();

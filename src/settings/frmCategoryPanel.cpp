@@ -7,6 +7,7 @@
 #include <QTableView>
 
 #include "base/Flagged.h"
+#include "platform/qt/EnterKey.h"
 #include "platform/qt/Events.h"
 #include "platform/qt/GridBinding.h"
 #include "platform/qt/RecordsetModel.h"
@@ -27,12 +28,12 @@ frmCategoryPanel::frmCategoryPanel(Categories& categories, const Variablen& vari
     auto* layout = new QGridLayout(this);
     layout->setSpacing(6);
     MakeGrid();
-    tKategorie = parts::Named(new QLineEdit, "tKategorie");
+    tKategorie = Named(new QLineEdit, "tKategorie");
     tKategorie->setMinimumHeight(EntryHeight);
     tKategorie->installEventFilter(this);
     guard.Connect(tKategorie, &QLineEdit::textEdited,
                   [this](const QString& text) { list.tKategorie = text.toStdString(); });
-    guard.Connect(tKategorie, &QLineEdit::returnPressed, [this] { Run([this] { list.cmdAdd_Click(); }); });
+    new EnterKey(*tKategorie, [this] { Run([this] { list.cmdAdd_Click(); }); });
     cmdAdd = CommandButton("cmdAdd", [this] { list.cmdAdd_Click(); });
     cmdChange = CommandButton("cmdChange", [this] { list.cmdChange_Click(); });
     cmdDelete = CommandButton("cmdDelete", [this] { list.cmdDelete_Click(); });
@@ -50,7 +51,7 @@ frmCategoryPanel::frmCategoryPanel(Categories& categories, const Variablen& vari
 frmCategoryPanel::~frmCategoryPanel() = default;
 
 void frmCategoryPanel::MakeGrid() {
-    gridKategorie = parts::Named(new QTableView, "gridKategorie");
+    gridKategorie = Named(new QTableView, "gridKategorie");
     model = std::make_unique<RecordsetModel>(
         list.CategoriesSet,
         std::vector<RecordsetModel::Column>{

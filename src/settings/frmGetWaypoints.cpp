@@ -2,6 +2,7 @@
 
 #include <QGridLayout>
 
+#include "platform/qt/EnterKey.h"
 #include "platform/qt/Events.h"
 #include "settings/frmParts.h"
 
@@ -16,6 +17,7 @@ frmGetWaypoints::frmGetWaypoints(Variablen& variables, Dialogs& dialogs, EventGu
     resize(620, 600);
     logic.Form_Load();
     LayOut();
+    EnterKey::PressesButtonsOf(*this);
     QStringList names;
     for (const AirfieldCountry& country : logic.listAP) names << QString::fromStdString(country.Name);
     countries.setStringList(names);

@@ -3,6 +3,7 @@
 #include <QGridLayout>
 #include <QScrollBar>
 
+#include "platform/qt/EnterKey.h"
 #include "platform/qt/Events.h"
 #include "settings/frmParts.h"
 
@@ -44,6 +45,7 @@ frmManager::frmManager(Variablen& variables, Dialogs& dialogs, EventGuard& guard
     layout->addWidget(cmdZuweisen, 3, 0);
     layout->addWidget(cmdEnd, 3, 1);
     layout->setRowStretch(1, 1);
+    EnterKey::PressesButtonsOf(*this);
 
     guard.Connect(cmbKategorie, &QComboBox::activated, [this](int index) {
         logic.cmbKategorie = cmbKategorie->itemText(index).toStdString();
@@ -55,6 +57,7 @@ frmManager::frmManager(Variablen& variables, Dialogs& dialogs, EventGuard& guard
     waypoints.setStringList(Texts(logic.listWegpunkt));
     ShowCategories();
     parts::SetTexts(*cmbKategorie, logic.Categories, logic.cmbKategorie);
+    cmbKategorie->setCurrentIndex(-1); // also when a category without a name could be chosen
     ApplyLanguage();
     ShowState();
 }

@@ -10,16 +10,11 @@
 #include <string>
 #include <vector>
 
+#include "platform/qt/Named.h"
+
 namespace ornivane::parts {
 
 // What the forms of this folder are put together from.
-
-// A control under the name by which the program, its tests and its demo know it.
-template <typename Widget>
-Widget* Named(Widget* widget, const char* name) {
-    widget->setObjectName(name);
-    return widget;
-}
 
 // A text as the caption of a button: an ampersand in a name is no key.
 QString Caption(const std::string& text);

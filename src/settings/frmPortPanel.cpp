@@ -65,7 +65,7 @@ void frmPortPanel::MakeDisplays(QBoxLayout& layout) {
     lblHint = parts::Label("lblHint");
     for (QLabel* label : {lblStatus, lblHint}) label->setWordWrap(true);
     lblHint->setStyleSheet("font-weight: bold");
-    tGPS = parts::Named(new QLineEdit, "tGPS");
+    tGPS = Named(new QLineEdit, "tGPS");
     tGPS->setReadOnly(true);
     tGPS->setMinimumHeight(34);
     tGPS->setStyleSheet("font-size: 14px; font-weight: normal; font-family: monospace");
@@ -103,7 +103,7 @@ void frmPortPanel::FillPorts() {
     if (shown != test.cmbCom) {
         cmbCom->clear();
         for (const int number : test.cmbCom) {
-            cmbCom->addItem(QString("COM %1").arg(number), number);
+            cmbCom->addItem(QString::number(number), number);
             cmbCom->setItemData(cmbCom->count() - 1, Q(ports.Description(number)), Qt::ToolTipRole);
         }
     }
@@ -137,7 +137,7 @@ void frmPortPanel::ApplyLanguage() {
         return QString::fromUtf8(shared.Text(german, english));
     };
     setTitle("GPS");
-    portCaption->setText(text("Anschluss", "Port"));
+    portCaption->setText("COM");
     baudCaption->setText("Baud");
     cmdCheck->setText(text(" GPS Verbindung überprüfen ", " Check GPS Connection "));
     latCaption->setText(text("Breitengrad", "Latitude"));
@@ -148,6 +148,9 @@ void frmPortPanel::ApplyLanguage() {
                              "Speed of the receiver; most send at 4800 or 9600 baud"));
     cmdCheck->setToolTip(text("Zwei Sekunden lang zuhören; kommen Daten, wird der Anschluss gespeichert",
                               "Listen for two seconds; when data come, the port is saved"));
+    lblLat->setToolTip(text("Breite, wie der Empfänger sie meldet", "Latitude as the receiver tells it"));
+    lblLong->setToolTip(text("Länge, wie der Empfänger sie meldet", "Longitude as the receiver tells it"));
+    lblHint->setToolTip(text("Woran es liegen kann", "What may be the reason"));
     lblStatus->setToolTip(text("Was der Test ergab", "What the test found"));
     tGPS->setToolTip(text("Die erste Zeile, die zuletzt ankam, wie der Empfänger sie sandte",
                           "The first line that came last, as the receiver sent it"));

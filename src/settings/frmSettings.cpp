@@ -10,6 +10,7 @@
 #include <QRadioButton>
 #include <QScrollArea>
 
+#include "platform/qt/EnterKey.h"
 #include "platform/qt/Events.h"
 #include "settings/frmCategoryPanel.h"
 #include "settings/frmGetWaypoints.h"
@@ -25,7 +26,7 @@ constexpr int PressHeight = 44; // pixels
 
 template <typename Tick>
 Tick* Choice(const char* name) {
-    auto* choice = parts::Named(new Tick, name);
+    auto* choice = Named(new Tick, name);
     choice->setMinimumHeight(PressHeight);
     return choice;
 }
@@ -68,7 +69,8 @@ frmSettings::frmSettings(const SettingsFormServices& formServices)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(area);
     OrderTabs();
-    logic->Form_Load();
+    EnterKey::PressesButtonsOf(*this);
+    services.Guard.Run([this] { logic->Form_Load(); });
     frmSettings::ApplyLanguage();
 }
 
@@ -92,7 +94,7 @@ frmSettings::~frmSettings() {
 }
 
 QWidget* frmSettings::Pair(QGroupBox*& box, const char* name, QRadioButton* first, QRadioButton* second) {
-    box = parts::Named(new QGroupBox, name);
+    box = Named(new QGroupBox, name);
     auto* layout = new QHBoxLayout(box);
     layout->setContentsMargins(4, 0, 4, 0);
     for (QRadioButton* button : {first, second}) layout->addWidget(button, 1, Qt::AlignLeft);
@@ -124,7 +126,7 @@ void frmSettings::MakeRight(QBoxLayout& column) {
 }
 
 QGroupBox* frmSettings::MakeTrack() {
-    Frame4 = parts::Named(new QGroupBox, "Frame4");
+    Frame4 = Named(new QGroupBox, "Frame4");
     auto* layout = new QGridLayout(Frame4);
     layout->setContentsMargins(4, 0, 4, 4);
     chkTrack = Choice<QCheckBox>("chkTrack");
@@ -135,6 +137,7 @@ QGroupBox* frmSettings::MakeTrack() {
     cmbTrack = parts::Combo("cmbTrack");
     cmbTrack->setEditable(true);
     cmbTrack->setInsertPolicy(QComboBox::NoInsert);
+    cmbTrack->setCompleter(nullptr); // it would make 60 of 6
     cmbTrack->setFixedWidth(92);
     for (const char* interval : SettingsScreen::Intervals) cmbTrack->addItem(interval);
     cmdTrack = parts::Button("cmdTrack");
@@ -161,14 +164,14 @@ QGroupBox* frmSettings::MakeTrack() {
 }
 
 QGroupBox* frmSettings::MakeAirspace() {
-    frmLuftraum = parts::Named(new QGroupBox, "frmLuftraum");
+    frmLuftraum = Named(new QGroupBox, "frmLuftraum");
     auto* layout = new QHBoxLayout(frmLuftraum);
     layout->setContentsMargins(4, 0, 4, 4);
     qnhCaption = parts::Label("Label8");
     qnhUnit = parts::Label("Label9");
     qnhCaption->setText("QNH");
     qnhUnit->setText("hPa");
-    tQNH = parts::Named(new QLineEdit, "tQNH");
+    tQNH = Named(new QLineEdit, "tQNH");
     tQNH->setMinimumHeight(PressHeight);
     tQNH->setFixedWidth(110);
     tQNH->setInputMethodHints(Qt::ImhFormattedNumbersOnly);
@@ -187,19 +190,22 @@ void frmSettings::Run(const std::function<void()>& event) {
 }
 
 void frmSettings::Form_Activate() {
-    logic->Form_Activate();
+    ShownAfter([this] { logic->Form_Activate(); });
     ApplyLanguage();
 }
 
 void frmSettings::Form_Deactivate() {
-    const auto show = [this] { ShowState(); };
+    ShownAfter([this] { logic->Form_Deactivate(); });
+}
+
+void frmSettings::ShownAfter(const std::function<void()>& step) {
     try {
-        logic->Form_Deactivate();
+        step();
     } catch (...) {
-        show();
+        ApplyLanguage();
         throw;
     }
-    show();
+    ShowState();
 }
 
 void frmSettings::ShowState() {
@@ -213,7 +219,11 @@ void frmSettings::ShowState() {
     chkAutoOn->setEnabled(logic->TrackEnabledControls);
     cmbTrack->setEnabled(logic->TrackEnabledControls);
     const QString interval = QString::fromStdString(logic->cmbTrack);
-    if (cmbTrack->currentText() != interval) cmbTrack->setCurrentText(interval);
+    const int listed = cmbTrack->findText(interval);
+    if (cmbTrack->currentText() != interval || cmbTrack->currentIndex() != listed) {
+        cmbTrack->setCurrentIndex(listed); // where the arrow keys go on from
+        cmbTrack->setEditText(interval);
+    }
     frmLuftraum->setVisible(logic->frmLuftraumShows);
     frmLuftraum->setTitle(QString::fromStdString(logic->frmLuftraum));
     const QString qnh = QString::fromStdString(shared.tQNH);
@@ -249,6 +259,9 @@ void frmSettings::ApplyTooltips() {
     const auto tip = [this](QWidget* widget, const char* german, const char* english) {
         widget->setToolTip(QString::fromUtf8(services.World.Shared.Text(german, english)));
     };
+    tip(frmLanguage, "Die Sprache aller Bildschirme", "The language of all screens");
+    tip(frmSymbol, "Das eigene Flugzeug auf der Karte", "The own aircraft on the chart");
+    tip(Frame4, "Aufzeichnung des Flugs", "Recording of the flight");
     tip(OptGer, "Alle Texte auf Deutsch", "All texts in German");
     tip(OptEng, "Alle Texte auf Englisch", "All texts in English");
     tip(Option1, "Das eigene Flugzeug als Pfeil zeigen", "Show the own aircraft as an arrow");

@@ -47,6 +47,8 @@ private:
     QGroupBox* MakeTrack();
     QGroupBox* MakeAirspace();
     void Run(const std::function<void()>& event);
+    // The state shows also when the step ends in an error, which goes on to the caller.
+    void ShownAfter(const std::function<void()>& step);
     void ShowState();
     void ApplyTooltips();
     void OrderTabs();

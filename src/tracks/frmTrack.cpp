@@ -14,6 +14,7 @@
 
 #include "base/Numbers.h"
 #include "base/RuntimeError.h"
+#include "platform/qt/EnterKey.h"
 #include "platform/qt/Events.h"
 #include "platform/qt/Named.h"
 
@@ -97,6 +98,7 @@ frmTrack::frmTrack(Variablen& variablen, EventGuard& guardOf, Dialogs& dialogs, 
     MakeLists(*left);
     MakePoints(*right);
     MakeExports(*right);
+    EnterKey::PressesButtonsOf(*this);
     ApplyLanguage();
     if (window) resize(window->size() - QSize(24, 40));
 }

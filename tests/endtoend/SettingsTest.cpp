@@ -10,7 +10,7 @@ TEST_F(Settings, KeepsAllOverARestart) {
     Start();
     program->Click("button5");
     program->Do("select cmbBaud 9600");
-    program->Do("select cmbCom COM 1");
+    program->Do("select cmbCom 1");
     program->Click("cmdCheck");
     EXPECT_TRUE(Becomes("text lblStatus", "OK - Data saved"));
     EXPECT_EQ(program->Text("LabelStatus"), "GPS Fix");
@@ -45,7 +45,7 @@ TEST_F(Settings, KeepsAllOverARestart) {
                                                         {"text tQNH", "1021"},
                                                         {"text tKategorie", "Stadt"},
                                                         {"text gridKategorie", "1 Stadt"},
-                                                        {"text cmbCom", "COM 1"},
+                                                        {"text cmbCom", "1"},
                                                         {"text cmbBaud", "9600"}};
     for (const auto& [question, answer] : kept) EXPECT_EQ(program->Ask(question), answer) << question;
 

@@ -137,6 +137,18 @@ TEST_F(PortTestTest, ChangesTheLanguageOfWhatItShows) {
     EXPECT_EQ(Screen.lblSatellites, "Anzahl Satelliten = 6 / 11");
     Screen.Form_Deactivate();
     EXPECT_EQ(Screen.lblStatus.Caption + Screen.lblComVerbindung.Caption, "Keine COM Verbindung");
+    EXPECT_EQ(Screen.LabelStatus.Caption + Screen.lblSatellites, "Kein GPS fixAnzahl Satelliten = ");
+}
+
+TEST_F(PortTestTest, ATestWhoseResultCannotBeKeptIsOverAllTheSame) {
+    std::filesystem::remove(Folder.Path() / "data.crm");
+    std::filesystem::create_directory(Folder.Path() / "data.crm"); // no file can take this name
+    Screen.SelectedCom = 7;
+    Screen.cmdCheck_Click();
+    Port.Receive("$");
+    EXPECT_THROW(Timer.Fire(2), RuntimeError);
+    EXPECT_FALSE(Screen.IsTesting() || Screen.Hourglass);
+    EXPECT_EQ(Screen.lblStatus.Caption + Screen.lblComVerbindung.Caption, "COM 7 connected");
 }
 
 TEST_F(PortTestTest, ShowsFixSatellitesAndPositionOnlyWithAFix) {

@@ -119,6 +119,15 @@ TEST_F(SettingsFormTest, KeepsGridEntryAndRowTogether) {
     QTest::keyClick(&entry, Qt::Key_Return);
     EXPECT_EQ(grid.currentIndex().row(), 2);
     EXPECT_TRUE(grid.selectionModel()->isRowSelected(2));
+    // Held it adds once, and what is typed outlives another head and another screen.
+    entry.clear();
+    QTest::keyClicks(&entry, "Wald");
+    QTest::keyPress(&entry, Qt::Key_Return);
+    EXPECT_EQ(grid.model()->rowCount(), 4);
+    emit grid.horizontalHeader()->sectionClicked(1);
+    Form.Form_Deactivate();
+    Form.Form_Activate();
+    EXPECT_EQ(entry.text(), "Wald");
     QTest::mouseClick(grid.viewport(), Qt::LeftButton, Qt::NoModifier,
                       grid.visualRect(grid.model()->index(1, 1)).center());
     entry.clear();
@@ -132,7 +141,39 @@ TEST_F(SettingsFormTest, KeepsGridEntryAndRowTogether) {
               "A & B,NDB,Platz");
 }
 
+TEST_F(SettingsFormTest, TakesTheIntervalAsItWasTyped) {
+    Shared.TrackConn.Open(Folder.Path() / "ovdata.ovd", Connection::Mode::ReadWrite); // any store
+    Show();
+    Click("chkTrack");
+    auto& interval = Find<QComboBox>("cmbTrack");
+    interval.lineEdit()->selectAll();
+    QTest::keyClicks(&interval, "6");
+    Form.Form_Deactivate();
+    EXPECT_EQ(interval.currentText(), "6");
+    interval.lineEdit()->selectAll();
+    QTest::keyClicks(&interval, "30");
+    Form.Form_Deactivate();
+    Form.Form_Activate();
+    QTest::keyClick(&interval, Qt::Key_Down);
+    EXPECT_EQ(interval.currentText(), "60");
+}
+
+TEST_F(SettingsFormTest, AStoreThatFailsLeavesTheOtherSettings) {
+    Sql("ALTER TABLE Kategorie RENAME TO away");
+    {
+        frmSettings form{{{Shared, Port, Timer, Ports, Clock, Boxes}, Guard, [] {}, {}}};
+        EXPECT_FALSE(Notices.isHidden());
+        EXPECT_THROW(form.Form_Activate(), RuntimeError);
+        EXPECT_EQ(In<QComboBox>(form, "cmbCom").count(), 2);
+        EXPECT_FALSE(In<QPushButton>(form, "cmdChange").isEnabled());
+        Sql("ALTER TABLE away RENAME TO Kategorie");
+        form.Form_Activate();
+        EXPECT_EQ(In<QLineEdit>(form, "tKategorie").text(), "A & B");
+    }
+}
+
 TEST_F(SettingsFormTest, TheManagersListsMoveAsOne) {
+    Sql("UPDATE Kategorie SET Kategorie = '' WHERE Nummer = 1"); // it is not chosen because it has no name
     Sql("INSERT INTO Waypoints (Name, Lat, Long, Kategorie) WITH RECURSIVE n(i) AS (SELECT 1000 UNION ALL "
         "SELECT i + 1 FROM n WHERE i < 1400) SELECT 'W' || i, 50, 7, '' FROM n");
     frmManager manager(Shared, Boxes, Guard, nullptr);

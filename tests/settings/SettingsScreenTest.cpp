@@ -93,6 +93,13 @@ TEST_F(SettingsScreenTest, ALookAtTheScreenKeepsTheQnhOfTodayAndNoOlderOne) {
     Screen.Form_Deactivate();
     EXPECT_EQ(Bytes("LR.crm"), "1021\r\n#2026-11-22#\r\n");
 
+    Shared.tQNH = "1049,6"; // below 1050, and a whole number when it is stored
+    for (int visit = 0; visit < 2; ++visit) {
+        Screen.Form_Deactivate();
+        EXPECT_EQ(Bytes("LR.crm"), "1050\r\n#2026-11-22#\r\n");
+        Screen.Form_Activate();
+    }
+
     Shared.QNHDate = Date{2026, 11, 21};
     Shared.tQNH = "1013";
     Screen.Form_Activate();
