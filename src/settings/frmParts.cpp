@@ -12,19 +12,8 @@ constexpr int PressHeight = 44; // pixels
 } // namespace
 
 const char* const SectionStyle = R"(
-QGroupBox { border: 2px solid palette(mid); border-radius: 8px; margin-top: 11px; padding: 14px 6px 4px 6px; font-size: 17px; }
-QGroupBox::title { subcontrol-origin: margin; left: 14px; padding: 0 6px; }
-QRadioButton, QCheckBox { font-size: 17px; spacing: 10px; border: 2px solid transparent; }
-QRadioButton:checked, QCheckBox:checked { font-weight: bold; }
-QRadioButton:focus, QCheckBox:focus { border-color: palette(highlight); border-radius: 8px; }
-QCheckBox:disabled { color: palette(mid); }
-QRadioButton::indicator { width: 22px; height: 22px; border: 3px solid palette(mid); border-radius: 14px; background: palette(base); }
-QRadioButton::indicator:checked { border-color: palette(highlight); background: qradialgradient(cx:0.5, cy:0.5, radius:0.5, fx:0.5, fy:0.5, stop:0.55 palette(highlight), stop:0.65 palette(base)); }
-QCheckBox::indicator { width: 22px; height: 22px; border: 3px solid palette(mid); border-radius: 5px; background: palette(base); }
-QCheckBox::indicator:checked { border-color: palette(highlight); background: qradialgradient(cx:0.5, cy:0.5, radius:0.6, fx:0.5, fy:0.5, stop:0.75 palette(highlight), stop:0.8 palette(base)); }
-QComboBox:disabled { color: palette(mid); border-style: dashed; }
-QLineEdit { border-color: palette(mid); }
-QLineEdit:focus { border-color: palette(highlight); }
+QGroupBox { margin-top: 11px; padding: 14px 6px 4px 6px; }
+QRadioButton, QCheckBox { font-size: 17px; }
 QListView { outline: 0; background: palette(base); color: palette(text); border: 2px solid palette(mid); font-size: 17px; }
 QListView::item { min-height: 34px; }
 QListView::item:focus { border: 2px solid palette(text); }

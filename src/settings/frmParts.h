@@ -28,7 +28,7 @@ QListView* ChoiceList(const char* name);
 std::vector<std::size_t> ChosenRows(const QListView& list);
 void SetTexts(QComboBox& combo, const std::vector<std::string>& texts, const std::string& current);
 
-// Boxes, ticks and choices that are seen by day and by night and hit in turbulence.
+// Denser than elsewhere: the settings fill a small screen. Lists of choices that are hit in turbulence.
 extern const char* const SectionStyle;
 
 } // namespace ornivane::parts

@@ -13,13 +13,13 @@ namespace ornivane {
 namespace {
 
 struct Colours {
-    const char *Window, *Base, *Text, *Faint, *Button, *Border, *Lit, *LitText, *Focus, *Notice, *NoticeText;
+    const char *Window, *Base, *Text, *Faint, *Button, *Border, *Lit, *LitText, *Focus, *Notice, *NoticeText, *Icons;
 };
 
 constexpr Colours Day{"#e9ecef", "#ffffff", "#101418", "#4a5560", "#fbfcfd", "#8a96a3",
-                      "#0b5fa5", "#ffffff", "#d9480f", "#ffe08a", "#2b1d00"};
+                      "#0b5fa5", "#ffffff", "#d9480f", "#ffe08a", "#2b1d00", "day"};
 constexpr Colours Night{"#0b0d10", "#14181d", "#d8c9a8", "#8f8467", "#1a1f25", "#4d5560",
-                        "#c98a1b", "#0b0d10", "#e0b050", "#5a2a00", "#ffd9a0"};
+                        "#c98a1b", "#0b0d10", "#e0b050", "#5a2a00", "#ffd9a0", "night"};
 
 constexpr const char* Sheet = R"(
 QWidget { font-size: 15px; }
@@ -30,6 +30,9 @@ QToolButton:disabled, QPushButton:disabled { color: %BORDER; border-style: dashe
 QToolButton:focus, QPushButton:focus, QComboBox:focus, QTableView:focus, QSlider:focus { border: 2px solid %FOCUS; }
 QToolButton::menu-indicator { width: 0; }
 QComboBox { min-height: 34px; padding: 0 8px; background: %BUTTON; color: %TEXT; border: 2px solid %BORDER; border-radius: 6px; }
+QComboBox::drop-down { width: 32px; border: none; }
+QComboBox::down-arrow { width: 16px; height: 16px; image: url(:/icons/down-%ICONS.svg); }
+QComboBox:disabled { color: %BORDER; border-style: dashed; }
 QComboBox QAbstractItemView::item { min-height: 40px; }
 QTableView { background: %BASE; color: %TEXT; gridline-color: %BORDER; selection-background-color: %LIT; selection-color: %LITTEXT; border: 1px solid %BORDER; }
 QHeaderView::section { background: %BUTTON; color: %FAINT; border: none; padding: 3px; }
@@ -56,7 +59,8 @@ QRadioButton:focus, QCheckBox:focus { border-color: %FOCUS; border-radius: 8px; 
 QRadioButton::indicator { width: 22px; height: 22px; border: 3px solid %BORDER; border-radius: 14px; background: %BASE; }
 QRadioButton::indicator:checked { border-color: %LIT; background: qradialgradient(cx:0.5, cy:0.5, radius:0.5, fx:0.5, fy:0.5, stop:0.55 %LIT, stop:0.65 %BASE); }
 QCheckBox::indicator { width: 22px; height: 22px; border: 3px solid %BORDER; border-radius: 5px; background: %BASE; }
-QCheckBox::indicator:checked { border-color: %LIT; background: qradialgradient(cx:0.5, cy:0.5, radius:0.5, fx:0.5, fy:0.5, stop:0.75 %LIT, stop:0.85 %BASE); }
+QCheckBox::indicator:checked { border-color: %LIT; background: %LIT; image: url(:/icons/tick-%ICONS.svg); }
+QCheckBox:disabled { color: %BORDER; }
 QLabel[role="entry"] { background: #16191d; color: #ffff80; border: 1px solid %BORDER; border-radius: 4px; font-size: 17px; font-weight: bold; }
 QLabel[role="instrument"] { color: %TEXT; font-size: 14px; font-weight: bold; }
 #lblResult { font-size: 18px; font-weight: bold; }
@@ -72,7 +76,7 @@ QString Filled(const Colours& c) {
     const std::pair<const char*, const char*> fills[] = {
         {"%LITTEXT", c.LitText}, {"%NOTEXT", c.NoticeText}, {"%NOTICE", c.Notice}, {"%WINDOW", c.Window},
         {"%BASE", c.Base},       {"%TEXT", c.Text},         {"%FAINT", c.Faint},   {"%BUTTON", c.Button},
-        {"%BORDER", c.Border},   {"%LIT", c.Lit},           {"%FOCUS", c.Focus}};
+        {"%BORDER", c.Border},   {"%LIT", c.Lit},           {"%FOCUS", c.Focus}, {"%ICONS", c.Icons}};
     for (const auto& [name, colour] : fills) sheet.replace(name, colour);
     return sheet;
 }
