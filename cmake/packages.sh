@@ -3,7 +3,7 @@
 # To build and show the program.
 RunPackages=(
     g++ cmake ninja-build ccache
-    qt6-base-dev qt6-serialport-dev qt6-svg-dev
+    qt6-base-dev qt6-serialport-dev qt6-svg-dev qt6-translations-l10n
     libsqlite3-dev libpugixml-dev
     fonts-dejavu-core
 )

@@ -155,6 +155,7 @@ bool MainForm::Form_Load() {
 
 void MainForm::ApplyLanguage() {
     const bool english = variablen.EnglishUI == 1;
+    if (services.SetLanguage) services.SetLanguage(english);
     for (const auto& [mode, button] : buttons) {
         button->setText(ModeCaption(mode).In(english));
         KeepWidthWhenLit(*button);

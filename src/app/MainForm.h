@@ -33,7 +33,8 @@ public:
         std::function<void()> ImportRoute;
         std::function<void()> ShowAirspaceSettings; // of the planning screen
         std::function<void(bool night)> SetNight;
-        std::function<void()> Ended; // everything is saved, the program may exit
+        std::function<void(bool english)> SetLanguage; // of texts that are not the program's own
+        std::function<void()> Ended;                   // everything is saved, the program may exit
     };
 
     MainForm(Variablen& variablen, Services services);

@@ -79,6 +79,7 @@ MainForm::Services Program::MainServices() {
         if (planning) planning->ShowAirspaceSettings();
     };
     services.SetNight = [this](bool night) { Theme::Apply(application, night); };
+    services.SetLanguage = [this](bool english) { qtTexts.SetLanguage(english); };
     services.Ended = [this] { application.exit(0); };
     return services;
 }

@@ -14,6 +14,7 @@
 #include "platform/qt/QtPortList.h"
 #include "platform/qt/QtSerialPort.h"
 #include "platform/qt/QtSystem.h"
+#include "platform/qt/QtTexts.h"
 #include "platform/qt/QtTimer.h"
 #include "platform/qt/SystemClock.h"
 
@@ -52,6 +53,7 @@ private:
     QtSerialPort settingsPort; // of the port test; no two screens use one port at once
     QtTimer settingsTimer;
     DecodedPictures pictures;
+    QtTexts qtTexts;
     std::unique_ptr<frmSplash> splash;
     std::unique_ptr<MainForm> main;
     frmPlanung* planning = nullptr; // the main window's, once it was shown

@@ -20,10 +20,13 @@ bool HoldsControl(std::string_view name) {
 
 } // namespace
 
+bool IsFileName(std::string_view name) {
+    return name != "." && name != ".." && name.find_first_of("/\\") == std::string_view::npos &&
+           !HoldsControl(name);
+}
+
 void CheckFileName(std::string_view name) {
-    if (name == "." || name == ".." || name.find_first_of("/\\") != std::string_view::npos ||
-        HoldsControl(name))
-        throw RuntimeError(ErrorNumber::BadFileName, std::string(name));
+    if (!IsFileName(name)) throw RuntimeError(ErrorNumber::BadFileName, std::string(name));
 }
 
 } // namespace ornivane

@@ -8,5 +8,6 @@ namespace ornivane {
 // that is when it holds a separator (of any system, since folders are copied between them) or a control
 // character, or is "." or "..".
 void CheckFileName(std::string_view name);
+bool IsFileName(std::string_view name); // what CheckFileName lets pass
 
 } // namespace ornivane

@@ -64,7 +64,14 @@ FlightPlan::FlightPlan(Variablen& variablen, Dialogs& dialogsOf, Notice& notices
     : shared(variablen), dialogs(dialogsOf), notices(noticesOf) {}
 
 void FlightPlan::Form_Load() {
-    RoutesSet.Open(shared.DataConn, "SELECT * FROM Route ORDER BY Nummer");
+    // First of all, or a store that fails would make the defaults take the place of what was kept.
+    ReadEntries();
+    OpenRoutes();
+}
+
+void FlightPlan::OpenRoutes() { RoutesSet.Open(shared.DataConn, "SELECT * FROM Route ORDER BY Nummer"); }
+
+void FlightPlan::ReadEntries() {
     const auto kept = ReadFlightPlanEntries(shared.ProgramFolder);
     if (std::all_of(kept.begin(), kept.end(), [](const auto& entry) { return entry.has_value(); })) {
         std::transform(kept.begin(), kept.end(), Entries.begin(), [](const auto& entry) { return *entry; });
@@ -75,24 +82,34 @@ void FlightPlan::Form_Load() {
 }
 
 void FlightPlan::Form_Activate() {
-    RoutesSet.Requery();
+    if (RoutesSet.IsOpen())
+        RoutesSet.Requery();
+    else
+        OpenRoutes();
     Routes.clear();
     ListIndex = -1;
     if (RoutesSet.RecordCount() == 0) return;
     for (; !RoutesSet.Eof(); RoutesSet.MoveNext()) Routes.push_back(NameOf(RoutesSet));
     // The first route's error must not keep the pilot from the route that he was working on.
     std::exception_ptr failed;
-    try {
-        cmbRoute_Click(0);
-    } catch (const RuntimeError&) {
-        failed = std::current_exception();
-    }
-    for (std::size_t i = 1; i < Routes.size(); ++i)
-        if (Routes[i] == LastRoute) {
-            cmbRoute_Click(static_cast<int>(i));
+    const auto choose = [this, &failed](std::size_t place) {
+        try {
+            cmbRoute_Click(static_cast<int>(place));
             failed = nullptr;
+        } catch (const RuntimeError&) {
+            failed = std::current_exception();
         }
+    };
+    choose(0);
+    for (std::size_t i = 1; i < Routes.size(); ++i)
+        if (Routes[i] == LastRoute) choose(i);
+    if (ListIndex < 0) ListIndex = PlaceOf(tDatei); // the plan that still shows
     if (failed) std::rethrow_exception(failed);
+}
+
+int FlightPlan::PlaceOf(const std::string& route) const {
+    const auto at = std::find(Routes.begin(), Routes.end(), route);
+    return at == Routes.end() ? -1 : static_cast<int>(at - Routes.begin());
 }
 
 void FlightPlan::Form_Deactivate() {
@@ -109,7 +126,7 @@ std::string FlightPlan::RouteName() const {
 
 void FlightPlan::cmbRoute_Click(int index) {
     if (index < 0 || index >= static_cast<int>(Routes.size())) return;
-    SavePlanOrTell();
+    SaveBeforeAnother();
     ListIndex = index;
     CalcPlan(false);
 }
@@ -122,18 +139,30 @@ void FlightPlan::cmdRevert_Click() { CalcPlan(false); }
 void FlightPlan::SavePlan() {
     if (!PlanSet.IsOpen() || PlanSet.RecordCount() == 0 || tDatei.empty()) return;
     CheckFileName(tDatei);
-    std::filesystem::create_directories(PlanFolder());
+    std::error_code error;
+    std::filesystem::create_directories(PlanFolder(), error);
+    if (error) throw RuntimeError(ErrorNumber::PathNotFound, PlanFolder().string());
     PlanSet.Save(PlanFolder() / tDatei);
+    hasEdits = false;
 }
 
-// Saving happens on the way to something else, which must not fail with it.
+// Edits that cannot be saved keep the plan that has them: another one would take its place. They never can
+// under a name that is none for a file.
+void FlightPlan::SaveBeforeAnother() {
+    try {
+        SavePlan();
+    } catch (const RuntimeError& error) {
+        if (hasEdits && error.Number() != ErrorNumber::BadFileName) throw;
+        notices.Show(DescribeError(error, shared.EnglishUI == 1));
+    }
+}
+
+// Leaving the screen must not fail with it; the plan is still there afterwards.
 void FlightPlan::SavePlanOrTell() {
     try {
         SavePlan();
     } catch (const RuntimeError& error) {
         notices.Show(DescribeError(error, shared.EnglishUI == 1));
-    } catch (const std::filesystem::filesystem_error& error) {
-        notices.Show(error.code().message());
     }
 }
 
@@ -200,11 +229,19 @@ void FlightPlan::CalcPlan(bool recalcAll) {
     PlanSums sums;
     const std::vector<PlanRow> rows = ComputeRows(recalcAll, sums);
     const std::int16_t averageWind = AverageWind(sums);
+    CheckFits(rows);
     PlanSet.Close();
     FillPlan(PlanSet, rows);
     tDatei = route;
+    hasEdits = false;
     lblDistanz = NumberText(Round(sums.Distance, 1), shared.Locale) + " NM";
     ShowSums(sums, averageWind);
+}
+
+// A text that is longer than its field is an error before anything of the plan is touched.
+void FlightPlan::CheckFits(const std::vector<PlanRow>& rows) {
+    Recordset trial;
+    FillPlan(trial, rows);
 }
 
 std::vector<PlanRow> FlightPlan::Departure() const {
@@ -217,6 +254,7 @@ std::vector<PlanRow> FlightPlan::Departure() const {
 std::vector<PlanRow> FlightPlan::ComputeRows(bool recalcAll, PlanSums& sums) {
     std::vector<PlanRow> rows = Departure();
     PointOfRoute from = PointOf(RoutePointsSet);
+    // A first leg without length has course 0 and not that of a plan computed before.
     double course = 0;
     for (RoutePointsSet.MoveNext(); !RoutePointsSet.Eof(); RoutePointsSet.MoveNext()) {
         const PointOfRoute to = PointOf(RoutePointsSet);
@@ -267,7 +305,7 @@ void FlightPlan::ShowSums(const PlanSums& sums, std::int16_t averageWind) {
     lblAvgWind = WindInfo(averageWind);
 }
 
-bool FlightPlan::BeforeColUpdate(int column, const std::string& text) {
+bool FlightPlan::gridFlug_BeforeColUpdate(int column, const std::string& text) {
     const auto value = ParseNumber(text);
     const bool right = value && (column != 4 || *value > 0) && (column <= 2 || *value >= 0) &&
                        (column != 5 || *value <= 360);
@@ -275,7 +313,7 @@ bool FlightPlan::BeforeColUpdate(int column, const std::string& text) {
     return right;
 }
 
-void FlightPlan::AfterColUpdate(int column, int row, const std::string& text) {
+void FlightPlan::gridFlug_AfterColUpdate(int column, int row, const std::string& text) {
     std::vector<PlanRow> rows = PlanRows(PlanSet);
     PlanRow& edited = rows.at(static_cast<std::size_t>(row));
     const std::array<double*, EditedFields.size()> values{&edited.VAR, &edited.FFh, &edited.TAS,
@@ -291,7 +329,9 @@ void FlightPlan::RecalcPlan(std::vector<PlanRow> rows) {
     for (std::size_t i = 1; i < rows.size(); ++i)
         CompleteLeg(rows[i], rows[i].Distanz, rows[i].FFh, sums, shared.Locale);
     const std::int16_t averageWind = AverageWind(sums);
+    CheckFits(rows);
     UpdatePlan(PlanSet, rows);
+    hasEdits = true;
     ShowSums(sums, averageWind);
 }
 

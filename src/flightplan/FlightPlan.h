@@ -41,11 +41,11 @@ public:
     // Back to what the plan file has.
     void cmdRevert_Click();
 
-    // A cell of the grid. Empty when the edit may be made, else what is wrong with it was shown.
-    bool BeforeColUpdate(int column, const std::string& text);
+    // A cell of the grid. True when the edit may be made; otherwise what is wrong with it was shown.
+    bool gridFlug_BeforeColUpdate(int column, const std::string& text);
     // Takes the value (already tested) into the row, counted from 0, and computes all rows anew. An error
     // leaves the plan as it was.
-    void AfterColUpdate(int column, int row, const std::string& text);
+    void gridFlug_AfterColUpdate(int column, int row, const std::string& text);
     // Row 1 takes part in nothing.
     static bool IsEditable(int column, int row) { return row > 0 && column >= 2 && column <= 6; }
 
@@ -61,10 +61,14 @@ public:
     std::string lblDistanz, lblZeit, lblFF, lblAvgWind;
 
 private:
+    void ReadEntries();
+    void OpenRoutes();
     std::string RouteName() const;
+    int PlaceOf(const std::string& route) const; // in Routes; -1 without
     std::filesystem::path PlanFolder() const { return shared.ProgramFolder / "Flugplan"; }
     void SavePlan();
     void SavePlanOrTell();
+    void SaveBeforeAnother();
     void LoadSavedPlan();
     bool EntriesAreRight();
     void CalcPlan(bool recalcAll);
@@ -75,6 +79,7 @@ private:
     LegInputs EnteredInputs() const;
     double Number(PlanEntry entry) const;
     void RecalcPlan(std::vector<PlanRow> rows);
+    static void CheckFits(const std::vector<PlanRow>& rows);
     void ShowSums(const PlanSums& sums, std::int16_t averageWind);
 
     Variablen& shared;
@@ -82,6 +87,7 @@ private:
     Notice& notices;
     Recordset RoutesSet, RoutePointsSet, SavedPlanSet;
     std::string LastRoute;
+    bool hasEdits = false; // cells of the plan that no file has
 };
 
 } // namespace ornivane

@@ -33,12 +33,12 @@ struct ClockTime {
 ClockTime TimeOf(double minutes);
 
 // Ground speed, heading, time, fuel and sums of a leg of so many nautical miles, from the row's own course,
-// wind, TAS and variation, with a fuel flow per hour. RuntimeError DivisionByZero for a ground speed or TAS
-// of 0, Overflow when the weighted wind leaves 16 bits.
+// wind, TAS and variation, with a fuel flow per hour. RuntimeError DivisionByZero or Overflow for a ground
+// speed or TAS of 0, Overflow when the weighted wind leaves 16 bits.
 void CompleteLeg(PlanRow& row, double leg, double fuelPerHour, PlanSums& sums, const LocaleText& locale);
 
-// The tail wind of the flight, weighted by time; negative is a head wind. RuntimeError Overflow for a plan
-// of no minutes.
+// The tail wind of the flight, weighted by time; negative is a head wind. RuntimeError Overflow or
+// DivisionByZero for a plan of no minutes.
 std::int16_t AverageWind(const PlanSums& sums);
 // "TWC 12 kts", "HWC 1 kt".
 std::string WindInfo(std::int16_t average);

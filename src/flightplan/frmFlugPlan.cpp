@@ -12,7 +12,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "base/Flagged.h"
+#include "base/FileNames.h"
 #include "base/Numbers.h"
 #include "base/RuntimeError.h"
 #include "flightplan/frmPlanGrid.h"
@@ -193,8 +193,8 @@ bool frmFlugPlan::EditCell(int column, int row, const std::string& text) {
     bool right = false;
     // An error of the calculation is told in the notice; the old value is back in its cell then.
     Click([&] {
-        right = logic.BeforeColUpdate(column, text);
-        if (right) logic.AfterColUpdate(column, row, text);
+        right = logic.gridFlug_BeforeColUpdate(column, text);
+        if (right) logic.gridFlug_AfterColUpdate(column, row, text);
     });
     return right;
 }
@@ -206,8 +206,8 @@ void frmFlugPlan::cmdPreview_Click() {
             logic.PlanSet,
             {logic.lblDistanz, logic.lblZeit, logic.Entry(PlanEntry::tFF), logic.lblFF, logic.lblAvgWind},
             services.Shared.Locale)
-            .ShowPreview(window(), Text("Flugplan", "Flightplan"));
-    } catch (const RuntimeError&) {
+            .ShowFlightPlanReport(window(), Text("Flugplan", "Flightplan"));
+    } catch (const std::exception&) {
         services.ReportMissing();
     }
 }
@@ -216,7 +216,8 @@ void frmFlugPlan::cmdPDF_Click() {
     if (!logic.PlanSet.IsOpen()) return;
     FileQuestion question;
     question.Title = services.Shared.Text("Flugplan als PDF speichern", "Save the flight plan as PDF");
-    question.Start = services.Shared.ProgramFolder / (logic.tDatei + ".pdf");
+    question.Start =
+        services.Shared.ProgramFolder / (IsFileName(logic.tDatei) ? logic.tDatei + ".pdf" : "Flugplan.pdf");
     question.Filters = {{"PDF", "*.pdf"}};
     question.DefaultExtension = "pdf";
     const auto file = services.Boxes.SaveFile(question);
@@ -229,15 +230,22 @@ void frmFlugPlan::cmdPDF_Click() {
 
 void frmFlugPlan::Form_Activate() {
     ApplyLanguage();
+    cmbRoute->setFocus(); // an entry that is wrong takes it from there
     Click([this] { logic.Form_Activate(); });
-    cmbRoute->setFocus();
 }
 
-void frmFlugPlan::Form_Deactivate() { logic.Form_Deactivate(); }
+// A cell that is still open counts as entered.
+void frmFlugPlan::Form_Deactivate() {
+    gridFlug->EndEdit();
+    logic.Form_Deactivate();
+}
 
-void frmFlugPlan::Form_Unload() { logic.Form_QueryUnload(); }
+void frmFlugPlan::Form_Unload() {
+    gridFlug->EndEdit();
+    logic.Form_QueryUnload();
+}
 
-// A double click empties an entry field; Enter computes with what was entered.
+// A double click empties an entry field; Enter goes on to the next one.
 bool frmFlugPlan::eventFilter(QObject* watched, QEvent* event) {
     for (std::size_t i = 0; i < fields.size(); ++i) {
         if (watched != fields[i]) continue;
@@ -249,7 +257,9 @@ bool frmFlugPlan::eventFilter(QObject* watched, QEvent* event) {
         if (event->type() != QEvent::KeyPress) break;
         const int key = static_cast<QKeyEvent*>(event)->key();
         if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-            fields[(i + 1) % fields.size()]->setFocus();
+            QLineEdit* next = fields[(i + 1) % fields.size()];
+            next->setFocus();
+            next->selectAll();
             return true;
         }
     }
@@ -257,7 +267,6 @@ bool frmFlugPlan::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void frmFlugPlan::ShowState() {
-    const Flagged now(showing);
     QStringList routes;
     for (const std::string& route : logic.Routes) routes << Shown(route);
     QStringList listed;

@@ -76,7 +76,6 @@ private:
     QFrame* Frame1 = nullptr;
     QLabel *lblStrecke = nullptr, *Label3 = nullptr, *Label4 = nullptr, *lblWindinfo = nullptr;
     QLabel *lblDistanz = nullptr, *lblZeit = nullptr, *lblFF = nullptr, *lblAvgWind = nullptr;
-    bool showing = false; // ShowState is writing to the controls: their signals are no choices of the user
 };
 
 } // namespace ornivane

@@ -18,6 +18,8 @@ Qt::ItemFlags PlanModel::flags(const QModelIndex& index) const {
 
 QVariant PlanModel::data(const QModelIndex& index, int role) const {
     if (role == Qt::EditRole) return RecordsetModel::data(index, Qt::DisplayRole);
+    // Only names are cut; over the numbers the grid's own tooltip shows.
+    if (role == Qt::ToolTipRole && index.column() != 1) return {};
     if (role == Qt::TextAlignmentRole && index.column() != 1)
         return static_cast<int>(Qt::AlignRight | Qt::AlignVCenter);
     return RecordsetModel::data(index, role);
@@ -70,7 +72,7 @@ void frmPlanGrid::EditAgain(const QModelIndex& index, const QString& text) {
     constexpr int aMoment = 50;                                          // milliseconds
     const bool boxStands = QApplication::activeModalWidget() != nullptr; // it says why, and has the keys
     QTimer::singleShot(boxStands ? aMoment : 0, this, [this, place = QPersistentModelIndex(index), text] {
-        if (!place.isValid()) return;
+        if (!place.isValid() || !isVisible()) return;
         if (QApplication::activeModalWidget()) return EditAgain(place, text);
         setCurrentIndex(place);
         edit(place);
@@ -79,6 +81,13 @@ void frmPlanGrid::EditAgain(const QModelIndex& index, const QString& text) {
             field->selectAll();
         }
     });
+}
+
+void frmPlanGrid::EndEdit() {
+    QWidget* editor = state() == EditingState ? indexWidget(currentIndex()) : nullptr;
+    if (!editor) return;
+    commitData(editor);
+    closeEditor(editor, QAbstractItemDelegate::NoHint);
 }
 
 void frmPlanGrid::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {

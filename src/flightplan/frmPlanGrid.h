@@ -37,6 +37,9 @@ class frmPlanGrid : public QTableView {
 public:
     explicit frmPlanGrid(QWidget* parent = nullptr);
 
+    // Takes what stands in the open cell, as if it had been left.
+    void EndEdit();
+
 protected:
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;

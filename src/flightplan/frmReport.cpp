@@ -5,6 +5,7 @@
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 
+#include "base/AtomicFile.h"
 #include "base/RuntimeError.h"
 
 namespace ornivane {
@@ -21,6 +22,14 @@ constexpr const char* PreviewStyle = "QToolButton { min-height: 28px; padding: 0
                                      "QLineEdit { min-width: 40px; font-size: "
                                      "14px; } QComboBox { min-height: 26px; }";
 constexpr double PenWidth = 10; // twips
+
+// The painter tells nothing of a disk that is full; the end of the file does.
+void CheckWhole(const std::filesystem::path& pdf) {
+    const auto bytes = ReadWholeFile(pdf);
+    const auto end = bytes ? bytes->rfind("%%EOF") : std::string::npos;
+    if (end == std::string::npos || end + 16 < bytes->size())
+        throw RuntimeError(ErrorNumber::DiskFull, pdf.filename().string());
+}
 
 QFont Sans(int height) {
     QFont font("Arial");
@@ -77,7 +86,7 @@ void frmReport::PaintItem(QPainter& painter, const report::Item& item) const {
     painter.restore();
 }
 
-void frmReport::ShowPreview(QWidget* parent, const QString& title) {
+void frmReport::ShowFlightPlanReport(QWidget* parent, const QString& title) {
     QPrinter printer(QPrinter::HighResolution);
     Prepare(printer);
     QPrintPreviewDialog preview(&printer, parent);
@@ -89,7 +98,7 @@ void frmReport::ShowPreview(QWidget* parent, const QString& title) {
     QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview, [&](QPrinter* to) {
         try {
             Paint(*to);
-        } catch (const RuntimeError&) {
+        } catch (const std::exception&) {
             failed = std::current_exception();
             preview.reject();
         }
@@ -102,9 +111,18 @@ void frmReport::SavePdf(const std::filesystem::path& file) {
     QPrinter printer;
     printer.setOutputFormat(QPrinter::PdfFormat);
     printer.setResolution(PdfResolution);
-    printer.setOutputFileName(QString::fromStdString(file.string()));
+    const auto unfinished = std::filesystem::path(file) += ".part";
+    printer.setOutputFileName(QString::fromStdString(unfinished.string()));
     Prepare(printer);
-    Paint(printer);
+    try {
+        Paint(printer);
+        CheckWhole(unfinished);
+        ReplaceFile(unfinished, file);
+    } catch (...) {
+        std::error_code ignored;
+        std::filesystem::remove(unfinished, ignored);
+        throw;
+    }
 }
 
 } // namespace ornivane

@@ -19,8 +19,8 @@ public:
 
     // The preview, from which the user prints or saves a PDF. Returns when it is closed. RuntimeError
     // DeviceError when no page can be painted.
-    void ShowPreview(QWidget* parent, const QString& title);
-    // RuntimeError DeviceError when the file cannot be written.
+    void ShowFlightPlanReport(QWidget* parent, const QString& title);
+    // The old file stays until the new one is whole. RuntimeError DeviceError, or as WriteFileAtomically.
     void SavePdf(const std::filesystem::path& file);
 
 private:

@@ -65,14 +65,14 @@ TEST_F(HandPlanTest, EveryCellIsWhatAHandWouldWriteThere) {
     Plan->cmdCalc_Click();
     ExpectAsByHand("north");
     for (const auto& [column, text] : {std::pair{4, "95"}, {5, "345"}, {6, "35,5"}, {3, "31"}, {2, "2.5"}}) {
-        ASSERT_TRUE(Plan->BeforeColUpdate(column, text));
-        Plan->AfterColUpdate(column, 3, text);
+        ASSERT_TRUE(Plan->gridFlug_BeforeColUpdate(column, text));
+        Plan->gridFlug_AfterColUpdate(column, 3, text);
     }
     ExpectAsByHand("north edited");
     Enter({"8", "17.5", "88.5", "360", "33"});
     Plan->cmbRoute_Click(1);
     ExpectAsByHand("west");
-    Plan->AfterColUpdate(3, 1, "40");
+    Plan->gridFlug_AfterColUpdate(3, 1, "40");
     ExpectAsByHand("west edited");
     EXPECT_TRUE(Boxes.Shown.empty());
     Plan->cmbRoute_Click(0); // the edits came with the file
@@ -153,7 +153,7 @@ TEST_F(FlightPlanTest, CellsAreTestedByTheirColumn) {
                                               {5, "361", false},
                                               {6, "-1", false},
                                               {6, "", false}})
-        EXPECT_EQ(Plan->BeforeColUpdate(column, text), right) << column << " " << text;
+        EXPECT_EQ(Plan->gridFlug_BeforeColUpdate(column, text), right) << column << " " << text;
     EXPECT_EQ(Boxes.Shown, std::vector<std::string>(6, "Datenfehler|Fehler in der Dateneingabe"));
 }
 
@@ -169,7 +169,10 @@ TEST_F(FlightPlanTest, ErrorsOfTheCalculationLeaveThePlanThatIsShown) {
     const auto before = PlanRows(Plan->PlanSet);
     Enter({"0", "20", "120", "0", "120"});
     EXPECT_THROW(Plan->cmdCalc_Click(), RuntimeError);
-    EXPECT_THROW(Plan->AfterColUpdate(6, 1, "120"), RuntimeError);
+    EXPECT_THROW(Plan->gridFlug_AfterColUpdate(6, 1, "120"), RuntimeError);
+    EXPECT_THROW(Plan->gridFlug_AfterColUpdate(4, 1, "0.000001"), RuntimeError); // no field holds such a time
+    Enter({"0", "20", "0.000001", "0", "0"});
+    EXPECT_THROW(Plan->cmdCalc_Click(), RuntimeError);
     EXPECT_EQ(PlanRows(Plan->PlanSet), before);
     EXPECT_THROW(Plan->cmbRoute_Click(1), RuntimeError);
     Enter({"0", "20", "1", "0", "400"});
@@ -198,9 +201,9 @@ TEST_F(FlightPlanTest, APlanIsKeptByRouteAndFoundAgainByItsPoints) {
     AddPlan("L'Été", {{50, 7}, {51, 7}, {51, 8}});
     AddPlan("B", {{50, 7}, {50, 8}});
     Start();
-    Plan->AfterColUpdate(4, 1, "90");
+    Plan->gridFlug_AfterColUpdate(4, 1, "90");
     Plan->cmbRoute_Click(1);
-    Plan->AfterColUpdate(4, 1, "80");
+    Plan->gridFlug_AfterColUpdate(4, 1, "80");
     Plan->cmdRevert_Click(); // no file yet: from the entries
     EXPECT_EQ(Cell(2, "TAS"), "120");
     // Renamed points keep theirs, a new one gets the entries', and the route may have another order.
@@ -214,11 +217,30 @@ TEST_F(FlightPlanTest, APlanIsKeptByRouteAndFoundAgainByItsPoints) {
     EXPECT_EQ(Plan->tDatei, "L'Été");
     EXPECT_EQ(Cell(2, "TAS") + " " + Cell(3, "TAS") + " " + Cell(4, "TAS"), "120 120 90");
     EXPECT_EQ(Cell(1, "Name"), "P1 renamed, with a name of mor");
-    Plan->AfterColUpdate(3, 3, "33");
+    Plan->gridFlug_AfterColUpdate(3, 3, "33");
     Plan->cmdRevert_Click();
     EXPECT_EQ(Cell(4, "FFh") + " " + Cell(4, "TAS"), "20 90");
     Plan->cmdCalc_Click();
     EXPECT_EQ(Cell(4, "TAS"), "120");
+}
+
+TEST_F(FlightPlanTest, EditsThatCannotBeSavedKeepTheirPlan) {
+    AddPlan("A", {{50, 7}, {51, 7}});
+    AddPlan("B", {{50, 7}, {50, 8}});
+    std::ofstream(Folder.Path() / "Flugplan") << "no folder";
+    Start();
+    Plan->cmbRoute_Click(1); // nothing would be lost
+    EXPECT_EQ(Plan->tDatei, "B");
+    EXPECT_FALSE(Notices.Shown.empty());
+    Plan->gridFlug_AfterColUpdate(4, 1, "90");
+    EXPECT_THROW(Plan->cmbRoute_Click(0), RuntimeError);
+    Plan->Form_Deactivate();
+    EXPECT_THROW(Plan->Form_Activate(), RuntimeError);
+    EXPECT_EQ(Plan->tDatei + " " + Cell(2, "TAS") + " " + std::to_string(Plan->ListIndex), "B 90 1");
+    std::filesystem::remove(Folder.Path() / "Flugplan");
+    Plan->cmbRoute_Click(0);
+    Plan->cmbRoute_Click(1);
+    EXPECT_EQ(Cell(2, "TAS"), "90");
 }
 
 TEST_F(FlightPlanTest, TheScreenComesBackToItsRoute) {
@@ -237,7 +259,7 @@ TEST_F(FlightPlanTest, TheScreenComesBackToItsRoute) {
 TEST_F(FlightPlanTest, ADamagedPlanFileCountsAsNoneAndIsToldOnce) {
     AddPlan("R", {{50, 7}, {51, 7}});
     Start();
-    Plan->AfterColUpdate(4, 1, "90");
+    Plan->gridFlug_AfterColUpdate(4, 1, "90");
     Plan->Form_Deactivate();
     const std::string whole = ReadWholeFile(PlanFile("R")).value();
     int told = 0;

@@ -26,8 +26,7 @@ protected:
         AddRoute("R", {6.3, 7.0, 7.3, 8.0, 8.3, 9.0});
         AddRoute("S", {6.4, 7.4});
         Shared.EnglishUI = 1;
-        Form = std::make_unique<frmFlugPlan>(
-            frmFlugPlan::Services{Shared, Guard, Boxes, Notices, [this] { ++Missing; }});
+        Form = std::make_unique<frmFlugPlan>(frmFlugPlan::Services{Shared, Guard, Boxes, Notices, [] {}});
         Form->resize(1024, 640);
         Form->show();
         Form->Form_Activate();
@@ -53,7 +52,6 @@ protected:
     ScriptedDialogs Boxes;
     EventGuard Guard{Notices, [this] { return Shared.EnglishUI == 1; }};
     std::unique_ptr<frmFlugPlan> Form;
-    int Missing = 0;
 };
 
 TEST_F(FlightPlanFormTest, TheGridIsEditedAsASpreadsheet) {
@@ -99,6 +97,27 @@ TEST_F(FlightPlanFormTest, TheGridIsEditedAsASpreadsheet) {
     EXPECT_EQ(Cell(0, 4), "0");
 }
 
+TEST_F(FlightPlanFormTest, ACellThatIsOpenCountsWhenTheScreenIsLeft) {
+    auto& grid = Find<frmPlanGrid>("gridFlug");
+    const auto type = [&](const char* text) {
+        grid.setCurrentIndex(grid.model()->index(1, 4));
+        QTest::keyClick(&grid, Qt::Key_F2);
+        Editor()->selectAll();
+        QTest::keyClicks(Editor(), text);
+        Form->Form_Deactivate();
+        Form->hide();
+        QTest::qWait(60);
+        EXPECT_EQ(Editor(), nullptr);
+        Form->show();
+        Form->Form_Activate();
+    };
+    type("95");
+    EXPECT_EQ(Cell(1, 4), "95"); // from the file
+    type("fast");
+    EXPECT_EQ(Cell(1, 4), "95");
+    EXPECT_EQ(Boxes.Shown, std::vector<std::string>{"Datenfehler|Fehler in der Dateneingabe"});
+}
+
 TEST_F(FlightPlanFormTest, AWrongEntryTakesTheFocusAndAnErrorIsANotice) {
     auto& speed = Find<QLineEdit>("tSpeed");
     speed.selectAll();
@@ -106,6 +125,10 @@ TEST_F(FlightPlanFormTest, AWrongEntryTakesTheFocusAndAnErrorIsANotice) {
     QTest::mouseClick(&Find<QPushButton>("cmdCalc"), Qt::LeftButton);
     EXPECT_TRUE(Form->focusWidget() == &speed);
     EXPECT_TRUE(speed.styleSheet().contains("#ffc0c0"));
+    Find<QComboBox>("cmbRoute").setFocus();
+    Form->Form_Deactivate();
+    Form->Form_Activate();
+    EXPECT_TRUE(Form->focusWidget() == &speed);
     QTest::mouseDClick(&speed, Qt::LeftButton);
     EXPECT_EQ(speed.text(), "");
     QTest::keyClicks(&speed, "100");
