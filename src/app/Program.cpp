@@ -65,15 +65,18 @@ MainForm::Services Program::MainServices() {
     services.ShowExport = [this](QWidget* window) {
         const Recordset* routes = planning ? &planning->Logic().Routes.RoutesSet : nullptr;
         const bool chosen = routes && routes->IsOpen() && !routes->Eof() && !routes->Bof();
-        (new frmExport(variablen, dialogs, guard, chosen ? routes->Text("Name") : std::string(), window))
+        (new frmExport(variablen, dialogs, guard, chosen ? routes->TextOrEmpty("Name") : std::string(),
+                       window))
             ->open();
     };
     services.ImportRoute = [this] {
         if (!planning) return;
         PlanningScreen& screen = planning->Logic();
-        RouteImport(variablen, dialogs,
-                    {&screen.Waypoints.WaypointsSet, &screen.Routes.RoutesSet, &screen.Routes.RoutePointsSet})
-            .GetRoute();
+        RouteImport import(
+            variablen, dialogs,
+            {&screen.Waypoints.WaypointsSet, &screen.Routes.RoutesSet, &screen.Routes.RoutePointsSet});
+        guard.Run([&] { import.GetRoute(); });
+        screen.RedrawPlan(); // the lists follow by themselves
     };
     services.ShowAirspaceSettings = [this] {
         if (planning) planning->ShowAirspaceSettings();

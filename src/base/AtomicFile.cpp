@@ -26,14 +26,24 @@ constexpr std::uintmax_t LargestFile = 256u << 20;
     throw RuntimeError(number, file.string() + ": " + std::strerror(reason));
 }
 
-// 0, or the reason why not all bytes reached the disk.
+// 0, or the reason why not all bytes were written.
 int WriteAll(int descriptor, std::string_view bytes) {
     while (!bytes.empty()) {
         const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
         if (written < 0 && errno != EINTR) return errno;
         if (written > 0) bytes.remove_prefix(static_cast<std::size_t>(written));
     }
-    return ::fsync(descriptor) == 0 ? 0 : errno;
+    return 0;
+}
+
+// Its bytes, before a name that counts points to them.
+void SyncFile(const fs::path& file) {
+    const int descriptor = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
+    if (descriptor < 0) Fail(errno, file);
+    const int reason = ::fsync(descriptor) == 0 ? 0 : errno;
+    ::close(descriptor);
+    if (reason != 0 && reason != EINVAL)
+        Fail(reason, file); // a file system that cannot do it has no such promise
 }
 
 void SyncFolder(const fs::path& folder) {
@@ -62,6 +72,7 @@ void WriteFileAtomically(const fs::path& file, std::string_view bytes) {
 }
 
 void ReplaceFile(const fs::path& finished, const fs::path& file) {
+    SyncFile(finished);
     if (::rename(finished.c_str(), file.c_str()) != 0) Fail(errno, file);
     SyncFolder(file.parent_path());
 }

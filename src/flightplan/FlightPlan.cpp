@@ -39,16 +39,6 @@ double LegOf(const PointOfRoute& from, const PointOfRoute& to, double& course) {
     return distance;
 }
 
-std::string IdOf(const Recordset& points) {
-    const Value id = points.Get("PointID");
-    return id.IsNull() ? std::string() : id.Text();
-}
-
-std::string NameOf(const Recordset& points) {
-    const Value name = points.Get("Name");
-    return name.IsNull() ? std::string() : name.Text();
-}
-
 bool IsPlan(const Recordset& rows) {
     const auto has = [&rows](std::string_view name) {
         return std::any_of(rows.Fields().begin(), rows.Fields().end(), [name](const FieldInfo& field) {
@@ -89,7 +79,7 @@ void FlightPlan::Form_Activate() {
     Routes.clear();
     ListIndex = -1;
     if (RoutesSet.RecordCount() == 0) return;
-    for (; !RoutesSet.Eof(); RoutesSet.MoveNext()) Routes.push_back(NameOf(RoutesSet));
+    for (; !RoutesSet.Eof(); RoutesSet.MoveNext()) Routes.push_back(RoutesSet.TextOrEmpty("Name"));
     // The first route's error must not keep the pilot from the route that he was working on.
     std::exception_ptr failed;
     const auto choose = [this, &failed](std::size_t place) {
@@ -246,8 +236,8 @@ void FlightPlan::CheckFits(const std::vector<PlanRow>& rows) {
 
 std::vector<PlanRow> FlightPlan::Departure() const {
     PlanRow row;
-    row.Id = IdOf(RoutePointsSet);
-    row.Name = NameOf(RoutePointsSet);
+    row.Id = RoutePointsSet.TextOrEmpty("PointID");
+    row.Name = RoutePointsSet.TextOrEmpty("Name");
     return {row};
 }
 
@@ -261,9 +251,9 @@ std::vector<PlanRow> FlightPlan::ComputeRows(bool recalcAll, PlanSums& sums) {
         const double leg = LegOf(from, to, course);
         sums.Distance += leg;
         PlanRow row;
-        row.Id = IdOf(RoutePointsSet);
+        row.Id = RoutePointsSet.TextOrEmpty("PointID");
         row.Nr = static_cast<int>(rows.size()) + 1;
-        row.Name = NameOf(RoutePointsSet);
+        row.Name = RoutePointsSet.TextOrEmpty("Name");
         row.TC = NumberIn(Format(course, "##0", {}));
         row.Distanz = Round(leg, 2);
         row.DistanzAcc = Round(sums.Distance, 2);

@@ -18,7 +18,6 @@ Value OrNull(const std::string& text) { return text.empty() ? Value() : Value(te
 std::optional<double> Optional(const Value& value) {
     return value.IsNull() ? std::nullopt : std::optional(value.Number());
 }
-std::string TextOrEmpty(const Value& value) { return value.IsNull() ? std::string() : value.Text(); }
 
 // The first so many characters.
 std::string Cut(const std::string& text, std::size_t characters) {
@@ -79,20 +78,20 @@ std::vector<PlanRow> PlanRows(const Recordset& plan) {
     for (int i = 0; i < plan.RecordCount(); ++i) {
         const auto get = [&plan, i](const char* field) { return plan.ValueAt(i, field); };
         PlanRow row;
-        row.Id = TextOrEmpty(get("Id"));
+        row.Id = get("Id").TextOrEmpty();
         row.Nr = static_cast<int>(get("Nr").Integer());
-        row.Name = TextOrEmpty(get("Name"));
+        row.Name = get("Name").TextOrEmpty();
         row.TC = get("TC").Number();
         row.Distanz = get("Distanz").Number();
         row.DistanzAcc = Optional(get("DistanzAcc"));
         row.TAS = get("TAS").Number();
-        row.Wind = TextOrEmpty(get("Wind"));
+        row.Wind = get("Wind").TextOrEmpty();
         row.Windrichtung = get("Windrichtung").Number();
         row.Windstärke = get("Windstärke").Number();
         row.GS = get("GS").Number();
         row.Zeit = get("Zeit").Number();
-        row.ZeitDisplay = TextOrEmpty(get("ZeitDisplay"));
-        row.ZeitAcc = TextOrEmpty(get("ZeitAcc"));
+        row.ZeitDisplay = get("ZeitDisplay").TextOrEmpty();
+        row.ZeitAcc = get("ZeitAcc").TextOrEmpty();
         row.FFh = get("FFh").Number();
         row.FFm = get("FFm").Number();
         row.FFmAcc = Optional(get("FFmAcc"));

@@ -103,8 +103,7 @@ void RouteEditing::cmdNewRoute() {
 
 void RouteEditing::cmdRouteDelete() {
     if (!HasRoute()) return;
-    const Value nameValue = RoutesSet.Get("Name");
-    const std::string name = nameValue.IsNull() ? std::string() : nameValue.Text();
+    const std::string name = RoutesSet.TextOrEmpty("Name");
     const std::string question = shared.EnglishUI == 1
                                      ? "The Route - " + name + " - will be deleted ?"
                                      : "Soll die Strecke - " + name + " - gelöscht werden ?";

@@ -13,7 +13,7 @@ void RouteExport::Form_Load(const std::string& gridRouteCell) {
     routes.Open(shared.DataConn, "SELECT * From Route Order by NUMMER ASC");
     if (routes.RecordCount() == 0) return;
     for (; !routes.Eof(); routes.MoveNext()) {
-        cmbRoute.push_back(routes.Text("Name"));
+        cmbRoute.push_back(routes.TextOrEmpty("Name"));
         if (cmbRouteIndex < 0 && cmbRoute.back() == gridRouteCell)
             cmbRouteIndex = static_cast<int>(cmbRoute.size()) - 1;
     }

@@ -42,6 +42,7 @@ void RouteImport::GetRoute() {
     boxes.Message(shared.Text("Datenimport", "Data imported"),
                   shared.Text("Strecke: ", "Route: ") + name +
                       shared.Text(" wurde hinzugefügt", " was added to the database"));
+    if (notShown) std::rethrow_exception(notShown);
 }
 
 FileQuestion RouteImport::Question() const {
@@ -163,6 +164,7 @@ void RouteImport::Requery(Recordset* set) {
         if (set && set->IsOpen()) set->Requery();
     } catch (const RuntimeError&) {
         // What is stored is stored: a screen that cannot show it must not leave the route without its points.
+        notShown = std::current_exception();
     }
 }
 

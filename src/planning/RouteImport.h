@@ -1,5 +1,6 @@
 #pragma once
 
+#include <exception>
 #include <string>
 #include <vector>
 
@@ -24,7 +25,7 @@ public:
     RouteImport(Variablen& variablen, Dialogs& dialogs, PlanningSets planning);
 
     // Asks for the file and imports it. A file that is no route file ends it without a word and changes
-    // nothing.
+    // nothing. RuntimeError at the very end when a list of the screen could not be read again.
     void GetRoute();
 
     // What the route of a file is called: the text before the first point of the whole path, behind the last
@@ -41,13 +42,14 @@ private:
     void ImportRouteRow(const std::string& name);
     void ImportRoutePoints();
     void CopyPoints();
-    static void Requery(Recordset* set);
+    void Requery(Recordset* set);
 
     Variablen& shared;
     Dialogs& boxes;
     PlanningSets sets;
-    Recordset rows; // of the file
-    Value routeID;  // of the new route
+    Recordset rows;              // of the file
+    Value routeID;               // of the new route
+    std::exception_ptr notShown; // why a list could not be read again
 };
 
 } // namespace ornivane

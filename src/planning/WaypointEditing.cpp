@@ -97,8 +97,7 @@ void WaypointEditing::ShowWaypoint() {
     };
     show("Long", tWaypoint[3], tEW, "E", "W");
     show("Lat", tWaypoint[2], tNS, "N", "S");
-    const Value name = WaypointsSet.Get("Name");
-    tWaypoint[1] = name.IsNull() ? std::string() : name.Text();
+    tWaypoint[1] = WaypointsSet.TextOrEmpty("Name");
     shown = Entry();
     shownPoint = WaypointsSet.Get("PointID");
     ShowCount();

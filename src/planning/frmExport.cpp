@@ -4,6 +4,8 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "platform/qt/EnterKey.h"
+
 namespace ornivane {
 
 namespace {
@@ -55,7 +57,8 @@ void frmExport::LayOut() {
     lblSave.setMinimumWidth(NarrowestPath);
     lblSave.setAlignment(Qt::AlignLeft | Qt::AlignTop);
     cmdExport.setDefault(true);
-    cmdExit.setAutoDefault(false); // Enter saves, wherever it is pressed
+    cmdExit.setAutoDefault(false);
+    new EnterKey(cmdExit, [this] { close(); }); // elsewhere Enter saves
 
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();

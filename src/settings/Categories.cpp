@@ -29,10 +29,7 @@ void Categories::Form_Activate() {
     if (isTyped) tKategorie = entered;
 }
 
-std::string Categories::CurrentName() const {
-    const Value name = CategoriesSet.Get("Kategorie");
-    return name.IsNull() ? std::string() : name.Text();
-}
+std::string Categories::CurrentName() const { return CategoriesSet.TextOrEmpty("Kategorie"); }
 
 void Categories::GridRowChanged() {
     if (HasRow()) tKategorie = CurrentName();

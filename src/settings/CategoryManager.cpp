@@ -7,12 +7,6 @@
 
 namespace ornivane {
 
-namespace {
-
-std::string TextOrEmpty(const Value& value) { return value.IsNull() ? std::string() : value.Text(); }
-
-} // namespace
-
 CategoryManager::CategoryManager(Variablen& variables, Dialogs& messages)
     : shared(variables), dialogs(messages) {}
 
@@ -26,15 +20,15 @@ void CategoryManager::FillLists() {
     listWegpunkt.clear();
     listKategorie.clear();
     for (int row = 0; row < waypointsSet.RecordCount(); ++row) {
-        listWegpunkt.push_back(TextOrEmpty(waypointsSet.ValueAt(row, "Name")));
-        listKategorie.push_back(TextOrEmpty(waypointsSet.ValueAt(row, "Kategorie")));
+        listWegpunkt.push_back(waypointsSet.ValueAt(row, "Name").TextOrEmpty());
+        listKategorie.push_back(waypointsSet.ValueAt(row, "Kategorie").TextOrEmpty());
     }
 }
 
 // The rows are in the order by which names compare, so the first of a name is found without walking: tens of
 // thousands may be selected.
 bool CategoryManager::Assign(Statement& update, const std::string& waypoint) {
-    const auto nameAt = [this](int row) { return TextOrEmpty(waypointsSet.ValueAt(row, "Name")); };
+    const auto nameAt = [this](int row) { return waypointsSet.ValueAt(row, "Name").TextOrEmpty(); };
     int first = 0, behind = waypointsSet.RecordCount();
     while (first < behind) {
         const int middle = first + (behind - first) / 2;

@@ -93,6 +93,7 @@ public:
     Value Get(std::string_view field) const;
     double Number(std::string_view field) const { return Get(field).Number(); }
     std::string Text(std::string_view field) const { return Get(field).Text(); }
+    std::string TextOrEmpty(std::string_view field) const { return Get(field).TextOrEmpty(); }
     // Kept aside until Update or a move to another row writes it. RuntimeError TypeMismatch, Overflow (text
     // longer than the field's size).
     void Set(std::string_view field, const Value& value);

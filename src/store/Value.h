@@ -25,6 +25,7 @@ public:
     bool Boolean() const;
     // Any value as text, numbers with a decimal point; RuntimeError InvalidNull for Null.
     std::string Text() const;
+    std::string TextOrEmpty() const { return IsNull() ? std::string() : Text(); } // Null is no text
 
     bool operator==(const Value&) const = default;
     const auto& Raw() const { return data; }

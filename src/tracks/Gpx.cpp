@@ -83,7 +83,7 @@ void WriteGpx(std::ostream& to, TrackPoints& points, GpxContent content) {
     to << "</gpx>\r\n";
 }
 
-void SaveGpx(const std::filesystem::path& file, TrackPoints& points, GpxContent content) {
+void SaveGpxFile(const std::filesystem::path& file, TrackPoints& points, GpxContent content) {
     std::filesystem::path part = file;
     part += ".part";
     try {

@@ -10,10 +10,11 @@ namespace ornivane {
 enum class GpxContent { Track, Waypoints, Both };
 
 // Writes the points as GPX 1.1, byte for byte as the program always has: the stray double quote behind the
-// head, the local times with a Z, altitudes without their sign. Other programs have read it for years.
+// head, the computer's date and the receiver's time with a Z, altitudes without their sign.
 void WriteGpx(std::ostream& to, TrackPoints& points, GpxContent content);
 
-// The same into a file, which is replaced when all is written. RuntimeError when that fails.
-void SaveGpx(const std::filesystem::path& file, TrackPoints& points, GpxContent content);
+// The same into a file, which is replaced when all is written. RuntimeError PathNotFound, PermissionDenied,
+// DiskFull or DeviceError when that fails, others when the points cannot be read.
+void SaveGpxFile(const std::filesystem::path& file, TrackPoints& points, GpxContent content);
 
 } // namespace ornivane

@@ -11,20 +11,18 @@ TrackManager::TrackManager(Variablen& variablen, Dialogs& dialogsOf)
 
 void TrackManager::Form_Load() {
     TrackFormConn.Open(shared.ProgramFolder / "track.ovd", Connection::Mode::ReadWrite);
+    TrackListSet.Open(TrackFormConn, "SELECT * FROM List ORDER BY \"Index\"");
     FillLists();
     TrackChosen.assign(Rows.size() + 1, false);
     ShowTrackPoints();
 }
 
 void TrackManager::FillLists() {
-    Recordset list;
-    list.Open(TrackFormConn, "SELECT * FROM List ORDER BY \"Index\"");
     Rows.clear();
     ListIndex = -1;
-    for (; !list.Eof(); list.MoveNext()) {
-        const Value name = list.Get("Name");
-        Rows.push_back({name.IsNull() ? std::string() : name.Text(), list.Get("Index").Integer(), false});
-    }
+    ++Fillings;
+    for (; !TrackListSet.Eof(); TrackListSet.MoveNext())
+        Rows.push_back({TrackListSet.TextOrEmpty("Name"), TrackListSet.Get("Index").Integer(), false});
 }
 
 void TrackManager::listTrack_MouseUp(int row) {
@@ -39,6 +37,12 @@ void TrackManager::listTrack_MouseUp(int row) {
 
 void TrackManager::listIndex_Click(int row) {
     if (row >= 0 && row < static_cast<int>(Rows.size())) ListIndex = row;
+}
+
+void TrackManager::SelectAll() {
+    if (TrackChosen.size() < Rows.size()) TrackChosen.resize(Rows.size());
+    for (std::size_t i = 0; i < Rows.size(); ++i) TrackChosen[i] = Rows[i].Selected = true;
+    ShowTrackPoints();
 }
 
 std::vector<std::int64_t> TrackManager::SelectedIndexes() const {
@@ -73,6 +77,7 @@ void TrackManager::cmdDelete_Click() {
         ShowTrackPoints();
         throw;
     }
+    TrackListSet.Requery();
     FillLists();
     ShowTrackPoints();
 }
@@ -105,9 +110,14 @@ void TrackManager::Export(GpxContent content) {
     const auto file = dialogs.SaveFile(question);
     if (!file) return;
     try {
-        SaveGpx(*file, TrackPointsSet, content);
-    } catch (const RuntimeError&) {
-        // A file that cannot be written is left as it was, and nothing is reported.
+        SaveGpxFile(*file, TrackPointsSet, content);
+    } catch (const RuntimeError& error) {
+        using enum ErrorNumber;
+        // A file that cannot be written is left as it was, and nothing is reported; points that cannot be
+        // read are.
+        for (const ErrorNumber ofFile : {PathNotFound, PermissionDenied, DiskFull, DeviceError})
+            if (error.Number() == ofFile) return;
+        throw;
     }
 }
 

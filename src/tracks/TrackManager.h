@@ -29,6 +29,7 @@ public:
     void listTrack_MouseUp(int row);
     // A click on its number moves to a row and selects nothing.
     void listIndex_Click(int row);
+    void SelectAll();
     void cmdDelete_Click();
     void cmdTrack_Click() { Export(GpxContent::Track); }
     void cmdWpt_Click() { Export(GpxContent::Waypoints); }
@@ -36,6 +37,7 @@ public:
 
     std::vector<Row> Rows;
     int ListIndex = -1;
+    int Fillings = 0; // how often Rows was read anew
     TrackPoints TrackPointsSet;
     std::string lblRecords;
 
@@ -50,6 +52,7 @@ private:
     Variablen& shared;
     Dialogs& dialogs;
     Connection TrackFormConn;
+    Recordset TrackListSet;
     // What was chosen, by row. A deletion leaves it as it is, so that the first click on a row that moved up
     // may clear instead of set.
     std::vector<bool> TrackChosen;

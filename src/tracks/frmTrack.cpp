@@ -12,6 +12,7 @@
 #include <QTableView>
 #include <QVBoxLayout>
 
+#include "base/Flagged.h"
 #include "base/Numbers.h"
 #include "base/RuntimeError.h"
 #include "platform/qt/EnterKey.h"
@@ -73,7 +74,7 @@ QVariant TrackPointsModel::data(const QModelIndex& index, int role) const {
 QVariant TrackPointsModel::headerData(int section, Qt::Orientation orientation, int role) const {
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
     const auto& head = Heads[static_cast<std::size_t>(section)];
-    return QString::fromUtf8(shared.Text(head.first, head.second)).trimmed();
+    return QString::fromUtf8(shared.Text(head.first, head.second));
 }
 
 void TrackPointsModel::Renew() {
@@ -142,11 +143,16 @@ void frmTrack::MakeLists(QBoxLayout& layout) {
     row->addWidget(listIndex);
     row->addWidget(listTrack, 1);
     for (QListWidget* list : {listIndex, listTrack}) {
-        list->setSelectionMode(QAbstractItemView::MultiSelection);
         list->viewport()->installEventFilter(this);
         list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     }
+    listTrack->setSelectionMode(QAbstractItemView::MultiSelection);
     listTrack->installEventFilter(this);
+    connect(listTrack, &QListWidget::currentRowChanged, this, [this](int reached) {
+        if (showing) return;
+        logic.listIndex_Click(reached);
+        ShowState();
+    });
     const auto together = [](QListWidget* from, QListWidget* to) {
         connect(from->verticalScrollBar(), &QScrollBar::valueChanged, to->verticalScrollBar(),
                 &QScrollBar::setValue);
@@ -167,8 +173,10 @@ void frmTrack::MakePoints(QBoxLayout& layout) {
     gridTracks->setModel(model.get());
     gridTracks->setEditTriggers(QAbstractItemView::NoEditTriggers);
     gridTracks->setSelectionBehavior(QAbstractItemView::SelectRows);
+    gridTracks->setTabKeyNavigation(false); // Tab leaves the list
     gridTracks->verticalHeader()->hide();
     gridTracks->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    gridTracks->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     gridTracks->horizontalHeader()->setStretchLastSection(true);
     for (std::size_t i = 0; i < HeadWidths.size(); ++i)
         gridTracks->setColumnWidth(static_cast<int>(i), HeadWidths[i]);
@@ -192,9 +200,13 @@ void frmTrack::MakeExports(QBoxLayout& layout) {
 bool frmTrack::eventFilter(QObject* watched, QEvent* event) {
     const auto type = event->type();
     if (watched == listTrack && type == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter) {
-            Click([this] { logic.listTrack_MouseUp(listTrack->currentRow()); });
+        const auto& keys = *static_cast<QKeyEvent*>(event);
+        if (keys.matches(QKeySequence::SelectAll)) {
+            Click([this] { logic.SelectAll(); });
+            return true;
+        }
+        if (keys.key() == Qt::Key_Space || keys.key() == Qt::Key_Return || keys.key() == Qt::Key_Enter) {
+            if (!keys.isAutoRepeat()) Click([this] { logic.listTrack_MouseUp(listTrack->currentRow()); });
             return true;
         }
     }
@@ -220,8 +232,10 @@ void frmTrack::Click(const std::function<void()>& event) {
 }
 
 void frmTrack::ShowState() {
+    const Flagged now(showing);
     const int rows = static_cast<int>(logic.Rows.size());
-    if (listTrack->count() != rows || (rows > 0 && logic.ListIndex < 0)) {
+    if (shownFilling != logic.Fillings) {
+        shownFilling = logic.Fillings;
         listTrack->clear();
         listIndex->clear();
         for (const auto& row : logic.Rows) {
@@ -234,7 +248,7 @@ void frmTrack::ShowState() {
         listTrack->item(i)->setSelected(logic.Rows[static_cast<std::size_t>(i)].Selected);
     if (logic.ListIndex >= 0) {
         listTrack->setCurrentRow(logic.ListIndex, QItemSelectionModel::NoUpdate);
-        listIndex->setCurrentRow(logic.ListIndex, QItemSelectionModel::NoUpdate);
+        listIndex->setCurrentRow(logic.ListIndex, QItemSelectionModel::ClearAndSelect);
     }
     lblRecords->setText(QString::fromStdString(logic.lblRecords));
     model->Renew();
@@ -251,8 +265,13 @@ void frmTrack::ApplyLanguage() {
     cmdWpt->setText(Text("Wegpunkte", "Waypoints"));
     cmdWptTrack->setText(Text("Track und Wegpunkte", "Track and waypoints"));
     cmdExit->setText(Text("Schließen", "Close"));
-    listTrack->setToolTip(Text("Ein Klick oder die Leertaste wählt einen Track, ein zweiter nimmt ihn heraus",
-                               "A click or the space bar chooses a track, a second one takes it out"));
+    listTrack->setToolTip(
+        Text("Ein Klick oder die Leertaste wählt einen Track, ein zweiter nimmt ihn heraus; "
+             "Strg+A wählt alle",
+             "A click or the space bar chooses a track, a second one takes it out; "
+             "Ctrl+A chooses all"));
+    listIndex->setToolTip(Text("Nummern der Tracks", "Numbers of the tracks"));
+    lblRecords->setToolTip(Text("Punkte aller ausgewählten Tracks", "Points of all selected tracks"));
     cmdDelete->setToolTip(
         Text("Vorher wird der Speicher als track.bak gesichert", "The store is copied to track.bak before"));
     cmdTrack->setToolTip(Text("Als GPX-Datei mit einem Track", "As a GPX file with one track"));

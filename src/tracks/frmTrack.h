@@ -67,6 +67,8 @@ private:
     EventGuard& guard;
     TrackManager logic;
     std::unique_ptr<TrackPointsModel> model;
+    int shownFilling = 0; // which reading of the list the controls show
+    bool showing = false; // ShowState moves the current row, not the user
     QListWidget *listTrack = nullptr, *listIndex = nullptr;
     QGroupBox *Frame1 = nullptr, *Frame2 = nullptr;
     QLabel* lblRecords = nullptr;

@@ -241,7 +241,7 @@ TEST_F(RouteImportTest, ShowsThePlanningScreenWhatIsNewAndGoesOnWhenThatFails) {
                 {routes.Get("RouteID").Integer() + 1});
     FailingScreen failing;
     for (Recordset* set : {&waypoints, &routes}) set->AddObserver(&failing);
-    Import(file, {&waypoints, &routes, &points});
+    EXPECT_THROW(Import(file, {&waypoints, &routes, &points}), RuntimeError); // last of all
     EXPECT_EQ(points.RecordCount(), 1);
     EXPECT_THAT(Boxes.Shown, ElementsAre(Added));
     for (Recordset* set : {&waypoints, &routes}) set->RemoveObserver(&failing);

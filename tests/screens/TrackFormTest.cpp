@@ -3,6 +3,7 @@
 #include <QPushButton>
 #include <QTableView>
 #include <QTest>
+#include <set>
 
 #include <gtest/gtest.h>
 
@@ -68,7 +69,18 @@ TEST_F(TrackFormTest, TracksAreChosenByMouseAndByKeys) {
     ClickRow("listIndex", 2);
     EXPECT_EQ(list.currentRow(), 2);
     EXPECT_EQ(Seen(), "one two 3 trackpoints");
+    EXPECT_TRUE(Find<QListWidget>("listIndex").item(2)->isSelected());
     ClickRow("listTrack", 1);
+    EXPECT_EQ(Seen(), "one 1 trackpoint");
+    // The row that was reached by keys is still the one after a question.
+    QTest::keyClick(&list, Qt::Key_Down);
+    QTest::mouseClick(&Find<QPushButton>("cmdDelete"), Qt::LeftButton);
+    QTest::keyClick(&list, Qt::Key_Space);
+    EXPECT_EQ(Seen(), "one three 1 trackpoint");
+    QTest::keyClick(&list, Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(Seen(), "one two three 3 trackpoints");
+    ClickRow("listTrack", 1);
+    ClickRow("listTrack", 2);
     EXPECT_EQ(Seen(), "one 1 trackpoint");
     Boxes.Answer = true;
     QTest::mouseClick(&Find<QPushButton>("cmdDelete"), Qt::LeftButton);
@@ -77,6 +89,37 @@ TEST_F(TrackFormTest, TracksAreChosenByMouseAndByKeys) {
     EXPECT_EQ(Find<QListWidget>("listIndex").item(0)->text(), "5");
     QTest::keyClick(Form, Qt::Key_Escape);
     EXPECT_FALSE(Form->isVisible());
+}
+
+TEST_F(TrackFormTest, EveryControlIsReachedByTabAndExplained) {
+    ClickRow("listTrack", 1);
+    std::set<std::string> reached;
+    for (int i = 0; i < 12; ++i) {
+        reached.insert(Form->focusWidget()->objectName().toStdString());
+        QTest::keyClick(Form->focusWidget(), Qt::Key_Tab);
+    }
+    for (const char* name :
+         {"listTrack", "gridTracks", "cmdDelete", "cmdTrack", "cmdWpt", "cmdWptTrack", "cmdExit"}) {
+        EXPECT_TRUE(reached.contains(name)) << name;
+        EXPECT_FALSE(Find<QWidget>(name).toolTip().isEmpty()) << name;
+    }
+    EXPECT_EQ(Find<QTableView>("gridTracks").model()->headerData(3, Qt::Horizontal).toString(),
+              "  Longitude");
+}
+
+// The dialog hides the window's notice bar and takes its clicks.
+TEST_F(TrackFormTest, AnErrorIsToldOverTheDialog) {
+    Connection store;
+    store.Open(Folder.Path() / "track.ovd", Connection::Mode::ReadWrite);
+    store.Execute("CREATE TRIGGER refuse BEFORE DELETE ON List BEGIN SELECT RAISE(ABORT, 'no'); END");
+    ClickRow("listTrack", 1);
+    Boxes.Answer = true;
+    QTest::mouseClick(&Find<QPushButton>("cmdDelete"), Qt::LeftButton);
+    auto& notice = Find<QLabel>("noticeBar");
+    EXPECT_TRUE(notice.isVisible() && Form->rect().contains(notice.geometry()));
+    EXPECT_EQ(notice.text(), Notices.text());
+    QTest::mouseClick(&notice, Qt::LeftButton);
+    EXPECT_FALSE(notice.isVisible() || Notices.isVisible());
 }
 
 } // namespace

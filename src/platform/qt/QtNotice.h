@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QLabel>
+#include <QPointer>
 
 #include "platform/Dialogs.h"
 
@@ -14,6 +15,11 @@ public:
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
+
+private:
+    void ShowOver(QWidget& dialog);
+
+    QPointer<QtNotice> below; // in the window under the dialog over which this one stands
 };
 
 } // namespace ornivane
