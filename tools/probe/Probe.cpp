@@ -105,10 +105,12 @@ Probe::Probe(const QString& socket) {
     });
 }
 
-void Probe::Serve(QLocalSocket* peer) {
-    while (peer->canReadLine()) {
+// A command that opens a dialog answers when it closes; whoever asked may be gone by then.
+void Probe::Serve(QPointer<QLocalSocket> peer) {
+    while (peer && peer->canReadLine()) {
         QString answer = Answer(QString::fromUtf8(peer->readLine()).trimmed());
         answer.replace('\\', "\\\\").replace('\n', "\\n");
+        if (!peer) return;
         peer->write(answer.toUtf8() + '\n');
         peer->flush();
     }

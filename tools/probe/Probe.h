@@ -2,6 +2,7 @@
 
 #include <QLocalServer>
 #include <QObject>
+#include <QPointer>
 #include <QStringList>
 
 class QLocalSocket;
@@ -23,7 +24,7 @@ public:
     explicit Probe(const QString& socket);
 
 private:
-    void Serve(QLocalSocket* peer);
+    void Serve(QPointer<QLocalSocket> peer);
     QString Answer(const QString& line);
     QString Ask(const QString& command, QWidget* widget, const QStringList& words);
     QString Act(const QString& command, QWidget* widget, const QStringList& words);
