@@ -31,7 +31,7 @@ constexpr std::array<std::pair<const char*, const char*>, 7> Heads{{{"Track", "T
                                                                     {"       Höhe", "     Altitude"},
                                                                     {"        Datum", "         Date"},
                                                                     {"          Zeit", "         Time"}}};
-constexpr std::array HeadWidths = {50, 84, 122, 122, 122, 92, 70};
+constexpr std::array HeadWidths = {50, 84, 116, 116, 112, 112, 70};
 
 } // namespace
 
