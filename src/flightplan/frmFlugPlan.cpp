@@ -163,6 +163,7 @@ void frmFlugPlan::MakeGrid(QBoxLayout& layout) {
     gridFlug->verticalHeader()->setDefaultSectionSize(RowHeight);
     gridFlug->horizontalHeader()->setFixedHeight(HeadHeight);
     gridFlug->horizontalHeader()->setSectionsClickable(false);
+    gridFlug->horizontalHeader()->setSectionResizeMode(8, QHeaderView::Stretch); // MH has the most decimals
     layout.addWidget(gridFlug, 1000); // up to its greatest height, before the empty space
 }
 

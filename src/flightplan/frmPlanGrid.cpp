@@ -7,6 +7,12 @@
 
 namespace ornivane {
 
+namespace {
+
+constexpr int NameColumn = 1, HeadingColumn = 8;
+
+} // namespace
+
 PlanModel::PlanModel(Recordset& plan, std::vector<Column> shown, Editing how)
     : RecordsetModel(plan, std::move(shown)), editing(std::move(how)) {}
 
@@ -18,9 +24,9 @@ Qt::ItemFlags PlanModel::flags(const QModelIndex& index) const {
 
 QVariant PlanModel::data(const QModelIndex& index, int role) const {
     if (role == Qt::EditRole) return RecordsetModel::data(index, Qt::DisplayRole);
-    // Only names are cut; over the numbers the grid's own tooltip shows.
-    if (role == Qt::ToolTipRole && index.column() != 1) return {};
-    if (role == Qt::TextAlignmentRole && index.column() != 1)
+    // Only names and headings are cut; over the others the grid's own tooltip shows.
+    if (role == Qt::ToolTipRole && index.column() != NameColumn && index.column() != HeadingColumn) return {};
+    if (role == Qt::TextAlignmentRole && index.column() != NameColumn)
         return static_cast<int>(Qt::AlignRight | Qt::AlignVCenter);
     return RecordsetModel::data(index, role);
 }
