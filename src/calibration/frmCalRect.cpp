@@ -15,6 +15,7 @@
 #include <cmath>
 
 #include "base/Flagged.h"
+#include "platform/qt/EnterKey.h"
 #include "platform/qt/Events.h"
 #include "platform/qt/GridBinding.h"
 #include "platform/qt/Named.h"
@@ -66,6 +67,7 @@ frmCalRect::frmCalRect(Variablen& variablen, EventGuard& guardOf, Dialogs& dialo
     logic = std::make_unique<TwoPoints>(shared, catalogue, *picStorage, picMap->Surface(), *timArr, dialogs,
                                         *this);
     MakePanel(*right);
+    EnterKey::PressesButtonsOf(*this);
     ApplyLanguage();
     ShowState();
     if (window) resize(window->size() - QSize(24, 40));
@@ -184,6 +186,9 @@ void frmCalRect::MakeEntry(std::size_t index, QBoxLayout& layout) {
     column->setSpacing(4);
     MakeEntryFields(index, *column);
     MakeEntryGrid(index, *column);
+    new EnterKey(*entry.tLat, [&entry] { entry.tLong->setFocus(); });
+    for (QWidget* last : std::initializer_list<QWidget*>{entry.tLong, entry.tQuickfind, entry.gridWay})
+        new EnterKey(*last, [this, index] { Save(index); });
     entry.cmdSave = new QPushButton;
     entry.cmdSave->setObjectName(Numbered("cmdSave", index));
     entry.cmdSave->setMinimumHeight(ButtonHeight);

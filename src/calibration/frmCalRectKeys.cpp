@@ -116,14 +116,6 @@ bool frmCalRect::EntryKey(std::size_t index, QObject* field, const QKeyEvent& ev
     const bool grid = field == entry.gridWay, quick = field == entry.tQuickfind;
     if (!grid && !quick && field != entry.tLat && field != entry.tLong) return false;
     const int key = event.key();
-    if (IsEnter(key)) {
-        if (event.isAutoRepeat()) return true;
-        if (field == entry.tLat)
-            entry.tLong->setFocus();
-        else
-            Save(index);
-        return true;
-    }
     if (key == Qt::Key_Escape) {
         picMap->setFocus();
         return true;

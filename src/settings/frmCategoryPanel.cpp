@@ -58,7 +58,6 @@ void frmCategoryPanel::MakeGrid() {
             {"Nummer", [] { return QString("Nr"); }, {}},
             {"Kategorie", [this] { return QString::fromUtf8(shared.Text("Kategorie", "Category")); }, {}}});
     binding = std::make_unique<GridBinding>(*model, *gridKategorie);
-    gridKategorie->setTabKeyNavigation(false);
     gridKategorie->setMinimumHeight(3 * RowHeight);
     gridKategorie->verticalHeader()->setDefaultSectionSize(RowHeight);
     gridKategorie->horizontalHeader()->setStretchLastSection(true);

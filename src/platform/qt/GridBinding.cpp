@@ -12,6 +12,7 @@ GridBinding::GridBinding(RecordsetModel& of, QTableView& view) : model(of), grid
     grid.setSelectionBehavior(QAbstractItemView::SelectRows);
     grid.setSelectionMode(QAbstractItemView::SingleSelection);
     grid.setEditTriggers(QAbstractItemView::NoEditTriggers);
+    grid.setTabKeyNavigation(false); // Tab leaves the list
     grid.verticalHeader()->hide();
     connect(&model, &RecordsetModel::CurrentMoved, this, &GridBinding::FollowRecordset);
     connect(&model, &QAbstractItemModel::modelReset, this, &GridBinding::FollowRecordset);
