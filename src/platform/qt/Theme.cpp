@@ -13,7 +13,8 @@ namespace ornivane {
 namespace {
 
 struct Colours {
-    const char *Window, *Base, *Text, *Faint, *Button, *Border, *Lit, *LitText, *Focus, *Notice, *NoticeText, *Icons;
+    const char *Window, *Base, *Text, *Faint, *Button, *Border, *Lit, *LitText, *Focus, *Notice, *NoticeText,
+        *Icons;
 };
 
 constexpr Colours Day{"#e9ecef", "#ffffff", "#101418", "#4a5560", "#fbfcfd", "#8a96a3",
@@ -76,7 +77,7 @@ QString Filled(const Colours& c) {
     const std::pair<const char*, const char*> fills[] = {
         {"%LITTEXT", c.LitText}, {"%NOTEXT", c.NoticeText}, {"%NOTICE", c.Notice}, {"%WINDOW", c.Window},
         {"%BASE", c.Base},       {"%TEXT", c.Text},         {"%FAINT", c.Faint},   {"%BUTTON", c.Button},
-        {"%BORDER", c.Border},   {"%LIT", c.Lit},           {"%FOCUS", c.Focus}, {"%ICONS", c.Icons}};
+        {"%BORDER", c.Border},   {"%LIT", c.Lit},           {"%FOCUS", c.Focus},   {"%ICONS", c.Icons}};
     for (const auto& [name, colour] : fills) sheet.replace(name, colour);
     return sheet;
 }
