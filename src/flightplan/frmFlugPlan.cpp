@@ -160,6 +160,7 @@ void frmFlugPlan::MakeGrid(QBoxLayout& layout) {
     gridFlug->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::AnyKeyPressed |
                               QAbstractItemView::EditKeyPressed | QAbstractItemView::SelectedClicked);
     gridFlug->setTabKeyNavigation(true);
+    gridFlug->setWordWrap(false); // a long number would break behind its point
     gridFlug->verticalHeader()->setDefaultSectionSize(RowHeight);
     gridFlug->horizontalHeader()->setFixedHeight(HeadHeight);
     gridFlug->horizontalHeader()->setSectionsClickable(false);

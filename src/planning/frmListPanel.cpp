@@ -49,7 +49,6 @@ void frmListPanel::Enable(QWidget& button, bool enabled, QWidget& next) {
 QTableView* frmListPanel::Grid(const char* name) {
     auto* grid = new QTableView(this);
     grid->setObjectName(name);
-    grid->setWordWrap(false);
     grid->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     grid->verticalHeader()->setDefaultSectionSize(LineHeight);
     grid->horizontalHeader()->setSectionsClickable(true);

@@ -174,6 +174,7 @@ void frmTrack::MakePoints(QBoxLayout& layout) {
     gridTracks->setEditTriggers(QAbstractItemView::NoEditTriggers);
     gridTracks->setSelectionBehavior(QAbstractItemView::SelectRows);
     gridTracks->setTabKeyNavigation(false); // Tab leaves the list
+    gridTracks->setWordWrap(false);         // a long number would break behind its point
     gridTracks->verticalHeader()->hide();
     gridTracks->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     gridTracks->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);

@@ -13,6 +13,7 @@ GridBinding::GridBinding(RecordsetModel& of, QTableView& view) : model(of), grid
     grid.setSelectionMode(QAbstractItemView::SingleSelection);
     grid.setEditTriggers(QAbstractItemView::NoEditTriggers);
     grid.setTabKeyNavigation(false); // Tab leaves the list
+    grid.setWordWrap(false);         // a long number would break behind its point
     grid.verticalHeader()->hide();
     connect(&model, &RecordsetModel::CurrentMoved, this, &GridBinding::FollowRecordset);
     connect(&model, &QAbstractItemModel::modelReset, this, &GridBinding::FollowRecordset);
