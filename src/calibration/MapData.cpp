@@ -20,6 +20,7 @@ constexpr double MetresPerDegree = 60 * 1000 * KilometresPerNauticalMile;
 // Charts of conformal projections and those drawn for their middle latitude stay below; a minute mistyped on
 // a chart of one degree does not.
 constexpr double SuspiciousPercent = 3;
+constexpr double FarthestPixel = 1e7; // metres; no frame on the earth has larger ones
 
 } // namespace
 
@@ -31,7 +32,6 @@ void MapData::Form_Load() {
     tPath = ChartsFolder().string();
     SetEdgeStates(EdgeState::NotStored);
     tKarten = {};
-    MapRowsSet.Open(shared.DataConn, AllMaps);
     chkVorschau = false;
     FillMapList();
     cmbLatLong = {};
@@ -40,7 +40,10 @@ void MapData::Form_Load() {
 
 void MapData::Form_Deactivate() { LastMapName = SelectedName(); }
 
-void MapData::Form_Unload() { Remember({cmbLatLong, chkVorschau ? 1 : 0}); }
+// What was never read is not overwritten.
+void MapData::Form_Unload() {
+    if (latDataLoaded) Remember({cmbLatLong, chkVorschau ? 1 : 0});
+}
 
 // Conveniences that nobody misses when the folder cannot be written.
 void MapData::Remember(const LatData& data) const {
@@ -54,6 +57,7 @@ void MapData::Remember(const LatData& data) const {
 // which the program once came to harm are not met again at the next start.
 void MapData::LoadLatData() {
     LatData data;
+    latDataLoaded = true;
     ReadLatData(ChartsFolder(), data);
     cmbLatLong = data.Hemispheres;
     if (data.Preview == 1) chkVorschau_Click(true);
@@ -77,29 +81,55 @@ void MapData::FillMapList() {
     listKarten.clear();
     ListIndex = -1;
     for (const std::string& name : images.value_or(std::vector<std::string>())) listKarten.push_back({name});
-    if (images) DropRowsWithoutImage();
-    shared.MapsSet.Requery();
-    MapRowsSet.Requery();
+    try {
+        OpenRows();
+        if (images) DropRowsWithoutImage();
+        shared.MapsSet.Requery();
+        MapRowsSet.Requery();
+    } catch (...) {
+        // The next choice must be shown: the fields still have the frame of a chart that is not selected.
+        SkipMapClick = false;
+        ShowNothing();
+        throw;
+    }
     SelectEntry(std::max(0, SearchList(LastMapName)));
     ShowMapData();
+    if (listKarten.empty()) ShowNothing();
+}
+
+void MapData::OpenRows() {
+    if (!MapRowsSet.IsOpen()) MapRowsSet.Open(shared.DataConn, AllMaps);
+}
+
+// No chart is selected: nothing of an earlier one stays.
+void MapData::ShowNothing() {
+    SetEdgeStates(EdgeState::NotStored);
+    tKarten = {};
+    lblBreite.clear();
+    lblHoehe.clear();
+    PreviewFailed = false;
+    RepaintPreview();
 }
 
 void MapData::DropRowsWithoutImage() {
     Recordset rows;
     rows.Open(shared.DataConn, AllMaps);
-    Transaction together(shared.DataConn);
-    while (!rows.Eof()) {
-        const Value name = rows.Get("Name");
-        const int index = name.IsNull() ? -1 : SearchList(name.Text());
-        SkipMapClick = true;
-        if (index < 0) {
-            rows.Delete();
-            continue;
-        }
+    const auto place = [this, &rows] { return SearchList(rows.TextOrEmpty("Name")); };
+    if (!rows.Eof()) SkipMapClick = true;
+    // All ticks first: a row that cannot be deleted must not leave others' ticks untold.
+    for (; !rows.Eof(); rows.MoveNext()) {
         const Value active = rows.Get("Active");
-        listKarten[static_cast<std::size_t>(index)].Selected = !active.IsNull() && active.Boolean();
-        rows.MoveNext();
+        const int index = place();
+        if (index >= 0 && !active.IsNull() && active.Boolean())
+            listKarten[static_cast<std::size_t>(index)].Selected = true;
     }
+    Transaction together(shared.DataConn);
+    rows.MoveFirst();
+    while (!rows.Eof())
+        if (place() < 0)
+            rows.Delete();
+        else
+            rows.MoveNext();
     together.Commit();
 }
 
@@ -145,9 +175,11 @@ void MapData::ReadSize(const std::string& name) {
 }
 
 bool MapData::ShowPreview(const std::string& name) {
-    PreviewFailed = !storage.Load(ChartsFolder() / name);
+    const bool loaded = storage.Load(ChartsFolder() / name);
+    // An image stored from the top down has a height below zero, and cannot be painted by it.
+    PreviewFailed = !loaded || LeadingNumber(lblBreite) <= 0 || LeadingNumber(lblHoehe) <= 0;
     RepaintPreview();
-    return !PreviewFailed;
+    return loaded;
 }
 
 void MapData::RepaintPreview() {
@@ -225,6 +257,7 @@ void MapData::cmdSpeichern_Click() {
     const FrameEdges edges = SignedEdges();
     WriteSideFile(ChartsFolder(), name, edges);
     WriteRow(name, edges, false);
+    RowWritten();
 }
 
 void MapData::listKarten_ItemCheck(int item) {
@@ -233,18 +266,39 @@ void MapData::listKarten_ItemCheck(int item) {
     entry.Selected = !entry.Selected;
     ListIndex = item;
     if (SkipMapClick) return;
+    bool good = false;
     try {
         ShowMapData();
-        if (EdgesAreNumbers()) return WriteRow(entry.Name, SignedEdges(), true);
-        ReportBadData();
+        good = EdgesAreNumbers();
+        if (good)
+            WriteRow(entry.Name, SignedEdges(), true);
+        else
+            ReportBadData();
     } catch (...) {
         entry.Selected = !entry.Selected; // what was not stored is not shown as if it were
         throw;
     }
-    entry.Selected = !entry.Selected;
+    if (good)
+        RowWritten();
+    else
+        entry.Selected = !entry.Selected;
 }
 
 void MapData::WriteRow(const std::string& name, const FrameEdges& edges, bool flip) {
+    try {
+        SetRow(name, edges, flip);
+    } catch (...) {
+        MapRowsSet.CancelUpdate(); // or the next move would write what was set, for another chart
+        throw;
+    }
+}
+
+void MapData::RowWritten() {
+    SetEdgeStates(EdgeState::Stored);
+    shared.MapsSet.Requery();
+}
+
+void MapData::SetRow(const std::string& name, const FrameEdges& edges, bool flip) {
     const bool isNew = !FindRow(name);
     if (isNew) MapRowsSet.AddNew();
     for (std::size_t i = 0; i < EdgeFields.size(); ++i) MapRowsSet.Set(EdgeFields[i], edges[i]);
@@ -257,21 +311,18 @@ void MapData::WriteRow(const std::string& name, const FrameEdges& edges, bool fl
     } else if (isNew) {
         MapRowsSet.Set("Active", false);
     }
-    try {
-        MapRowsSet.Update();
-    } catch (...) {
-        MapRowsSet.CancelUpdate(); // or the next move would try again, for another chart
-        throw;
-    }
-    SetEdgeStates(EdgeState::Stored);
-    shared.MapsSet.Requery();
+    MapRowsSet.Update();
 }
 
 std::string MapData::ScaleText() const {
     const double width = LeadingNumber(lblBreite), height = LeadingNumber(lblHoehe);
     if (SelectedName().empty() || !EdgesAreNumbers() || width <= 0 || height <= 0) return {};
-    FrameEdges edges = SignedEdges();
-    for (double& edge : edges) edge = ToDecimalDegrees(edge);
+    // As saving takes them: without the sign of the field, with that of its box.
+    FrameEdges edges{};
+    for (std::size_t i = 0; i < edges.size(); ++i) {
+        const double edge = std::abs(NumberIn(tKarten[i]));
+        edges[i] = ToDecimalDegrees(cmbLatLong[i] == 1 ? -edge : edge);
+    }
     const auto [bottom, top, left, right] = edges;
     if (top <= bottom || right <= left)
         return shared.Text(
@@ -280,6 +331,8 @@ std::string MapData::ScaleText() const {
     const double across = (right - left) * MetresPerDegree * std::cos(DegToRad((top + bottom) / 2)) / width;
     const double down = (top - bottom) * MetresPerDegree / height;
     const double differ = 200 * std::abs(across - down) / (across + down);
+    if (!std::isfinite(across) || !std::isfinite(down) || across > FarthestPixel || down > FarthestPixel)
+        return {};
     const auto number = [this](double value) { return Format(value, "0.0", shared.Locale); };
     std::string text = shared.Text("Ein Bildpunkt: ", "One pixel: ") + number(across) +
                        shared.Text(" m breit, ", " m across, ") + number(down) +

@@ -81,6 +81,10 @@ private:
     void ReportBadData();
     FrameEdges SignedEdges() const;
     void WriteRow(const std::string& name, const FrameEdges& edges, bool flip);
+    void SetRow(const std::string& name, const FrameEdges& edges, bool flip);
+    void RowWritten();
+    void OpenRows();
+    void ShowNothing();
     void SetEdgeStates(EdgeState state) { EdgeStates.fill(state); }
     void Remember(const LatData& data) const;
 
@@ -89,6 +93,7 @@ private:
     PictureSurface& surface;
     Dialogs& dialogs;
     Recordset MapRowsSet;
+    bool latDataLoaded = false;
     bool SkipMapClick = false; // the next entry into ShowMapData clears it and returns
     std::string LastMapName;
 };

@@ -1,5 +1,6 @@
 #include "calibration/TwoPoints.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 
@@ -62,6 +63,8 @@ void TwoPoints::ReadSizes() {
 void TwoPoints::Form_Resize() {
     ReadSizes();
     View = Resized(View, Sizes);
+    CrossX = std::min(CrossX, surface.ScaleWidth() - 1);
+    CrossY = std::min(CrossY, surface.ScaleHeight() - 1);
     Draw_Picture();
     ShowPixel();
 }
@@ -181,6 +184,11 @@ void TwoPoints::ArrowUp(ArrowKey key) {
     timer.SetInterval(0);
 }
 
+void TwoPoints::ArrowsGone() {
+    held.fill(false);
+    timer.SetInterval(0);
+}
+
 void TwoPoints::timArr_Timer() {
     const double down = static_cast<double>(Sizes.StoreHeight) * ArrowStep;
     const double across = static_cast<double>(Sizes.StoreWidth) * ArrowStep;
@@ -188,10 +196,14 @@ void TwoPoints::timArr_Timer() {
     if (held[Place(ArrowKey::Down)]) Pan(0, -down);
     if (held[Place(ArrowKey::Left)]) Pan(across, 0);
     if (held[Place(ArrowKey::Right)]) Pan(-across, 0);
+    owner.Moved();
 }
 
 void TwoPoints::Pan(double dx, double dy) {
+    const SourceRect before = View;
     View = Dragged(View, Sizes, dx, dy);
+    if (dx == 0) View.SX = before.SX; // only the way that it moves is kept within the image
+    if (dy == 0) View.SY = before.SY;
     Draw_Picture();
     ShowPixel();
 }

@@ -41,6 +41,7 @@ public:
     public:
         virtual ~Owner() = default;
         virtual void Unload() = 0; // finished: the form closes
+        virtual void Moved() = 0;  // the picture moved by itself
     };
 
     TwoPoints(Variablen& variablen, MapData& frmCalibrate, Picture& picStorage, PictureSurface& picMap,
@@ -65,6 +66,8 @@ public:
     void SlideMap_Click(int value);
     void ArrowDown(ArrowKey key);
     void ArrowUp(ArrowKey key);
+    // The keys are somebody else's now; where an arrow is let go will not be told.
+    void ArrowsGone();
     // Moves the cross-hair by view pixels, for those without a pointer.
     void MoveCross(double dx, double dy);
 

@@ -59,6 +59,7 @@ private:
     };
 
     void Unload() override;
+    void Moved() override { ShowState(); }
 
     void MakeMap(QBoxLayout& layout);
     void MakePanel(QBoxLayout& layout);

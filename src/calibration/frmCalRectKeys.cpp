@@ -43,10 +43,11 @@ bool IsEnter(int key) { return key == Qt::Key_Return || key == Qt::Key_Enter; }
 bool frmCalRect::eventFilter(QObject* watched, QEvent* event) {
     if (watched == SlideMap) {
         const auto type = event->type();
-        if (type == QEvent::MouseButtonPress || type == QEvent::MouseMove ||
-            type == QEvent::MouseButtonRelease)
+        if (type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick ||
+            type == QEvent::MouseMove || type == QEvent::MouseButtonRelease)
             return SlideByMouse(*static_cast<QMouseEvent*>(event));
     }
+    if (event->type() == QEvent::FocusOut && watched == picMap && loaded) logic->ArrowsGone();
     if (event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);
     const auto& key = *static_cast<QKeyEvent*>(event);
     if (watched == picMap) return MapKey(key);

@@ -347,6 +347,8 @@ void frmCalibrate::ApplyToolTips() {
     cmdCalibrate->setToolTip(
         Text("Die Ränder aus zwei bekannten Punkten berechnen", "Compute the edges from two known points"));
     gridMaps->setToolTip(Text("Die aktiven Karten", "The active maps"));
+    lblBreite->setToolTip(Text("Bildpunkte, wie die Datei sie hat", "Pixels, as the file has them"));
+    lblHoehe->setToolTip(lblBreite->toolTip());
     picMap->setToolTip(Text("Vorschau, auf die Fläche gestreckt", "Preview, stretched over the area"));
 }
 

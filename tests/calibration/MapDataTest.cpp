@@ -1,3 +1,4 @@
+#include "base/RuntimeError.h"
 #include "calibration/CatalogueFixture.h"
 
 namespace ornivane {
@@ -25,6 +26,27 @@ TEST_F(CatalogueTest, ListsTheImagesAndForgetsRowsWhoseImageIsGone) {
 }
 
 // A folder that is not there (a card pulled out) says nothing of its charts; an empty one does.
+TEST_F(CatalogueTest, NothingStaysOfAChartThatIsNotListed) {
+    Catalogue.tKarten = {"50", "51", "6", "8"};
+    Catalogue.cmdSpeichern_Click();
+    // A refill that fails half-way: the next choice shows that chart, not what stood there.
+    Sql("CREATE TRIGGER refuse BEFORE DELETE ON Maps BEGIN SELECT RAISE(ABORT, 'no'); END");
+    std::filesystem::rename(Charts() / "alpha.jpg", Charts() / "away");
+    EXPECT_THROW(Catalogue.FillMapList(), RuntimeError);
+    EXPECT_EQ(Fields(), "Ny Ny Ey Ey ");
+    Select("zulu.jpg");
+    EXPECT_EQ(Fields() + Catalogue.lblBreite, "N60b N61b E6b E8b 2000");
+    EXPECT_TRUE(Catalogue.listKarten[0].Selected);
+    Sql("DROP TRIGGER refuse");
+    std::filesystem::rename(Charts() / "away", Charts() / "alpha.jpg");
+    Catalogue.FillMapList();
+    Select("alpha.jpg");
+    EXPECT_EQ(Fields(), "N50b N51b E6b E8b ");
+    for (const char* image : {"alpha.jpg", "zulu.jpg"}) std::filesystem::remove(Charts() / image);
+    Catalogue.FillMapList();
+    EXPECT_EQ(Rows() + Fields() + Catalogue.lblBreite, "Ny Ny Ey Ey ");
+}
+
 TEST_F(CatalogueTest, AMissingFolderCostsNoRows) {
     std::filesystem::rename(Charts(), Folder.Path() / "away");
     Catalogue.FillMapList();

@@ -20,6 +20,7 @@ protected:
         Form.Form_Load();
     }
     void Unload() override { ++Unloaded; }
+    void Moved() override {}
     // The pixel of the image under the pointer, at any zoom: the view is scrolled there first.
     void ClickPixel(double x, double y) {
         Form.View = {static_cast<float>(x - 100), static_cast<float>(y - 50), 200, 100};
@@ -75,6 +76,28 @@ TEST_F(TwoPointsTest, SignsComeFromTheCatalogue) {
     ClickPixel(1500, 100);
     Enter(1, "33.06", "7.3"); // S 33.1, W 7.5
     EXPECT_EQ(Rows(), "alpha.jpg -34 -33 -9 -7 2000 1000 off;");
+}
+
+// The scale beside the message is that of the frame that is stored.
+TEST_F(TwoPointsTest, TheScaleIsThatOfTheSavedFrame) {
+    for (const int box : {1, 0}) {
+        SCOPED_TRACE(box);
+        CatalogueTest::Catalogue.cmbLatLong = {0, 0, box, box};
+        TwoPoints form(Shared, Catalogue, Storage, Surface, Arrows, Boxes, *this);
+        form.Form_Load();
+        const auto enter = [&form](std::size_t index, double x, double y, const char* lat, const char* lon) {
+            form.View = {static_cast<float>(x - 100), static_cast<float>(y - 50), 200, 100};
+            form.MouseMove(400, 200, false);
+            form.picMap_Click();
+            form.Points[index].tLat = lat;
+            form.Points[index].tLong = lon;
+            form.cmdSave_Click(index);
+        };
+        enter(0, 500, 900, "50.06", "-8.3"); // in the west, with a sign as the waypoints of the store have it
+        enter(1, 1500, 100, "50.54", "-7.3");
+        EXPECT_EQ(Boxes.Details, Catalogue.ScaleText());
+        EXPECT_EQ(Boxes.Details.find("verkehrt") == std::string::npos, box == 1) << Boxes.Details;
+    }
 }
 
 TEST_F(TwoPointsTest, PointsTooCloseInXLeaveNoWayForward) {
