@@ -4,6 +4,19 @@
 
 namespace ornivane {
 
+namespace {
+
+// The angle at one point between the meridian to the north and the way to the other, in degrees; arguments in
+// radians. On a meridian rounding carries the cosine to -1 and beyond in about half of all pairs. Arccos says
+// 0 there; a course must not turn round.
+double AngleAt(double lat, double otherLat, double d) {
+    // With d = 0 the quotient is infinite or no number: hence no checked division.
+    const double cosine = (std::sin(otherLat) - std::cos(d) * std::sin(lat)) / (std::sin(d) * std::cos(lat));
+    return cosine <= -1 ? 180 : RadToDeg(Arccos(cosine));
+}
+
+} // namespace
+
 double ToDecimalDegrees(double degMinValue) {
     const double whole = std::floor(degMinValue);
     return whole + (degMinValue - whole) * 10 / 6;
@@ -40,13 +53,8 @@ double CalcRouteDist(double lat2, double long2, double lat1, double long1) {
 }
 
 double TrueCourse(double latA, double longA, double latB, double longB, double d) {
-    // With d = 0 the quotient is infinite or no number, which Arccos takes as 0: hence no checked division.
-    if (longA < longB)
-        return RadToDeg(
-            Arccos((std::sin(latB) - std::cos(d) * std::sin(latA)) / (std::sin(d) * std::cos(latA))));
-    return RadToDeg(
-               Arccos((std::sin(latA) - std::cos(d) * std::sin(latB)) / (std::sin(d) * std::cos(latB)))) +
-           180;
+    if (longA < longB) return AngleAt(latA, latB, d);
+    return AngleAt(latB, latA, d) + 180;
 }
 
 } // namespace ornivane

@@ -38,7 +38,7 @@ double CalcRouteDist(double lat2, double long2, double lat1, double long1);
 
 // True course in degrees, 0 to 360, from A to B; arguments in radians, d the angle between the points.
 // Eastbound it is the initial great-circle course at A, westbound and on the same meridian the final one at
-// B, so that due north is 360. Points so close that d comes out as 0 give 0 or 180 by their branch.
+// B, so that due north is 360 and due south 180. Points so close that d comes out as 0 give 0, 180 or 360.
 double TrueCourse(double latA, double longA, double latB, double longB, double d);
 
 constexpr double FeetPerMetre = 3.2808;

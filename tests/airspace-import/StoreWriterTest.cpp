@@ -88,8 +88,8 @@ TEST_F(AirspaceStore, JoinsArcsToWhatIsBeforeThem) {
     }
 }
 
-// The way the drawing goes: radius and courses from the stored ends. Those exactly north and south of the
-// centre would have none.
+// The way the drawing goes: radius and courses from the stored ends, also those exactly north and south of
+// the centre.
 TEST_F(AirspaceStore, ArcsAreDrawnFromStartToEnd) {
     std::string text;
     std::vector<double> wanted;

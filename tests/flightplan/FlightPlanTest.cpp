@@ -92,6 +92,17 @@ TEST_F(FlightPlanTest, RowOneIsThePlaceOfDeparture) {
     EXPECT_FALSE(FlightPlan::IsEditable(1, 1) || FlightPlan::IsEditable(7, 1));
 }
 
+TEST_F(FlightPlanTest, LegsAlongAMeridianAre360And180) {
+    Places places;
+    for (int minute = 0; minute < 30; ++minute) {
+        places.push_back({50 + minute / 100.0, 7.30});
+        places.push_back({50.59 - minute / 100.0, 7.30});
+    }
+    AddPlan("Meridian", places);
+    Start();
+    for (int row = 2; row <= 60; ++row) EXPECT_EQ(Cell(row, "TC"), row % 2 == 0 ? "360" : "180") << row;
+}
+
 TEST_F(FlightPlanTest, WindAheadAndBehindIsNamedAndSixtyMinutesAreNotCarried) {
     AddPlan("R", {{50, 7}, {51, 7}});
     Start();

@@ -26,15 +26,19 @@ def arccos(x):
     return 0 if abs(x) >= 1 else math.atan(-x / math.sqrt(1 - x * x)) + 2 * math.atan(1)
 
 
+def angle(x):  # of a course, in degrees: due north and south keep their side whatever rounding does
+    return 180 if x <= -1 else arccos(x) * 180 / PI
+
+
 def leg(a, b, course):
     (la, ga), (lb, gb) = [[decimal(v) * PI / 180 for v in p] for p in (a, b)]
     if a == b or 0 in map(decimal, a + b):
         return 0.0, course
     d = arccos(math.sin(la) * math.sin(lb) + math.cos(la) * math.cos(lb) * math.cos(ga - gb))
     if ga < gb:
-        c = arccos((math.sin(lb) - math.cos(d) * math.sin(la)) / (math.sin(d) * math.cos(la))) * 180 / PI
+        c = angle((math.sin(lb) - math.cos(d) * math.sin(la)) / (math.sin(d) * math.cos(la)))
     else:
-        c = arccos((math.sin(la) - math.cos(d) * math.sin(lb)) / (math.sin(d) * math.cos(lb))) * 180 / PI + 180
+        c = angle((math.sin(la) - math.cos(d) * math.sin(lb)) / (math.sin(d) * math.cos(lb))) + 180
     return d * 60 * 180 / PI, c
 
 

@@ -1,6 +1,7 @@
 #include "geo/NavigationMaths.h"
 
 #include <cmath>
+#include <random>
 
 #include <gtest/gtest.h>
 
@@ -55,6 +56,51 @@ TEST(NavigationMaths, CoursesEastAreInitialAndWestAreFinal) {
     // other.
     EXPECT_EQ(TrueCourse(0.88, 0.13, 0.88 + 1e-16, 0.13 + 1e-16, 0), 0);
     EXPECT_EQ(TrueCourse(0.88, 0.13 + 1e-16, 0.88, 0.13, 0), 180);
+}
+
+// Positions as people enter them, in whole minutes, on both halves of the Earth.
+class Meridians {
+public:
+    double Minutes(int degrees) {
+        return ToDecimalDegrees(
+            std::uniform_int_distribution<int>(-degrees * 60 + 1, degrees * 60 - 1)(engine) / 60 +
+            0.01 * std::uniform_int_distribution<int>(0, 59)(engine));
+    }
+    // Two latitudes, the southern one first.
+    std::pair<double, double> Latitudes() {
+        for (;;) {
+            const double a = Minutes(85), b = Minutes(85);
+            if (a != b) return std::minmax(a, b);
+        }
+    }
+    double Hair() { return std::pow(10.0, std::uniform_real_distribution<double>(-14, -7)(engine)); }
+
+private:
+    std::mt19937 engine{20};
+};
+
+double OffCourse(double course, double wanted) { return std::fabs(std::remainder(course - wanted, 360)); }
+
+TEST(NavigationMaths, DueNorthIs360AndDueSouth180OnEveryMeridian) {
+    Meridians meridians;
+    for (int i = 0; i < 200000; ++i) {
+        const auto [south, north] = meridians.Latitudes();
+        const double meridian = meridians.Minutes(180);
+        ASSERT_NEAR(CourseOf(south, meridian, north, meridian), 360, 0.05) << south << " " << north;
+        ASSERT_NEAR(CourseOf(north, meridian, south, meridian), 180, 0.05) << south << " " << north;
+    }
+}
+
+TEST(NavigationMaths, AHairOffTheMeridianTheCourseIsStillNorthOrSouth) {
+    Meridians meridians;
+    for (int i = 0; i < 200000; ++i) {
+        const auto [south, north] = meridians.Latitudes();
+        const double west = meridians.Minutes(180), east = west + meridians.Hair();
+        ASSERT_LT(OffCourse(CourseOf(south, west, north, east), 0), 0.05) << south << " " << north;
+        ASSERT_LT(OffCourse(CourseOf(north, east, south, west), 180), 0.05) << south << " " << north;
+        ASSERT_LT(OffCourse(CourseOf(north, west, south, east), 180), 0.05) << south << " " << north;
+        ASSERT_LT(OffCourse(CourseOf(south, east, north, west), 0), 0.05) << south << " " << north;
+    }
 }
 
 } // namespace

@@ -144,6 +144,26 @@ TEST_F(AirspaceDrawingTest, ArcsRunInTheirDirectionAndMeetTheirNeighbours) {
     EXPECT_EQ(Lines(), 0);
 }
 
+TEST_F(AirspaceDrawingTest, ArcsThatBeginOrEndDueNorthOrSouthRunOnTheirOwnSide) {
+    for (int minute = 1; minute < 30; ++minute) {
+        const double north = 50 + minute / 100.0, south = 49.60 - minute / 100.0;
+        EXPECT_NEAR(ArcDimension(50.0, 7.0, north, 7.0), 360, 0.05) << minute;
+        EXPECT_NEAR(ArcDimension(50.0, 7.0, south, 7.0), 180, 0.05) << minute;
+        AirspaceElement arc = Base("D", "DB", 1);
+        arc.arcLat = 50.0;
+        arc.arcLong = 7.0;
+        arc.arcDir = "-"; // from the south by the east to the north
+        arc.Arcx1 = south;
+        arc.Arcy1 = arc.Arcy2 = 7.0;
+        arc.Arcx2 = north;
+        Draw({arc}, false);
+        EXPECT_NEAR(Lines(), 20, 1) << minute; // half a circle and the closing line
+        int east = 0;
+        for (const std::string& step : Surface.Drawn) east += std::stod(step.substr(step.find(' '))) > 400.5;
+        EXPECT_GE(east, 16) << minute;
+    }
+}
+
 TEST_F(AirspaceDrawingTest, ADamagedElementEndsItsAirspaceAndNothingElse) {
     AirspaceElement noCentre = Arc(1, "+", true);
     noCentre.arcLat.reset();

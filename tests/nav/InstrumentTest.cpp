@@ -68,6 +68,21 @@ TEST_F(InstrumentTest, PointsTheNeedleToTheStationAndTellsItsDistance) {
     EXPECT_EQ(Dial.lbldistVOR, "---"); // there was no position yet
 }
 
+TEST_F(InstrumentTest, AStationDueNorthIsAheadOnATrackOf360) {
+    Sql("INSERT INTO Waypoints (Name, Lat, Long, Kategorie) VALUES ('N', 50.59, 7.00, '')");
+    for (int minute = 0; minute < 59; ++minute) {
+        State.CurLat = 50 + minute / 60.0;
+        Dial.lblKurs = "360";
+        Choose("HSI", "N", "360");
+        EXPECT_NEAR(Dial.VORBearing, 360, 0.05) << minute;
+        EXPECT_TRUE(Drew("line 100,65 100,6 w3 #00FFFF")) << "the needle points ahead, minute " << minute;
+        EXPECT_EQ(Surface.Count("100,40 w3 #FFFFFF"), 10) << "to, minute " << minute;
+    }
+    State.CurLat = 51.5;
+    Choose("VOR", "N", "360");
+    EXPECT_NEAR(Dial.VORBearing, 180, 0.05);
+}
+
 TEST_F(InstrumentTest, TheHsiShowsDeviationAndToOrFrom) {
     const struct {
         const char* Course;

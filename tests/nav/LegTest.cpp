@@ -39,6 +39,16 @@ TEST_F(LegTest, ShowsDistanceCourseAndTime) {
     EXPECT_EQ(State.lblDistanz, "30,5 NM");
 }
 
+TEST_F(LegTest, AlongAMeridianTheCourseIs360Or180) {
+    for (int minute = 0; minute < 60; ++minute) {
+        const double south = 50 + minute / 60.0, north = 51 + minute * 7 % 60 / 60.0 + 0.5;
+        Leg.UpdateLeg({north, 7.5}, {south, 7.5}, false, [] {});
+        EXPECT_EQ(State.lblTrueBearing, "360 °") << minute;
+        Leg.UpdateLeg({south, 7.5}, {north, 7.5}, false, [] {});
+        EXPECT_EQ(State.lblTrueBearing, "180 °") << minute;
+    }
+}
+
 TEST_F(LegTest, TimesBelowAMinuteCountSecondsAndSlowFlightHasNone) {
     State.ShowETE = false;
     State.lblSpeed = "120";

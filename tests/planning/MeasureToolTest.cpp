@@ -8,7 +8,7 @@ namespace ornivane {
 namespace {
 
 // Distances agree with the haversine formula, courses with the initial course at the start (eastwards) or the
-// course on arrival (all others), computed apart from this program; but for the meridian to the north.
+// course on arrival (all others), computed apart from this program.
 TEST(MeasureTool, ShowsDistanceAndBearingInAllDirections) {
     struct {
         double Lat1, Long1, Lat2, Long2;
@@ -19,7 +19,9 @@ TEST(MeasureTool, ShowsDistanceAndBearingInAllDirections) {
         {50.30, 7.00, 50.00, 6.15, "41.6 NM", "224 °"},      // south-west
         {50.30, 7.00, 51.00, 6.15, "41.4 NM", "316 °"},      // north-west
         {50.30, 7.00, 49.30, 7.00, "60.0 NM", "180 °"},      // the meridian to the south
-        {50.30, 7.00, 51.30, 7.00, "60.0 NM", "180 °"},      // and to the north: Arccos(-1) is 0 here
+        {50.30, 7.00, 51.30, 7.00, "60.0 NM", "360 °"},      // and to the north
+        {48.00, 9.10, 48.59, 9.10, "59.0 NM", "360 °"},
+        {47.21, 11.05, 53.02, 11.05, "341.0 NM", "360 °"},
         {50.30, 7.00, 50.30, 8.00, "38.2 NM", "90 °"},       // the parallel to the east
         {50.30, 7.00, 50.30, 6.00, "38.2 NM", "270 °"},      // and to the west
         {-33.70, -59.40, -34.30, -58.20, "69.5 NM", "107 °"} // south of the equator, west of Greenwich

@@ -16,30 +16,9 @@ constexpr double Metre = 1 / 1852.0;   // nautical miles
 constexpr double LeastRadius = 0.01;   // nautical miles; below it bearings from the centre lose all meaning
 constexpr double MostRadius = 500;     // nautical miles
 constexpr double ClosingRadius = 0.05; // nautical miles between the radii of an arc's two ends
-constexpr double LeastAngle = 0.01;    // degrees off the meridian, far above what rounding does
 constexpr double DifferentRadii = 1.5; // times: the ends are not of one arc
 
 bool Same(const Position& a, const Position& b) { return Distance(a, b) < Metre; }
-
-// The drawing takes the course to an arc's end from an arc cosine. It is lost where the end stands so exactly
-// north or south of the centre that rounding carries the argument to 1 or beyond, as it mostly does.
-bool CourseIsLost(const Position& centre, const Position& end) {
-    const auto radians = [](double degrees) { return DegToRad(ToDecimalDegrees(StoredCoordinate(degrees))); };
-    const double lat1 = radians(centre.Lat), long1 = radians(centre.Long);
-    const double lat2 = radians(end.Lat), long2 = radians(end.Long);
-    const double course = TrueCourse(lat1, long1, lat2, long2, AngleBetween(lat1, long1, lat2, long2));
-    return std::fabs(std::remainder(course, 180)) < LeastAngle;
-}
-
-// The end, moved along the arc by the least that gives it a course; a few metres in practice.
-Position Drawable(const Position& centre, const Position& end) {
-    Position moved = end;
-    for (double step = LeastAngle * 1.25; CourseIsLost(centre, moved); step *= 2) {
-        if (step > 1) throw Unusable("an arc that cannot be drawn: no course from its centre to its end");
-        moved = Destination(centre, Bearing(centre, end) + step, Distance(centre, end));
-    }
-    return moved;
-}
 
 Position MiddleOf(const Element& arc, double radius) {
     const double start = Bearing(arc.Centre, arc.Start), end = Bearing(arc.Centre, arc.End);
@@ -86,8 +65,8 @@ public:
         row.As = OutlineRow::Draw::Arc;
         row.Place = MiddleOf(arc, radius);
         row.Centre = arc.Centre;
-        row.Start = Drawable(arc.Centre, arc.Start);
-        row.End = Drawable(arc.Centre, end);
+        row.Start = arc.Start;
+        row.End = end;
         row.Clockwise = arc.Clockwise;
         Add(row, arc.Start, end);
         AddPoint(arc.End);
