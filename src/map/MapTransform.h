@@ -26,6 +26,7 @@ struct Point {
 
 struct Position { // decimal degrees
     double Lat = 0, Long = 0;
+    bool operator==(const Position&) const = default;
 };
 
 // A geographic window, DegMinValue, so that it compares with stored coordinates.

@@ -13,7 +13,8 @@ FlyingScreen::FlyingScreen(const FlyingScreenWorld& w, std::function<void()> sta
       Readouts(State, w.Shared.Locale, *this), gps(Readouts),
       Map(w.Shared, w.picStorage, w.picMap, w.progBar, w.Messages, *this),
       Ring(w.Shared, Map, w.picMap, w.progBar), Route(w.Shared, State, *this),
-      ActiveLeg(State, w.Shared.Locale, w.SystemClock), Wind(State, w.Shared.Locale, w.picWind),
+      ActiveLeg(State, w.Shared.Locale, w.SystemClock, [this] { TargetADayAway(); }),
+      Wind(State, w.Shared.Locale, w.picWind),
       Instruments(w.Shared, State, w.Kurskreisel, w.Picture1, w.Messages),
       Logger(w.Shared, State, w.timeTrack, w.SystemClock, *this),
       Airspace(w.Shared, State, Flags, [this] { UpdateMap(); }),
@@ -192,6 +193,18 @@ void FlyingScreen::AltitudeChanged(double feet) { Wind.UpdateTAS(feet); }
 void FlyingScreen::LoggingFailed(const RuntimeError& error) {
     world.Notices.Show(world.Shared.Text("Der Track wird nicht gespeichert: ", "The track is not stored: ") +
                        DescribeError(error, world.Shared.EnglishUI == 1));
+}
+
+void FlyingScreen::RouteGone(const std::string& name) {
+    world.Notices.Show(world.Shared.Text("Die Strecke \"", "The route \"") + name +
+                       world.Shared.Text("\" wurde umbenannt oder gelöscht. Sie wird nicht mehr abgeflogen.",
+                                         "\" was renamed or deleted. It is no longer flown."));
+}
+
+void FlyingScreen::TargetADayAway() {
+    world.Notices.Show(world.Shared.Text(
+        "Bei dieser Geschwindigkeit dauert es bis zum Ziel 24 Stunden oder länger. Die Zeit bleibt \"---\".",
+        "At this speed the target is 24 hours or more away. The time stays \"---\"."));
 }
 
 void FlyingScreen::DataLost() {

@@ -110,6 +110,9 @@ private:
     std::string RouteName() const override;
     bool HasFix() const override;
     double DistanceToTarget() const override;
+    void TargetChosen() override { ActiveLeg.TargetChosen(); }
+    void RouteGone(const std::string& name) override;
+    void TargetADayAway();
     std::string MapName() const override;
 
     // What the receiver and the link can change on the screen.

@@ -32,6 +32,8 @@ void RouteFollowing::OpenRoutes() {
 void RouteFollowing::CurrentRowChanged() {
     if (activating) return;
     RowSelected = true;
+    EnableSteps();
+    owner.TargetChosen();
     owner.UpdateMap();
 }
 
@@ -51,6 +53,8 @@ void RouteFollowing::cmbRoute_Click(const std::string& name) {
     cmbRoute = RoutesSet.Text("Name");
     tRoute = cmbRoute;
     if (RoutePointsSet.RecordCount() == 0) SwitchOff();
+    EnableSteps();
+    owner.TargetChosen();
     RefreshRouteList();
     owner.UpdateMap();
     // Last: a folder that cannot be written must not keep the new route from the screen.
@@ -73,6 +77,7 @@ void RouteFollowing::cmdActivateGoto_Click() {
     RowSelected = true;
     // A route that was flown to its end left its step button off; on a route that is active it works again.
     cmdNextEnabled = true;
+    owner.TargetChosen();
     owner.UpdateMap();
     owner.FocusMap();
 }
@@ -100,6 +105,7 @@ void RouteFollowing::cmdDirectFly_Click() {
     Frame1 = true;
     picDF = true;
     ClearTargetValues();
+    owner.TargetChosen();
     owner.UpdateMap();
     owner.FocusMap();
 }
@@ -109,6 +115,7 @@ void RouteFollowing::picDF_Click() {
     HideFrameUnless(picActivateGoto);
     picDF = false;
     ClearTargetValues();
+    owner.TargetChosen();
     owner.UpdateMap();
     owner.FocusMap();
 }
@@ -117,6 +124,7 @@ void RouteFollowing::SetDirectTarget(const Position& position) {
     if (!GotoActive) return;
     lblLatx = Format(ToDegMinValue(position.Lat), "###.##0", shared.Locale);
     lblLongx = Format(ToDegMinValue(position.Long), "###.##0", shared.Locale);
+    owner.TargetChosen();
     owner.UpdateMap();
 }
 
@@ -155,7 +163,7 @@ bool RouteFollowing::ActiveTarget(Position& target) {
         target = {ToDecimalDegrees(NumberIn(lblLatx)), ToDecimalDegrees(NumberIn(lblLongx))};
         return true;
     }
-    if (RoutePointsSet.Eof() || RoutePointsSet.Bof()) return false;
+    if (!OnPoint()) return false;
     target = {ToDecimalDegrees(RoutePointsSet.Number("Lat")),
               ToDecimalDegrees(RoutePointsSet.Number("Long"))};
     return true;
@@ -166,11 +174,9 @@ void RouteFollowing::RefreshRouteList() {
     if (!legs.IsPrepared())
         legs = Statement(shared.DataConn,
                          "SELECT Nummer, Lat, Long From GpsPoints WHERE RouteID = ? ORDER BY Nummer ASC");
-    const bool hasActive = RoutePointsSet.IsOpen() && RoutePointsSet.RecordCount() > 0 &&
-                           !RoutePointsSet.Eof() && !RoutePointsSet.Bof();
     // The place in the route tells the row, not the waypoint: one waypoint may stand several times in a
     // route.
-    const double active = hasActive ? RoutePointsSet.Number("Nummer") : -1;
+    const double active = OnPoint() ? RoutePointsSet.Number("Nummer") : -1;
     double total = 0, rest = 0;
     Position from;
     const StatementRun run(legs);
@@ -190,18 +196,39 @@ void RouteFollowing::RefreshRouteList() {
     lblRemDist = GotoActive ? state.lblDistanz : Format(rest, "###0.0", shared.Locale) + " NM";
 }
 
-void RouteFollowing::ReturnToPoint(const Value& pointId) {
-    if (RoutePointsSet.RecordCount() == 0 || pointId.IsNull()) return;
-    RoutePointsSet.MoveFirst();
-    if (!RoutePointsSet.Find("PointID", Comparison::Equal, pointId)) RoutePointsSet.MoveFirst();
+bool RouteFollowing::OnPoint() const {
+    return RoutePointsSet.IsOpen() && RoutePointsSet.RecordCount() > 0 && !RoutePointsSet.Eof() &&
+           !RoutePointsSet.Bof();
 }
 
-void RouteFollowing::Activate() {
-    const Flagged reopening(activating);
-    Value pointId;
-    if (RoutePointsSet.IsOpen() && !RoutePointsSet.Eof() && !RoutePointsSet.Bof())
-        pointId = RoutePointsSet.Get("PointID");
-    const std::string name = cmbRoute.empty() ? tRoute : cmbRoute;
+RouteFollowing::Place RouteFollowing::CurrentPlace() {
+    Place place;
+    if (HasRoutes() && !RoutesSet.Eof()) place.RouteID = RoutesSet.Get("RouteID");
+    if (OnPoint()) {
+        place.Nummer = RoutePointsSet.Get("Nummer");
+        place.PointID = RoutePointsSet.Get("PointID");
+    }
+    Position target;
+    if (ActiveTarget(target)) place.Target = target;
+    return place;
+}
+
+// In a round trip a waypoint stands several times: its number in the route comes first, as long as the
+// waypoint is still that one.
+void RouteFollowing::ReturnTo(const Place& place) {
+    if (RoutePointsSet.RecordCount() == 0 || place.Nummer.IsNull()) return;
+    RoutePointsSet.MoveFirst();
+    if (RoutePointsSet.Find("Nummer", Comparison::Equal, place.Nummer) &&
+        RoutePointsSet.Get("PointID") == place.PointID)
+        return;
+    RoutePointsSet.MoveFirst();
+    if (place.PointID.IsNull() || !RoutePointsSet.Find("PointID", Comparison::Equal, place.PointID))
+        RoutePointsSet.MoveFirst();
+}
+
+// The route of this name, or the first one. False unless it is the one of before under its name: who renames
+// a route and comes back finds no such name in the list.
+bool RouteFollowing::ReopenRoute(const Place& place, const std::string& name) {
     RoutesSet.Requery();
     RouteNames.clear();
     for (; !RoutesSet.Eof(); RoutesSet.MoveNext()) RouteNames.push_back(RoutesSet.Text("Name"));
@@ -210,23 +237,36 @@ void RouteFollowing::Activate() {
         lblRoute.clear();
         lblRemDist.clear();
         OpenPoints();
-    } else {
-        RoutesSet.MoveFirst();
-        if (!RoutesSet.Find("Name", Comparison::Equal, name)) RoutesSet.MoveFirst();
-        cmbRoute = RoutesSet.Text("Name");
-        tRoute = cmbRoute;
-        OpenPoints();
+        return false;
     }
-    if (RoutePointsSet.RecordCount() == 0) {
+    RoutesSet.MoveFirst();
+    const bool isFound = RoutesSet.Find("Name", Comparison::Equal, name);
+    if (!isFound) RoutesSet.MoveFirst();
+    cmbRoute = RoutesSet.Text("Name");
+    tRoute = cmbRoute;
+    OpenPoints();
+    return isFound && RoutesSet.Get("RouteID") == place.RouteID;
+}
+
+void RouteFollowing::Activate() {
+    const Flagged reopening(activating);
+    const Place before = CurrentPlace();
+    const std::string name = cmbRoute.empty() ? tRoute : cmbRoute;
+    const bool isSame = ReopenRoute(before, name);
+    if (RouteActive && !isSame) {
+        // Another route than the one that was chosen must not lead on.
         SwitchOff();
-        RefreshRouteList();
-        return;
+        owner.RouteGone(name);
     }
-    if (!state.HadPosition) {
+    if (RoutePointsSet.RecordCount() == 0) SwitchOff();
+    if (!state.HadPosition && OnPoint()) {
         state.CurLat = ToDecimalDegrees(RoutePointsSet.Number("Lat"));
         state.CurLong = ToDecimalDegrees(RoutePointsSet.Number("Long"));
     }
-    ReturnToPoint(pointId);
+    ReturnTo(before);
+    const Place now = CurrentPlace();
+    if (!isSame || now.Nummer != before.Nummer) EnableSteps();
+    if (now.Target != before.Target) owner.TargetChosen();
     RefreshRouteList();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,9 +18,11 @@ public:
     virtual ~RouteFollowingOwner() = default;
     virtual void UpdateMap() = 0; // ignored inside a drawing pass
     virtual void FocusMap() = 0;
-    virtual bool HasFix() const = 0;             // the lamp of a fix shows
-    virtual double DistanceToTarget() const = 0; // NM, at the last leg calculation
-    virtual std::string MapName() const = 0;     // of the active map, empty when there is none
+    virtual bool HasFix() const = 0;                     // the lamp of a fix shows
+    virtual double DistanceToTarget() const = 0;         // NM, at the last leg calculation
+    virtual void TargetChosen() = 0;                     // by hand, or it stands elsewhere now
+    virtual void RouteGone(const std::string& name) = 0; // the flown one was renamed or deleted
+    virtual std::string MapName() const = 0;             // of the active map, empty when there is none
 };
 
 // The route that is flown, point by point, and the target of Direct Fly. Members carry the names of the
@@ -71,11 +74,21 @@ private:
     void RowChanged(int) override {}
     void CurrentRowChanged() override;
 
+    // Where the lists stood when the screen was left.
+    struct Place {
+        Value RouteID, Nummer, PointID; // Null where there was none
+        std::optional<Position> Target; // decimal degrees
+    };
+
     void OpenPoints();
+    bool OnPoint() const;
+    Place CurrentPlace();
+    bool ReopenRoute(const Place& place, const std::string& name);
+    void ReturnTo(const Place& place);
+    void EnableSteps() { cmdNextEnabled = cmdPrevEnabled = true; }
     void HideFrameUnless(bool stays);
     void SwitchOff();
     void ClearTargetValues();
-    void ReturnToPoint(const Value& pointId);
 
     Variablen& shared;
     FlightState& state;

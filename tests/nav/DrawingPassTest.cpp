@@ -99,19 +99,30 @@ TEST_F(DrawingPassTest, SteppingInsideAPassDoesNotStartAnother) {
     EXPECT_EQ(screen.Route.RoutePointsSet.AbsolutePosition(), 2);
 }
 
-TEST_F(DrawingPassTest, ALegOfADayIsToldAndEndsThePass) {
-    AddRoute("R", {6.3});
+TEST_F(DrawingPassTest, ALegOfADayEndsNothingButItsTime) {
+    AddRoute("R", {6.3, 7.0});
+    Sql("INSERT INTO Waypoints (Name, Lat, Long, Kategorie) VALUES ('W', 50.3, 7.15, '')");
+    Sql("UPDATE GpsPoints SET Lat = 70 WHERE Nummer = 1");
     FlyingScreen& screen = Start();
-    Sql("UPDATE GpsPoints SET Lat = 70");
-    screen.Form_Activate();
+    screen.Map.SlideMap = 100;
+    screen.Map.ApplyZoom();
     Fly(50.5, 7);
     screen.Readouts.SpeedReceived("11");
     screen.Route.cmdActivateGoto_Click();
-    ASSERT_EQ(Notices.Shown.size(), 1u);
-    EXPECT_EQ(Surface.Count("#00FF00"), 0);
-    screen.Readouts.SpeedReceived("110");
-    screen.UpdateMap();
-    EXPECT_EQ(Surface.Count("#00FF00"), 5);
+    for (int redraw = 0; redraw < 3; ++redraw) screen.UpdateMap();
+    EXPECT_EQ(screen.State.lblTime, "---");
+    EXPECT_NE(screen.State.lblDistanz, "---");
+    EXPECT_NE(screen.State.lblTrueBearing, "---");
+    EXPECT_NE(screen.Route.lblRemDist, screen.State.lblDistanz) << "the route list is made anew, too";
+    EXPECT_EQ(Surface.Count("r5 w4 #FF0000"), 1) << "the waypoint";
+    EXPECT_EQ(Surface.Count("#00FF00"), 5) << "the aircraft";
+    Shared.EnglishUI = 1;
+    screen.Route.cmdDirectFly_Click();
+    screen.Route.SetDirectTarget({70, 7});
+    EXPECT_EQ(Notices.Shown,
+              (Steps{"Bei dieser Geschwindigkeit dauert es bis zum Ziel 24 Stunden oder länger. Die Zeit "
+                     "bleibt \"---\".",
+                     "At this speed the target is 24 hours or more away. The time stays \"---\"."}));
 }
 
 } // namespace

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "base/RuntimeError.h"
 #include "support/MapFakes.h"
 
 namespace ornivane {
@@ -17,8 +16,8 @@ protected:
     FlightState State;
     LocaleText Locale;
     SetClock Clock;
-    ornivane::Leg Leg{State, Locale, Clock};
-    int Passed = 0;
+    ornivane::Leg Leg{State, Locale, Clock, [this] { ++Told; }};
+    int Passed = 0, Told = 0;
 };
 
 TEST_F(LegTest, ShowsDistanceCourseAndTime) {
@@ -65,11 +64,28 @@ TEST_F(LegTest, TimesBelowAMinuteCountSecondsAndSlowFlightHasNone) {
     EXPECT_EQ(State.lblTime, "00:05"); // past midnight
 }
 
-TEST_F(LegTest, ALegOfADayIsAnErrorAfterTheDistanceWasShown) {
-    State.lblSpeed = "11";
-    EXPECT_THROW(Leg.UpdateLeg({55, 7}, {50, 7}, false, [] {}), RuntimeError);
-    EXPECT_EQ(State.lblDistanz, "300.0 NM");
-    EXPECT_EQ(State.lblTime, "---");
+TEST_F(LegTest, ALegOfADayAndMoreHasNoTimeAndThatIsToldOnce) {
+    const auto fly = [this](const char* speed) {
+        State.lblSpeed = speed;
+        Leg.UpdateLeg({55, 7}, {50, 7}, false, [] {}); // 300 NM
+        return State.lblTime;
+    };
+    EXPECT_EQ(fly("12.501"), "23:59");
+    EXPECT_EQ(fly("12.5"), "---"); // to the minute
+    EXPECT_EQ(State.lblDistanz + " " + State.lblTrueBearing, "300.0 NM 360 °");
+    EXPECT_NEAR(Leg.LastDistance, 300, 0.01);
+    State.ShowETE = false;
+    EXPECT_EQ(fly("11"), "---");
+    // A taxiing aircraft that stops and goes on: that was told already.
+    EXPECT_EQ(fly("5"), "00:00");
+    EXPECT_EQ(fly("11"), "---");
+    EXPECT_EQ(Told, 1);
+    EXPECT_EQ(fly("100"), "16:50");
+    EXPECT_EQ(fly("11"), "---");
+    EXPECT_EQ(Told, 2);
+    Leg.TargetChosen(); // another one, as far away
+    EXPECT_EQ(fly("11"), "---");
+    EXPECT_EQ(Told, 3);
 }
 
 TEST_F(LegTest, APointIsPassedWhenTheDistanceFirstGrowsNearIt) {

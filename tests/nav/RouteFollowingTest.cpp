@@ -1,0 +1,214 @@
+#include <functional>
+#include <random>
+
+#include "nav/FlyingScreenFixture.h"
+
+namespace ornivane {
+namespace {
+
+class RouteFollowingTest : public FlyingScreenTest {
+protected:
+    // Stands at 50.5° N and this longitude, in decimal degrees, and redraws.
+    void StandAt(double longitude, double lat = 50.5) {
+        Screen->State.HadPosition = true;
+        Screen->State.CurLat = lat;
+        Screen->State.CurLong = longitude;
+        Screen->UpdateMap();
+    }
+    int Row() { return Screen->Route.RoutePointsSet.AbsolutePosition(); }
+    // A click on a row of the list, counted from 1.
+    void Choose(int row) {
+        auto& points = Screen->Route.RoutePointsSet;
+        points.MoveFirst();
+        for (int i = 1; i < row; ++i) points.MoveNext();
+    }
+    void LeaveAndComeBack(const std::string& meanwhile) {
+        Screen->Form_Deactivate();
+        if (!meanwhile.empty()) Sql(meanwhile);
+        Screen->Form_Activate();
+    }
+    // A target of Direct Fly that is this far to the east of where one is, in degrees.
+    void DirectTo(double east) {
+        Screen->Route.SetDirectTarget({Screen->State.CurLat, Screen->State.CurLong + east});
+    }
+};
+
+TEST_F(RouteFollowingTest, TheFirstCalculationForATargetChosenByHandNeverPassesIt) {
+    AddRoute("R", {6.30, 6.36, 6.42});
+    AddRoute("S", {6.36});
+    RouteFollowing& route = Start().Route;
+    const auto nothing = [] {};
+    const struct {
+        const char* What;
+        std::function<void()> Before, Hand;
+        int Row;
+    } cases[] = {
+        {"Direct Fly off", [&] { route.cmdDirectFly_Click(); }, [&] { route.picDF_Click(); }, 1},
+        {"its target set anew, then off", [&] { route.cmdDirectFly_Click(); },
+         [&] {
+             DirectTo(-0.04); // 1.5 NM
+             route.picDF_Click();
+         },
+         1},
+        {"a row clicked", nothing, [&] { Choose(2); }, 2},
+        {"the next one", nothing, [&] { route.cmdNext_Click(); }, 2},
+        {"the one before", [&] { Choose(2); }, [&] { route.cmdPrev_Click(); }, 1},
+        {"another route", nothing, [&] { route.cmbRoute_Click("S"); }, 1},
+        {"the route switched on", [&] { route.picActivateGoto_Click(); },
+         [&] { route.cmdActivateGoto_Click(); }, 1},
+        {"its point moved in planning", nothing,
+         [&] { LeaveAndComeBack("UPDATE GpsPoints SET Long = 6.36 WHERE Nummer = 1"); }, 1},
+    };
+    for (const auto& c : cases) {
+        route.cmbRoute_Click("R");
+        route.cmdActivateGoto_Click();
+        StandAt(6.55); // P1 and P2, and that of S, are 1.9 NM away, P3 5.7 NM
+        c.Before();
+        Screen->ActiveLeg.LastDistance = 1.6; // from before
+        c.Hand();
+        EXPECT_EQ(Row(), c.Row) << c.What;
+        EXPECT_TRUE(route.RouteActive) << c.What;
+        EXPECT_EQ(Screen->State.lblDistanz, "1.9 NM") << c.What;
+    }
+}
+
+TEST_F(RouteFollowingTest, ARouteIsFlownPointByPointWithoutAnyHand) {
+    std::mt19937 random(4);
+    std::uniform_real_distribution<double> leg(0.10, 0.40), step(0.002, 0.010);
+    for (int round = 0; round < 8; ++round) {
+        std::vector<double> stored;
+        double longitude = 6.05;
+        for (; longitude < 7.9; longitude += leg(random)) stored.push_back(ToDegMinValue(longitude));
+        AddRoute("R" + std::to_string(round), stored);
+        FlyingScreen& screen = Start();
+        screen.Route.cmbRoute_Click("R" + std::to_string(round));
+        screen.State.CurLat = 50.49; // beside the route
+        screen.State.CurLong = 6.0;
+        screen.Route.cmdActivateGoto_Click();
+        for (double at = 6.0; at < longitude && screen.Route.RouteActive; at += step(random)) {
+            const int before = Row();
+            StandAt(at, 50.49);
+            const double active = ToDecimalDegrees(stored[static_cast<std::size_t>(before - 1)]);
+            const bool passed = Row() != before || !screen.Route.RouteActive;
+            EXPECT_LE(Row(), before + 1);
+            // At the first or second redraw behind the point, never ahead of it.
+            EXPECT_TRUE(passed ? at > active : at < active + 0.021) << round << " point " << before;
+        }
+        EXPECT_EQ(Row(), stored.size());
+        EXPECT_FALSE(screen.Route.RouteActive) << round;
+    }
+}
+
+TEST_F(RouteFollowingTest, ComesBackToTheSameRowThoughItsPointStandsSeveralTimes) {
+    std::mt19937 random(7);
+    const auto upTo = [&](int n) { return std::uniform_int_distribution<int>(1, n)(random); };
+    std::vector<int> counts(25);
+    Sql("BEGIN");
+    for (std::size_t round = 0; round < counts.size(); ++round) {
+        counts[round] = upTo(9);
+        AddRoute("R" + std::to_string(round),
+                 std::vector<double>(static_cast<std::size_t>(counts[round]), 7.0));
+        for (int row = 1; row <= counts[round]; ++row) // round trips over three places
+            Sql("UPDATE GpsPoints SET PointID = " + std::to_string(upTo(3)) +
+                " WHERE Nummer = " + std::to_string(row) + " AND RouteID = (SELECT max(RouteID) FROM Route)");
+    }
+    Sql("COMMIT");
+    FlyingScreen& screen = Start();
+    for (std::size_t round = 0; round < counts.size(); ++round) {
+        const std::string name = "R" + std::to_string(round);
+        screen.Route.cmbRoute_Click(name);
+        Choose(upTo(counts[round]));
+        const int row = Row();
+        LeaveAndComeBack("");
+        EXPECT_EQ(Row(), row) << round;
+        EXPECT_EQ(screen.Route.cmbRoute, name);
+    }
+}
+
+TEST_F(RouteFollowingTest, APointThatHasMovedInTheRouteIsFoundByItsWaypoint) {
+    AddRoute("R", {6.3, 7.0, 6.3});
+    Sql("UPDATE GpsPoints SET PointID = 1 WHERE Nummer = 3"); // A-B-A
+    FlyingScreen& screen = Start();
+    Choose(3);
+    LeaveAndComeBack("UPDATE GpsPoints SET Nummer = 5 WHERE Nummer = 3"); // number 3 is gone
+    EXPECT_EQ(Row(), 1);
+    Choose(2);
+    LeaveAndComeBack("UPDATE GpsPoints SET Nummer = 3 - Nummer WHERE Nummer < 3"); // B is the first now
+    EXPECT_EQ(Row(), 1);
+    EXPECT_EQ(screen.Route.RoutePointsSet.Text("Name"), "P2");
+    LeaveAndComeBack("DELETE FROM GpsPoints WHERE Name = 'P2'");
+    EXPECT_EQ(Row(), 1);
+}
+
+TEST_F(RouteFollowingTest, AFlownRouteThatIsGoneIsNotFlownOnAndThatIsTold) {
+    const char* const deeds[] = {
+        "UPDATE Route SET Name = 'Renamed' WHERE Name = 'R'",
+        "DELETE FROM Route WHERE Name = 'R'",
+        // another one under its name
+        "UPDATE Route SET Name = CASE Name WHEN 'R' THEN 'Renamed' ELSE 'R' END",
+        "DELETE FROM Route",
+    };
+    for (const char* deed : deeds) {
+        Sql("DELETE FROM Route");
+        AddRoute("First", {7.3, 7.4});
+        AddRoute("R", {6.3, 7.0});
+        Notices.Shown.clear();
+        RouteFollowing& route = Start().Route;
+        route.cmbRoute_Click("R");
+        LeaveAndComeBack("");
+        route.cmdActivateGoto_Click();
+        LeaveAndComeBack("UPDATE Route SET Nummer = Nummer + 1"); // still there
+        EXPECT_TRUE(route.RouteActive && Notices.Shown.empty()) << deed;
+        LeaveAndComeBack(deed);
+        EXPECT_FALSE(route.RouteActive || route.picActivateGoto || route.Frame1) << deed;
+        ASSERT_EQ(Notices.Shown.size(), 1u) << deed;
+        EXPECT_NE(Notices.Shown[0].find("\"R\""), std::string::npos) << Notices.Shown[0];
+        LeaveAndComeBack("");
+        EXPECT_EQ(Notices.Shown.size(), 1u) << "said once";
+    }
+    // What was not flown may go without a word; a Direct Fly goes on.
+    Sql("DELETE FROM Route");
+    AddRoute("R", {6.3, 7.0});
+    AddRoute("S", {6.3, 7.0});
+    Notices.Shown.clear();
+    Shared.EnglishUI = 1;
+    RouteFollowing& route = Start().Route;
+    route.cmbRoute_Click("S");
+    LeaveAndComeBack("DELETE FROM Route WHERE Name = 'S'");
+    EXPECT_TRUE(Notices.Shown.empty());
+    route.cmdActivateGoto_Click();
+    route.cmdDirectFly_Click();
+    LeaveAndComeBack("UPDATE Route SET Name = 'T'");
+    EXPECT_TRUE(!route.RouteActive && route.GotoActive && route.Frame1);
+    EXPECT_EQ(Notices.Shown.at(0), "The route \"R\" was renamed or deleted. It is no longer flown.");
+}
+
+TEST_F(RouteFollowingTest, AStepButtonAtAnEndWorksAgainAfterAnyChangeOfRow) {
+    AddRoute("R", {6.3, 7.0, 7.3});
+    AddRoute("S", {6.4});
+    RouteFollowing& route = Start().Route;
+    const auto enabled = [&] { return route.cmdPrevEnabled && route.cmdNextEnabled; };
+    route.cmdPrev_Click();
+    EXPECT_FALSE(route.cmdPrevEnabled);
+    Choose(2);
+    EXPECT_TRUE(enabled());
+    Choose(3);
+    route.cmdNext_Click();
+    EXPECT_FALSE(route.cmdNextEnabled);
+    route.cmdNext_Click(); // the last row stays
+    EXPECT_FALSE(route.cmdNextEnabled);
+    Choose(1);
+    EXPECT_TRUE(enabled());
+    route.cmdPrev_Click();
+    route.cmbRoute_Click("S");
+    EXPECT_TRUE(enabled());
+    route.cmdPrev_Click();
+    route.cmdNext_Click();
+    LeaveAndComeBack(""); // the same row, still at both ends
+    EXPECT_FALSE(route.cmdPrevEnabled || route.cmdNextEnabled);
+    LeaveAndComeBack("DELETE FROM Route WHERE Name = 'S'");
+    EXPECT_TRUE(enabled());
+}
+
+} // namespace
+} // namespace ornivane
