@@ -34,9 +34,9 @@ struct Cockpit : ChartFolder {
         Form->show();
         Form->Form_Activate();
         FlyingScreen& screen = Form->Logic();
-        screen.Readouts.FixObtained();
+        screen.Readouts.gps_FixObtained();
         screen.Link.picGPSCheck[1].Visible = true;
-        screen.Readouts.BearingReceived("090");
+        screen.Readouts.gps_BearingReceived("090");
         screen.State.CurLat = 50;
         screen.State.CurLong = 9;
         screen.State.HadPosition = true;
@@ -128,9 +128,9 @@ void ReceiveReadouts(benchmark::State& state) {
     FlyingScreen& screen = Screen();
     int track = 0;
     for (auto _ : state) {
-        screen.Readouts.BearingReceived(std::to_string(track++ % 360));
-        screen.Readouts.SpeedReceived(std::to_string(100 + track % 9));
-        screen.Readouts.AltitudeReceived(std::to_string(500 + track % 9));
+        screen.Readouts.gps_BearingReceived(std::to_string(track++ % 360));
+        screen.Readouts.gps_SpeedReceived(std::to_string(100 + track % 9));
+        screen.Readouts.gps_AltitudeReceived(std::to_string(500 + track % 9));
         screen.Route.RefreshRouteList();
         TheCockpit().Form->ApplyLanguage();
         TheCockpit().Painted();

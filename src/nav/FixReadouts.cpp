@@ -22,19 +22,19 @@ FixReadouts::FixReadouts(FlightState& flightState, const LocaleText& localeText,
                          FixReadoutsOwner& readoutsOwner)
     : state(flightState), locale(localeText), owner(readoutsOwner) {}
 
-void FixReadouts::FixObtained() {
+void FixReadouts::gps_FixObtained() {
     owner.ShowFix(true);
     state.NoFix = false;
 }
 
-void FixReadouts::FixLost() {
+void FixReadouts::gps_FixLost() {
     owner.ShowFix(false);
     state.NoFix = true;
     owner.DrawOverlays();
 }
 
-void FixReadouts::PositionReceived(const std::string& latitude, const std::string& longitude,
-                                   const std::string& latraw, const std::string& longraw) {
+void FixReadouts::gps_PositionReceived(const std::string& latitude, const std::string& longitude,
+                                       const std::string& latraw, const std::string& longraw) {
     if (state.NoFix) {
         state.lblLat = NoValue;
         state.lblLong = NoValue;
@@ -57,9 +57,9 @@ void FixReadouts::PositionReceived(const std::string& latitude, const std::strin
     state.lblLong = longitude;
 }
 
-void FixReadouts::TimeChanged(const std::string& time) { state.LabelTime = time; }
+void FixReadouts::gps_TimeChanged(const std::string& time) { state.LabelTime = time; }
 
-void FixReadouts::BearingReceived(const std::string& bearing) {
+void FixReadouts::gps_BearingReceived(const std::string& bearing) {
     if (state.NoFix) {
         const bool hadTrack = state.lblBearing != NoValue;
         state.lblBearing = NoValue;
@@ -71,7 +71,7 @@ void FixReadouts::BearingReceived(const std::string& bearing) {
     owner.UpdateInstrument(state.HeadingIndicator);
 }
 
-void FixReadouts::SpeedReceived(const std::string& speed) {
+void FixReadouts::gps_SpeedReceived(const std::string& speed) {
     if (state.NoFix) {
         state.lblSpeed = NoValue;
         return;
@@ -86,7 +86,7 @@ void FixReadouts::ShowSpeed() {
     state.lblSpeedmode = state.SpeedInKnots ? "kts" : "km/h";
 }
 
-void FixReadouts::AltitudeReceived(const std::string& altitude) {
+void FixReadouts::gps_AltitudeReceived(const std::string& altitude) {
     if (state.NoFix) {
         state.lblAlt = NoValue;
         return;
@@ -102,11 +102,11 @@ void FixReadouts::ShowAltitude() {
     state.lblAltmode = state.AltInFeet ? "ft" : "m";
 }
 
-void FixReadouts::SatellitesUsedReceived(std::int16_t satellitesUsed) {
+void FixReadouts::gps_SatellitesUsedReceived(std::int16_t satellitesUsed) {
     state.Label7 = std::to_string(satellitesUsed);
 }
 
-void FixReadouts::SatellitesInViewReceived(std::int16_t satellitesInView) {
+void FixReadouts::gps_SatellitesInViewReceived(std::int16_t satellitesInView) {
     owner.ShowSatellites(state.Label7, state.NoFix ? std::optional<int>() : satellitesInView);
 }
 

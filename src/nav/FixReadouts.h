@@ -30,16 +30,17 @@ class FixReadouts : public NmeaListener {
 public:
     FixReadouts(FlightState& state, const LocaleText& locale, FixReadoutsOwner& owner);
 
-    void PositionReceived(const std::string& latitude, const std::string& longitude,
-                          const std::string& latraw, const std::string& longraw) override;
-    void TimeChanged(const std::string& time) override;
-    void BearingReceived(const std::string& bearing) override;
-    void SpeedReceived(const std::string& speed) override;
-    void FixObtained() override;
-    void FixLost() override;
-    void AltitudeReceived(const std::string& altitude) override;
-    void SatellitesUsedReceived(std::int16_t satellitesUsed) override;
-    void SatellitesInViewReceived(std::int16_t satellitesInView) override;
+    // What each event of the receiver does.
+    void gps_PositionReceived(const std::string& latitude, const std::string& longitude,
+                              const std::string& latraw, const std::string& longraw);
+    void gps_TimeChanged(const std::string& time);
+    void gps_BearingReceived(const std::string& bearing);
+    void gps_SpeedReceived(const std::string& speed);
+    void gps_FixObtained();
+    void gps_FixLost();
+    void gps_AltitudeReceived(const std::string& altitude);
+    void gps_SatellitesUsedReceived(std::int16_t satellitesUsed);
+    void gps_SatellitesInViewReceived(std::int16_t satellitesInView);
 
     // Show the last value in the unit that is chosen now, so that text and unit never part.
     void ShowSpeed();
@@ -48,6 +49,19 @@ public:
     void ClearDisplays();
 
 private:
+    void PositionReceived(const std::string& latitude, const std::string& longitude,
+                          const std::string& latraw, const std::string& longraw) override {
+        gps_PositionReceived(latitude, longitude, latraw, longraw);
+    }
+    void TimeChanged(const std::string& time) override { gps_TimeChanged(time); }
+    void BearingReceived(const std::string& bearing) override { gps_BearingReceived(bearing); }
+    void SpeedReceived(const std::string& speed) override { gps_SpeedReceived(speed); }
+    void FixObtained() override { gps_FixObtained(); }
+    void FixLost() override { gps_FixLost(); }
+    void AltitudeReceived(const std::string& altitude) override { gps_AltitudeReceived(altitude); }
+    void SatellitesUsedReceived(std::int16_t used) override { gps_SatellitesUsedReceived(used); }
+    void SatellitesInViewReceived(std::int16_t inView) override { gps_SatellitesInViewReceived(inView); }
+
     FlightState& state;
     const LocaleText& locale;
     FixReadoutsOwner& owner;

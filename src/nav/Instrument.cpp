@@ -37,11 +37,11 @@ void Instrument::SaveVOR() const {
 
 void Instrument::UpdateInstrument(double angle) {
     surface.Cls();
-    surface.PaintTurned(card, angle);
+    RotateCard(angle);
     StationShows = InstrumentMode != Heading;
     if (InstrumentMode == Heading) frmKurs = frmVOR = false;
     if (InstrumentMode == Hsi) frmVOR = false;
-    InstrumentDrawing::Aircraft(surface);
+    InstrumentDrawing::DrawInstrumentAircraft(surface);
     if (StationShows) {
         FindVOR();
         DrawVORNeedle();
@@ -50,11 +50,11 @@ void Instrument::UpdateInstrument(double angle) {
     surface.Refresh();
 }
 
+void Instrument::RotateCard(double angle) { surface.PaintTurned(card, angle); }
+
 void Instrument::FindVOR() {
-    if (lblVOR1.empty()) {
-        lbldistVOR = NoValue;
-        return;
-    }
+    if (!HasBearing()) lbldistVOR = NoValue;
+    if (lblVOR1.empty()) return;
     if (!byName.IsPrepared())
         byName = Statement(shared.DataConn,
                            "SELECT Lat, Long FROM Waypoints WHERE Name = ? ORDER BY Name ASC LIMIT 1");
@@ -65,6 +65,7 @@ void Instrument::FindVOR() {
         return;
     }
     lbldistVOR = NoValue;
+    bearingStation.clear();
     // Not while another station is being entered: that is what the message asks for.
     if (!frmVOR)
         dialogs.MessageBeside("Error", shared.Text("VOR nicht gefunden: ", "VOR not found: ") + lblVOR1);
@@ -82,16 +83,17 @@ void Instrument::UpdateVORBearing(const Position& station) {
         state.HadPosition ? Format(distance, distance < 30 ? "##0.0" : "##0", shared.Locale) : NoValue;
     // Jumps at the station's meridian: its two branches are the initial course and the final one.
     VORBearing = TrueCourse(lat, longitude, vorLat, vorLong, d);
+    bearingStation = lblVOR1;
 }
 
 void Instrument::DrawVORNeedle() {
     const bool isVor = InstrumentMode == Vor;
     if (isVor) InstrumentDrawing::Hub(surface);
-    const bool hasTrack = state.lblBearing != NoValue;
-    // Without a track the needle is parked across the card.
-    const double relative = hasTrack ? VORBearing - NumberIn(state.lblBearing) : 90;
+    const bool isPointing = state.lblBearing != NoValue && HasBearing();
+    // Without a track or a station the needle is parked across the card.
+    const double relative = isPointing ? VORBearing - NumberIn(state.lblBearing) : 90;
     InstrumentDrawing::Arrow(surface, relative, 94, isVor ? 5 : 35,
-                             hasTrack ? InstrumentDrawing::Needle : InstrumentDrawing::Parked);
+                             isPointing ? InstrumentDrawing::Needle : InstrumentDrawing::Parked);
 }
 
 void Instrument::DrawHSI(double angle) {
@@ -102,6 +104,7 @@ void Instrument::DrawHSI(double angle) {
     InstrumentDrawing::SmallAircraft(surface);
     InstrumentDrawing::Arrow(surface, turned, 95, 45, 0xFFFF00);
     InstrumentDrawing::DeviationScale(surface, turned);
+    if (!HasBearing()) return;
 
     const double whole = Round(course);
     InstrumentDrawing::ToFrom(surface, turned,

@@ -47,14 +47,17 @@ public:
     std::string InstrumentMode = "Kurs"; // "Kurs", "VOR", "HSI"
     std::string lblVOR1, lblKurs;
     std::string lbldistVOR = NoValue; // NM
-    double VORBearing = 0;            // degrees, from the aircraft to the station
+    double VORBearing = 0;            // degrees, from the aircraft to bearingStation
     bool StationShows = false;        // lblVOR1 and lbldistVOR
     bool frmVOR = false, frmKurs = false;
     std::string tVOR1, lblResult, tKurs;
 
 private:
+    void RotateCard(double angle);
     void FindVOR();
     void UpdateVORBearing(const Position& station);
+    // Without a station, or while its bearing is not known yet, VORBearing is that of another one.
+    bool HasBearing() const { return !lblVOR1.empty() && lblVOR1 == bearingStation; }
     void DrawVORNeedle();
     void DrawHSI(double angle);
 
@@ -64,6 +67,7 @@ private:
     const Picture& card;
     Dialogs& dialogs;
     Statement byName, fromName;
+    std::string bearingStation; // empty when the chosen one was not found
 };
 
 } // namespace ornivane

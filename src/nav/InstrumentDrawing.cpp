@@ -41,7 +41,7 @@ void Line(PictureSurface& surface, const Spot& from, const Spot& to, Colour colo
 
 } // namespace
 
-void Aircraft(PictureSurface& surface) {
+void DrawInstrumentAircraft(PictureSurface& surface) {
     surface.SetDrawWidth(2);
     for (std::size_t i = 0; i < std::size(Outline); ++i)
         Line(surface, Outline[i], Outline[(i + 1) % std::size(Outline)], White);

@@ -11,7 +11,7 @@ namespace InstrumentDrawing {
 constexpr Colour Needle = 0x00FFFF, Parked = 0xFF0000;
 
 // The fixed outline of the aircraft and the ten marks of the bezel.
-void Aircraft(PictureSurface& surface);
+void DrawInstrumentAircraft(PictureSurface& surface);
 // A double arrow through the middle that leaves `inner` units free on both sides of it.
 void Arrow(PictureSurface& surface, double angle, double length, double inner, Colour colour);
 // The circle of the VOR needle in the middle.

@@ -167,7 +167,8 @@ void frmInstrumentPanel::ShowState(const std::string& qnh, bool qnhShows, Colour
     const QString station = Q(instrument->lblVOR1.empty() ? NoValue : instrument->lblVOR1);
     lblVOR1->setText(lblVOR1->fontMetrics().elidedText(station, Qt::ElideRight, 2 * CornerWidth - 20));
     lblVOR1->setVisible(instrument->StationShows);
-    lbldistVOR->setText(Q(instrument->lbldistVOR) + " NM");
+    const std::string& distance = instrument->lbldistVOR;
+    lbldistVOR->setText(Q(distance == NoValue ? distance : distance + " NM"));
     lbldistVOR->setVisible(instrument->StationShows);
     lblKurs->setText(instrument->lblKurs.empty() ? Q(NoValue) : Q(instrument->lblKurs) + "°");
     lblKurs->setVisible(isHsi);

@@ -32,6 +32,7 @@ public:
 
 private:
     void DrawPlanRoute(MapSymbols& symbols);
+    static void DrawPlanLeg(MapSymbols& symbols, const Position& from, const Position& to);
     void DrawWaypoints(MapSymbols& symbols, const MapTransform& transform);
 
     Rooms rooms;

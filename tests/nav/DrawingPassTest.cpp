@@ -107,7 +107,7 @@ TEST_F(DrawingPassTest, ALegOfADayEndsNothingButItsTime) {
     screen.Map.SlideMap = 100;
     screen.Map.ApplyZoom();
     Fly(50.5, 7);
-    screen.Readouts.SpeedReceived("11");
+    screen.Readouts.gps_SpeedReceived("11");
     screen.Route.cmdActivateGoto_Click();
     for (int redraw = 0; redraw < 3; ++redraw) screen.UpdateMap();
     EXPECT_EQ(screen.State.lblTime, "---");

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "common/SettingsFiles.h"
+#include "geo/NavigationMaths.h"
 #include "support/FlightFolder.h"
 #include "support/MapFakes.h"
 
@@ -109,6 +110,38 @@ TEST_F(InstrumentTest, TheHsiShowsDeviationAndToOrFrom) {
     Dial.lblKurs = "60";
     Choose("HSI", "KBO", "060");
     EXPECT_TRUE(Drew("line 57.8,100 57.8,60 w3 #FFFF00")); // 8.44 degrees, 42.2 units
+}
+
+// Neither a needle to nowhere nor one that still points to the station before.
+TEST_F(InstrumentTest, WithoutABearingTheNeedleIsParkedAndTheHsiShowsNoDeviation) {
+    Sql("INSERT INTO Waypoints (Name, Lat, Long, Kategorie) VALUES ('Unset', 0, 7.30, ''), "
+        "('Here', 50.30, 7.00, '')");
+    State.CurLat = ToDecimalDegrees(50.30);
+    Dial.lblKurs = "050";
+    for (const char* station : {"", "Nowhere", "Unset", "Here"}) {
+        for (const bool isHsi : {false, true}) {
+            Choose("VOR", "KBO");
+            EXPECT_EQ(Surface.Count("#00FFFF"), 4);
+            // By the entry, as a pilot does it; the unknown one and none by the saved settings.
+            Dial.RightButton();
+            Dial.tVOR1_Change(station);
+            Dial.tVOR1_Enter();
+            Choose(isHsi ? "HSI" : "VOR", station);
+            EXPECT_EQ(Dial.lbldistVOR, "---") << station;
+            EXPECT_EQ(Surface.Count("#00FFFF"), 0) << station;
+            EXPECT_TRUE(Drew(isHsi ? "line 135,100 194,100 w3 #FF0000" : "line 105,100 194,100 w3 #FF0000"));
+            EXPECT_EQ(Surface.Count(" w3 #FFFFFF"), 0) << "no triangle: " << station;
+            // The course arrow of the HSI stays, and its dots, without the two lines of the bar.
+            EXPECT_EQ(Surface.Count(" w3 #FFFF00"), isHsi ? 4 : 0) << station;
+            EXPECT_EQ(Surface.Count(" r3 w2 #000000"), isHsi ? 4 : 0) << station;
+        }
+    }
+    State.CurLat = 50.6; // away from it, there is a bearing
+    Choose("VOR", "Here");
+    EXPECT_EQ(Surface.Count("#00FFFF"), 4);
+    State.CurLat = ToDecimalDegrees(50.30); // and over it, the one that stood
+    Choose("VOR", "Here");
+    EXPECT_EQ(Surface.Count("#00FFFF"), 4);
 }
 
 TEST_F(InstrumentTest, AnUnknownStationIsToldAtEachRedrawUntilAnotherIsEntered) {
