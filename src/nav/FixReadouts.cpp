@@ -16,6 +16,8 @@ double WireNumber(const std::string& text) {
     return *number;
 }
 
+double Feet(double metres) { return CutToFifteenDigits(metres * FeetPerMetre); }
+
 } // namespace
 
 FixReadouts::FixReadouts(FlightState& flightState, const LocaleText& localeText,
@@ -72,33 +74,35 @@ void FixReadouts::gps_BearingReceived(const std::string& bearing) {
 }
 
 void FixReadouts::gps_SpeedReceived(const std::string& speed) {
-    if (state.NoFix) {
-        state.lblSpeed = NoValue;
-        return;
-    }
-    knots = WireNumber(speed);
+    if (state.NoFix)
+        knots.reset();
+    else
+        knots = WireNumber(speed);
     ShowSpeed();
-    owner.SpeedChanged(knots);
+    if (knots) owner.SpeedChanged(*knots);
 }
 
 void FixReadouts::ShowSpeed() {
-    state.lblSpeed = Format(state.SpeedInKnots ? knots : knots * KilometresPerNauticalMile, "##0", locale);
+    const double factor = state.SpeedInKnots ? 1 : KilometresPerNauticalMile;
+    state.lblSpeed = knots ? Format(*knots * factor, "##0", locale) : NoValue;
     state.lblSpeedmode = state.SpeedInKnots ? "kts" : "km/h";
 }
 
 void FixReadouts::gps_AltitudeReceived(const std::string& altitude) {
-    if (state.NoFix) {
-        state.lblAlt = NoValue;
-        return;
-    }
-    metres = WireNumber(altitude);
+    if (state.NoFix)
+        metres.reset();
+    else
+        metres = WireNumber(altitude);
     ShowAltitude();
-    owner.AltitudeChanged(CutToFifteenDigits(metres * FeetPerMetre));
+    if (metres) owner.AltitudeChanged(Feet(*metres));
 }
 
 void FixReadouts::ShowAltitude() {
-    const double feet = CutToFifteenDigits(metres * FeetPerMetre);
-    state.lblAlt = state.AltInFeet ? Format(feet, "######", locale) : Format(metres, "#####", locale);
+    if (!metres)
+        state.lblAlt = NoValue;
+    else
+        state.lblAlt =
+            state.AltInFeet ? Format(Feet(*metres), "######", locale) : Format(*metres, "#####", locale);
     state.lblAltmode = state.AltInFeet ? "ft" : "m";
 }
 
@@ -114,6 +118,8 @@ void FixReadouts::ClearDisplays() {
     for (std::string* label : {&state.lblSpeed, &state.lblBearing, &state.lblAlt, &state.lblLat,
                                &state.lblLong, &state.lblTrueBearing, &state.lblDistanz, &state.lblTime})
         *label = NoValue;
+    knots.reset();
+    metres.reset();
     state.HeadingIndicator = 0;
     owner.UpdateInstrument(0);
 }

@@ -42,7 +42,7 @@ public:
     void gps_SatellitesUsedReceived(std::int16_t satellitesUsed);
     void gps_SatellitesInViewReceived(std::int16_t satellitesInView);
 
-    // Show the last value in the unit that is chosen now, so that text and unit never part.
+    // Show the value that stands, and its unit, in the unit that is chosen now: text and unit never part.
     void ShowSpeed();
     void ShowAltitude();
     // The link is lost: eight displays go to "---", in their order, and the compass card to 0.
@@ -65,8 +65,8 @@ private:
     FlightState& state;
     const LocaleText& locale;
     FixReadoutsOwner& owner;
-    std::int16_t PositionCount = -1; // positions since the last redraw
-    double knots = 0, metres = 0;    // as last received
+    std::int16_t PositionCount = -1;     // positions since the last redraw
+    std::optional<double> knots, metres; // as shown; none behind "---"
 };
 
 } // namespace ornivane

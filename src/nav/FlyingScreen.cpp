@@ -141,16 +141,17 @@ void FlyingScreen::SetDirectTarget(const Point& view) {
 }
 
 // The value that stands changes with its unit: the time to go, the wind and the logged height are computed
-// from both.
+// from both. What the wind display holds is in the unit of the speed.
 void FlyingScreen::lblSpeed_Click() {
     State.SpeedInKnots = !State.SpeedInKnots;
-    if (State.lblSpeed != NoValue) Readouts.ShowSpeed();
+    Readouts.ShowSpeed();
+    Wind.SpeedUnitChanged();
     changed();
 }
 
 void FlyingScreen::lblAlt_Click() {
     State.AltInFeet = !State.AltInFeet;
-    if (State.lblAlt != NoValue) Readouts.ShowAltitude();
+    Readouts.ShowAltitude();
     changed();
 }
 

@@ -47,7 +47,9 @@ void WindCalculator::KeyUp(int keyCode) {
     field = Filled(digits);
     const auto heading = ParseNumber(lblHeading.substr(0, lblHeading.find('-')));
     lblHeadingColour = heading && *heading > 360 ? WrongHeading : PlainHeading;
-    if (IsComplete()) UpdateWind();
+    if (!IsComplete()) return;
+    airspeed = NumberIn(lblIAS);
+    UpdateWind();
 }
 
 WindCalculator::TrueAirspeed WindCalculator::TasAt(double altitudeFeet) const {
@@ -67,11 +69,31 @@ void WindCalculator::UpdateTAS(double altitudeFeet) {
     lblIASToolTip = IsComplete() ? " " + TasText(TasAt(altitudeFeet)) + " " : std::string();
 }
 
+double WindCalculator::ShownFeet() const {
+    const double height = ShownNumber(state.lblAlt);
+    return state.AltInFeet ? height : CutToFifteenDigits(height * FeetPerMetre);
+}
+
+void WindCalculator::SpeedUnitChanged() {
+    const double factor = state.SpeedInKnots ? 1 / KilometresPerNauticalMile : KilometresPerNauticalMile;
+    windSpeed *= factor;
+    if (windSpeed != 0) ShowWind();
+    if (!IsComplete()) return;
+    airspeed *= factor;
+    lblIAS = Format(airspeed, "000", locale);
+    if (lblIAS.size() > 3) lblIAS = NoValue;
+    if (!lblIASToolTip.empty()) UpdateTAS(ShownFeet());
+}
+
+void WindCalculator::ShowWind() {
+    lblWind = windSpeed == 0
+                  ? "--- / ---"
+                  : Format(windDirection, "00#", locale) + " / " + Format(windSpeed, "##0", locale);
+}
+
 void WindCalculator::UpdateWind() {
     if (state.lblSpeed == NoValue || state.lblBearing == NoValue) return;
-    double feet = ShownNumber(state.lblAlt);
-    if (!state.AltInFeet) feet = CutToFifteenDigits(feet * FeetPerMetre);
-    const TrueAirspeed values = TasAt(feet);
+    const TrueAirspeed values = TasAt(ShownFeet());
     lblIASToolTip = TasText(values);
 
     const double tas = values.Isa;
@@ -86,11 +108,10 @@ void WindCalculator::UpdateWind() {
     if (wind != 0 && tas != 0)
         angle = RadToDeg(Arccos((wind * wind + tas * tas - groundSpeed * groundSpeed) / (2 * tas * wind)));
     const double direction = WindDirection(heading, drift, angle, groundSpeed > tas);
-    if (wind == 0 || direction == 0) {
-        lblWind = "--- / ---";
-        return;
-    }
-    lblWind = Format(direction, "00#", locale) + " / " + Format(wind, "##0", locale);
+    windDirection = direction;
+    windSpeed = direction == 0 ? 0 : wind;
+    ShowWind();
+    if (windSpeed == 0) return;
     arrow = direction - heading;
     hasArrow = true;
     RedrawArrow();

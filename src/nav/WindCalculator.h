@@ -26,6 +26,10 @@ public:
     void UpdateTAS(double altitudeFeet);
     // RuntimeError TypeMismatch when a display holds no number.
     void UpdateWind();
+    // The ground speed shows in the other unit from now on (state.SpeedInKnots): a complete entry and the
+    // wind are shown in it, too. The wind is still that of its heading and track. An airspeed of more than
+    // three digits goes.
+    void SpeedUnitChanged();
     // Draws the arrow of the last result again, after picWind got a new size or palette.
     void RedrawArrow();
 
@@ -42,11 +46,15 @@ private:
     TrueAirspeed TasAt(double altitudeFeet) const;
     std::string TasText(const TrueAirspeed& tas) const;
     bool IsComplete() const;
+    double ShownFeet() const;
+    void ShowWind();
     void DrawArrow(double relative);
 
     const FlightState& state;
     const LocaleText& locale;
     PictureSurface& picWind;
+    double airspeed = 0; // of the complete entry, in the unit shown; unrounded, so that no click changes it
+    double windDirection = 0, windSpeed = 0; // in degrees and in the unit shown; 0: none
     bool hasArrow = false;
     double arrow = 0; // degrees from the nose
 };

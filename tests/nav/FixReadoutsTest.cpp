@@ -54,6 +54,10 @@ TEST_F(FixReadoutsTest, ShowTheReceiversValuesInTheChosenUnits) {
     EXPECT_EQ(screen.State.lblSpeed, "---");
     readouts.ClearDisplays();
     EXPECT_EQ(screen.State.lblAlt, "---");
+    screen.lblSpeed_Click(); // the unit alone
+    screen.lblAlt_Click();
+    EXPECT_EQ(screen.State.lblSpeed + screen.State.lblSpeedmode, "---kts");
+    EXPECT_EQ(screen.State.lblAlt + screen.State.lblAltmode, "---ft");
     EXPECT_EQ(screen.State.HeadingIndicator, 0);
 }
 

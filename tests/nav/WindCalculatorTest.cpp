@@ -1,7 +1,10 @@
 #include "nav/WindCalculator.h"
 
+#include <random>
+
 #include <gtest/gtest.h>
 
+#include "base/Format.h"
 #include "support/MapFakes.h"
 
 namespace ornivane {
@@ -73,6 +76,55 @@ TEST_F(WindTest, SolvesTheTriangleFromTheNumbersAsDisplayed) {
     Wind.lblWind = "stays";
     Type("090100");
     EXPECT_EQ(Wind.lblWind, "stays"); // without a track there is no triangle
+}
+
+TEST_F(WindTest, AnotherUnitOfSpeedShowsTheSameWindAndAirspeedInIt) {
+    const auto shown = [this] { return Fields() + " " + Wind.lblWind + Wind.lblIASToolTip; };
+    const auto flip = [this] {
+        State.SpeedInKnots = !State.SpeedInKnots;
+        Wind.SpeedUnitChanged();
+    };
+    Display("100", "090", "984");
+    Type("09");
+    flip();
+    EXPECT_EQ(Fields(), "09- ---"); // what is being typed is left alone
+    flip();
+    Type("0110");
+    EXPECT_EQ(Wind.lblWind, "090 / 12");
+    State.lblBearing = "180"; // a turn later it is still the wind of that heading
+    flip();
+    EXPECT_EQ(Fields() + " " + Wind.lblWind, "090 204 090 / 22");
+    EXPECT_NE(Wind.lblIASToolTip.find("TAS 207 (ISA)"), std::string::npos) << Wind.lblIASToolTip;
+
+    std::mt19937 random(11);
+    const auto digits = [&](int least, int most) {
+        return Format(std::uniform_int_distribution<int>(least, most)(random), "000", Locale);
+    };
+    for (int i = 0; i < 2000; ++i) {
+        Wind.KeyUp(0);
+        Display(digits(40, 300), digits(0, 359), digits(100, 999));
+        Type(digits(0, 360) + digits(40, 300));
+        Wind.UpdateTAS(std::stod(State.lblAlt));
+        const std::string before = shown(), wind = Wind.lblWind, airspeed = Wind.lblIAS;
+        const double factor = State.SpeedInKnots ? 1.852 : 1 / 1.852;
+        flip();
+        EXPECT_NEAR(std::stod(Wind.lblIAS), std::stod(airspeed) * factor, 0.501) << before;
+        EXPECT_EQ(Wind.lblWind.substr(0, 6), wind.substr(0, 6)) << before;
+        if (wind[0] != '-') {
+            EXPECT_NEAR(std::stod(Wind.lblWind.substr(6)), std::stod(wind.substr(6)) * factor, 1.5) << before;
+        }
+        flip();
+        EXPECT_EQ(shown(), before);
+        if (i % 3 == 0) flip();
+    }
+}
+
+TEST_F(WindTest, AnAirspeedThatHasNoThreeDigitsInTheOtherUnitGoes) {
+    Display("300", "090", "1000");
+    Type("090540");
+    State.SpeedInKnots = false;
+    Wind.SpeedUnitChanged();
+    EXPECT_EQ(Fields() + Wind.lblIASToolTip, "090 ---");
 }
 
 TEST_F(WindTest, TellsTheTrueAirspeedAtEachAltitudeOnceTheEntryIsComplete) {

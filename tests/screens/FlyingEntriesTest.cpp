@@ -42,8 +42,11 @@ TEST_F(FlyingEntriesTest, HeadingAndAirspeedAreTypedWhereverTheFocusIs) {
     Keys(Find<QWidget>("cmdNext"), "0");
     EXPECT_EQ(Text("lblWind"), "090 / 12"); // TAS 111.8 at 984 ft
     EXPECT_TRUE(Find<QLabel>("lblIAS").toolTip().contains("(ISA)"));
+    Click("lblSpeed"); // another unit: the wind is the same
+    EXPECT_EQ(Entry() + " " + Text("lblWind") + Text("lblSpeedmode"), "090 204 090 / 22km/h");
+    Click("lblSpeed");
     QTest::keyClick(&map, Qt::Key_Space);
-    EXPECT_EQ(Entry(), "090 110");
+    EXPECT_EQ(Entry() + " " + Text("lblWind"), "090 110 090 / 12");
     Keys(map, "4");
     EXPECT_EQ(Entry(), "4-- ---");
 }
