@@ -18,6 +18,7 @@ FlyingScreen::FlyingScreen(const FlyingScreenWorld& w, std::function<void()> sta
       Instruments(w.Shared, State, w.Kurskreisel, w.Picture1, w.Messages),
       Logger(w.Shared, State, w.timeTrack, w.SystemClock, *this),
       Airspace(w.Shared, State, Flags, [this] { UpdateMap(); }),
+      Qnh(w.Shared, w.SystemClock, [this] { UpdateMap(); }),
       Pass(
           {w.Shared, State, Flags, Map, Ring, Route, ActiveLeg, Airspace, w.picStorage, w.picMap},
           [this](const RuntimeError& error) { ShowError(error); },
@@ -52,14 +53,6 @@ void FlyingScreen::LoadFlightSet() {
 
 void FlyingScreen::SaveFlightSet() { WriteDisplayFlags(world.Shared.ProgramFolder, Flags); }
 
-void FlyingScreen::TakeDailyQnh() {
-    // A QNH holds for the day on which it was entered. On another day it is what stands in the settings: the
-    // standard pressure after a start, and after midnight the one that this flight was begun with.
-    if (world.Shared.QNHDate != DateOf(world.SystemClock.Now()))
-        world.Shared.QNH = ToInt16(ParseNumber(world.Shared.tQNH).value_or(StandardPressure));
-    lblQNH = "QNH " + std::to_string(world.Shared.QNH);
-}
-
 void FlyingScreen::ShowError(const RuntimeError& error) {
     world.Notices.Show(DescribeError(error, world.Shared.EnglishUI == 1));
 }
@@ -78,7 +71,7 @@ void FlyingScreen::ShowLastMap() {
 }
 
 void FlyingScreen::Form_Activate() {
-    TakeDailyQnh();
+    Qnh.Form_Activate();
     Wind.RedrawArrow();
     world.progBar.SetVisible(true);
     // A damaged row or a store that another program holds must not keep the receiver from coming back.
@@ -182,7 +175,7 @@ void FlyingScreen::StepZoom(int by) {
 }
 
 void FlyingScreen::EntryKey(int keyCode) {
-    if (Instruments.IsEntering()) return;
+    if (IsEntering()) return;
     Wind.KeyUp(keyCode);
     changed();
 }

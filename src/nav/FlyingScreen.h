@@ -13,6 +13,7 @@
 #include "nav/FlightState.h"
 #include "nav/Instrument.h"
 #include "nav/Leg.h"
+#include "nav/QnhReadout.h"
 #include "nav/RouteFollowing.h"
 #include "nav/TrackLogger.h"
 #include "nav/WindCalculator.h"
@@ -72,8 +73,10 @@ public:
     // The arrow keys: the slider by 10, not beyond its ends.
     void StepZoom(int by);
     // A key of the main row or one that means nothing else: the entry of heading and airspeed. Nothing while
-    // a name or a course is entered at the instrument.
+    // something is entered at the dial.
     void EntryKey(int keyCode);
+    // A station, a course or the QNH is being entered: the keys of the screen rest.
+    bool IsEntering() const { return Instruments.IsEntering() || Qnh.frmEnterQNH; }
 
     FlightState State;
     DisplayFlags Flags;
@@ -88,8 +91,8 @@ public:
     Instrument Instruments;
     TrackLogger Logger;
     AirspaceView Airspace;
+    QnhReadout Qnh;
     DrawingPass Pass;
-    std::string lblQNH; // "QNH 1013"
 
 private:
     void DataLost() override;
@@ -131,7 +134,6 @@ private:
     void LoadFlightSet();
     void ShowLastMap();
     void ActivateLink();
-    void TakeDailyQnh();
 
     FlyingScreenWorld world;
     std::function<void()> changed;

@@ -66,7 +66,7 @@ void frmGPSmain::MakeScreen() {
                           services.Notices},
         [this] { ShowState(); }, [this] { picMap->setFocus(); });
     instruments->Attach(
-        screen->Instruments, [this] { picMap->setFocus(); }, [this] { ShowState(); });
+        screen->Instruments, screen->Qnh, [this] { picMap->setFocus(); }, [this] { ShowState(); });
     wind->Attach(screen->Wind);
     record->Attach(screen->Logger, [this] { ShowState(); });
 }
@@ -276,7 +276,7 @@ void frmGPSmain::ShowState() {
     ShowMapControls();
     ShowMapRing();
     ShowRoute();
-    instruments->ShowState(screen->lblQNH, screen->Airspace.frmQNH, screen->Airspace.lblQNHColour);
+    instruments->ShowState(screen->Airspace.frmQNH, screen->Airspace.lblQNHColour);
     wind->ShowState();
     record->ShowState();
 }

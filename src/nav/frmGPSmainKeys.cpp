@@ -88,7 +88,7 @@ void frmGPSmain::keyReleaseEvent(QKeyEvent* event) {
 }
 
 bool frmGPSmain::HandleKey(const QKeyEvent& event) {
-    if (screen->Instruments.IsEntering()) return false;
+    if (screen->IsEntering()) return false;
     pressedKeys.insert(event.key());
     const auto step = [&](void (RouteFollowing::*to)()) {
         // A key that is held would run through the route to its end.

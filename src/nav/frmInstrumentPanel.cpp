@@ -15,7 +15,8 @@ namespace {
 
 constexpr int DialSize = 200, SideWidth = 58; // pixels
 constexpr int CornerWidth = 88, DistanceWidth = 72, NameHeight = 36, LineHeight = 18;
-constexpr int EntryWidth = 230, EntryTop = 140; // below the panel of switches
+constexpr int PressHeight = 44;                                    // of what is pressed in flight
+constexpr int EntryWidth = 230, EntryTop = 140, QnhEntryTop = 270; // below the panel of switches
 
 QString Q(const std::string& text) { return QString::fromStdString(text); }
 
@@ -48,7 +49,10 @@ frmInstrumentPanel::frmInstrumentPanel(QWidget* parent, const Variablen& variabl
     lblVOR1->setGeometry(0, 0, CornerWidth, NameHeight);
     lblVOR1->setAlignment(Qt::AlignTop);
     lblVOR1->setWordWrap(true);
-    lblQNH->setGeometry(0, DialSize - LineHeight, CornerWidth, LineHeight);
+    lblQNH->setGeometry(0, DialSize - PressHeight, SideWidth, PressHeight);
+    lblQNH->setWordWrap(true);
+    lblQNH->setFocusPolicy(Qt::TabFocus);
+    lblQNH->installEventFilter(this);
     lbldistVOR->setGeometry(0, NameHeight, DistanceWidth, LineHeight);
     for (QLabel* label : {lblVOR1, lbldistVOR, lblQNH}) label->raise();
 
@@ -59,6 +63,8 @@ frmInstrumentPanel::frmInstrumentPanel(QWidget* parent, const Variablen& variabl
     frmVOR->layout()->addWidget(lblResult);
     frmKurs = Entry("frmKurs", courseCaption, tKurs, "tKurs");
     tKurs->setMaxLength(3);
+    frmEnterQNH = Entry("frmEnterQNH", qnhCaption, tEnterQNH, "tEnterQNH");
+    tEnterQNH->setInputMethodHints(Qt::ImhFormattedNumbersOnly);
 }
 
 QLabel* frmInstrumentPanel::Label(const char* name) {
@@ -89,9 +95,10 @@ QFrame* frmInstrumentPanel::Entry(const char* name, QLabel*& caption, QLineEdit*
     return frame;
 }
 
-void frmInstrumentPanel::Attach(Instrument& toShow, std::function<void()> done,
+void frmInstrumentPanel::Attach(Instrument& toShow, QnhReadout& qnhToShow, std::function<void()> done,
                                 std::function<void()> changed) {
     instrument = &toShow;
+    qnh = &qnhToShow;
     entryDone = std::move(done);
     stateChanged = std::move(changed);
     guard.Connect(Kurskreisel, &SurfaceWidget::Pressed,
@@ -109,10 +116,18 @@ void frmInstrumentPanel::ConnectEntries() {
 }
 
 void frmInstrumentPanel::Do(const std::function<void()>& event) {
-    const bool wasEntering = instrument->IsEntering();
-    event();
-    stateChanged();
-    if (wasEntering && !instrument->IsEntering()) entryDone();
+    const bool wasEntering = IsEntering();
+    const auto show = [&] {
+        stateChanged();
+        if (wasEntering && !IsEntering()) entryDone();
+    };
+    try {
+        event();
+    } catch (...) {
+        show(); // what it did before the error
+        throw;
+    }
+    show();
 }
 
 void frmInstrumentPanel::Pressed(Qt::MouseButton button) {
@@ -128,14 +143,38 @@ void frmInstrumentPanel::Pressed(Qt::MouseButton button) {
     if (instrument->frmKurs) enter(*tKurs, instrument->tKurs);
 }
 
+// With the value that holds, to be typed over.
+void frmInstrumentPanel::AskQnh() {
+    Do([this] { qnh->lblQNH_Click(); });
+    tEnterQNH->setText(QString::number(shared.QNH));
+    tEnterQNH->selectAll();
+    tEnterQNH->setFocus();
+}
+
+void frmInstrumentPanel::EndEntry(const QObject* field, bool isEnter) {
+    if (field == tEnterQNH) {
+        isEnter ? qnh->tEnterQNH_Enter(tEnterQNH->text().toStdString()) : qnh->tEnterQNH_Escape();
+        return;
+    }
+    const auto end = field == tVOR1 ? (isEnter ? &Instrument::tVOR1_Enter : &Instrument::tVOR1_Escape)
+                                    : (isEnter ? &Instrument::tKurs_Enter : &Instrument::tKurs_Escape);
+    (instrument->*end)();
+}
+
 // Both keys end here: a field would pass Enter on to the screen, where it begins a wind entry.
 bool frmInstrumentPanel::eventFilter(QObject* watched, QEvent* event) {
-    const auto key = event->type() == QEvent::KeyPress ? static_cast<QKeyEvent*>(event)->key() : 0;
+    if (watched == lblQNH && event->type() == QEvent::MouseButtonPress) {
+        guard.Run([this] { AskQnh(); });
+        return true;
+    }
+    const auto* press = event->type() == QEvent::KeyPress ? static_cast<QKeyEvent*>(event) : nullptr;
+    const auto key = press ? press->key() : 0;
     const bool isEnter = key == Qt::Key_Return || key == Qt::Key_Enter;
-    if (!isEnter && key != Qt::Key_Escape) return QWidget::eventFilter(watched, event);
-    const auto end = watched == tVOR1 ? (isEnter ? &Instrument::tVOR1_Enter : &Instrument::tVOR1_Escape)
-                                      : (isEnter ? &Instrument::tKurs_Enter : &Instrument::tKurs_Escape);
-    guard.Run([&] { Do([&] { (instrument->*end)(); }); });
+    const bool isLabel = watched == lblQNH;
+    if (!isEnter && (isLabel || key != Qt::Key_Escape)) return QWidget::eventFilter(watched, event);
+    // One press that is held must not open the entry and end it, too.
+    if (press->isAutoRepeat()) return true;
+    guard.Run([&] { isLabel ? AskQnh() : Do([&] { EndEntry(watched, isEnter); }); });
     return true;
 }
 
@@ -153,7 +192,7 @@ void frmInstrumentPanel::ShowEntry(QFrame& entry, QLineEdit& field, bool visible
         field.clear();
         entry.adjustSize();
         const QPoint dial = mapTo(entry.parentWidget(), QPoint());
-        entry.move(dial.x() - EntryWidth - 12, dial.y() + EntryTop);
+        entry.move(dial.x() - EntryWidth - 12, dial.y() + (&entry == frmEnterQNH ? QnhEntryTop : EntryTop));
         entry.show();
         entry.raise();
         field.setFocus();
@@ -162,7 +201,7 @@ void frmInstrumentPanel::ShowEntry(QFrame& entry, QLineEdit& field, bool visible
     }
 }
 
-void frmInstrumentPanel::ShowState(const std::string& qnh, bool qnhShows, Colour qnhGround) {
+void frmInstrumentPanel::ShowState(bool qnhShows, Colour qnhGround) {
     const bool isHsi = instrument->InstrumentMode == "HSI";
     const QString station = Q(instrument->lblVOR1.empty() ? NoValue : instrument->lblVOR1);
     lblVOR1->setText(lblVOR1->fontMetrics().elidedText(station, Qt::ElideRight, 2 * CornerWidth - 20));
@@ -172,7 +211,7 @@ void frmInstrumentPanel::ShowState(const std::string& qnh, bool qnhShows, Colour
     lbldistVOR->setVisible(instrument->StationShows);
     lblKurs->setText(instrument->lblKurs.empty() ? Q(NoValue) : Q(instrument->lblKurs) + "°");
     lblKurs->setVisible(isHsi);
-    lblQNH->setText(Q(qnh));
+    lblQNH->setText(Q(qnh->lblQNH));
     lblQNH->setVisible(qnhShows);
     if (qnhGround != qnhGroundShown) {
         qnhGroundShown = qnhGround;
@@ -182,6 +221,7 @@ void frmInstrumentPanel::ShowState(const std::string& qnh, bool qnhShows, Colour
     lblResult->setText(Q(instrument->lblResult));
     ShowEntry(*frmVOR, *tVOR1, instrument->frmVOR);
     ShowEntry(*frmKurs, *tKurs, instrument->frmKurs);
+    ShowEntry(*frmEnterQNH, *tEnterQNH, qnh->frmEnterQNH);
 }
 
 QString frmInstrumentPanel::Text(const char* german, const char* english) const {
@@ -191,14 +231,17 @@ QString frmInstrumentPanel::Text(const char* german, const char* english) const 
 void frmInstrumentPanel::ApplyLanguage() {
     vorCaption->setText(Text("VOR suchen", "Search VOR"));
     courseCaption->setText(Text("Kurs", "Course"));
+    qnhCaption->setText("QNH  [ hPa ]");
     Kurskreisel->setToolTip(Text(
         "Linke Taste: Kurskreisel, VOR, HSI. Rechte Taste: VOR wählen, im HSI den Kurs",
         "Left button: heading indicator, VOR, HSI. Right button: choose the VOR, in the HSI the course"));
     lblVOR1->setToolTip(Text("Gewähltes VOR (ein Wegpunkt)", "The chosen VOR (a waypoint)"));
     lbldistVOR->setToolTip(Text("Entfernung zum VOR", "Distance to the VOR"));
     lblKurs->setToolTip(Text("Gewählter Kurs", "The selected course"));
-    lblQNH->setToolTip(Text("QNH in hPa; einzugeben unter Einstellungen, gilt für einen Tag",
-                            "QNH in hPa; entered under Settings, good for one day"));
+    lblQNH->setToolTip(Text("QNH in hPa, gilt für einen Tag; ein Klick öffnet die Eingabe",
+                            "QNH in hPa, good for one day; a click opens the entry"));
+    tEnterQNH->setToolTip(Text("950 bis 1049, alles andere zählt als 1013; Eingabe übernimmt, Esc schließt",
+                               "950 to 1049, anything else counts as 1013; Enter takes it, Esc closes"));
     tVOR1->setToolTip(Text("Eingabe übernimmt den gefundenen Namen, Esc schließt",
                            "Enter takes the name found, Esc closes"));
     lblResult->setToolTip(Text("Der gefundene Wegpunkt", "The waypoint found"));

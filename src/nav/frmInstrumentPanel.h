@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "nav/Instrument.h"
+#include "nav/QnhReadout.h"
 #include "platform/qt/CompassCard.h"
 #include "platform/qt/SurfaceWidget.h"
 
@@ -15,7 +16,8 @@ namespace ornivane {
 
 class EventGuard;
 
-// The round instrument with its labels and its two entry frames, which open over the map beside it.
+// The round instrument with its labels, the QNH, and the entry frames of both, which open over the map beside
+// it.
 class frmInstrumentPanel : public QWidget {
     Q_OBJECT
 
@@ -26,10 +28,11 @@ public:
     const Picture& Card() const { return Picture1; }
     // Before anything is shown. `done`: an entry has ended, the keys go back to the map; `changed`: show the
     // state.
-    void Attach(Instrument& instrument, std::function<void()> done, std::function<void()> changed);
+    void Attach(Instrument& instrument, QnhReadout& qnh, std::function<void()> done,
+                std::function<void()> changed);
 
     // The QNH is shown while airspace is, on a ground that tells how many airspaces there are.
-    void ShowState(const std::string& qnh, bool qnhShows, Colour qnhGround);
+    void ShowState(bool qnhShows, Colour qnhGround);
     void ApplyLanguage();
 
 protected:
@@ -40,7 +43,10 @@ private:
     QLabel* Label(const char* name);
     QFrame* Entry(const char* name, QLabel*& caption, QLineEdit*& field, const char* fieldName);
     void ConnectEntries();
+    bool IsEntering() const { return instrument->IsEntering() || qnh->frmEnterQNH; }
     void Pressed(Qt::MouseButton button);
+    void AskQnh();
+    void EndEntry(const QObject* field, bool isEnter);
     void ShowEntry(QFrame& entry, QLineEdit& field, bool visible);
     void Do(const std::function<void()>& event);
     QString Text(const char* german, const char* english) const;
@@ -48,14 +54,15 @@ private:
     const Variablen& shared;
     EventGuard& guard;
     Instrument* instrument = nullptr;
+    QnhReadout* qnh = nullptr;
     std::function<void()> entryDone, stateChanged;
     CompassCard Picture1;
     SurfaceWidget* Kurskreisel = nullptr;
     QLabel *lblVOR1 = nullptr, *lbldistVOR = nullptr, *lblKurs = nullptr, *lblQNH = nullptr;
-    QFrame *frmVOR = nullptr, *frmKurs = nullptr;
-    QLabel *vorCaption = nullptr, *courseCaption = nullptr, *lblResult = nullptr;
+    QFrame *frmVOR = nullptr, *frmKurs = nullptr, *frmEnterQNH = nullptr;
+    QLabel *vorCaption = nullptr, *courseCaption = nullptr, *lblResult = nullptr, *qnhCaption = nullptr;
     Colour qnhGroundShown = 0;
-    QLineEdit *tVOR1 = nullptr, *tKurs = nullptr;
+    QLineEdit *tVOR1 = nullptr, *tKurs = nullptr, *tEnterQNH = nullptr;
 };
 
 } // namespace ornivane

@@ -4,6 +4,7 @@
 #include <exception>
 
 #include "base/Numbers.h"
+#include "common/Qnh.h"
 #include "common/SettingsFiles.h"
 #include "gps/LinkTexts.h"
 
@@ -11,8 +12,7 @@ namespace ornivane {
 
 namespace {
 
-constexpr double LowestQnh = 950, HighestQnh = 1050; // hPa, the highest excluded
-constexpr double LongestInterval = 60;               // s
+constexpr double LongestInterval = 60; // s
 
 std::string TwoDigits(int number) { return (number < 10 ? "0" : "") + std::to_string(number); }
 
@@ -106,13 +106,7 @@ void SettingsScreen::TakeQnh() {
     const auto entered = ParseNumber(shared.tQNH);
     // 1049.6 was taken and is shown as 1050: nothing was entered since.
     if (entered && IsQnhOfToday() && *entered == shared.QNH) return;
-    if (entered && *entered >= LowestQnh && *entered < HighestQnh) {
-        shared.QNH = ToInt16(*entered);
-        shared.QNHDate = DateOf(world.SystemClock.Now());
-    } else {
-        shared.QNH = StandardPressure;
-        shared.tQNH = std::to_string(StandardPressure);
-    }
+    EnterQnh(shared, shared.tQNH, DateOf(world.SystemClock.Now()));
 }
 
 void SettingsScreen::TakeTrack() {

@@ -1,3 +1,5 @@
+#include "base/RuntimeError.h"
+#include "common/SettingsFiles.h"
 #include "nav/FlyingScreenFixture.h"
 
 namespace ornivane {
@@ -172,11 +174,58 @@ TEST_F(AirspaceViewTest, AFourLetterPointWithoutAirfieldEndsThePass) {
 
 TEST_F(AirspaceViewTest, TakesTheQnhOfTheSettingsWhenItsDayIsOver) {
     Shared.QNH = 990;
-    EXPECT_EQ(Start().lblQNH, "QNH 990");
+    EXPECT_EQ(Start().Qnh.lblQNH, "QNH 990");
     Clock.Time.Day += 1;
-    EXPECT_EQ(Start().lblQNH, "QNH 1013");
+    EXPECT_EQ(Start().Qnh.lblQNH, "QNH 1013");
     Shared.tQNH = "990"; // entered before midnight, the program went on
-    EXPECT_EQ(Start().lblQNH, "QNH 990");
+    EXPECT_EQ(Start().Qnh.lblQNH, "QNH 990");
+}
+
+TEST_F(AirspaceViewTest, AQnhEnteredInFlightCountsAtOnceAndIsKept) {
+    Airspace(1, "D", 5900, 6200);
+    Begin();
+    Screen->Airspace.cmdLR2_Click();
+    EXPECT_EQ(LabelsAt("5200"), 0);
+    const auto enter = [&](const char* text) {
+        Screen->Qnh.lblQNH_Click();
+        EXPECT_TRUE(Screen->IsEntering());
+        Screen->Qnh.tEnterQNH_Enter(text);
+        EXPECT_FALSE(Screen->IsEntering());
+    };
+    const struct {
+        const char* Typed;
+        int Qnh, Labels;
+    } cases[] = {{"1000", 1000, 1}, {"1049", 1049, 0}, {"950", 950, 0}, {"1050", 1013, 0},
+                 {"987", 987, 1},   {"low", 1013, 0},  {"988", 988, 1}, {"", 1013, 0}};
+    for (const auto& c : cases) {
+        enter(c.Typed);
+        EXPECT_EQ(Screen->Qnh.lblQNH, "QNH " + std::to_string(c.Qnh)) << c.Typed;
+        EXPECT_EQ(Surface.Count("[ D "), c.Labels) << c.Typed;
+        EXPECT_EQ(Shared.tQNH, std::to_string(c.Qnh));
+        QnhSettings kept;
+        EXPECT_TRUE(ReadQnhSettings(Folder.Path(), kept));
+        EXPECT_EQ(kept, (QnhSettings{c.Qnh, DateOf(Clock.Now())})) << c.Typed;
+    }
+    enter("991");
+    Screen->Qnh.lblQNH_Click();
+    Screen->Qnh.tEnterQNH_Escape();
+    Screen->Form_Deactivate();
+    Clock.Time.Day += 1; // past midnight it is still the one of this flight
+    Screen->Form_Activate();
+    EXPECT_EQ(Screen->Qnh.lblQNH, "QNH 991");
+    EXPECT_EQ(Shared.QNHDate, (Date{2026, 11, 22}));
+}
+
+TEST_F(AirspaceViewTest, AQnhHoldsThoughItCannotBeKept) {
+    std::filesystem::create_directory(Folder.Path() / "LR.crm"); // no file can take this name
+    Airspace(1, "D", 5900, 6200);
+    Begin();
+    Screen->Airspace.cmdLR2_Click();
+    LabelsAt("5200");
+    Screen->Qnh.lblQNH_Click();
+    EXPECT_THROW(Screen->Qnh.tEnterQNH_Enter("1000"), RuntimeError);
+    EXPECT_EQ(Screen->Qnh.lblQNH, "QNH 1000");
+    EXPECT_EQ(Surface.Count("[ D "), 1);
 }
 
 } // namespace

@@ -93,6 +93,49 @@ TEST_F(FlyingEntriesTest, TheInstrumentTakesStationAndCourseAndThenGivesTheKeysB
     EXPECT_EQ(again.Logic().Instruments.InstrumentMode + again.Logic().Instruments.lblKurs, "HSI052");
 }
 
+TEST_F(FlyingEntriesTest, TheQnhIsEnteredAtItsReadoutByMouseOrKeys) {
+    Show();
+    Form.Logic().Flags.ShowAirspace = true;
+    Form.Logic().UpdateMap();
+    auto& readout = Find<QLabel>("lblQNH");
+    auto& field = Find<QLineEdit>("tEnterQNH");
+    auto& map = Find<QWidget>("picMap");
+    EXPECT_TRUE(readout.isVisible());
+    EXPECT_EQ(readout.height(), 44);
+    Click("lblQNH");
+    ASSERT_TRUE(Shows("frmEnterQNH"));
+    EXPECT_EQ(field.selectedText(), "1013"); // typed over
+    const int zoom = Form.Logic().Map.SlideMap;
+    for (const auto key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Up}) QTest::keyClick(&field, key);
+    EXPECT_EQ(Form.Logic().Map.SlideMap, zoom);
+    EXPECT_EQ(Form.Logic().Route.RoutePointsSet.AbsolutePosition(), 1);
+    field.selectAll();
+    Keys(field, "1020");
+    QTest::keyPress(&field, Qt::Key_Return);
+    EXPECT_FALSE(Shows("frmEnterQNH"));
+    EXPECT_EQ(Form.focusWidget(), &map);
+    QTest::keyRelease(&map, Qt::Key_Return);
+    EXPECT_EQ(Text("lblQNH") + " " + Entry(), "QNH 1020 --- ---"); // nothing of it went into the wind
+    EXPECT_EQ(Shared.QNH, 1020);
+    EXPECT_EQ(Shared.tQNH, "1020");
+
+    readout.setFocus();
+    QTest::keyClick(&readout, Qt::Key_Return);
+    ASSERT_TRUE(Shows("frmEnterQNH"));
+    EXPECT_EQ(Form.focusWidget(), &field);
+    Keys(field, "9");
+    QTest::keyClick(&field, Qt::Key_Escape);
+    EXPECT_FALSE(Shows("frmEnterQNH"));
+    EXPECT_EQ(Text("lblQNH"), "QNH 1020");
+    std::filesystem::remove(Folder.Path() / "LR.crm");
+    std::filesystem::create_directory(Folder.Path() / "LR.crm"); // no file can take this name
+    Click("lblQNH");
+    Keys(field, "1001");
+    QTest::keyClick(&field, Qt::Key_Return);
+    EXPECT_FALSE(Shows("frmEnterQNH")); // it counts all the same
+    EXPECT_EQ(Text("lblQNH"), "QNH 1001");
+}
+
 TEST_F(FlyingEntriesTest, AnUnknownStationLeavesTheScreenUsable) {
     Form.Logic().Instruments.lblVOR1 = "Nowhere";
     Show();

@@ -28,7 +28,7 @@ QToolTip { color: %TEXT; background: %BASE; border: 1px solid %BORDER; padding: 
 QToolButton, QPushButton { min-height: 40px; padding: 0 10px; background: %BUTTON; color: %TEXT; border: 2px solid %BORDER; border-radius: 6px; }
 QToolButton:checked, QPushButton:checked { background: %LIT; color: %LITTEXT; border: 3px solid %LIT; font-weight: bold; }
 QToolButton:disabled, QPushButton:disabled { color: %BORDER; border-style: dashed; }
-QToolButton:focus, QPushButton:focus, QComboBox:focus, QTableView:focus, QSlider:focus { border: 2px solid %FOCUS; }
+QToolButton:focus, QPushButton:focus, QComboBox:focus, QTableView:focus, QSlider:focus, QLabel:focus { border: 2px solid %FOCUS; }
 QToolButton::menu-indicator { width: 0; }
 QComboBox { min-height: 34px; padding: 0 8px; background: %BUTTON; color: %TEXT; border: 2px solid %BORDER; border-radius: 6px; }
 QComboBox::drop-down { width: 32px; border: none; }

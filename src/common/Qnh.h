@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+
+#include "common/Date.h"
+#include "common/Variablen.h"
+
+namespace ornivane {
+
+// Takes a text as the QNH, wherever it was entered: a number from 950 to below 1050 hPa holds for this day,
+// anything else is the standard pressure. The entry field of the settings holds what counts then.
+void EnterQnh(Variablen& shared, const std::string& text, const Date& today);
+
+} // namespace ornivane
