@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <functional>
 #include <random>
 
@@ -17,11 +18,7 @@ protected:
     }
     int Row() { return Screen->Route.RoutePointsSet.AbsolutePosition(); }
     // A click on a row of the list, counted from 1.
-    void Choose(int row) {
-        auto& points = Screen->Route.RoutePointsSet;
-        points.MoveFirst();
-        for (int i = 1; i < row; ++i) points.MoveNext();
-    }
+    void Choose(int row) { Screen->Route.RoutePointsSet.SetAbsolutePosition(row); }
     void LeaveAndComeBack(const std::string& meanwhile) {
         Screen->Form_Deactivate();
         if (!meanwhile.empty()) Sql(meanwhile);
@@ -69,6 +66,49 @@ TEST_F(RouteFollowingTest, TheFirstCalculationForATargetChosenByHandNeverPassesI
         EXPECT_EQ(Row(), c.Row) << c.What;
         EXPECT_TRUE(route.RouteActive) << c.What;
         EXPECT_EQ(Screen->State.lblDistanz, "1.9 NM") << c.What;
+    }
+}
+
+TEST_F(RouteFollowingTest, WhateverTheHandDoesAndWhereverTheRowIsTheOneThatWasChosen) {
+    AddRoute("R", {6.30, 6.32, 6.34, 6.36});
+    RouteFollowing& route = Start().Route;
+    std::mt19937 random(3);
+    const auto between = [&](double a, double b) {
+        return std::uniform_real_distribution<double>(a, b)(random);
+    };
+    route.cmdActivateGoto_Click();
+    for (int i = 0; i < 400; ++i) {
+        StandAt(between(6.45, 6.65), between(50.45, 50.55)); // within 5 NM of all points
+        route.cmdActivateGoto_Click();                       // also when that step was the end of the route
+        Screen->ActiveLeg.LastDistance = between(0, 6);
+        const int before = Row();
+        int wanted = before;
+        switch (random() % 5) {
+        case 0:
+            wanted = 1 + static_cast<int>(random() % 4);
+            if (wanted != before) Choose(wanted); // the same one again is no choice
+            break;
+        case 1:
+            wanted = std::min(before + 1, 4);
+            if (before < 4) route.cmdNext_Click();
+            break;
+        case 2:
+            wanted = std::max(before - 1, 1);
+            route.cmdPrev_Click();
+            break;
+        case 3:
+            route.cmdDirectFly_Click();
+            DirectTo(between(-0.1, 0.1));
+            Screen->ActiveLeg.LastDistance = between(0, 6);
+            route.picDF_Click();
+            break;
+        default:
+            route.picActivateGoto_Click();
+            StandAt(between(6.45, 6.65));
+            route.cmdActivateGoto_Click();
+        }
+        ASSERT_EQ(Row(), wanted) << i;
+        ASSERT_TRUE(route.RouteActive) << i;
     }
 }
 
