@@ -45,8 +45,8 @@ def course(a, b):
     d = angle(a, b)
     east = a[1] < b[1]
     here, there = (a, b) if east else (b, a)  # westbound it is measured at the target
-    c = arccos((sin(there[0]) - cos(d) * sin(here[0])) / (sin(d) * cos(here[0])))
-    return c * 180 / PI + (0 if east else 180)
+    x = (sin(there[0]) - cos(d) * sin(here[0])) / (sin(d) * cos(here[0]))
+    return (180 if x <= -1 else arccos(x) * 180 / PI) + (0 if east else 180)
 
 
 def picture(x, places):
@@ -68,6 +68,7 @@ class Flight:
         self.route = route
         self.active = 0  # None when the route has ended
         self.last = 0.0
+        self.chosen = True  # by hand, and nothing computed for it since: it cannot be passed yet
         self.shown = ["", "", "", ""]
         self.speed = None  # as the label shows it
         self.fix = False
@@ -106,8 +107,9 @@ class Flight:
         target = self.route[before]
         if target != self.here:
             distance = miles(self.here, target)
-            if distance < 5 and -1 < self.last - distance < 0:
+            if not self.chosen and distance < 5 and -1 < self.last - distance < 0:
                 self.active = before + 1 if before + 1 < len(self.route) else None
+            self.chosen = False
             self.last = distance
             self.shown[0] = picture(distance, 1) + " NM"
             self.shown[1] = picture(course(self.here, target), 0) + " °"
