@@ -17,7 +17,7 @@ DrawingPass::DrawingPass(const DrawingPassRooms& passRooms, std::function<void(c
 void DrawingPass::Pass(const std::function<void()>& steps) {
     // Stepping to the next point inside a pass moves the grid's row, which asks for a redraw: one redraw is
     // never interrupted by another.
-    if (running || !rooms.Map.HasMap()) return;
+    if (running || !rooms.Map.HasRows()) return;
     const Flagged now(running);
     const auto untilError = [](const std::function<void()>& run) {
         try {
@@ -27,13 +27,19 @@ void DrawingPass::Pass(const std::function<void()>& steps) {
         }
     };
     mapChanged = false;
-    untilError(steps);
-    if (!mapChanged) return;
+    untilError([&] { rooms.Map.HasMap() ? steps() : GoOnWithoutChart(); });
+    if (!mapChanged || !rooms.Map.HasMap()) return;
     // The picture is that of the map before. Drawn anew at once, or a click on it would mean another place;
     // without a search, which could change the map back and forth for ever.
     searches = false;
     untilError([this] { WholeRedraw(); });
     searches = true;
+}
+
+// The leg and the search for a chart that can be shown.
+void DrawingPass::GoOnWithoutChart() {
+    if (rooms.Route.RouteActive || rooms.Route.GotoActive) DrawActiveLeg(nullptr);
+    mapChanged = rooms.Ring.Search({rooms.State.CurLat, rooms.State.CurLong}, {});
 }
 
 void DrawingPass::UpdateMap() {
@@ -83,13 +89,14 @@ void DrawingPass::Overlays() {
     const MapTransform transform = rooms.Map.Transform();
     MapSymbols symbols(rooms.picMap, transform, rooms.Map.SlideMap, SettingsOfPoints());
     if (rooms.Flags.ShowRoute) DrawRoute(symbols);
-    if (rooms.Route.RouteActive || rooms.Route.GotoActive) DrawActiveLeg(symbols);
+    if (rooms.Route.RouteActive || rooms.Route.GotoActive) DrawActiveLeg(&symbols);
     DrawPoints(symbols, transform);
     if (!rooms.Route.lblLatx.empty() && rooms.Route.GotoActive)
         symbols.DrawPoint(NumberIn(rooms.Route.lblLatx), NumberIn(rooms.Route.lblLongx),
                           PointMode::DirectTarget, "DF");
     if (AircraftIsFarOutside() && !rooms.Map.AutoMapSwitch) return;
     if (searches) mapChanged = rooms.Ring.Search({rooms.State.CurLat, rooms.State.CurLong}, MapPoint);
+    if (!rooms.Map.HasMap()) return; // the map it has changed to cannot be shown
     const double direction = rooms.State.lblBearing == NoValue ? 0 : NumberIn(rooms.State.lblBearing);
     DrawAircraft(rooms.picMap, MapPoint, transform.ViewAngle(direction), !rooms.State.NoFix,
                  rooms.Shared.SymbolType);
@@ -116,11 +123,11 @@ void DrawingPass::DrawRoute(MapSymbols& symbols) {
     }
 }
 
-void DrawingPass::DrawActiveLeg(MapSymbols& symbols) {
+void DrawingPass::DrawActiveLeg(MapSymbols* symbols) {
     Position target;
     if (!rooms.Route.ActiveTarget(target)) return;
     const Position current{rooms.State.CurLat, rooms.State.CurLong};
-    symbols.DrawLeg(current, target, Blue);
+    if (symbols) symbols->DrawLeg(current, target, Blue);
     try {
         rooms.ActiveLeg.UpdateLeg(target, current, rooms.Route.GotoActive,
                                   [this] { rooms.Route.cmdNext_Click(); });

@@ -41,8 +41,9 @@ public:
     DrawingPass(const DrawingPassRooms& rooms, std::function<void(const RuntimeError&)> report,
                 std::function<void(const std::string&)> airfieldUnknown);
 
-    // The single entry into a redraw. Does nothing without a map and while a pass is running. Any error ends
-    // it silently: what was drawn so far stays.
+    // The single entry into a redraw. Does nothing without maps and while a pass is running. While the map
+    // cannot be shown the sheet stays blank, and what a pass computes is computed all the same. Any error
+    // ends it silently: what was drawn so far stays.
     void UpdateMap();
     // The overlays only, over the picture that stands.
     void DrawOverlays();
@@ -54,11 +55,12 @@ public:
 private:
     void Pass(const std::function<void()>& steps);
     void WholeRedraw();
+    void GoOnWithoutChart();
     void PaintChart();
     void PlaceAircraft();
     void Overlays();
     void DrawRoute(MapSymbols& symbols);
-    void DrawActiveLeg(MapSymbols& symbols);
+    void DrawActiveLeg(MapSymbols* symbols);
     void DrawPoints(MapSymbols& symbols, const MapTransform& transform);
     void DrawRoutePoints(MapSymbols& symbols);
     Statement& RoutePointRows(); // bound to the route in the list

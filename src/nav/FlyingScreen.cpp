@@ -65,7 +65,7 @@ void FlyingScreen::ShowError(const RuntimeError& error) {
 
 void FlyingScreen::ShowLastMap() {
     world.Shared.MapsSet.Requery();
-    if (!Map.HasMap()) {
+    if (!Map.HasRows()) {
         Map.updateMapInfo();
         world.picMap.Cls();
         world.picMap.Refresh();
@@ -105,7 +105,7 @@ void FlyingScreen::ActivateLink() {
 }
 
 void FlyingScreen::Form_Deactivate() {
-    if (Map.HasMap()) Map.LastMapName = Map.Name();
+    if (Map.HasRows()) Map.LastMapName = Map.Name();
     Logger.Form_Deactivate();
     Link.Form_Deactivate();
     Map.SaveMapPosition();
@@ -123,16 +123,32 @@ void FlyingScreen::Form_Resize() {
     world.picMap.Refresh();
 }
 
-void FlyingScreen::UpdateMap() {
-    Pass.UpdateMap();
+void FlyingScreen::UpdateMap() { Redraw(&DrawingPass::UpdateMap); }
+void FlyingScreen::DrawOverlays() { Redraw(&DrawingPass::DrawOverlays); }
+void FlyingScreen::CentreMap() { Redraw(&DrawingPass::UpdateMap, true); }
+
+void FlyingScreen::Redraw(void (DrawingPass::*redraw)(), bool centringAsked) {
+    const bool wasCentred = Map.CenterMap;
+    (Pass.*redraw)();
+    if (wasCentred && !Map.CenterMap) TellWhyNotCentred(centringAsked);
     world.picMap.Refresh();
     changed();
 }
 
-void FlyingScreen::DrawOverlays() {
-    Pass.DrawOverlays();
-    world.picMap.Refresh();
-    changed();
+// Unasked only where the pilot would otherwise go on believing that the map follows him: before the first
+// position there is nothing to follow, and at the change of charts centring comes back by itself.
+void FlyingScreen::TellWhyNotCentred(bool centringAsked) {
+    const Variablen& shared = world.Shared;
+    if (!State.HadPosition) {
+        if (centringAsked)
+            world.Notices.Show(
+                shared.Text("Noch keine Position vom GPS: die Karte kann nicht zentriert werden.",
+                            "No GPS position yet: the chart cannot be centred."));
+    } else if (centringAsked || !Ring.WillChange()) {
+        world.Notices.Show(
+            shared.Text("Das Flugzeug ist nicht auf der Karte ", "The aircraft is off the chart ") +
+            Map.Name() + shared.Text("; sie folgt ihm nicht.", "; the chart does not follow it."));
+    }
 }
 
 void FlyingScreen::SetDirectTarget(const Point& view) {
@@ -226,6 +242,6 @@ void FlyingScreen::StateChanged() {
 std::string FlyingScreen::RouteName() const { return Route.cmbRoute; }
 bool FlyingScreen::HasFix() const { return Link.picGPSCheck[1].Visible; }
 double FlyingScreen::DistanceToTarget() const { return ActiveLeg.LastDistance; }
-std::string FlyingScreen::MapName() const { return Map.HasMap() ? Map.Name() : std::string(); }
+std::string FlyingScreen::MapName() const { return Map.HasRows() ? Map.Name() : std::string(); }
 
 } // namespace ornivane

@@ -59,6 +59,7 @@ public:
     void Form_Unload();
 
     void UpdateMap() override;
+    void CentreMap() override;
     // picMap has a new size.
     void Form_Resize();
     // A right click on the map, in view pixels.
@@ -125,6 +126,8 @@ private:
     };
 
     void ShowError(const RuntimeError& error);
+    void Redraw(void (DrawingPass::*redraw)(), bool centringAsked = false);
+    void TellWhyNotCentred(bool centringAsked);
     void LoadFlightSet();
     void ShowLastMap();
     void ActivateLink();

@@ -221,6 +221,7 @@ void frmPlanung::ShowMap() {
     SlideMap->setEnabled(map.HasMap());
     FillCombo(*cmbMaps, map.MapNames, map.cmbMaps);
     lblNoMap->setVisible(!map.HasMap());
+    if (!map.HasMap()) lblNoMap->setText(WhyNoMap());
     cmdMessen->setVisible(!map.Measuring.MeasureOn);
     picMessen->setVisible(map.Measuring.MeasureOn);
     tLR->setText(Q(screen->Airspace.tLR));
