@@ -17,16 +17,9 @@ FlyingScreen::FlyingScreen(const FlyingScreenWorld& w, std::function<void()> sta
       Instruments(w.Shared, State, w.Kurskreisel, w.Picture1, w.Messages),
       Logger(w.Shared, State, w.timeTrack, w.SystemClock, *this),
       Airspace(w.Shared, State, Flags, [this] { UpdateMap(); }),
-      Pass(
-          {w.Shared, State, Flags, Map, Ring, Route, ActiveLeg, Airspace, w.picStorage, w.picMap},
-          [this](const RuntimeError& error) { ShowError(error); },
-          [this](const std::string& name) {
-              world.Notices.Show("\"" + name + "\": " +
-                                 world.Shared.Text("vier Zeichen, aber kein Flugplatz. Die Karte endet hier; "
-                                                   "bitte umbenennen.",
-                                                   "four characters, but no airfield. The map ends here; "
-                                                   "please rename it."));
-          }),
+      Faults(w.Shared, [this](const std::string& text) { world.Notices.Show(text); }),
+      Pass({w.Shared, State, Flags, Map, Ring, Route, ActiveLeg, Airspace, Faults, w.picStorage, w.picMap},
+           [this](const RuntimeError& error) { Faults.Tell(DrawingFaults::Layer::Whole, error); }),
       world(w), changed(std::move(stateChanged)), focusMap(std::move(focusOnMap)) {
     Link.SetInterpreter(gps);
 }
@@ -57,10 +50,6 @@ void FlyingScreen::TakeDailyQnh() {
     if (world.Shared.QNHDate != DateOf(world.SystemClock.Now()))
         world.Shared.QNH = ToInt16(ParseNumber(world.Shared.tQNH).value_or(StandardPressure));
     lblQNH = "QNH " + std::to_string(world.Shared.QNH);
-}
-
-void FlyingScreen::ShowError(const RuntimeError& error) {
-    world.Notices.Show(DescribeError(error, world.Shared.EnglishUI == 1));
 }
 
 void FlyingScreen::ShowLastMap() {
@@ -105,6 +94,7 @@ void FlyingScreen::ActivateLink() {
 }
 
 void FlyingScreen::Form_Deactivate() {
+    Faults.Forget();
     if (Map.HasRows()) Map.LastMapName = Map.Name();
     Logger.Form_Deactivate();
     Link.Form_Deactivate();

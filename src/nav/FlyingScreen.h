@@ -89,6 +89,7 @@ public:
     Instrument Instruments;
     TrackLogger Logger;
     AirspaceView Airspace;
+    DrawingFaults Faults;
     DrawingPass Pass;
     std::string lblQNH; // "QNH 1013"
 
@@ -125,7 +126,6 @@ private:
         bool operator==(const LiveState&) const = default;
     };
 
-    void ShowError(const RuntimeError& error);
     void Redraw(void (DrawingPass::*redraw)(), bool centringAsked = false);
     void TellWhyNotCentred(bool centringAsked);
     void LoadFlightSet();
