@@ -68,6 +68,9 @@ TEST_F(FlyingFormTest, TheBlankSheetOfAChartThatCannotBeShownSaysWhy) {
     EXPECT_EQ(Text("lblNoMap"),
               "Fehler in Karte: Zulu.JPG\nBitte den Rahmen unter Kartendaten prüfen oder eine "
               "andere Karte wählen.");
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (auto* box = qobject_cast<QMessageBox*>(window)) box->accept();
+    QTest::qWait(0); // until it is gone
     Form.Logic().Map.cmbMaps_Click("alpha.jpg");
     EXPECT_FALSE(Find<QLabel>("lblNoMap").isVisible());
 }
