@@ -1,6 +1,6 @@
 #include "app/StoreOpening.h"
 
-#include <initializer_list>
+#include <span>
 
 #include "app/Captions.h"
 #include "base/RuntimeError.h"
@@ -15,10 +15,29 @@ namespace {
 constexpr Date BeforeOpening{1899, 12, 31};
 constexpr Date AfterOpening{1900, 1, 1};
 
+struct NeededTable {
+    const char* Name;
+    const char* Fields;
+};
+// What the program reads of the stores that come from elsewhere. In brackets, because a quoted name that is
+// no field would be taken for a text.
+constexpr NeededTable AirspaceTables[] = {
+    {"Luftraum", "[Index], MainIndex, PNumber, AspType, Low, High, LowType, HighType, Drawtype, Lat, Long, "
+                 "arcRad, arcLat, arcLong, Arcx1, Arcy1, Arcx2, Arcy2, arcDir"},
+    {"RELEASE", "Datum"}};
+constexpr NeededTable AirfieldTables[] = {{"ARPT", "ICAO, RWYALen, RWYGLen, WGS_DLAT, WGS_DLONG"},
+                                          {"RWY", "ICAO, LENGTH, Surface, rwy, RWYHdg"},
+                                          {"ACOM", "ICAO, Name, Freq"},
+                                          {"ICAOCODE", "ICAO, Name"}};
+constexpr NeededTable DataTables[] = {
+    {"Waypoints", "1"}, {"Kategorie", "1"}, {"Route", "1"}, {"GpsPoints", "1"}, {"Maps", "1"}};
+constexpr NeededTable TrackTables[] = {{"List", "1"}, {"Track", "1"}};
+
 // An empty file opens as a store without tables. Better to learn that here than in the middle of a flight.
-void RequireTables(Connection& connection, std::initializer_list<const char*> tables) {
-    for (const char* table : tables)
-        Statement(connection, "SELECT 1 FROM \"" + std::string(table) + "\" LIMIT 1").Step();
+void RequireTables(Connection& connection, std::span<const NeededTable> tables) {
+    for (const NeededTable& table : tables)
+        Statement(connection, std::string("SELECT ") + table.Fields + " FROM [" + table.Name + "] LIMIT 1")
+            .Step();
 }
 
 Date ReleaseDate(Connection& connection) {
@@ -47,8 +66,10 @@ void StoreOpening::OpenAirfields() {
     variablen.AirfieldStoreOpen = false;
     try {
         variablen.AirfieldConn.Open(variablen.ProgramFolder / "ovdata.ovd", Connection::Mode::ReadOnly);
+        RequireTables(variablen.AirfieldConn, AirfieldTables);
         variablen.AirfieldStoreOpen = true;
     } catch (const RuntimeError&) {
+        variablen.AirfieldConn.Close();
         // Airfields are an extra that many installations do not have; the flag tells the screens.
     }
 }
@@ -57,7 +78,7 @@ bool StoreOpening::OpenData() {
     const bool english = variablen.EnglishUI == 1;
     try {
         variablen.DataConn.Open(variablen.ProgramFolder / "data.ovd", Connection::Mode::ReadWrite);
-        RequireTables(variablen.DataConn, {"Waypoints", "Kategorie", "Route", "GpsPoints", "Maps"});
+        RequireTables(variablen.DataConn, DataTables);
         return true;
     } catch (const RuntimeError& error) {
         variablen.DataConn.Close();
@@ -72,7 +93,7 @@ bool StoreOpening::OpenData() {
 void StoreOpening::OpenTrack() {
     try {
         variablen.TrackConn.Open(variablen.ProgramFolder / "track.ovd", Connection::Mode::ReadWrite);
-        RequireTables(variablen.TrackConn, {"List", "Track"});
+        RequireTables(variablen.TrackConn, TrackTables);
     } catch (const RuntimeError& error) {
         variablen.TrackConn.Close();
         variablen.TrackEnabled = false;
@@ -88,6 +109,7 @@ void StoreOpening::OpenAirspace() {
         variablen.LuftraumDate = BeforeOpening;
         variablen.LuftraumConn.Open(variablen.ProgramFolder / "Luftraum.ovd", Connection::Mode::ReadOnly);
         variablen.LuftraumDate = AfterOpening;
+        RequireTables(variablen.LuftraumConn, AirspaceTables);
         variablen.LuftraumDate = ReleaseDate(variablen.LuftraumConn);
     } catch (const RuntimeError& error) {
         // Closed also when only its date could not be read: an open store means airspace on every screen.

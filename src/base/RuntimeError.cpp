@@ -46,6 +46,10 @@ RuntimeError::RuntimeError(ErrorNumber errorNumber, std::string errorDetail)
     : std::runtime_error(TextOf(errorNumber).English + (errorDetail.empty() ? "" : ": " + errorDetail)),
       number(errorNumber), detail(std::move(errorDetail)) {}
 
+RuntimeError Located(const std::string& place, const RuntimeError& error) {
+    return RuntimeError(error.Number(), error.Detail().empty() ? place : place + ": " + error.Detail());
+}
+
 std::string DescribeError(const RuntimeError& error, bool english) {
     const ErrorText& text = TextOf(error.Number());
     std::string result = std::string(english ? text.English : text.German) + " (" +

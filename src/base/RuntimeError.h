@@ -43,6 +43,9 @@ private:
     std::string detail;
 };
 
+// The same error with the place where it happened, a file and what of it, in front of its detail.
+RuntimeError Located(const std::string& place, const RuntimeError& error);
+
 // "Overflow (6)" or "Überlauf (6)", with the detail behind it when there is one.
 std::string DescribeError(const RuntimeError& error, bool english);
 

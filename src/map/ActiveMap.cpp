@@ -34,6 +34,9 @@ void ActiveMap::SwitchTo(const std::string& name) {
     FindMap(name);
     cmbMaps = Name();
     InitializeData();
+    // An aircraft that has left the chart before has switched centring off, and a chart that was never shown
+    // remembers nothing else: automatic switching always means a centred map.
+    if (AutoMapSwitch) SetCentring(true);
 }
 
 void ActiveMap::Redraw() {
@@ -42,7 +45,7 @@ void ActiveMap::Redraw() {
 }
 
 void ActiveMap::cmbMaps_Click(const std::string& name) {
-    if (!HasMap()) return;
+    if (!HasRows()) return;
     SwitchTo(name);
     Redraw();
     // Last: a folder that cannot be written must not keep the new map from the screen.
@@ -51,7 +54,7 @@ void ActiveMap::cmbMaps_Click(const std::string& name) {
 
 void ActiveMap::cmbMaps_Change(const std::string& name) {
     cmbMaps = name;
-    if (!HasMap() || (name == CurrentMapName && !AutoMapSwitch)) return;
+    if (!HasRows() || (name == CurrentMapName && !AutoMapSwitch)) return;
     SwitchTo(name);
     CallOffErrors([this] { RememberChoice(); });
 }
@@ -83,7 +86,7 @@ void ActiveMap::CenterOnAircraft(const Point& aircraft) {
 
 void ActiveMap::cmdKartezentrieren_Click() {
     SetCentring(true);
-    owner.UpdateMap();
+    owner.CentreMap();
 }
 
 void ActiveMap::picKartezentrieren_Click() {

@@ -12,6 +12,8 @@ class ActiveMapOwner {
 public:
     virtual ~ActiveMapOwner() = default;
     virtual void UpdateMap() = 0;
+    // The same, with centring asked for: the pilot wants to know why when it does not come about.
+    virtual void CentreMap() = 0;
     virtual std::string RouteName() const = 0; // text of cmbRoute
 };
 

@@ -41,16 +41,23 @@ std::string AsShown(const Statement& row, int column) {
 
 } // namespace
 
-const AirfieldInfo* AirfieldBook::Find(const std::string& icao) {
+const AirfieldBook::Entry& AirfieldBook::EntryOf(const std::string& icao) {
     auto found = entries.find(icao);
     if (found == entries.end()) found = entries.emplace(icao, LookUp(icao)).first;
-    return found->second.IsKnown ? &found->second.Info : nullptr;
+    return found->second;
+}
+
+const AirfieldInfo* AirfieldBook::Find(const std::string& icao) {
+    const Entry& entry = EntryOf(icao);
+    return entry.HasRunway ? &entry.Info : nullptr;
 }
 
 const AirfieldInfo& AirfieldBook::Of(const std::string& icao) {
-    const AirfieldInfo* info = Find(icao);
-    if (!info) throw RuntimeError(ErrorNumber::NoCurrentRecord, icao);
-    return *info;
+    using Kind = MissingAirfield::Kind;
+    const Entry& entry = EntryOf(icao);
+    if (!entry.HasAirport) throw MissingAirfield(icao, std::nullopt);
+    if (!entry.HasRunway) throw MissingAirfield(icao, entry.Info.IsPaved ? Kind::Paved : Kind::Grass);
+    return entry.Info;
 }
 
 void AirfieldBook::Prepare() {
@@ -64,15 +71,21 @@ void AirfieldBook::Prepare() {
 AirfieldBook::Entry AirfieldBook::LookUp(const std::string& icao) {
     Prepare();
     Entry entry;
-    ReadRadio(icao, entry.Info);
-    entry.IsKnown = ReadRunway(icao, entry.Info);
+    try {
+        ReadRadio(icao, entry.Info);
+        ReadRunway(icao, entry);
+    } catch (const RuntimeError& error) {
+        throw Located("ovdata.ovd, " + icao, error);
+    }
     return entry;
 }
 
-bool AirfieldBook::ReadRunway(const std::string& icao, AirfieldInfo& info) {
+void AirfieldBook::ReadRunway(const std::string& icao, Entry& entry) {
+    AirfieldInfo& info = entry.Info;
     const StatementRun airportRun(airports);
     airports.Bind(1, icao);
-    if (!airports.Step()) return false;
+    entry.HasAirport = airports.Step();
+    if (!entry.HasAirport) return;
     const double paved = airports.IsNull(0) ? 0 : airports.Number(0);
     info.IsPaved = paved > 0;
     const double length = info.IsPaved ? paved : airports.IsNull(1) ? 0 : airports.Number(1);
@@ -80,11 +93,11 @@ bool AirfieldBook::ReadRunway(const std::string& icao, AirfieldInfo& info) {
     const StatementRun runwayRun(runways);
     runways.Bind(1, icao);
     runways.Bind(2, info.IsPaved ? "0" : "1");
-    if (!runways.Step()) return false;
+    entry.HasRunway = runways.Step();
+    if (!entry.HasRunway) return;
     info.Runway = AsShown(runways, 0) + " - " + NumberText(length) + " m ";
     const auto heading = ParsePlainNumber(AsShown(runways, 1).substr(0, 3));
     info.Heading = heading.value_or(AirfieldInfo::NoHeading);
-    return true;
 }
 
 void AirfieldBook::ReadRadio(const std::string& icao, AirfieldInfo& info) {

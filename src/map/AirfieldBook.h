@@ -1,8 +1,10 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <unordered_map>
 
+#include "base/RuntimeError.h"
 #include "store/Statement.h"
 
 namespace ornivane {
@@ -19,26 +21,36 @@ struct AirfieldInfo {
     static constexpr double NoHeading = -99;
 };
 
+// There is nothing to show for a code: no airfield has it, or the one that has it lacks a runway of the kind
+// that it claims.
+struct MissingAirfield : RuntimeError {
+    enum class Kind { Paved, Grass };
+    MissingAirfield(const std::string& icao, std::optional<Kind> kindOfRunway)
+        : RuntimeError(ErrorNumber::NoCurrentRecord, icao), Icao(icao), KindOfRunway(kindOfRunway) {}
+    std::string Icao;
+    std::optional<Kind> KindOfRunway; // the one that is missing; none without an airfield
+};
+
 // The airfields of the store, by ICAO code. The store never changes while the program runs, so each airfield
 // is looked up once.
 class AirfieldBook {
 public:
     explicit AirfieldBook(Connection& airfieldConn) : airfields(airfieldConn) {}
 
-    // Good as long as the book. RuntimeError NoCurrentRecord for a code without airfield or without a runway
-    // of the surface that it claims.
+    // Good as long as the book. MissingAirfield when there is none to show.
     const AirfieldInfo& Of(const std::string& icao);
     // Null instead of the error.
     const AirfieldInfo* Find(const std::string& icao);
 
 private:
     struct Entry {
-        bool IsKnown = false;
+        bool HasAirport = false, HasRunway = false;
         AirfieldInfo Info;
     };
     void Prepare();
+    const Entry& EntryOf(const std::string& icao);
     Entry LookUp(const std::string& icao);
-    bool ReadRunway(const std::string& icao, AirfieldInfo& info);
+    void ReadRunway(const std::string& icao, Entry& entry);
     void ReadRadio(const std::string& icao, AirfieldInfo& info);
 
     Connection& airfields;

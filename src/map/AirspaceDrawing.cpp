@@ -37,6 +37,30 @@ std::string Limit(const std::string& type, const std::optional<double>& feet, bo
     return NumberText(Held(feet));
 }
 
+AirspaceElement ElementOf(const Statement& row) {
+    const auto number = [&](int column) {
+        return row.IsNull(column) ? std::optional<double>() : row.Number(column);
+    };
+    const auto text = [&](int column) { return std::string(row.Text(column)); };
+    return {row.IsNull(0) ? 0 : static_cast<long>(row.Integer(0)),
+            text(1),
+            text(2),
+            text(3),
+            text(4),
+            text(5),
+            number(6),
+            number(7),
+            number(8),
+            number(9),
+            number(10),
+            number(11),
+            number(12),
+            number(13),
+            number(14),
+            number(15),
+            number(16)};
+}
+
 // The point at an angle and distance (radians) from the centre (radians), in decimal degrees.
 Position OnCircle(double phi, double lambda, double r, double angle) {
     const double a = DegToRad(angle);
@@ -76,19 +100,21 @@ std::vector<AirspaceElement> AirspaceDrawing::Elements(std::int16_t index) {
     const StatementRun run(rows);
     rows.Bind(1, static_cast<int>(index));
     while (rows.Step()) {
-        const auto number = [&](int column) {
-            return rows.IsNull(column) ? std::optional<double>() : rows.Number(column);
-        };
-        const auto text = [&](int column) { return std::string(rows.Text(column)); };
-        elements.push_back({rows.IsNull(0) ? 0 : static_cast<long>(rows.Integer(0)), text(1), text(2),
-                            text(3), text(4), text(5), number(6), number(7), number(8), number(9), number(10),
-                            number(11), number(12), number(13), number(14), number(15), number(16)});
+        try {
+            elements.push_back(ElementOf(rows));
+        } catch (const RuntimeError& error) {
+            throw Located("PNumber " + std::string(rows.Text(0)), error);
+        }
     }
     return elements;
 }
 
 void AirspaceDrawing::DrawAirspace(const Canvas& canvas, std::int16_t index) {
-    Draw(canvas, Elements(index));
+    try {
+        Draw(canvas, Elements(index));
+    } catch (const RuntimeError& error) {
+        throw Located("Luftraum.ovd, Index " + std::to_string(index), error);
+    }
 }
 
 void AirspaceDrawing::Draw(const Canvas& canvas, const std::vector<AirspaceElement>& elements) {
@@ -97,19 +123,10 @@ void AirspaceDrawing::Draw(const Canvas& canvas, const std::vector<AirspaceEleme
     Pen pen{canvas, elements.front().AspType, AirspaceLabel(elements.front())};
     std::optional<Position> first;
     for (std::size_t i = 0; i < elements.size(); ++i) {
-        const AirspaceElement& element = elements[i];
-        if (element.Drawtype == "DC") {
-            DrawArc(pen, {Held(element.Lat), Held(element.Long), Held(element.arcRad), 0, 360, "Kreis"});
-        } else if (element.Drawtype == "DB") {
-            if (element.PNumber == 1) first = At(element.Arcx1, element.Arcy1);
-            DrawArcElement(pen, element);
-        } else if (element.Drawtype == "DP") {
-            const Position here = At(element.Lat, element.Long);
-            if (element.PNumber == 1) first = here;
-            if (i > 0 && elements[i - 1].Drawtype == "DB")
-                DrawAirspaceLine(pen, At(elements[i - 1].Arcx2, elements[i - 1].Arcy2), here);
-            if (i + 1 < elements.size() && elements[i + 1].Drawtype == "DP")
-                DrawAirspaceLine(pen, here, At(elements[i + 1].Lat, elements[i + 1].Long));
+        try {
+            DrawElement(pen, elements, i, first);
+        } catch (const RuntimeError& error) {
+            throw Located("PNumber " + std::to_string(elements[i].PNumber), error);
         }
     }
     // Without an element number 1 there is no place to close the outline at.
@@ -117,6 +134,24 @@ void AirspaceDrawing::Draw(const Canvas& canvas, const std::vector<AirspaceEleme
     if (!first) return;
     if (last.Drawtype == "DB") DrawAirspaceLine(pen, At(last.Arcx2, last.Arcy2), *first);
     if (last.Drawtype == "DP") DrawAirspaceLine(pen, At(last.Lat, last.Long), *first);
+}
+
+void AirspaceDrawing::DrawElement(Pen& pen, const std::vector<AirspaceElement>& elements, std::size_t i,
+                                  std::optional<Position>& first) {
+    const AirspaceElement& element = elements[i];
+    if (element.Drawtype == "DC") {
+        DrawArc(pen, {Held(element.Lat), Held(element.Long), Held(element.arcRad), 0, 360, "Kreis"});
+    } else if (element.Drawtype == "DB") {
+        if (element.PNumber == 1) first = At(element.Arcx1, element.Arcy1);
+        DrawArcElement(pen, element);
+    } else if (element.Drawtype == "DP") {
+        const Position here = At(element.Lat, element.Long);
+        if (element.PNumber == 1) first = here;
+        if (i > 0 && elements[i - 1].Drawtype == "DB")
+            DrawAirspaceLine(pen, At(elements[i - 1].Arcx2, elements[i - 1].Arcy2), here);
+        if (i + 1 < elements.size() && elements[i + 1].Drawtype == "DP")
+            DrawAirspaceLine(pen, here, At(elements[i + 1].Lat, elements[i + 1].Long));
+    }
 }
 
 void AirspaceDrawing::DrawArcElement(Pen& pen, const AirspaceElement& element) {

@@ -56,7 +56,7 @@ public:
         const char* DirectionIfNone = "";
     };
 
-    // RuntimeError for a row that cannot be drawn: what was drawn so far stays.
+    // RuntimeError for a row that cannot be drawn, with its place: what was drawn so far stays.
     void DrawAirspace(const Canvas& canvas, std::int16_t index);
     void Draw(const Canvas& canvas, const std::vector<AirspaceElement>& elements);
 
@@ -75,6 +75,9 @@ private:
     };
 
     std::vector<AirspaceElement> Elements(std::int16_t index);
+    // `first`: where the outline closes, set by the element number 1.
+    void DrawElement(Pen& pen, const std::vector<AirspaceElement>& elements, std::size_t i,
+                     std::optional<Position>& first);
     void DrawArcElement(Pen& pen, const AirspaceElement& element);
     void DrawArc(Pen& pen, ArcShape arc);
     void DrawArcSegment(Pen& pen, const Position& from, const Position& to, Colour colour,

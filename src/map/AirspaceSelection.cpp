@@ -1,6 +1,7 @@
 #include "map/AirspaceSelection.h"
 
 #include "base/Numbers.h"
+#include "base/RuntimeError.h"
 #include "store/Connection.h"
 
 namespace ornivane {
@@ -16,6 +17,14 @@ ViewBounds Widened(ViewBounds view) {
     view.ViewSouth -= by;
     view.ViewWest -= by;
     return view;
+}
+
+std::int16_t NumberOf(const Statement& row) {
+    try {
+        return ToInt16(row.Number(0));
+    } catch (const RuntimeError& error) {
+        throw Located("Luftraum.ovd, Index " + std::string(row.Text(0)), error);
+    }
 }
 
 } // namespace
@@ -47,7 +56,7 @@ std::vector<std::int16_t> AirspaceSelection::Numbers(Statement& query, const cha
     };
     limit(5, highestLow);
     limit(6, lowestHigh);
-    while (query.Step()) numbers.push_back(ToInt16(query.Number(0)));
+    while (query.Step()) numbers.push_back(NumberOf(query));
     return numbers;
 }
 

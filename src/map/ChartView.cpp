@@ -16,7 +16,7 @@ ChartView::ChartView(Variablen& variablen, Recordset& list, Picture& picStorage,
     : shared(variablen), maps(list), surface(picMap), storage(picStorage), progress(progBar),
       dialogs(messages) {}
 
-bool ChartView::HasMap() const { return maps.IsOpen() && maps.RecordCount() > 0; }
+bool ChartView::HasRows() const { return maps.IsOpen() && maps.RecordCount() > 0; }
 
 std::string ChartView::Name() const { return maps.Text("Name"); }
 
@@ -46,37 +46,55 @@ void ChartView::ReadSizes() {
 }
 
 void ChartView::InitializeData() {
-    if (!HasMap()) return;
+    if (!HasRows()) return;
     progress.SetVisible(true);
     progress.SetValue(50);
     LoadPicture();
     try {
-        const MapFrame frame = MapCatalogue::FrameOf(maps);
-        taken = {Name(), frame};
-        Breite = frame.Breite;
-        Höhe = frame.Höhe;
-        scale = MapCatalogue::ScaleOf(frame);
-        ReadSizes();
-        View = OpenedView(Sizes);
-        Sizes.HalfWidth = View.SW;
-        SlideMap = 0;
-        RestoreMapPosition();
+        TakeInRow();
     } catch (const RuntimeError&) {
-        surface.Cls();
-        const std::string name = Name();
-        if (shared.EnglishUI == 1)
-            dialogs.Message("Map error", "Map error: " + name + " - please check coordinates.");
-        else
-            dialogs.Message("Fehler in Karte",
-                            "Fehler in Karte: " + name + " - Bitte Koordinaten üperprüfen.");
+        Refuse();
         return;
     }
+    failed = false;
+    refused.erase(Name());
     progress.SetValue(100);
     progress.SetVisible(false);
 }
 
+void ChartView::TakeInRow() {
+    const MapFrame frame = MapCatalogue::FrameOf(maps);
+    taken = {Name(), frame};
+    Breite = frame.Breite;
+    Höhe = frame.Höhe;
+    scale = MapCatalogue::ScaleOf(frame);
+    ReadSizes();
+    View = OpenedView(Sizes);
+    Sizes.HalfWidth = View.SW;
+    SlideMap = 0;
+    RestoreMapPosition();
+}
+
+void ChartView::Refuse() {
+    const std::string name = Name();
+    failed = true;
+    refused.insert(name);
+    surface.Cls();
+    surface.Refresh();
+    if (shared.EnglishUI == 1)
+        dialogs.Message("Map error", "Map error: " + name + " - please check coordinates.");
+    else
+        dialogs.Message("Fehler in Karte", "Fehler in Karte: " + name + " - Bitte Koordinaten üperprüfen.");
+}
+
+std::string ChartView::MapError() const {
+    return shared.Text("Fehler in Karte: ", "Map error: ") + Name() +
+           shared.Text("\nBitte den Rahmen unter Kartendaten prüfen oder eine andere Karte wählen.",
+                       "\nPlease check its frame under Map Data or choose another chart.");
+}
+
 bool ChartView::RowHasChanged() const {
-    if (!HasMap() || maps.Eof()) return true;
+    if (!HasRows() || maps.Eof()) return true;
     try {
         return taken != TakenIn{Name(), MapCatalogue::FrameOf(maps)};
     } catch (const RuntimeError&) {
@@ -88,13 +106,15 @@ void ChartView::updateMapInfo() {
     Recordset list;
     list.Open(shared.DataConn, "SELECT * From Maps Where Active <> 0 Order by NAME ASC");
     MapNames.clear();
+    // What was refused may have been mended; the chart of this moment has just been tried.
+    std::erase_if(refused, [this](const std::string& name) { return !failed || name != Name(); });
     if (list.RecordCount() == 0) return;
     for (; !list.Eof(); list.MoveNext()) MapNames.push_back(list.Text("Name"));
-    if (HasMap()) cmbMaps = Name();
+    if (HasRows()) cmbMaps = Name();
 }
 
 void ChartView::FindMap(const std::string& name) {
-    if (!HasMap()) return;
+    if (!HasRows()) return;
     maps.MoveFirst();
     if (!maps.Find("Name", Comparison::Equal, name)) maps.MoveFirst();
 }
@@ -108,11 +128,13 @@ void ChartView::CallOffErrors(const std::function<void()>& action) const {
 }
 
 void ChartView::ApplyZoom() {
+    if (!HasMap()) return;
     View = Zoomed(View, Sizes, SlideMap);
     Redraw();
 }
 
 void ChartView::SetSlide(int value) {
+    if (!HasMap()) return;
     SlideMap = std::clamp(value, SlideMin, SlideMax);
     ApplyZoom();
 }

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -24,10 +25,16 @@ public:
     ChartView(const ChartView&) = delete;
     ChartView& operator=(const ChartView&) = delete;
 
-    bool HasMap() const; // the list has rows
+    bool HasRows() const; // of the list
+    // A chart shows. One that could not be shown counts as none: what was drawn or chosen on the geometry of
+    // the chart before it would be at another place.
+    bool HasMap() const { return HasRows() && !failed; }
+    std::string MapError() const; // for the blank sheet of a chart that could not be shown
+    // Could not be shown when it was last tried, since the list was last made.
+    bool IsRefused(const std::string& name) const { return refused.contains(name); }
 
     // Shows the current row from now on: image, scale, view. Nothing without rows. A missing image is not
-    // reported, the picture that was there stays; a frame without extent gives a message.
+    // reported, the picture that was there stays; a frame without extent gives a message and a blank sheet.
     void InitializeData();
     // The current row is another one, or has another frame, than what InitializeData took in.
     bool RowHasChanged() const;
@@ -42,12 +49,12 @@ public:
     // picMap has a new size, or another picture: fits the view, does not redraw.
     void AdjustViewToPicture();
     // A drag by view pixels; refused while the whole width is in view.
-    virtual bool CanPan() const { return SlideMap != SlideMax; }
+    virtual bool CanPan() const { return HasMap() && SlideMap != SlideMax; }
     void Pan(double dx, double dy);
 
     // From the edges of the current row, read anew at each call.
     MapTransform Transform() const;
-    std::string Name() const; // of the map that shows
+    std::string Name() const; // of the current row
 
     // cmbMaps
     std::string cmbMaps;
@@ -77,6 +84,8 @@ private:
     };
     void LoadPicture();
     void ReadSizes();
+    void TakeInRow();
+    void Refuse();
 
     Picture& storage;
     Progress& progress;
@@ -84,6 +93,8 @@ private:
     MapScale scale;     // of the row that was taken in
     std::string loaded; // path, size and time of the image in picStorage
     std::optional<TakenIn> taken;
+    bool failed = false; // the current row could not be shown
+    std::set<std::string> refused;
 };
 
 } // namespace ornivane

@@ -39,10 +39,13 @@ bool MapRing::Search(const Position& aircraft, const Point& mapPoint) {
     listNextMap.clear();
     if (!map.AutoMapSwitch) return false;
     listNextMap = catalogue.Covering(aircraft);
+    // Tried again, a chart that cannot be shown would blank the sheet at the edge of every other one.
+    std::erase_if(listNextMap, [this](const std::string& name) { return map.IsRefused(name); });
     if (listNextMap.empty()) return false;
     LblMapNumberShows = listNextMap.size() > 2;
     tNextMapShows = listNextMap.size() > 1;
-    const bool changes = IsAtEdge(mapPoint) && !tNextMap.empty();
+    const bool changes =
+        (!map.HasMap() || IsAtEdge(mapPoint)) && !tNextMap.empty() && !map.IsRefused(tNextMap);
     // Also when it is the map that stands already: its remembered view and centring come back.
     if (changes) map.cmbMaps_Change(tNextMap);
     std::sort(listNextMap.begin(), listNextMap.end(),
@@ -56,7 +59,7 @@ bool MapRing::Search(const Position& aircraft, const Point& mapPoint) {
 }
 
 void MapRing::Step() {
-    if (!map.AutoMapSwitch || !map.HasMap()) return;
+    if (!map.AutoMapSwitch || !map.HasRows()) return;
     if (listNextMap.size() >= 2) {
         progress.SetVisible(true);
         progress.SetValue(25);

@@ -24,12 +24,15 @@ public:
 
     // The search in each drawing pass; `aircraft` in decimal degrees, `mapPoint` in view pixels. A change of
     // map uses the name that the pass before has left in tNextMap, so that it comes one redraw after the map
-    // was announced. True when the map was changed: what was painted belongs to the old one.
+    // was announced; while no chart can be shown it is as if the aircraft were at the edge. True when the map
+    // was changed: what was painted belongs to the old one.
     bool Search(const Position& aircraft, const Point& mapPoint);
     // Nothing is announced in a pass that ends without a search.
     void HideNext();
     // Steps to the next map by hand and redraws. Nothing while automatic switching is off.
     void Step();
+    // The next redraw changes to a map that covers the aircraft, if the present one does not.
+    bool WillChange() const { return map.AutoMapSwitch && !listNextMap.empty(); }
 
     bool PicMapScroll = false; // the lamp over cmdMapScroll
     bool tNextMapShows = false;

@@ -37,8 +37,8 @@ public:
 
     // Decimal degrees.
     void DrawLeg(const Position& from, const Position& to, Colour colour);
-    // DegMinValue. A name of four characters is an airfield while their store is open: RuntimeError
-    // NoCurrentRecord when it is not in there, but on the planning map a point like any other, because there
+    // DegMinValue. A name of four characters is an airfield while their store is open:
+    // MissingAirfield when it is not in there, but on the planning map a point like any other, because there
     // it can be renamed.
     void DrawPoint(double lat, double longitude, PointMode mode, const std::string& name);
     // A point of a route, never an airfield.

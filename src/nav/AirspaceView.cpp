@@ -1,7 +1,6 @@
 #include "nav/AirspaceView.h"
 
 #include "base/Numbers.h"
-#include "base/RuntimeError.h"
 #include "geo/NavigationMaths.h"
 
 namespace ornivane {
@@ -44,12 +43,10 @@ double AirspaceView::HeightToCompare() const {
 
 void AirspaceView::SelectAirspace(PictureSurface& surface, const MapTransform& transform, int slideValue) {
     frmQNH = flags.ShowAirspace;
-    if (!flags.ShowAirspace && !flags.ShowPatterns) return;
-    try {
+    // That the store is missing was told when the program started.
+    if (!shared.LuftraumConn.IsOpen()) return;
+    if (flags.ShowAirspace || flags.ShowPatterns)
         Select({surface, transform, slideValue, flags.ShowAirspaceText});
-    } catch (const RuntimeError&) {
-        // The airspaces not yet drawn are missing from this redraw; the rest of it goes on.
-    }
 }
 
 void AirspaceView::Select(const AirspaceDrawing::Canvas& canvas) {

@@ -33,8 +33,8 @@ public:
     void cmdAPT2_Click(); // with texts
     void picAPT3_Click(); // off
 
-    // Draws over the chart, below all points. Ends silently at a row that cannot be read or drawn, and in a
-    // run without the store.
+    // Draws over the chart, below all points; nothing in a run without the store. RuntimeError for a row that
+    // cannot be read or drawn: the airspaces behind it are missing then.
     void SelectAirspace(PictureSurface& surface, const MapTransform& transform, int slideValue);
 
     bool frmQNH = false; // the panel with the QNH

@@ -5,35 +5,43 @@
 #include "base/Flagged.h"
 #include "base/Numbers.h"
 #include "base/RuntimeError.h"
-#include "geo/NavigationMaths.h"
+#include "map/StoredPlace.h"
 
 namespace ornivane {
 
-DrawingPass::DrawingPass(const DrawingPassRooms& passRooms, std::function<void(const RuntimeError&)> report,
-                         std::function<void(const std::string&)> airfieldUnknown)
-    : rooms(passRooms), reportError(std::move(report)), unknownAirfield(std::move(airfieldUnknown)),
-      waypoints(passRooms.Shared.DataConn), airfields(passRooms.Shared.AirfieldConn) {}
+DrawingPass::DrawingPass(const DrawingPassRooms& passRooms, std::function<void(const RuntimeError&)> report)
+    : rooms(passRooms), reportError(std::move(report)), waypoints(passRooms.Shared.DataConn),
+      airfields(passRooms.Shared.AirfieldConn) {}
 
 void DrawingPass::Pass(const std::function<void()>& steps) {
     // Stepping to the next point inside a pass moves the grid's row, which asks for a redraw: one redraw is
     // never interrupted by another.
-    if (running || !rooms.Map.HasMap()) return;
+    if (running || !rooms.Map.HasRows()) return;
     const Flagged now(running);
-    const auto untilError = [](const std::function<void()>& run) {
-        try {
-            run();
-        } catch (const RuntimeError&) {
-            // A damaged row ends this pass; what was drawn stays, and the next pass starts afresh.
-        }
-    };
     mapChanged = false;
-    untilError(steps);
-    if (!mapChanged) return;
+    UntilError([&] { rooms.Map.HasMap() ? steps() : GoOnWithoutChart(); });
+    if (!mapChanged || !rooms.Map.HasMap()) return;
     // The picture is that of the map before. Drawn anew at once, or a click on it would mean another place;
     // without a search, which could change the map back and forth for ever.
     searches = false;
-    untilError([this] { WholeRedraw(); });
+    UntilError([this] { WholeRedraw(); });
     searches = true;
+}
+
+// A damaged row ends this pass; what was drawn stays, and the next pass starts afresh.
+void DrawingPass::UntilError(const std::function<void()>& steps) {
+    try {
+        steps();
+    } catch (const RuntimeError& error) {
+        const bool hasExtent = rooms.picMap.ScaleWidth() > 0 && rooms.picMap.ScaleHeight() > 0;
+        if (hasExtent) rooms.Faults.Tell(DrawingFaults::Layer::Whole, error);
+    }
+}
+
+// The leg and the search for a chart that can be shown.
+void DrawingPass::GoOnWithoutChart() {
+    if (rooms.Route.RouteActive || rooms.Route.GotoActive) DrawActiveLeg(nullptr);
+    mapChanged = rooms.Ring.Search({rooms.State.CurLat, rooms.State.CurLong}, {});
 }
 
 void DrawingPass::UpdateMap() {
@@ -62,7 +70,17 @@ void DrawingPass::PaintChart() {
     const SourceRect& view = rooms.Map.View;
     rooms.picMap.PaintPicture(rooms.picStorage, {0, 0, rooms.picMap.ScaleWidth(), rooms.picMap.ScaleHeight()},
                               {view.SX, view.SY, view.SW, view.SH});
-    rooms.Airspace.SelectAirspace(rooms.picMap, rooms.Map.Transform(), rooms.Map.SlideMap);
+    DrawAirspace();
+}
+
+// The airspaces not yet drawn are missing when an error ends them; the rest of the redraw goes on.
+void DrawingPass::DrawAirspace() {
+    const MapTransform transform = rooms.Map.Transform();
+    try {
+        rooms.Airspace.SelectAirspace(rooms.picMap, transform, rooms.Map.SlideMap);
+    } catch (const RuntimeError& error) {
+        rooms.Faults.Tell(DrawingFaults::Layer::Airspace, error);
+    }
 }
 
 void DrawingPass::PlaceAircraft() {
@@ -83,13 +101,14 @@ void DrawingPass::Overlays() {
     const MapTransform transform = rooms.Map.Transform();
     MapSymbols symbols(rooms.picMap, transform, rooms.Map.SlideMap, SettingsOfPoints());
     if (rooms.Flags.ShowRoute) DrawRoute(symbols);
-    if (rooms.Route.RouteActive || rooms.Route.GotoActive) DrawActiveLeg(symbols);
+    if (rooms.Route.RouteActive || rooms.Route.GotoActive) DrawActiveLeg(&symbols);
     DrawPoints(symbols, transform);
     if (!rooms.Route.lblLatx.empty() && rooms.Route.GotoActive)
         symbols.DrawPoint(NumberIn(rooms.Route.lblLatx), NumberIn(rooms.Route.lblLongx),
                           PointMode::DirectTarget, "DF");
     if (AircraftIsFarOutside() && !rooms.Map.AutoMapSwitch) return;
     if (searches) mapChanged = rooms.Ring.Search({rooms.State.CurLat, rooms.State.CurLong}, MapPoint);
+    if (!rooms.Map.HasMap()) return; // the map it has changed to cannot be shown
     const double direction = rooms.State.lblBearing == NoValue ? 0 : NumberIn(rooms.State.lblBearing);
     DrawAircraft(rooms.picMap, MapPoint, transform.ViewAngle(direction), !rooms.State.NoFix,
                  rooms.Shared.SymbolType);
@@ -110,17 +129,17 @@ void DrawingPass::DrawRoute(MapSymbols& symbols) {
     const StatementRun run(RoutePointRows());
     Position from;
     for (bool first = true; routePoints.Step(); first = false) {
-        const Position to{ToDecimalDegrees(routePoints.Number(0)), ToDecimalDegrees(routePoints.Number(1))};
+        const Position to = StoredPlace::Of(routePoints, rooms.Route.cmbRoute).Decimal();
         if (!first) symbols.DrawLeg(from, to, RouteColour);
         from = to;
     }
 }
 
-void DrawingPass::DrawActiveLeg(MapSymbols& symbols) {
+void DrawingPass::DrawActiveLeg(MapSymbols* symbols) {
     Position target;
     if (!rooms.Route.ActiveTarget(target)) return;
     const Position current{rooms.State.CurLat, rooms.State.CurLong};
-    symbols.DrawLeg(current, target, Blue);
+    if (symbols) symbols->DrawLeg(current, target, Blue);
     try {
         rooms.ActiveLeg.UpdateLeg(target, current, rooms.Route.GotoActive,
                                   [this] { rooms.Route.cmdNext_Click(); });
@@ -158,16 +177,7 @@ void DrawingPass::DrawWaypoints(MapSymbols& symbols, const MapTransform& transfo
         symbols.DrawPoints(points); // a damaged row ends the pass, those before it show
         throw;
     }
-    try {
-        symbols.DrawPoints(points);
-    } catch (const RuntimeError& error) {
-        // The pass ends here, without the aircraft: the pilot must learn which name to change.
-        if (error.Number() == ErrorNumber::NoCurrentRecord && error.Detail() != toldAirfield) {
-            toldAirfield = error.Detail();
-            unknownAirfield(toldAirfield);
-        }
-        throw;
-    }
+    symbols.DrawPoints(points);
 }
 
 void DrawingPass::DrawRoutePoints(MapSymbols& symbols) {
@@ -179,8 +189,8 @@ void DrawingPass::DrawRoutePoints(MapSymbols& symbols) {
     while (routePoints.Step()) {
         const bool isActive =
             routePoints.ColumnValue(3) == activeId || routePoints.ColumnValue(2) == activeName;
-        symbols.DrawRoutePoint(routePoints.Number(0), routePoints.Number(1),
-                               isActive ? PointMode::ActiveRoutePoint : PointMode::Plain,
+        const StoredPlace at = StoredPlace::Of(routePoints, rooms.Route.cmbRoute);
+        symbols.DrawRoutePoint(at.Lat, at.Long, isActive ? PointMode::ActiveRoutePoint : PointMode::Plain,
                                std::string(routePoints.Text(2)));
     }
 }

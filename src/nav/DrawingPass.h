@@ -7,6 +7,7 @@
 #include "common/SettingsFiles.h"
 #include "common/Variablen.h"
 #include "map/ActiveMap.h"
+#include "map/DrawingFaults.h"
 #include "map/MapRing.h"
 #include "map/MapSymbols.h"
 #include "map/WaypointWindow.h"
@@ -27,6 +28,7 @@ struct DrawingPassRooms {
     RouteFollowing& Route;
     Leg& ActiveLeg;
     AirspaceView& Airspace;
+    DrawingFaults& Faults;
     Picture& picStorage;
     PictureSurface& picMap;
 };
@@ -35,14 +37,12 @@ struct DrawingPassRooms {
 // kept from one redraw to the next. All navigation values are recomputed here and nowhere else.
 class DrawingPass {
 public:
-    // `report` is told of an error of the leg calculation, which ends the pass but is not passed over
-    // silently; `airfieldUnknown` of a waypoint whose name of four characters is no airfield of the store,
-    // once for each.
-    DrawingPass(const DrawingPassRooms& rooms, std::function<void(const RuntimeError&)> report,
-                std::function<void(const std::string&)> airfieldUnknown);
+    // `report` is told of an error of the leg calculation, which ends the pass.
+    DrawingPass(const DrawingPassRooms& rooms, std::function<void(const RuntimeError&)> report);
 
-    // The single entry into a redraw. Does nothing without a map and while a pass is running. Any error ends
-    // it silently: what was drawn so far stays.
+    // The single entry into a redraw. Does nothing without maps and while a pass is running. While the map
+    // cannot be shown the sheet stays blank, and what a pass computes is computed all the same. Any error
+    // ends it: what was drawn so far stays, and the cause is told once. A view without extent is no fault.
     void UpdateMap();
     // The overlays only, over the picture that stands.
     void DrawOverlays();
@@ -53,12 +53,15 @@ public:
 
 private:
     void Pass(const std::function<void()>& steps);
+    void UntilError(const std::function<void()>& steps);
+    void DrawAirspace();
     void WholeRedraw();
+    void GoOnWithoutChart();
     void PaintChart();
     void PlaceAircraft();
     void Overlays();
     void DrawRoute(MapSymbols& symbols);
-    void DrawActiveLeg(MapSymbols& symbols);
+    void DrawActiveLeg(MapSymbols* symbols);
     void DrawPoints(MapSymbols& symbols, const MapTransform& transform);
     void DrawRoutePoints(MapSymbols& symbols);
     Statement& RoutePointRows(); // bound to the route in the list
@@ -68,8 +71,6 @@ private:
 
     DrawingPassRooms rooms;
     std::function<void(const RuntimeError&)> reportError;
-    std::function<void(const std::string&)> unknownAirfield;
-    std::string toldAirfield;
     WaypointWindow waypoints;
     AirfieldBook airfields;
     Statement routePoints;

@@ -19,16 +19,9 @@ FlyingScreen::FlyingScreen(const FlyingScreenWorld& w, std::function<void()> sta
       Logger(w.Shared, State, w.timeTrack, w.SystemClock, *this),
       Airspace(w.Shared, State, Flags, [this] { UpdateMap(); }),
       Qnh(w.Shared, w.SystemClock, [this] { UpdateMap(); }),
-      Pass(
-          {w.Shared, State, Flags, Map, Ring, Route, ActiveLeg, Airspace, w.picStorage, w.picMap},
-          [this](const RuntimeError& error) { ShowError(error); },
-          [this](const std::string& name) {
-              world.Notices.Show("\"" + name + "\": " +
-                                 world.Shared.Text("vier Zeichen, aber kein Flugplatz. Die Karte endet hier; "
-                                                   "bitte umbenennen.",
-                                                   "four characters, but no airfield. The map ends here; "
-                                                   "please rename it."));
-          }),
+      Faults(w.Shared, [this](const std::string& text) { world.Notices.Show(text); }),
+      Pass({w.Shared, State, Flags, Map, Ring, Route, ActiveLeg, Airspace, Faults, w.picStorage, w.picMap},
+           [this](const RuntimeError& error) { Faults.Tell(DrawingFaults::Layer::Whole, error); }),
       world(w), changed(std::move(stateChanged)), focusMap(std::move(focusOnMap)) {
     Link.SetInterpreter(gps);
 }
@@ -53,13 +46,9 @@ void FlyingScreen::LoadFlightSet() {
 
 void FlyingScreen::SaveFlightSet() { WriteDisplayFlags(world.Shared.ProgramFolder, Flags); }
 
-void FlyingScreen::ShowError(const RuntimeError& error) {
-    world.Notices.Show(DescribeError(error, world.Shared.EnglishUI == 1));
-}
-
 void FlyingScreen::ShowLastMap() {
     world.Shared.MapsSet.Requery();
-    if (!Map.HasMap()) {
+    if (!Map.HasRows()) {
         Map.updateMapInfo();
         world.picMap.Cls();
         world.picMap.Refresh();
@@ -99,7 +88,8 @@ void FlyingScreen::ActivateLink() {
 }
 
 void FlyingScreen::Form_Deactivate() {
-    if (Map.HasMap()) Map.LastMapName = Map.Name();
+    Faults.Forget();
+    if (Map.HasRows()) Map.LastMapName = Map.Name();
     Logger.Form_Deactivate();
     Link.Form_Deactivate();
     Map.SaveMapPosition();
@@ -117,16 +107,32 @@ void FlyingScreen::Form_Resize() {
     world.picMap.Refresh();
 }
 
-void FlyingScreen::UpdateMap() {
-    Pass.UpdateMap();
+void FlyingScreen::UpdateMap() { Redraw(&DrawingPass::UpdateMap); }
+void FlyingScreen::DrawOverlays() { Redraw(&DrawingPass::DrawOverlays); }
+void FlyingScreen::CentreMap() { Redraw(&DrawingPass::UpdateMap, true); }
+
+void FlyingScreen::Redraw(void (DrawingPass::*redraw)(), bool centringAsked) {
+    const bool wasCentred = Map.CenterMap;
+    (Pass.*redraw)();
+    if (wasCentred && !Map.CenterMap) TellWhyNotCentred(centringAsked);
     world.picMap.Refresh();
     changed();
 }
 
-void FlyingScreen::DrawOverlays() {
-    Pass.DrawOverlays();
-    world.picMap.Refresh();
-    changed();
+// Unasked only where the pilot would otherwise go on believing that the map follows him: before the first
+// position there is nothing to follow, and at the change of charts centring comes back by itself.
+void FlyingScreen::TellWhyNotCentred(bool centringAsked) {
+    const Variablen& shared = world.Shared;
+    if (!State.HadPosition) {
+        if (centringAsked)
+            world.Notices.Show(
+                shared.Text("Noch keine Position vom GPS: die Karte kann nicht zentriert werden.",
+                            "No GPS position yet: the chart cannot be centred."));
+    } else if (centringAsked || !Ring.WillChange()) {
+        world.Notices.Show(
+            shared.Text("Das Flugzeug ist nicht auf der Karte ", "The aircraft is off the chart ") +
+            Map.Name() + shared.Text("; sie folgt ihm nicht.", "; the chart does not follow it."));
+    }
 }
 
 void FlyingScreen::SetDirectTarget(const Point& view) {
@@ -233,6 +239,6 @@ void FlyingScreen::StateChanged() {
 std::string FlyingScreen::RouteName() const { return Route.cmbRoute; }
 bool FlyingScreen::HasFix() const { return Link.picGPSCheck[1].Visible; }
 double FlyingScreen::DistanceToTarget() const { return ActiveLeg.LastDistance; }
-std::string FlyingScreen::MapName() const { return Map.HasMap() ? Map.Name() : std::string(); }
+std::string FlyingScreen::MapName() const { return Map.HasRows() ? Map.Name() : std::string(); }
 
 } // namespace ornivane

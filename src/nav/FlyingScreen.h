@@ -60,6 +60,7 @@ public:
     void Form_Unload();
 
     void UpdateMap() override;
+    void CentreMap() override;
     // picMap has a new size.
     void Form_Resize();
     // A right click on the map, in view pixels.
@@ -92,6 +93,7 @@ public:
     TrackLogger Logger;
     AirspaceView Airspace;
     QnhReadout Qnh;
+    DrawingFaults Faults;
     DrawingPass Pass;
 
 private:
@@ -130,7 +132,8 @@ private:
         bool operator==(const LiveState&) const = default;
     };
 
-    void ShowError(const RuntimeError& error);
+    void Redraw(void (DrawingPass::*redraw)(), bool centringAsked = false);
+    void TellWhyNotCentred(bool centringAsked);
     void LoadFlightSet();
     void ShowLastMap();
     void ActivateLink();

@@ -329,6 +329,7 @@ void frmGPSmain::ShowMapControls() {
     SlideMap->setEnabled(map.HasMap());
     FillCombo(*cmbMaps, map.MapNames, map.cmbMaps);
     lblNoMap->setVisible(!map.HasMap());
+    if (!map.HasMap()) lblNoMap->setText(WhyNoMap());
     cmdKartezentrieren->SetLit(map.picKartezentrieren);
     cmdSet->SetLit(frmSet->isVisible());
     cmdshowRoute->SetLit(screen->Flags.ShowRoute);

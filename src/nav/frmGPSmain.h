@@ -104,6 +104,7 @@ private:
     void PlaceOverMap();
     QString Text(const char* german, const char* english) const;
     void ApplyCaptions();
+    QString WhyNoMap() const;
     void ApplyToolTips();
     void ApplyPanelTexts();
 

@@ -45,13 +45,17 @@ void frmGPSmain::ApplyCaptions() {
                      "Checking, or no fix – click to disconnect"),
                 Text("GPS-Fix – Klick trennt", "GPS fix – click to disconnect"),
                 Text("Daten verloren – Klick trennt", "Data lost – click to disconnect")};
-    lblNoMap->setText(
-        Text("Keine Karte. Legen Sie ein Kartenbild in den Ordner Karten und geben Sie ihm unter Kartendaten "
-             "seinen Rahmen.",
-             "No chart. Put a chart image into the folder Karten and give it its frame under Map Data."));
     cmdshowRoute->setText(Text("Strecke", "Route"));
     cmdWayInfo->setText(Text("Namen", "Names"));
     cmdShowPoints->setText(Text("Nur Strecke", "Route only"));
+}
+
+QString frmGPSmain::WhyNoMap() const {
+    if (screen->Map.HasRows()) return QString::fromStdString(screen->Map.MapError());
+    return Text(
+        "Keine Karte. Legen Sie ein Kartenbild in den Ordner Karten und geben Sie ihm unter Kartendaten "
+        "seinen Rahmen.",
+        "No chart. Put a chart image into the folder Karten and give it its frame under Map Data.");
 }
 
 void frmGPSmain::ApplyToolTips() {

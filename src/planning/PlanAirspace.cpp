@@ -1,7 +1,6 @@
 #include "planning/PlanAirspace.h"
 
 #include "base/Numbers.h"
-#include "base/RuntimeError.h"
 
 namespace ornivane {
 
@@ -13,11 +12,8 @@ void PlanAirspace::DrawPlanAirspace(PictureSurface& surface, const MapTransform&
     tLRVisible = height != None;
     if (!tLRVisible) return;
     tLR = height == All ? "Alle Lufträume" : "Luftraum in " + NumberText(height, shared.Locale) + " ft";
-    try {
-        Draw({surface, transform, slideValue, true, "+"}, height);
-    } catch (const RuntimeError&) {
-        // The airspaces not yet drawn are missing from this redraw; the rest of it goes on.
-    }
+    // That the store is missing was told when the program started.
+    if (shared.LuftraumConn.IsOpen()) Draw({surface, transform, slideValue, true, "+"}, height);
 }
 
 void PlanAirspace::Draw(const AirspaceDrawing::Canvas& canvas, double height) {

@@ -17,8 +17,9 @@ public:
 
     explicit PlanAirspace(Variablen& variablen);
 
-    // Draws over the chart, below route and points. Ends quietly at a row that cannot be read or drawn, and
-    // in a run without the store. A height that is no number shows nothing, like None.
+    // Draws over the chart, below route and points; nothing in a run without the store. RuntimeError for a
+    // row that cannot be read or drawn: the airspaces behind it are missing then. A height that is no number
+    // shows nothing, like None.
     void DrawPlanAirspace(PictureSurface& surface, const MapTransform& transform, int slideValue);
 
     std::string tLRHoehe = "-10"; // as typed, or one of the two values above

@@ -13,6 +13,7 @@ namespace ornivane {
 namespace {
 
 constexpr int CursorDecimals = 4;
+constexpr const char* NoPosition = "---";
 constexpr int LineWidth = 3; // of the measuring line, pixels
 
 Position ToDecimal(const Position& stored) {
@@ -42,7 +43,7 @@ void PlanMap::LoadLastMap() {
 void PlanMap::Form_Activate() {
     maps.Requery();
     updateMapInfo();
-    if (!HasMap()) {
+    if (!HasRows()) {
         surface.Cls();
         surface.Refresh();
         return;
@@ -76,15 +77,21 @@ void PlanMap::RestoreView() {
 
 void PlanMap::Form_Deactivate() {
     drag.reset();
-    saved = {View, SlideMap};
-    if (HasMap() && !maps.Eof()) currentName = Name();
+    saved.reset();
+    if (HasMap()) saved = {View, SlideMap};
+    if (HasRows() && !maps.Eof()) currentName = Name();
 }
 
 void PlanMap::cmbMaps_Change(const std::string& name) {
-    if (!HasMap()) return;
+    if (!HasRows()) return;
     FindMap(name);
     cmbMaps = Name();
     InitializeData();
+    if (!HasMap()) {
+        lblLatx = lblLongx = NoPosition;
+        lblNS.clear();
+        lblEW.clear();
+    }
     AdjustViewToPicture(); // a wide image is less tall than the view's proportion
     CenterOnWaypoint();
 }

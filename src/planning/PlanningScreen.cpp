@@ -7,7 +7,8 @@ namespace ornivane {
 PlanningScreen::PlanningScreen(const PlanningScreenWorld& w, Form ofScreen)
     : Waypoints(w.Shared, w.Messages, *this), Routes(w.Shared, w.Messages, Waypoints.WaypointsSet, *this),
       Map({w.Shared, PlanMapsSet, w.picStorage, w.picMap, w.progBar, w.Messages, Waypoints}, *this),
-      Airspace(w.Shared), Drawing({w.Shared, Map, Airspace, Routes, w.picStorage, w.picMap}), world(w),
+      Airspace(w.Shared), Faults(w.Shared, [this](const std::string& text) { world.Notices.Show(text); }),
+      Drawing({w.Shared, Map, Airspace, Routes, w.picStorage, w.picMap, Faults}), world(w),
       form(std::move(ofScreen)) {}
 
 void PlanningScreen::Form_Load() {
@@ -27,6 +28,7 @@ void PlanningScreen::Form_Activate() {
 }
 
 void PlanningScreen::Form_Deactivate() {
+    Faults.Forget();
     Map.Form_Deactivate();
     WritePlanningHeight(world.Shared.ProgramFolder, Airspace.tLRHoehe);
 }

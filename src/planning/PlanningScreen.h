@@ -22,6 +22,7 @@ struct PlanningScreenWorld {
     PictureSurface& picMap;
     Progress& progBar;
     Dialogs& Messages;
+    Notice& Notices;
 };
 
 // The planning screen without its window: puts the rooms together and passes on what one asks of another. The
@@ -48,6 +49,7 @@ public:
     Recordset PlanMapsSet; // the current row is the map that shows; flight mode's is another one
     PlanMap Map;
     PlanAirspace Airspace;
+    DrawingFaults Faults;
     PlanDrawing Drawing;
 
 private:

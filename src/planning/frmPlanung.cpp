@@ -82,7 +82,8 @@ void frmPlanung::MakeScreen() {
     form.FocusRoutes = [this] { routes->FocusList(); };
     form.FocusEntry = [this] { waypoints->FocusEntry(); };
     screen = std::make_unique<PlanningScreen>(
-        PlanningScreenWorld{shared, *picStorage, picMap->Surface(), *progress, dialogs}, std::move(form));
+        PlanningScreenWorld{shared, *picStorage, picMap->Surface(), *progress, dialogs, guard.Notices()},
+        std::move(form));
     const auto changed = [this] { ShowState(); };
     waypoints = new frmWaypointPanel(
         this, screen->Waypoints, shared, guard, [this] { screen->Routes.cmdAddwaypoint(); }, changed);
@@ -221,6 +222,7 @@ void frmPlanung::ShowMap() {
     SlideMap->setEnabled(map.HasMap());
     FillCombo(*cmbMaps, map.MapNames, map.cmbMaps);
     lblNoMap->setVisible(!map.HasMap());
+    if (!map.HasMap()) lblNoMap->setText(WhyNoMap());
     cmdMessen->setVisible(!map.Measuring.MeasureOn);
     picMessen->setVisible(map.Measuring.MeasureOn);
     tLR->setText(Q(screen->Airspace.tLR));

@@ -72,6 +72,7 @@ private:
     void PlaceOverMap();
     QString Text(const char* german, const char* english) const;
     void ApplyToolTips();
+    QString WhyNoMap() const;
 
     Variablen& shared;
     Dialogs& dialogs;

@@ -24,12 +24,16 @@ void frmPlanung::ApplyLanguage() {
     longitude->SetCaption(Text("Längengrad", "Longitude"));
     cmdMessen->setText(Text(" Messen An ", " Measure On "));
     picMessen->setText(Text(" Messen Aus ", " Measure Off "));
-    lblNoMap->setText(Text("Keine aktive Karte. Karten werden unter Kartendaten angemeldet.",
-                           "No active chart. Charts are registered on the screen Map Data."));
     ApplyToolTips();
     waypoints->ApplyLanguage();
     routes->ApplyLanguage();
     ShowState();
+}
+
+QString frmPlanung::WhyNoMap() const {
+    if (screen->Map.HasRows()) return QString::fromStdString(screen->Map.MapError());
+    return Text("Keine aktive Karte. Karten werden unter Kartendaten angemeldet.",
+                "No active chart. Charts are registered on the screen Map Data.");
 }
 
 void frmPlanung::ApplyToolTips() {

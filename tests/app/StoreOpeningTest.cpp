@@ -22,6 +22,11 @@ protected:
         variablen.TrackInterval = 10000;
     }
     bool Run() { return StoreOpening(variablen, boxes, hints).Run(); }
+    void Change(const char* name, const std::string& statement) {
+        Connection store;
+        store.Open(folder.Path() / name, Connection::Mode::ReadWrite);
+        store.Execute(statement);
+    }
     void Remove(const char* name) { std::filesystem::remove(folder.Path() / name); }
     void Replace(const char* name, const std::string& bytes) {
         Remove(name);
@@ -112,6 +117,41 @@ TEST_F(StoreOpeningTest, GoesOnWithoutAirspaceAlsoWhenOnlyItsDateIsMissing) {
     EXPECT_TRUE(Run());
     EXPECT_THAT(hints.Told, ElementsAre(testing::HasSubstr("3021")));
     EXPECT_FALSE(variablen.LuftraumConn.IsOpen());
+}
+
+// Opened all the same, such a store would show an empty sky and say nothing.
+TEST_F(StoreOpeningTest, AStoreWithoutItsTablesOrFieldsCountsAsOneThatCannotBeOpened) {
+    for (const char* damage :
+         {"DROP TABLE Luftraum", "ALTER TABLE Luftraum DROP COLUMN Arcy2", "DROP TABLE RELEASE",
+          "ALTER TABLE Luftraum RENAME COLUMN \"Index\" TO Number", "ALTER TABLE Luftraum RENAME TO Sky"}) {
+        Remove("Luftraum.ovd");
+        MakeStores(folder.Path());
+        if (std::string(damage).find("Index") != std::string::npos)
+            Change("Luftraum.ovd", "DROP INDEX LuftraumByIndex");
+        Change("Luftraum.ovd", damage);
+        hints.Told.clear();
+        EXPECT_TRUE(Run());
+        EXPECT_THAT(hints.Told, ElementsAre(testing::ContainsRegex("airspace: .*no such (table|column)")))
+            << damage;
+        EXPECT_FALSE(variablen.LuftraumConn.IsOpen()) << damage;
+    }
+    Remove("Luftraum.ovd");
+    hints.Told.clear();
+    for (const char* damage : {"DROP TABLE ARPT", "DROP TABLE RWY", "DROP TABLE ACOM", "DROP TABLE ICAOCODE",
+                               "ALTER TABLE ARPT DROP COLUMN RWYGLen", "ALTER TABLE RWY DROP COLUMN Surface",
+                               "ALTER TABLE ACOM DROP COLUMN Freq"}) {
+        Remove("ovdata.ovd");
+        MakeStores(folder.Path());
+        Change("ovdata.ovd", damage);
+        EXPECT_TRUE(Run());
+        EXPECT_FALSE(variablen.AirfieldStoreOpen) << damage;
+        EXPECT_FALSE(variablen.AirfieldConn.IsOpen()) << damage;
+    }
+    Replace("ovdata.ovd", "");
+    EXPECT_TRUE(Run());
+    EXPECT_FALSE(variablen.AirfieldStoreOpen);
+    EXPECT_THAT(hints.Told, IsEmpty());
+    EXPECT_THAT(boxes.Shown, IsEmpty());
 }
 
 TEST_F(StoreOpeningTest, SaysNothingWithoutAirfields) {

@@ -96,6 +96,21 @@ TEST_F(AirspaceViewTest, ADamagedRowEndsTheSelectionAndNotTheRedraw) {
     Screen->Airspace.cmdLR1_Click();
     EXPECT_EQ(Surface.Count(" w5 #"), 13);  // the first one
     EXPECT_EQ(Surface.Count("#80FFFF"), 1); // and the aircraft
+    Screen->UpdateMap();
+    Screen->Airspace.cmdLR2_Click();
+    const std::vector<std::string> told{
+        "Nicht alle Lufträume sind auf der Karte: es fehlt ein Wert (Luftraum.ovd, Index 2: PNumber 1)."};
+    EXPECT_EQ(Notices.Shown, told); // once
+    Shared.LuftraumConn.Execute("UPDATE Luftraum SET arcRad = 'wide', Drawtype = 'DC' WHERE \"Index\" = 2");
+    Shared.EnglishUI = 1;
+    Screen->UpdateMap();
+    Screen->UpdateMap();
+    ASSERT_EQ(Notices.Shown.size(), 2u);
+    EXPECT_EQ(Notices.Shown[1], "Not all airspace is on the chart: a text stands where a number belongs "
+                                "(Luftraum.ovd, Index 2: PNumber 1: wide).");
+    Screen->Form_Deactivate();
+    Screen->Form_Activate(); // whoever comes back is told again
+    EXPECT_EQ(Notices.Shown.size(), 3u);
     Shared.LuftraumConn.Execute("UPDATE Luftraum SET Drawtype = 'DC', arcRad = 3 WHERE \"Index\" = 2");
     Screen->UpdateMap();
     EXPECT_EQ(Surface.Count(" w5 #"), 39);
@@ -103,10 +118,13 @@ TEST_F(AirspaceViewTest, ADamagedRowEndsTheSelectionAndNotTheRedraw) {
     Screen->UpdateMap();
     EXPECT_EQ(Surface.Count(" w5 #"), 0);
     EXPECT_EQ(Surface.Count("#80FFFF"), 1);
-    Shared.LuftraumConn.Close(); // a run without the store
+    ASSERT_EQ(Notices.Shown.size(), 4u);
+    EXPECT_EQ(Notices.Shown[3],
+              "Not all airspace is on the chart: a number is too large (Luftraum.ovd, Index 40000).");
+    Shared.LuftraumConn.Close(); // a run without the store: told when the program started
     Screen->UpdateMap();
     EXPECT_EQ(Surface.Count("#80FFFF"), 1);
-    EXPECT_TRUE(Notices.Shown.empty());
+    EXPECT_EQ(Notices.Shown.size(), 4u);
 }
 
 TEST_F(AirspaceViewTest, AirfieldsShowRunwayAndRadioInThreeStages) {
@@ -161,8 +179,10 @@ TEST_F(AirspaceViewTest, AFourLetterPointWithoutAirfieldEndsThePass) {
     EXPECT_EQ(Surface.Count("r5 w4 #FF0000"), 0);
     EXPECT_EQ(Surface.Count("#80FFFF"), 0);
     Screen->UpdateMap();
-    ASSERT_EQ(Notices.Shown.size(), 1u); // told once
-    EXPECT_NE(Notices.Shown[0].find("\"Alba\""), std::string::npos);
+    const std::vector<std::string> told{
+        "\"Alba\": vier Zeichen, aber kein Flugplatz in ovdata.ovd. Die Karte "
+        "endet hier; bitte umbenennen."};
+    EXPECT_EQ(Notices.Shown, told); // once
     Sql("DELETE FROM Waypoints WHERE Name = 'Alba'");
     Screen->UpdateMap();
     EXPECT_EQ(Surface.Count("r5 w4 #FF0000"), 1); // up to Köln, which has four characters
@@ -170,6 +190,34 @@ TEST_F(AirspaceViewTest, AFourLetterPointWithoutAirfieldEndsThePass) {
     Screen->UpdateMap();
     EXPECT_EQ(Surface.Count("r5 w4 #FF0000"), 2);
     EXPECT_EQ(Surface.Count("#80FFFF"), 1);
+}
+
+// To rename such a waypoint would be the wrong advice: the code is right.
+TEST_F(AirspaceViewTest, AnAirfieldWithoutARunwayOfItsKindIsToldAsThat) {
+    OpenAirfields();
+    Shared.AirfieldConn.Execute("INSERT INTO ARPT VALUES ('EDAA', 1160, 0, 50.5, 6.5), ('EDBB', 0, 0, 50.5, "
+                                "6.6), ('EDCC', 'long', 0, 50.5, 6.7)");
+    Shared.AirfieldConn.Execute("INSERT INTO RWY VALUES ('EDAA', 2000, '1', '01/19', '010')");
+    Sql("INSERT INTO Waypoints (Name, Lat, Long, Kategorie) VALUES ('EDAA', 50.30, 6.30, '')");
+    Begin();
+    Screen->UpdateMap();
+    EXPECT_EQ(Surface.Count("#80FFFF"), 0);
+    EXPECT_EQ(Notices.Shown,
+              std::vector<std::string>{
+                  "\"EDAA\": in ovdata.ovd hat der Flugplatz keine Piste seiner Art (befestigt). "
+                  "Die Karte endet hier, bis die Datei berichtigt ist."});
+    Shared.EnglishUI = 1;
+    Sql("UPDATE Waypoints SET Name = 'EDBB'");
+    Screen->UpdateMap();
+    EXPECT_EQ(Notices.Shown.back(),
+              "\"EDBB\": the airfield has no runway of its kind (grass) in ovdata.ovd. The "
+              "map ends here until the file is corrected.");
+    Sql("UPDATE Waypoints SET Name = 'EDCC'");
+    Screen->UpdateMap();
+    EXPECT_EQ(Notices.Shown.back(),
+              "The chart is not drawn to its end, the aircraft is missing: a text stands "
+              "where a number belongs (ovdata.ovd, EDCC: long).");
+    EXPECT_EQ(Notices.Shown.size(), 3u);
 }
 
 TEST_F(AirspaceViewTest, TakesTheQnhOfTheSettingsWhenItsDayIsOver) {

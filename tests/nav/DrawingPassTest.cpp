@@ -63,6 +63,31 @@ TEST_F(DrawingPassTest, ADamagedRowEndsThePassAndTheNextOneIsWholeAgain) {
     EXPECT_TRUE(Boxes.Shown.empty());
 }
 
+TEST_F(DrawingPassTest, WhatEndsThePassIsToldOnceWithItsPlaceAndItsCause) {
+    AddRoute("R", {6.3, 7.0});
+    FlyingScreen& screen = Start();
+    Fly(50.5, 7);
+    ASSERT_EQ(Surface.Count("#00FF00"), 5);
+    Sql("UPDATE GpsPoints SET Lat = 'north' WHERE Nummer = 2");
+    screen.Flags.ShowRoute = true;
+    for (int i = 0; i < 50; ++i) screen.UpdateMap();
+    EXPECT_EQ(Surface.Count("#00FF00"), 0);
+    EXPECT_EQ(Notices.Shown,
+              std::vector<std::string>{
+                  "Die Karte ist nicht zu Ende gezeichnet, das Flugzeug fehlt: ein Text steht, wo "
+                  "eine Zahl hingehört (data.ovd, R, P2: north)."});
+    Sql("UPDATE GpsPoints SET Lat = NULL WHERE Nummer = 2");
+    screen.Flags.ShowRoute = false;
+    screen.Pass.cmdShowPoints_Click();
+    screen.UpdateMap();
+    ASSERT_EQ(Notices.Shown.size(), 2u);
+    EXPECT_NE(Notices.Shown[1].find("es fehlt ein Wert (data.ovd, R, P2)"), std::string::npos);
+    EXPECT_TRUE(Boxes.Shown.empty());
+    Surface.Width = 0; // a window without extent is no fault
+    screen.UpdateMap();
+    EXPECT_EQ(Notices.Shown.size(), 2u);
+}
+
 TEST_F(DrawingPassTest, AnAircraftOffTheChartSwitchesCentringOffAndHasNoSymbol) {
     FlyingScreen& screen = Start();
     EXPECT_FALSE(screen.Map.CenterMap); // the position before the first fix is off this chart

@@ -52,6 +52,46 @@ TEST_F(MapChoiceTest, AFrameWithoutExtentIsToldAndAMissingImageIsNot) {
     EXPECT_EQ(screen.Map.Sizes.StoreWidth, 2000); // the picture that was there stays
 }
 
+// What is drawn or chosen on the geometry of the chart before would be another place than the one it shows.
+TEST_F(MapChoiceTest, AChartThatCannotBeShownIsABlankSheetUntilAnotherOneIsChosen) {
+    Sql("UPDATE Maps SET \"Höhe\" = NULL WHERE Name = 'Zulu.JPG'");
+    AddRoute("R", {6.3, 7.3});
+    FlyingScreen& screen = Start();
+    Fly(50.5, 7);
+    screen.Route.cmdActivateGoto_Click();
+    const std::string before = screen.State.lblDistanz;
+    screen.Map.SetCentring(false);
+    screen.Map.cmbMaps_Click("Zulu.JPG");
+    ASSERT_EQ(Boxes.Shown.size(), 1u);
+    const std::vector<std::string> blank{"cls"};
+    EXPECT_EQ(Surface.Drawn, blank);
+    EXPECT_FALSE(screen.Map.HasMap());
+    screen.Map.Pan(-50, -50);
+    screen.StepZoom(10);
+    screen.Map.SetSlide(-20);
+    screen.Form_Resize();
+    screen.Route.cmdDirectFly_Click();
+    screen.SetDirectTarget({10, 10});
+    EXPECT_EQ(screen.Route.lblLatx, "");
+    screen.Route.picDF_Click();
+    screen.State.CurLong = 7.2;
+    screen.UpdateMap();
+    EXPECT_EQ(Surface.Drawn, blank);
+    EXPECT_NE(screen.State.lblDistanz, before); // the flight goes on
+    screen.Form_Deactivate();
+    EXPECT_EQ(ReadLastChoice(Folder.Path()).Map, "Zulu.JPG");
+    screen.Form_Activate();
+    EXPECT_EQ(Surface.Drawn, blank);
+    EXPECT_EQ(screen.Map.cmbMaps, "Zulu.JPG");
+    screen.Map.cmbMaps_Click("alpha.jpg");
+    EXPECT_TRUE(screen.Map.HasMap());
+    EXPECT_EQ(Surface.Count("#80FFFF"), 1);
+    Sql("UPDATE Maps SET \"Höhe\" = 1000 WHERE Name = 'Zulu.JPG'");
+    screen.Form_Activate();
+    screen.Map.cmbMaps_Click("Zulu.JPG");
+    EXPECT_EQ(screen.Map.View, (SourceRect{0, 0, 1000, 500})); // nothing was remembered of the other's view
+}
+
 TEST_F(MapChoiceTest, DamagedMemoriesAreReplacedAndLongNamesForgone) {
     WriteFileAtomically(Folder.Path() / "position.crm", "<xml><broken");
     const std::string longName(31, 'x');

@@ -68,6 +68,36 @@ TEST_F(MapRingTest, ChangesAtTheEdgeOfTheChartToTheMapThatWasAnnounced) {
     EXPECT_GT(Surface.Count("line"), 0); // the aircraft is drawn where it is, far outside
 }
 
+// The sheet is blank for one redraw, and the chart is not tried again and again at the edge of another one.
+TEST_F(MapRingTest, LeavesAChartThatCannotBeShownByItself) {
+    Sql("UPDATE Maps SET Breite = 0 WHERE Name = 'Berta.jpg'");
+    FlyingScreen& screen = Start();
+    Redraw(7.9);
+    screen.Ring.cmdMapScroll_Click();
+    Redraw(7.995);
+    EXPECT_EQ(screen.Map.Name(), "Berta.jpg");
+    EXPECT_EQ(Surface.Drawn, std::vector<std::string>{"cls"});
+    Redraw(7.995);
+    EXPECT_EQ(screen.Map.Name(), "alpha.jpg");
+    EXPECT_EQ(Surface.Count("circle"), 1) << "the aircraft";
+    EXPECT_TRUE(screen.Map.CenterMap);
+    for (int i = 0; i < 3; ++i) Redraw(7.996);
+    EXPECT_EQ(screen.Map.Name(), "alpha.jpg");
+    EXPECT_EQ(Boxes.Shown.size(), 1u);
+    screen.Map.cmbMaps_Click("Berta.jpg"); // by hand it is tried again
+    EXPECT_EQ(Boxes.Shown.size(), 2u);
+    EXPECT_EQ(screen.Map.Name(), "alpha.jpg"); // and automatic switching goes on
+    screen.Ring.PicMapScroll_Click();
+    screen.Map.cmbMaps_Click("Berta.jpg");
+    Redraw(8.2);
+    screen.Ring.cmdMapScroll_Click(); // no other one covers the aircraft
+    EXPECT_EQ(Surface.Drawn, std::vector<std::string>{"cls"});
+    EXPECT_EQ(Boxes.Shown.size(), 3u);
+    Redraw(7.0);
+    EXPECT_NE(screen.Map.Name(), "Berta.jpg");
+    EXPECT_EQ(Surface.Count("circle"), 1);
+}
+
 TEST_F(MapRingTest, StepsByHandAroundTheRing) {
     FlyingScreen& screen = Start();
     screen.Ring.Step(); // off

@@ -162,6 +162,25 @@ TEST_F(PlanDrawingTest, ADamagedLayerLeavesTheOthers) {
     Screen->RedrawPlan();
     EXPECT_TRUE(Screen->Airspace.tLRVisible);
     EXPECT_THAT(Texts(), ElementsAre("[ Alpha ]"));
+    for (int i = 0; i < 20; ++i) Screen->RedrawPlan();
+    const std::string route = "Die Strecke ist nicht ganz gezeichnet: es fehlt ein Wert (data.ovd, R, P2).";
+    EXPECT_THAT(Notices.Shown, ElementsAre(route)); // that there is no store was told at the start
+    OpenAirspace();
+    AddCircle(1, "D", 0, 9000);
+    Shared.LuftraumConn.Execute("UPDATE Luftraum SET arcRad = NULL");
+    for (int i = 0; i < 20; ++i) Screen->RedrawPlan();
+    EXPECT_THAT(Notices.Shown,
+                ElementsAre(route, "Nicht alle Lufträume sind auf der Karte: es fehlt ein Wert "
+                                   "(Luftraum.ovd, Index 1: PNumber 1)."));
+    EXPECT_THAT(Texts(), ElementsAre("[ Alpha ]"));
+    OpenAirfields();
+    AddWaypoint("EDKB", 50.45, 6.36);
+    Shared.AirfieldConn.Execute("UPDATE ARPT SET RWYALen = 'x'");
+    Screen->RedrawPlan();
+    ASSERT_EQ(Notices.Shown.size(), 3U);
+    EXPECT_EQ(Notices.Shown[2],
+              "Nicht alle Wegpunkte sind gezeichnet: ein Text steht, wo eine Zahl hingehört "
+              "(ovdata.ovd, EDKB: x).");
 }
 
 } // namespace

@@ -173,15 +173,40 @@ TEST_F(PlanMapTest, WithoutMapsNothingIsDrawnAndNothingFails) {
     Screen->Form_Deactivate();
 }
 
-TEST_F(PlanMapTest, AFrameWithoutExtentIsToldOnceForAChoice) {
+TEST_F(PlanMapTest, AChartThatCannotBeShownIsToldOnceAndIsABlankSheetUntilAnotherOneIsChosen) {
+    AddWaypoint("Alpha", 50.30, 6.30);
     Sql("UPDATE Maps SET Rechts = Links WHERE Name = 'Zulu.JPG'");
     PlanMap& map = Start().Map;
+    map.MouseDown({300, 300});
+    map.MouseMove({260, 290}, true);
     map.cmbMaps_Change("Zulu.JPG");
     EXPECT_EQ(Boxes.Shown, std::vector<std::string>{
                                "Fehler in Karte|Fehler in Karte: Zulu.JPG - Bitte Koordinaten üperprüfen."});
+    const std::vector<std::string> blank{"cls"};
+    const auto useTheMouse = [&] {
+        map.MouseDown({300, 300});
+        map.MouseMove({200, 250}, true);
+        map.MouseUp();
+        map.DblClick({200, 250});
+        Screen->RedrawPlan();
+    };
+    useTheMouse();
+    EXPECT_EQ(Surface.Drawn, blank);
+    EXPECT_EQ(map.lblLatx, "---");
+    EXPECT_NE(Screen->Waypoints.tWaypoint[1], ""); // no waypoint was begun
     Screen->Form_Deactivate();
     Screen->Form_Activate();
+    useTheMouse();
+    EXPECT_EQ(Surface.Drawn, blank);
+    EXPECT_EQ(map.cmbMaps, "Zulu.JPG");
     EXPECT_EQ(Boxes.Shown.size(), 1U);
+    Screen->Form_Deactivate();
+    Sql("UPDATE Maps SET Rechts = 8 WHERE Name = 'Zulu.JPG'");
+    Screen->Form_Activate();
+    EXPECT_EQ(map.View, (SourceRect{0, 0, 1000, 500})); // not the other one's view
+    EXPECT_EQ(Surface.Source, (PixelRect{0, 0, 1000, 500}));
+    map.cmbMaps_Change("alpha.jpg");
+    EXPECT_EQ(Surface.Count("[ Alpha ]"), 1);
 }
 
 } // namespace

@@ -17,7 +17,7 @@ class PlanningScreenTest : public testing::Test, protected FlightFolder {
 protected:
     PlanningScreen& Start() {
         Screen = std::make_unique<PlanningScreen>(
-            PlanningScreenWorld{Shared, Storage, Surface, ProgressBar, Boxes},
+            PlanningScreenWorld{Shared, Storage, Surface, ProgressBar, Boxes, Notices},
             PlanningScreen::Form{[] {}, [] {}, [] {}, [] {}, [this] { ++EntryFocused; }});
         Screen->Form_Load();
         Screen->Form_Activate();
@@ -38,6 +38,7 @@ protected:
     DrawnSurface Surface;
     FakeProgress ProgressBar;
     ScriptedDialogs Boxes;
+    RecordedNotice Notices;
     std::unique_ptr<PlanningScreen> Screen;
     int EntryFocused = 0;
 };

@@ -59,6 +59,22 @@ TEST_F(FlyingFormTest, ZoomsBySliderAndKeysAndDragsTheChart) {
     EXPECT_EQ(Form.Logic().Map.View.SY, before.SY + 10);
 }
 
+TEST_F(FlyingFormTest, TheBlankSheetOfAChartThatCannotBeShownSaysWhy) {
+    Sql("UPDATE Maps SET Rechts = Links WHERE Name = 'Zulu.JPG'");
+    Show();
+    Form.Logic().Map.cmbMaps_Click("Zulu.JPG");
+    Form.ApplyLanguage();
+    EXPECT_TRUE(Find<QLabel>("lblNoMap").isVisible());
+    EXPECT_EQ(Text("lblNoMap"),
+              "Fehler in Karte: Zulu.JPG\nBitte den Rahmen unter Kartendaten prüfen oder eine "
+              "andere Karte wählen.");
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (auto* box = qobject_cast<QMessageBox*>(window)) box->accept();
+    QTest::qWait(0); // until it is gone
+    Form.Logic().Map.cmbMaps_Click("alpha.jpg");
+    EXPECT_FALSE(Find<QLabel>("lblNoMap").isVisible());
+}
+
 TEST_F(FlyingFormTest, TheGridFollowsTheRouteAndTheRouteTheGrid) {
     Show();
     auto& grid = Find<QTableView>("gridWaypoints");

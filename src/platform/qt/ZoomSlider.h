@@ -19,7 +19,8 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override { mousePressEvent(event); }
 
 private:
-    void SlideTo(double x);
+    void SlideTo(double x); // pixels
+    double UnitsAt(double x) const;
 };
 
 } // namespace ornivane

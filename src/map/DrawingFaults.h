@@ -1,0 +1,34 @@
+#pragma once
+
+#include <functional>
+#include <set>
+#include <string>
+
+#include "base/RuntimeError.h"
+#include "common/Variablen.h"
+
+namespace ornivane {
+
+// Tells what ended a redraw, or a layer of it, before its end: what is missing, where and why. Each of these
+// texts once until the screen is left, because redraws come with every movement of a drag.
+class DrawingFaults {
+public:
+    // Whole: of the flying screen, where an error ends all that would follow, the aircraft included. Chart:
+    // of a screen without one.
+    enum class Layer { Whole, Chart, Airspace, Route, Waypoints };
+
+    DrawingFaults(const Variablen& variablen, std::function<void(const std::string&)> show);
+
+    void Tell(Layer layer, const RuntimeError& error);
+    // The screen is left: whoever comes back to it is told again.
+    void Forget() { told.clear(); }
+
+private:
+    std::string TextOf(Layer layer, const RuntimeError& error) const;
+
+    const Variablen& shared;
+    std::function<void(const std::string&)> show;
+    std::set<std::string> told;
+};
+
+} // namespace ornivane
