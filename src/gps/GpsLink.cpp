@@ -130,7 +130,9 @@ void GpsLink::MSComm1_OnComm(SerialEvent event) {
 bool GpsLink::ReceiveWaiting() {
     const std::string receivedText = port.ReadAll();
     if (receivedText.empty()) return false;
-    framing->HandleInput(twins.Turn(receivedText, clock.Ticks()));
+    for (const WholeLines::Piece& piece : lines.Take(receivedText))
+        // All else says nothing to the interpreter.
+        if (piece.IsSentences) framing->HandleInput(twins.Turn(piece.Bytes, clock.Ticks()));
     DataSeen = true;
     return true;
 }
@@ -232,10 +234,12 @@ bool GpsLink::OpenSilently() {
     }
 }
 
-// Another receiver may be behind the port now.
+// Another receiver may be behind the port now, and what the last one left unfinished never gets its end.
 void GpsLink::OpenPort() {
     port.SetSettings(Settings);
     port.Open(ComPort);
+    lines.Reset();
+    framing->Reset();
     twins.Reset();
     heard.Forget();
 }

@@ -9,6 +9,7 @@
 #include "gps/HeardSentences.h"
 #include "gps/SentenceFraming.h"
 #include "gps/TalkerTwins.h"
+#include "gps/WholeLines.h"
 #include "platform/Clock.h"
 #include "platform/Dialogs.h"
 #include "platform/SerialPort.h"
@@ -118,6 +119,7 @@ private:
     const Variablen& shared;
     LinkOwner& owner;
     const Clock& clock;
+    WholeLines lines;
     TalkerTwins twins;
     HeardSentences heard;
     std::optional<SentenceFraming> framing;

@@ -20,9 +20,9 @@ constexpr std::size_t LongestSensibleLine = 200;
 } // namespace
 
 PortTest::PortTest(SerialPort& serialPort, Timer& timer, const PortList& portList, Dialogs& messages,
-                   const Variablen& variables, std::function<void()> stateChanged)
-    : port(serialPort), timerCheck(timer), ports(portList), dialogs(messages), shared(variables),
-      changed(std::move(stateChanged)), gps(*this), framing(gps) {
+                   const Clock& systemClock, const Variablen& variables, std::function<void()> stateChanged)
+    : port(serialPort), timerCheck(timer), ports(portList), dialogs(messages), clock(systemClock),
+      shared(variables), changed(std::move(stateChanged)), gps(*this), framing(gps) {
     port.OnEvent([this](SerialEvent event) { MSComm1_OnComm(event); });
     timerCheck.OnTimer([this] { timerCheck_Timer(); });
     sent.OnFirstPiece = [this](std::string_view piece) { ShowFirstPiece(piece); };
@@ -91,8 +91,9 @@ void PortTest::cmdCheck_Click() {
 void PortTest::OpenChosen() {
     try {
         port.Open(testedCom);
+        lines.Reset(); // or the lines of an earlier test would pass for this one's
         twins.Reset();
-        framing.Reset(); // or the lines of an earlier test would pass for this one's
+        framing.Reset();
         sent.Reset();
     } catch (const RuntimeError& error) {
         stage = Stage::NotOpened;
@@ -145,8 +146,10 @@ void PortTest::MSComm1_OnComm(SerialEvent event) {
         const std::string receivedText = port.ReadAll();
         if (receivedText.empty()) return;
         isConnected = true;
-        sent.HandleInput(receivedText);
-        framing.HandleInput(twins.Turn(receivedText, 0));
+        for (const WholeLines::Piece& piece : lines.Take(receivedText)) {
+            sent.HandleInput(piece.Bytes);
+            if (piece.IsSentences) framing.HandleInput(twins.Turn(piece.Bytes, clock.Ticks()));
+        }
         DataSeen = true;
         ShowTexts();
     } else {

@@ -12,6 +12,8 @@
 #include "gps/NmeaInterpreter.h"
 #include "gps/SentenceFraming.h"
 #include "gps/TalkerTwins.h"
+#include "gps/WholeLines.h"
+#include "platform/Clock.h"
 #include "platform/Dialogs.h"
 #include "platform/PictureSurface.h"
 #include "platform/PortList.h"
@@ -34,8 +36,8 @@ public:
     static constexpr int MostPorts = 20;
 
     // Takes over the callbacks of port and timer, which must outlive it. `changed`: show the members.
-    PortTest(SerialPort& port, Timer& timer, const PortList& ports, Dialogs& dialogs, const Variablen& shared,
-             std::function<void()> changed);
+    PortTest(SerialPort& port, Timer& timer, const PortList& ports, Dialogs& dialogs, const Clock& clock,
+             const Variablen& shared, std::function<void()> changed);
     PortTest(const PortTest&) = delete;
     PortTest& operator=(const PortTest&) = delete;
 
@@ -91,6 +93,7 @@ private:
     Timer& timerCheck;
     const PortList& ports;
     Dialogs& dialogs;
+    const Clock& clock;
     const Variablen& shared;
     std::function<void()> changed;
     Stage stage = Stage::Untested;
@@ -104,6 +107,7 @@ private:
     std::string usedAndInView; // "6 / 11"; empty while unknown
     std::string firstPiece;
     NmeaInterpreter gps;
+    WholeLines lines;
     TalkerTwins twins;
     SentenceFraming framing;
     // The same stream as the receiver sent it, for tGPS only: who looks for a fault must see that.
