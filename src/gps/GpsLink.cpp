@@ -74,6 +74,8 @@ void GpsLink::Form_Deactivate() {
     wanted = wanted && AnIndicatorShows();
     port.Close();
     Hourglass = false;
+    // What it said of the port is over; a check under way goes on when the screen comes back.
+    if (CheckCount <= 0) lblStatus.Visible = false;
     owner.StateChanged();
 }
 
@@ -244,7 +246,7 @@ void GpsLink::OpenPort() {
     heard.Forget();
 }
 
-std::string GpsLink::LinkToolTip() const { return HeardText(heard, shared); }
+std::string GpsLink::LinkToolTip() const { return HeardText(heard, FailedSentences(), shared); }
 
 // A port that the line closed outside the data-lost watch (while listening after "No signal", or behind a
 // check that passed at once) would stay closed for ever.
