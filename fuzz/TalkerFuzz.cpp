@@ -1,5 +1,6 @@
-// Whatever the bytes and the borders of the chunks: lengths stay, lines of other talkers pass untouched, and
-// of the GN ones the interpreter accepts exactly those of the four types whose checksum was right.
+// Whatever the bytes and the borders of the chunks: the same whole sentences come out, lines of other talkers
+// pass untouched, and of the GN ones the interpreter accepts exactly those of the four types whose checksum
+// was right.
 
 #include <cstddef>
 #include <cstdint>
@@ -11,6 +12,7 @@
 #include "base/Strings.h"
 #include "gps/NmeaInterpreter.h"
 #include "gps/TalkerTwins.h"
+#include "gps/WholeLines.h"
 
 namespace {
 
@@ -30,60 +32,69 @@ bool IsAccepted(std::string_view line) {
     }
 }
 
-// Whether the line behind its leading blanks is a sentence to be turned and its checksum is right.
-bool IsRightSentence(std::string_view line, std::size_t blanks) {
+// The sentences of a stream, and the bytes that are none.
+struct Stream {
+    void Take(std::string_view chunk) {
+        for (const WholeLines::Piece& piece : lines.Take(chunk)) {
+            Require(!piece.Bytes.empty());
+            if (!piece.IsSentences) {
+                Others += piece.Bytes;
+                continue;
+            }
+            Require(piece.Bytes.starts_with('$') && piece.Bytes.ends_with("\r\n"));
+            Sentences += piece.Bytes;
+        }
+    }
+    WholeLines lines;
+    std::string Sentences, Others;
+};
+
+// Whether a sentence is one to be turned and its checksum is right.
+bool IsRightSentence(std::string_view line) {
     const auto star = line.find('*');
     if (line.size() < 10 || star == std::string_view::npos || line.size() != star + 3) return false;
     bool isTurned = false;
     for (const char* type : {"RMC,", "GGA,", "GLL,", "GSA,"}) isTurned |= line.substr(3, 4) == type;
-    return isTurned && line.find('\r') == std::string_view::npos &&
-           blanks + star <= TalkerTwins::LongestSentence &&
-           line.substr(star + 1) == NmeaInterpreter::GetChecksum(line);
+    return isTurned && line.substr(star + 1) == NmeaInterpreter::GetChecksum(line);
 }
 
-// The line in two chunks, through a stage that has heard nothing yet.
-void CheckLine(const std::string& text, std::size_t cut) {
-    const std::string_view line = Trim(text);
-    if (text.find("\r\n") != std::string::npos || text.ends_with('\r')) return;
-    if (cut > 0 && text[cut] == '$') return;
-    TalkerTwins twins;
-    const std::string sent = text + "\r\n";
-    std::string turned = twins.Turn(sent.substr(0, cut), 0) + twins.Turn(sent.substr(cut), 0);
-    Require(turned.size() == sent.size());
-    if (!line.starts_with("$GN")) return Require(turned == sent);
-    // A line end that was spoilt, so that the line goes on.
-    if (!turned.ends_with("\r\n")) return Require(line.find('*') == std::string_view::npos);
-    turned.resize(text.size());
-    Require(IsAccepted(Trim(turned)) == IsRightSentence(line, text.find('$')));
+// Each through a stage that has heard nothing yet.
+void CheckSentences(const std::string& sentences) {
+    for (const std::string& line : Split(sentences, "\r\n")) {
+        if (line.empty()) continue;
+        const std::string_view sentence = Trim(line);
+        const std::string turned = TalkerTwins().Turn(line + "\r\n", 0);
+        Require(turned.size() == sentence.size() + 2);
+        if (sentence.starts_with("$GN"))
+            Require(IsAccepted(turned.substr(0, sentence.size())) == IsRightSentence(sentence));
+        else
+            Require(turned == std::string(sentence) + "\r\n");
+    }
 }
 
 } // namespace
 
-// A byte 0x00 in the input is a border between chunks. Each chunk is also taken as a line of its own, as it
-// is and as a GN sentence with the right checksum, which chance would seldom find; its length tells where it
-// is cut.
+// A byte 0x00 in the input is a border between chunks. Each chunk is followed by GN sentences of it with the
+// right checksum, which chance would seldom find.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    TalkerTwins stream;
-    std::size_t sentences = 0, ends = 0;
-    stream.OnSentence = [&](std::string_view talker, bool) {
-        Require(talker.size() <= 2);
-        ++sentences;
-    };
+    Stream cut, whole;
+    std::string all;
     std::string_view input(reinterpret_cast<const char*>(data), size);
     while (!input.empty()) {
         const auto border = input.find('\0');
-        const std::string chunk(input.substr(0, border));
+        std::string chunk(input.substr(0, border));
         input.remove_prefix(border == std::string_view::npos ? input.size() : border + 1);
-        Require(stream.Turn(chunk, 0).size() == chunk.size());
-        for (const char c : chunk) ends += c == '\n';
-        Require(sentences <= ends);
-
         const std::string body = chunk.substr(0, chunk.find('*'));
-        for (const char* head : {"GNRMC,", "GNGSV,", "GN"}) {
-            const std::string right = "$" + (head + body) + "*" + NmeaInterpreter::GetChecksum(head + body);
-            CheckLine(right, (size + chunk.size()) % right.size());
-        }
-        if (!chunk.empty()) CheckLine(chunk, size % chunk.size());
+        for (const char* head : {"GNRMC,", "GNGSV,", "GN"})
+            chunk += "\n$" + (head + body) + "*" + NmeaInterpreter::GetChecksum(head + body) + "\r\n";
+        cut.Take(chunk.substr(0, chunk.size() / 2));
+        cut.Take(chunk.substr(chunk.size() / 2));
+        all += chunk;
     }
+    whole.Take(all);
+    // What both hold back comes out with the end of its line.
+    for (Stream* stream : {&cut, &whole}) stream->Take("\n");
+    Require(cut.Sentences == whole.Sentences && cut.Others == whole.Others);
+    CheckSentences(whole.Sentences);
     return 0;
 }

@@ -74,6 +74,8 @@ void GpsLink::Form_Deactivate() {
     wanted = wanted && AnIndicatorShows();
     port.Close();
     Hourglass = false;
+    // What it said of the port is over; a check under way goes on when the screen comes back.
+    if (CheckCount <= 0) lblStatus.Visible = false;
     owner.StateChanged();
 }
 
@@ -130,7 +132,9 @@ void GpsLink::MSComm1_OnComm(SerialEvent event) {
 bool GpsLink::ReceiveWaiting() {
     const std::string receivedText = port.ReadAll();
     if (receivedText.empty()) return false;
-    framing->HandleInput(twins.Turn(receivedText, clock.Ticks()));
+    for (const WholeLines::Piece& piece : lines.Take(receivedText))
+        // All else says nothing to the interpreter.
+        if (piece.IsSentences) framing->HandleInput(twins.Turn(piece.Bytes, clock.Ticks()));
     DataSeen = true;
     return true;
 }
@@ -232,15 +236,17 @@ bool GpsLink::OpenSilently() {
     }
 }
 
-// Another receiver may be behind the port now.
+// Another receiver may be behind the port now, and what the last one left unfinished never gets its end.
 void GpsLink::OpenPort() {
     port.SetSettings(Settings);
     port.Open(ComPort);
+    lines.Reset();
+    framing->Reset();
     twins.Reset();
     heard.Forget();
 }
 
-std::string GpsLink::LinkToolTip() const { return HeardText(heard, shared); }
+std::string GpsLink::LinkToolTip() const { return HeardText(heard, FailedSentences(), shared); }
 
 // A port that the line closed outside the data-lost watch (while listening after "No signal", or behind a
 // check that passed at once) would stay closed for ever.

@@ -9,6 +9,7 @@
 #include "gps/HeardSentences.h"
 #include "gps/SentenceFraming.h"
 #include "gps/TalkerTwins.h"
+#include "gps/WholeLines.h"
 #include "platform/Clock.h"
 #include "platform/Dialogs.h"
 #include "platform/SerialPort.h"
@@ -90,8 +91,8 @@ public:
 
     static constexpr std::int16_t DataLostWatch = -99;
 
-    // The talkers heard on this connection and the sentences of the last minute, in the language in use; two
-    // lines. Empty before a sentence has come.
+    // The talkers heard on this connection, the sentences of the last minute and those that could not be
+    // read, in the language in use; a line each. Empty before a sentence has come.
     std::string LinkToolTip() const;
 
     unsigned long long FailedSentences() const { return framing ? framing->FailedSentences() : 0; }
@@ -118,6 +119,7 @@ private:
     const Variablen& shared;
     LinkOwner& owner;
     const Clock& clock;
+    WholeLines lines;
     TalkerTwins twins;
     HeardSentences heard;
     std::optional<SentenceFraming> framing;

@@ -15,19 +15,24 @@ std::string OpenFailureText(const RuntimeError& error, const std::string& port, 
     return text;
 }
 
-std::string HeardText(const HeardSentences& heard, const Variablen& shared) {
+std::string HeardText(const HeardSentences& heard, unsigned long long failed, const Variablen& shared) {
     const auto count = heard.LastMinute();
     if (heard.Talkers().empty() && count.Sentences == 0) return {};
     std::string talkers;
     for (const std::string& talker : heard.Talkers()) talkers += (talkers.empty() ? "" : ", ") + talker;
     if (talkers.empty()) talkers = "-";
+    const std::string unreadable =
+        failed == 0 ? std::string()
+                    : shared.Text("\nunlesbar seit dem Start: ", "\nunreadable since the start: ") +
+                          std::to_string(failed);
     return shared.Text("Talker: ", "Talkers: ") + talkers +
            shared.Text("\nletzte Minute: ", "\nlast minute: ") + std::to_string(count.Sentences) +
            (count.Sentences == 1 ? shared.Text(" Satz, ", " sentence, ")
                                  : shared.Text(" Sätze, ", " sentences, ")) +
            std::to_string(count.Bad) +
            (count.Bad == 1 ? shared.Text(" falsche Prüfsumme", " bad checksum")
-                           : shared.Text(" falsche Prüfsummen", " bad checksums"));
+                           : shared.Text(" falsche Prüfsummen", " bad checksums")) +
+           unreadable;
 }
 
 } // namespace ornivane

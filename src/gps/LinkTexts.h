@@ -14,8 +14,9 @@ namespace ornivane {
 // one that another program holds is told to be in use.
 std::string OpenFailureText(const RuntimeError& error, const std::string& port, const Variablen& shared);
 
-// "Talkers: GN, GL\nlast minute: 180 sentences, 0 bad checksums"; empty when nothing was heard.
-std::string HeardText(const HeardSentences& heard, const Variablen& shared);
+// "Talkers: GN, GL\nlast minute: 180 sentences, 0 bad checksums", and when there are any "\nunreadable since
+// the start: 2", which are right and yet too short or no numbers; empty when nothing was heard.
+std::string HeardText(const HeardSentences& heard, unsigned long long failed, const Variablen& shared);
 
 // The title of boxes that have none of their own.
 inline constexpr const char* MessageTitle = "Ornivane GPS";

@@ -20,9 +20,9 @@ constexpr std::size_t LongestSensibleLine = 200;
 } // namespace
 
 PortTest::PortTest(SerialPort& serialPort, Timer& timer, const PortList& portList, Dialogs& messages,
-                   const Variablen& variables, std::function<void()> stateChanged)
-    : port(serialPort), timerCheck(timer), ports(portList), dialogs(messages), shared(variables),
-      changed(std::move(stateChanged)), gps(*this), framing(gps) {
+                   const Clock& systemClock, const Variablen& variables, std::function<void()> stateChanged)
+    : port(serialPort), timerCheck(timer), ports(portList), dialogs(messages), clock(systemClock),
+      shared(variables), changed(std::move(stateChanged)), gps(*this), framing(gps) {
     port.OnEvent([this](SerialEvent event) { MSComm1_OnComm(event); });
     timerCheck.OnTimer([this] { timerCheck_Timer(); });
     sent.OnFirstPiece = [this](std::string_view piece) { ShowFirstPiece(piece); };
@@ -30,33 +30,49 @@ PortTest::PortTest(SerialPort& serialPort, Timer& timer, const PortList& portLis
 }
 
 void PortTest::Form_Activate() {
-    cmbCom.clear();
-    SelectedCom = 0;
-    for (int number = 1; number <= MostPorts; ++number)
-        if (ports.Exists(number)) cmbCom.push_back(number);
-    if (cmbCom.empty()) // the other settings can be used without a port
+    OfferPorts();
+    const auto saved = ReadComSettings(shared.ProgramFolder);
+    OfferBaudRates(saved);
+    SelectedCom = cmbCom.empty() ? 0 : cmbCom.front();
+    missingCom.clear();
+    if (cmbCom.empty()) { // the other settings can be used without a port
         dialogs.MessageBeside(shared.Text("Es wurde kein COM Port gefunden", "No COM was found"),
-                              shared.Text("Keine COM Anschlüsse vorhanden", "No COM Port available"));
-    else
-        SelectSaved();
+                              NoPortText());
+    } else if (saved) {
+        const double number = NumberIn(saved->Port);
+        const auto offered = std::find(cmbCom.begin(), cmbCom.end(), number);
+        if (offered != cmbCom.end())
+            SelectedCom = *offered;
+        else
+            missingCom = saved->Port;
+    }
     ShowTexts();
     changed();
+}
+
+void PortTest::OfferPorts() {
+    cmbCom.clear();
+    for (int number = 1; number <= MostPorts; ++number)
+        if (ports.Exists(number)) cmbCom.push_back(number);
+}
+
+void PortTest::OfferBaudRates(const std::optional<ComSettings>& saved) {
+    BaudRates.assign(UsualBaudRates.begin(), UsualBaudRates.end());
+    if (saved) {
+        auto baud = std::find(BaudRates.begin(), BaudRates.end(), saved->Baud);
+        if (baud == BaudRates.end()) baud = BaudRates.insert(baud, saved->Baud);
+        cmbBaud = static_cast<std::size_t>(baud - BaudRates.begin());
+    }
+    cmbBaud = std::min(cmbBaud, BaudRates.size() - 1);
+}
+
+const char* PortTest::NoPortText() const {
+    return shared.Text("Keine COM Anschlüsse vorhanden", "No COM Port available");
 }
 
 void PortTest::ApplyLanguage() {
     ShowTexts();
     changed();
-}
-
-void PortTest::SelectSaved() {
-    const auto saved = ReadComSettings(shared.ProgramFolder);
-    if (!saved) return;
-    const auto baud = std::find(BaudRates.begin(), BaudRates.end(), saved->Baud);
-    if (baud != BaudRates.end()) cmbBaud = static_cast<std::size_t>(baud - BaudRates.begin());
-    // A port that is no longer there is not chosen.
-    const double number = NumberIn(saved->Port);
-    for (const int offered : cmbCom)
-        if (offered == number) SelectedCom = offered;
 }
 
 void PortTest::Form_Deactivate() {
@@ -74,9 +90,10 @@ void PortTest::Form_Deactivate() {
 void PortTest::cmdCheck_Click() {
     if (SelectedCom == 0) return;
     port.Close();
-    port.SetSettings(std::string(BaudRates.at(cmbBaud)) + ",n,8,1");
+    port.SetSettings(BaudRates.at(cmbBaud) + ",n,8,1");
     stage = Stage::Checking;
     testedCom = SelectedCom;
+    missingCom.clear();
     Hourglass = true;
     ClearTestDisplays();
     CheckCount = CheckSeconds;
@@ -91,8 +108,9 @@ void PortTest::cmdCheck_Click() {
 void PortTest::OpenChosen() {
     try {
         port.Open(testedCom);
+        lines.Reset(); // or the lines of an earlier test would pass for this one's
         twins.Reset();
-        framing.Reset(); // or the lines of an earlier test would pass for this one's
+        framing.Reset();
         sent.Reset();
     } catch (const RuntimeError& error) {
         stage = Stage::NotOpened;
@@ -145,8 +163,10 @@ void PortTest::MSComm1_OnComm(SerialEvent event) {
         const std::string receivedText = port.ReadAll();
         if (receivedText.empty()) return;
         isConnected = true;
-        sent.HandleInput(receivedText);
-        framing.HandleInput(twins.Turn(receivedText, 0));
+        for (const WholeLines::Piece& piece : lines.Take(receivedText)) {
+            sent.HandleInput(piece.Bytes);
+            if (piece.IsSentences) framing.HandleInput(twins.Turn(piece.Bytes, clock.Ticks()));
+        }
         DataSeen = true;
         ShowTexts();
     } else {
@@ -179,6 +199,20 @@ std::string PortTest::SatellitesText() const {
     return isCleared ? caption + "-/-" : caption;
 }
 
+std::string PortTest::HintText() const {
+    if (stage == Stage::Saved && isConnected && !sentenceHeard)
+        return shared.Text("Es kommen Daten, aber keine Sätze eines GPS: Baudrate und Anschluss prüfen",
+                           "Data come in, but no sentences of a GPS: check baud rate and port");
+    if (cmbCom.empty()) return NoPortText();
+    if (missingCom.empty()) return {};
+    std::string there;
+    for (const int number : cmbCom) there += (there.empty() ? "COM " : ", COM ") + std::to_string(number);
+    return "COM " + missingCom +
+           shared.Text(" gibt es nicht. Anderen wählen und überprüfen: ",
+                       " is not there. Choose and check another: ") +
+           there;
+}
+
 void PortTest::ShowTexts() {
     lblStatus.Caption = StatusText();
     if (isConnected)
@@ -190,10 +224,7 @@ void PortTest::ShowTexts() {
         isCleared ? shared.Text("Kein GPS Fix", "No GPS Fix") : shared.Text("Kein GPS fix", "No GPS fix");
     LabelStatus = noFix ? Label{lost, Red} : Label{"GPS Fix", Green};
     lblSatellites = SatellitesText();
-    lblHint = stage == Stage::Saved && isConnected && !sentenceHeard
-                  ? shared.Text("Es kommen Daten, aber keine Sätze eines GPS: Baudrate und Anschluss prüfen",
-                                "Data come in, but no sentences of a GPS: check baud rate and port")
-                  : "";
+    lblHint = HintText();
     tGPS = isNoise ? shared.Text("Kein GPS Datenempfang - Baudrate überprüfen",
                                  "No data from GPS received - check baudrate")
                    : firstPiece;

@@ -8,10 +8,13 @@
 #include <vector>
 
 #include "base/RuntimeError.h"
+#include "common/SettingsFiles.h"
 #include "common/Variablen.h"
 #include "gps/NmeaInterpreter.h"
 #include "gps/SentenceFraming.h"
 #include "gps/TalkerTwins.h"
+#include "gps/WholeLines.h"
+#include "platform/Clock.h"
 #include "platform/Dialogs.h"
 #include "platform/PictureSurface.h"
 #include "platform/PortList.h"
@@ -30,16 +33,17 @@ public:
     };
     static constexpr Colour Red = 0xFF0000;
     static constexpr Colour Green = 0x00FF00;
-    static constexpr std::array<const char*, 5> BaudRates{"4800", "9600", "19200", "38400", "57600"};
+    static constexpr std::array<const char*, 5> UsualBaudRates{"4800", "9600", "19200", "38400", "57600"};
     static constexpr int MostPorts = 20;
 
     // Takes over the callbacks of port and timer, which must outlive it. `changed`: show the members.
-    PortTest(SerialPort& port, Timer& timer, const PortList& ports, Dialogs& dialogs, const Variablen& shared,
-             std::function<void()> changed);
+    PortTest(SerialPort& port, Timer& timer, const PortList& ports, Dialogs& dialogs, const Clock& clock,
+             const Variablen& shared, std::function<void()> changed);
     PortTest(const PortTest&) = delete;
     PortTest& operator=(const PortTest&) = delete;
 
-    // Lists the ports of the machine and selects the saved one with its baud rate.
+    // Lists the ports of the machine and selects the saved one, or the first when that is not there, and the
+    // saved baud rate.
     void Form_Activate();
     // Closes the port and stops a test.
     void Form_Deactivate();
@@ -53,11 +57,15 @@ public:
     bool IsTesting() const { return CheckCount > 0; }
 
     std::vector<int> cmbCom; // the ports offered
-    int SelectedCom = 0;     // the port chosen among them; 0 when none is
-    std::size_t cmbBaud = 0; // index into BaudRates
+    int SelectedCom = 0;     // the port chosen among them; 0 when there are none
+    // The baud rates offered: the usual ones, and the saved one should it be another.
+    std::vector<std::string> BaudRates{UsualBaudRates.begin(), UsualBaudRates.end()};
+    std::size_t cmbBaud = 0; // index into them
     std::string tGPS;        // the first line of the input, always UTF-8
     Label lblStatus;         // how the test goes
-    std::string lblHint;     // data came, but nothing that a receiver says at the right baud rate
+    // The saved port is not there, or there is none at all; or data came, but nothing that a receiver says at
+    // the right baud rate.
+    std::string lblHint;
     Label lblComVerbindung;
     Label LabelStatus; // the fix
     std::string lblSatellites;
@@ -78,11 +86,14 @@ private:
 
     enum class Stage { Untested, Checking, NoSignal, NotOpened, Saved };
 
-    void SelectSaved();
+    void OfferPorts();
+    void OfferBaudRates(const std::optional<ComSettings>& saved);
     void OpenChosen();
     void ShowFirstPiece(std::string_view piece);
     std::string ComName() const { return "COM " + std::to_string(testedCom); }
     std::string StatusText() const;
+    std::string HintText() const;
+    const char* NoPortText() const;
     std::string SatellitesText() const;
     // The members that hold texts, from what is known.
     void ShowTexts();
@@ -91,10 +102,12 @@ private:
     Timer& timerCheck;
     const PortList& ports;
     Dialogs& dialogs;
+    const Clock& clock;
     const Variablen& shared;
     std::function<void()> changed;
     Stage stage = Stage::Untested;
     int testedCom = 0;
+    std::string missingCom; // the saved port while it is not there and no other was tested
     std::optional<RuntimeError> openFailure;
     bool isCleared = false; // the displays are those of a test
     bool isConnected = false;
@@ -104,6 +117,7 @@ private:
     std::string usedAndInView; // "6 / 11"; empty while unknown
     std::string firstPiece;
     NmeaInterpreter gps;
+    WholeLines lines;
     TalkerTwins twins;
     SentenceFraming framing;
     // The same stream as the receiver sent it, for tGPS only: who looks for a fault must see that.

@@ -13,14 +13,13 @@ namespace ornivane {
 //
 // The buffer is kept after it was interpreted, on purpose. A chunk that begins with "$" starts it anew, and a
 // line that was unfinished then is lost; any other chunk is appended, and every complete sentence since the
-// last
-// "$" chunk is interpreted once more. So events repeat, which nothing downstream minds.
+// last "$" chunk is interpreted once more. So events repeat; whoever wants each sentence once puts WholeLines
+// ahead of it, as the link and the port test do.
 //
 // What is kept has bounds, because a stream without a "$" at the head of a chunk (noise, or a receiver that
 // never pauses) would otherwise cost more with every chunk until the program stood still:
 // - Of the complete sentences the last 24 are kept (fewer when they and the line behind them are longer than
-// 4,096
-//   bytes, which no sentences are). That is more than a receiver says in one burst, so a burst
+//   4,096 bytes, which no sentences are). That is more than a receiver says in one burst, so a burst
 //   is repeated however its chunks fall; older ones were interpreted when they came, most of them many times,
 //   and what they said has been said anew by those behind them.
 // - Of a line without its end the first 1,024 bytes are kept, the rest of it is dropped up to its line end. A
@@ -46,7 +45,7 @@ public:
     std::function<void(std::string_view)> OnFirstPiece;
 
     const std::string& SerialBuffer() const { return serialBuffer; }
-    // Sentences that ended in a RuntimeError since the start, repeats included.
+    // Sentences that ended in a RuntimeError since the start.
     unsigned long long FailedSentences() const { return failedSentences; }
 
 private:

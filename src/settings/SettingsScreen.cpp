@@ -35,7 +35,7 @@ int IntervalIn(const std::string& text) {
 SettingsScreen::SettingsScreen(SettingsWorld settingsWorld, std::function<void()> changed,
                                std::function<void()> allCaptions)
     : Port(settingsWorld.MSComm1, settingsWorld.timerCheck, settingsWorld.Ports, settingsWorld.Messages,
-           settingsWorld.Shared, std::move(changed)),
+           settingsWorld.SystemClock, settingsWorld.Shared, std::move(changed)),
       CategoryList(settingsWorld.Shared, settingsWorld.Messages), world(settingsWorld),
       languageChanged(std::move(allCaptions)) {}
 

@@ -45,7 +45,6 @@ void frmPortPanel::MakeChoice(QBoxLayout& layout, EventGuard& guard) {
     cmbCom->setMinimumWidth(110);
     baudCaption = parts::Label("Label2");
     cmbBaud = parts::Combo("cmbBaud");
-    for (const char* baud : PortTest::BaudRates) cmbBaud->addItem(baud);
     for (QWidget* widget : std::initializer_list<QWidget*>{portCaption, cmbCom, baudCaption, cmbBaud})
         row->addWidget(widget);
     row->addStretch();
@@ -110,12 +109,25 @@ void frmPortPanel::FillPorts() {
     cmbCom->setCurrentIndex(cmbCom->findData(test.SelectedCom));
 }
 
+void frmPortPanel::FillBaudRates() {
+    QStringList rates;
+    for (const std::string& rate : test.BaudRates) rates += Q(rate);
+    QStringList shown;
+    for (int i = 0; i < cmbBaud->count(); ++i) shown += cmbBaud->itemText(i);
+    if (shown != rates) {
+        cmbBaud->clear();
+        cmbBaud->addItems(rates);
+    }
+    cmbBaud->setCurrentIndex(static_cast<int>(test.cmbBaud));
+}
+
 void frmPortPanel::ShowState() {
     FillPorts();
-    cmbBaud->setCurrentIndex(static_cast<int>(test.cmbBaud));
+    FillBaudRates();
     // What is tested is what is saved.
     cmbCom->setEnabled(!test.IsTesting());
     cmbBaud->setEnabled(!test.IsTesting());
+    cmdCheck->setEnabled(!test.cmbCom.empty());
     lblStatus->setText(Q(test.lblStatus.Caption));
     lblHint->setText(Q(test.lblHint));
     lblHint->setVisible(!test.lblHint.empty());

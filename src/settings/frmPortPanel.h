@@ -29,6 +29,7 @@ private:
     void MakeChoice(QBoxLayout& layout, EventGuard& guard);
     void MakeDisplays(QBoxLayout& layout);
     void FillPorts();
+    void FillBaudRates();
 
     PortTest& test;
     const PortList& ports;

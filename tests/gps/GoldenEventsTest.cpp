@@ -10,6 +10,7 @@
 #include "base/Strings.h"
 #include "gps/SentenceFraming.h"
 #include "gps/TalkerTwins.h"
+#include "gps/WholeLines.h"
 
 namespace ornivane {
 namespace {
@@ -26,9 +27,11 @@ std::string EventsOf(const std::string& recording) {
     EventLog log;
     NmeaInterpreter gps(log);
     SentenceFraming framing(gps);
+    WholeLines lines;
     TalkerTwins twins;
-    for (const std::string& line : Split(recording, "\r\n"))
-        if (!line.empty()) framing.HandleInput(twins.Turn(line + "\r\n", 0));
+    for (const std::string& line : Split(recording, "\n"))
+        for (const WholeLines::Piece& piece : lines.Take(line + "\n"))
+            if (piece.IsSentences) framing.HandleInput(twins.Turn(piece.Bytes, 0));
     std::string list;
     for (const std::string& event : log.Events) list += event + "\n";
     return list + "failed " + std::to_string(framing.FailedSentences()) + "\n";

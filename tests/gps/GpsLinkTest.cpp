@@ -261,6 +261,39 @@ TEST_F(GpsLinkTest, SurvivesAVisitToAnotherScreenInEveryState) {
     EXPECT_TRUE(Port.IsOpen());
 }
 
+TEST_F(GpsLinkTest, LeavesNoWordOfThePortBehindWhenTheScreenIsLeft) {
+    Link.cmdGPS_Click();
+    Timer.Fire(2);
+    EXPECT_EQ(Signs(), "- No Signal an COM 7");
+    Link.Form_Deactivate();
+    Link.Form_Activate();
+    EXPECT_EQ(Signs(), "-");
+
+    Run();
+    Port.HangUp();
+    Timer.Fire();
+    EXPECT_EQ(Signs(), "2 No Signal an COM 7");
+    Link.Form_Deactivate();
+    Link.Form_Activate();
+    EXPECT_EQ(Signs(), "2");
+    Timer.Fire();
+    EXPECT_EQ(Signs(), "2 No Signal an COM 7"); // the watch goes on
+
+    Link.cmdGPS_Click();
+    Link.Form_Deactivate();
+    Link.Form_Activate();
+    EXPECT_EQ(Signs(), "0 Checking COM 7"); // so does a check
+}
+
+TEST_F(GpsLinkTest, FliesABaudRateThatNoListOffers) {
+    WriteComSettings(Folder.Path(), {"7", "115200"});
+    Link.Form_Activate();
+    Link.cmdGPS_Click();
+    EXPECT_EQ(Port.Settings, "115200,n,8,1");
+    Link.Form_Deactivate();
+    EXPECT_EQ(ReadComSettings(Folder.Path()), (ComSettings{"7", "115200"}));
+}
+
 TEST_F(GpsLinkTest, MakesTheSettingsFileAnewWhenItCannotBeRead) {
     for (const char* damage : {"", "\"COM7\",\"4800\"\r\n", "\"7\"\r\n", "\"7\"\r\n\"fast\"\r\n"}) {
         std::ofstream(Folder.Path() / "data.crm", std::ios::binary) << damage;
@@ -290,6 +323,13 @@ TEST_F(GpsLinkTest, UnderstandsReceiversOfSeveralSystemsAndTellsWhatItHears) {
     Clock.Milliseconds = 60'000;
     Shared.EnglishUI = 0;
     EXPECT_EQ(Link.LinkToolTip(), "Talker: GL, GN\nletzte Minute: 0 Sätze, 0 falsche Prüfsummen");
+
+    // Right, but too short to be read.
+    Port.Receive(Sentence("GPRMC,1") + "\r\n");
+    EXPECT_EQ(Link.LinkToolTip(), "Talker: GL, GN, GP\nletzte Minute: 1 Satz, 0 falsche Prüfsummen\n"
+                                  "unlesbar seit dem Start: 1");
+    Shared.EnglishUI = 1;
+    EXPECT_THAT(Link.LinkToolTip(), testing::EndsWith("0 bad checksums\nunreadable since the start: 1"));
 
     // A receiver that sends both twins, and behind it one on the same port that does not.
     Port.Receive(Fix + rmc);

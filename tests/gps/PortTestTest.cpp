@@ -4,6 +4,7 @@
 #include "base/Strings.h"
 #include "common/SettingsFiles.h"
 #include "gps/PortTest.h"
+#include "support/SetClock.h"
 #include "support/TemporaryFolder.h"
 
 namespace ornivane {
@@ -27,28 +28,86 @@ protected:
     FakeTimer Timer;
     FakePortList Ports;
     ScriptedDialogs Dialogs;
+    SetClock Clock;
     Variablen Shared;
-    PortTest Screen{Port, Timer, Ports, Dialogs, Shared, [] {}};
+    PortTest Screen{Port, Timer, Ports, Dialogs, Clock, Shared, [] {}};
 };
 
 TEST_F(PortTestTest, OffersPortsUpToTwentyAndChoosesTheSavedOneIfItIsStillThere) {
     EXPECT_THAT(Screen.cmbCom, ElementsAre(2, 7, 20));
     EXPECT_EQ(Screen.SelectedCom, 7);
     EXPECT_EQ(Screen.cmbBaud, 1u);
-
-    Ports.Numbers = {2};
-    Screen.Form_Activate();
-    EXPECT_EQ(Screen.SelectedCom, 0);
-    Screen.cmdCheck_Click();
-    EXPECT_THAT(Port.Attempts, IsEmpty());
-    EXPECT_THAT(Dialogs.Shown, IsEmpty());
+    EXPECT_EQ(Screen.lblHint, "");
 
     Ports.Numbers.clear();
     Screen.Form_Activate();
+    EXPECT_EQ(Screen.lblHint, "No COM Port available");
+    Screen.cmdCheck_Click();
+    EXPECT_THAT(Port.Attempts, IsEmpty());
     Shared.EnglishUI = 0;
     Screen.Form_Activate();
+    EXPECT_EQ(Screen.lblHint, "Keine COM Anschlüsse vorhanden");
     EXPECT_THAT(Dialogs.Shown, ElementsAre("No COM was found|No COM Port available",
                                            "Es wurde kein COM Port gefunden|Keine COM Anschlüsse vorhanden"));
+}
+
+// A button that tests nothing because no port is chosen would look broken.
+TEST_F(PortTestTest, OffersWhatIsThereWhenTheSavedPortIsGoneAndSaysSo) {
+    for (const bool isTheOnly : {true, false}) {
+        Ports.Numbers = isTheOnly ? std::vector{2} : std::vector{2, 5};
+        const std::string there = isTheOnly ? "COM 2" : "COM 2, COM 5";
+        Shared.EnglishUI = 1;
+        Screen.Form_Activate();
+        EXPECT_EQ(Screen.SelectedCom, 2);
+        EXPECT_EQ(Screen.lblHint, "COM 7 is not there. Choose and check another: " + there);
+        Shared.EnglishUI = 0;
+        Screen.ApplyLanguage();
+        EXPECT_EQ(Screen.lblHint, "COM 7 gibt es nicht. Anderen wählen und überprüfen: " + there);
+        Screen.Form_Deactivate();
+        EXPECT_EQ(ReadComSettings(Folder.Path())->Port, "7") << "looking is not choosing";
+    }
+    Screen.Form_Activate();
+    Screen.cmdCheck_Click();
+    EXPECT_THAT(Port.Attempts, ElementsAre(2));
+    EXPECT_EQ(Screen.lblHint, "");
+    Port.Receive(Sentence("GPRMC,120000,A,4807.0,N,01131.0,E,,,") + "\r\n");
+    Timer.Fire(2);
+    EXPECT_EQ(ReadComSettings(Folder.Path())->Port, "2");
+    EXPECT_EQ(Screen.lblHint, "");
+
+    // Nothing was ever saved.
+    std::filesystem::remove(Folder.Path() / "data.crm");
+    Screen.Form_Activate();
+    EXPECT_EQ(Screen.SelectedCom, 2);
+    EXPECT_EQ(Screen.lblHint, "");
+}
+
+TEST_F(PortTestTest, KeepsABaudRateThatTheListLacks) {
+    WriteComSettings(Folder.Path(), {"7", "115200"});
+    Screen.Form_Activate();
+    EXPECT_THAT(Screen.BaudRates, ElementsAre("4800", "9600", "19200", "38400", "57600", "115200"));
+    EXPECT_EQ(Screen.BaudRates.at(Screen.cmbBaud), "115200");
+    Screen.Form_Deactivate();
+    EXPECT_EQ(ReadComSettings(Folder.Path()), (ComSettings{"7", "115200"}));
+    Screen.Form_Activate();
+    Screen.cmdCheck_Click();
+    EXPECT_EQ(Port.Settings, "115200,n,8,1");
+    Port.Receive("$");
+    Timer.Fire(2);
+    EXPECT_EQ(ReadComSettings(Folder.Path()), (ComSettings{"7", "115200"}));
+
+    // A test that fails, of this rate or of another, leaves it; one that passes writes the rate chosen.
+    Screen.cmbBaud = 2;
+    Screen.cmdCheck_Click();
+    Timer.Fire(2);
+    EXPECT_EQ(ReadComSettings(Folder.Path()), (ComSettings{"7", "115200"}));
+    Screen.cmdCheck_Click();
+    Port.Receive("$");
+    Timer.Fire(2);
+    EXPECT_EQ(ReadComSettings(Folder.Path()), (ComSettings{"7", "19200"}));
+    Screen.Form_Activate();
+    EXPECT_EQ(Screen.BaudRates.size(), 5u);
+    EXPECT_EQ(Screen.cmbBaud, 2u);
 }
 
 TEST_F(PortTestTest, SavesPortAndBaudRateOnlyWhenDataCame) {
@@ -177,7 +236,7 @@ TEST_F(PortTestTest, ShowsTheFixOfAReceiverOfSeveralSystemsAndItsInputAsItWasSen
     Screen.cmdCheck_Click();
     const std::string sentence = Sentence("GNRMC,,A,4807.0,N,01131.0,E,,,");
     Port.Receive(sentence.substr(0, 9));
-    EXPECT_EQ(Screen.tGPS, sentence.substr(0, 9));
+    EXPECT_EQ(Screen.tGPS, "");
     Port.Receive(sentence.substr(9) + "\r\n");
     EXPECT_EQ(Screen.LabelStatus.Caption + Screen.lblLat, "GPS FixN 48° 07.0'");
     EXPECT_EQ(Screen.tGPS, sentence);

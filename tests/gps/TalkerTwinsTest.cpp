@@ -7,11 +7,11 @@
 #include <random>
 
 #include "GpsFakes.h"
+#include "base/Strings.h"
 
 namespace ornivane {
 namespace {
 
-using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -28,19 +28,17 @@ std::string BurstOf(const std::string& talker) {
     return burst;
 }
 
-// A receiver's stream through the stage, the framing and the interpreter.
+// A receiver's stream through the stages, the framing and the interpreter.
 struct Stream {
     EventLog Log;
     NmeaInterpreter gps{Log};
     SentenceFraming framing{gps};
+    WholeLines Lines;
     TalkerTwins Twins;
-    std::string Turned;
 
     void Receive(const std::string& chunk) {
-        const std::string turned = Twins.Turn(chunk, 0);
-        EXPECT_EQ(turned.size(), chunk.size());
-        Turned += turned;
-        framing.HandleInput(turned);
+        for (const WholeLines::Piece& piece : Lines.Take(chunk))
+            if (piece.IsSentences) framing.HandleInput(Twins.Turn(piece.Bytes, 0));
     }
 };
 
@@ -51,7 +49,6 @@ std::vector<std::unique_ptr<Stream>> AtEverySplit(const std::string& text, const
         auto& stream = *streams.emplace_back(std::make_unique<Stream>());
         stream.Receive(before);
         stream.Log.Events.clear();
-        stream.Turned.clear();
         if (cut == 0) {
             for (const char c : text) stream.Receive({c});
         } else {
@@ -62,37 +59,23 @@ std::vector<std::unique_ptr<Stream>> AtEverySplit(const std::string& text, const
     return streams;
 }
 
-// Events repeat with each chunk, in an order of their own; what was told at all is what a test can compare.
-std::vector<std::string> Told(const Stream& stream) {
-    std::vector<std::string> told = stream.Log.Events;
-    std::sort(told.begin(), told.end());
-    told.erase(std::unique(told.begin(), told.end()), told.end());
-    return told;
-}
-
 TEST(TalkerTwins, TurnsTheFourTypesByteForByteAcrossAnyBorder) {
-    for (const std::string& body : Burst)
-        EXPECT_EQ(TalkerTwins().Turn(Line("GN" + body), 0), Line("GP" + body));
+    EXPECT_EQ(TalkerTwins().Turn(BurstOf("GN"), 0), BurstOf("GP"));
     Stream twin;
     twin.Receive(BurstOf("GP"));
-    ASSERT_GT(Told(twin).size(), 30u);
-    // The line end of an earlier burst ahead, so that the first "$" does not begin a chunk only.
-    for (const auto& stream : AtEverySplit("\r\n  " + BurstOf("GN"))) {
-        EXPECT_EQ(stream->Turned, "\r\n  " + BurstOf("GP"));
-        EXPECT_EQ(Told(*stream), Told(twin));
-    }
+    ASSERT_GT(twin.Log.Events.size(), 30u);
+    for (const auto& stream : AtEverySplit("\r\n  " + BurstOf("GN")))
+        EXPECT_EQ(stream->Log.Events, twin.Log.Events);
 }
 
 TEST(TalkerTwins, LetsNoOtherSentenceThroughAndLeavesThoseOfGPAlone) {
     const std::string others = Line("GNGSV,1,1,01,04,40,083,46") + Line("GNVTG,054.7,T") +
                                Line("GNRMCX,123519,A") + Line("GNGS") + Line("GLGSV,1,1,01,65,40,083,46") +
-                               Line("GAGGA" + Burst[1].substr(3)) + " x " + Line("GNGLL,,,,,000001,");
-    for (const auto& stream : AtEverySplit("\r\n" + others + "\r\n"))
-        // A chunk that begins with the last line's "$" makes it a sentence.
-        EXPECT_THAT(stream->Log.Events, testing::AnyOf(IsEmpty(), Each("Time 00:00:01")));
+                               Line("GAGGA" + Burst[1].substr(3)) + BurstOf("GP") + Line("PUBX,00") +
+                               "$GPRMC,\x01\xFF *00\r\n$GN\r\n";
     EXPECT_EQ(TalkerTwins().Turn(others, 0), others);
-    const std::string known = BurstOf("GP") + Line("PUBX,00") + "noise \x01\xFF *00\r\n$\r\n";
-    for (const auto& stream : AtEverySplit(known)) EXPECT_EQ(stream->Turned, known);
+    const std::string behind = others.substr(0, others.find("$GPRMC")) + " x " + Line("GNGLL,,,,,000001,");
+    for (const auto& stream : AtEverySplit(behind)) EXPECT_THAT(stream->Log.Events, IsEmpty());
 }
 
 TEST(TalkerTwins, KeepsWrongSentencesWrongAcrossAnyBorder) {
@@ -107,23 +90,16 @@ TEST(TalkerTwins, KeepsWrongSentencesWrongAcrossAnyBorder) {
                                  star + " " + sum,
                                  right + twinSum,
                                  right + "?",
-                                 right + "\n",
                                  right + " " + sum,
                                  right + "\r" + twinSum,
                                  star + "*" + sum,
                                  "$" + body,
                                  right.substr(1),
                                  "!" + right,
-                                 "\t" + right,
-                                 Sentence("GNGLL,\r,,,,235959,")};
+                                 "\t" + right};
     for (const std::string& line : wrong)
-        for (const auto& stream : AtEverySplit("\r\n" + line + "\r\n")) {
-            // A chunk that begins with the "$" behind other bytes makes a right sentence of it.
-            if (line.ends_with(right))
-                EXPECT_THAT(stream->Log.Events, Each("Time 23:59:59")) << line;
-            else
-                EXPECT_THAT(stream->Log.Events, IsEmpty()) << line;
-        }
+        for (const auto& stream : AtEverySplit("\r\n" + line + "\r\n"))
+            EXPECT_THAT(stream->Log.Events, IsEmpty()) << line;
 
     // All 65,536 checksums there can be: the right one passes, in capital letters only.
     Stream any;
@@ -135,37 +111,18 @@ TEST(TalkerTwins, KeepsWrongSentencesWrongAcrossAnyBorder) {
 }
 
 // Without a "*" the interpreter takes the last two characters all the same.
-TEST(TalkerTwins, SpoilsALineWithoutAChecksumThatWouldComeOutRightByChance) {
+TEST(TalkerTwins, LeavesALineWithoutAChecksumThatWouldComeOutRightByChance) {
     int chances = 0;
     for (int number = 0; number < 100'000; ++number) {
         const std::string rest = "GLL,,,,,235959," + std::to_string(number);
-        const std::string twin = "$GP" + rest, text = "\r\n$GN" + rest + "\r\n" + Line("GNGLL,,,,,000001,");
+        const std::string twin = "$GP" + rest;
         if (!twin.ends_with(NmeaInterpreter::GetChecksum(twin))) continue;
         ++chances;
-        for (const auto& stream : AtEverySplit(text))
-            EXPECT_THAT(stream->Log.Events, Each("Time 00:00:01")) << rest;
-        Stream whole;
-        whole.Receive(text);
-        EXPECT_THAT(whole.Log.Events, ElementsAre("Time 00:00:01"));
+        Stream stream;
+        stream.Receive("$GN" + rest + "\r\n" + Line("GNGLL,,,,,000001,"));
+        EXPECT_THAT(stream.Log.Events, ElementsAre("Time 00:00:01")) << rest;
     }
     EXPECT_GT(chances, 20);
-}
-
-// The framing cuts an overlong line, which moves its last two characters, too.
-TEST(TalkerTwins, SpoilsAnOverlongLineThatWouldComeOutRightWhereItIsCut) {
-    std::string rest = "GLL,,,,,235959," + std::string(SentenceFraming::LongestLine - 21, ',');
-    const std::string digits = NmeaInterpreter::GetChecksum("$GP" + rest);
-    // Two digits change the sum by what they are themselves; a field in front takes that back.
-    rest[16] = static_cast<char>(',' ^ digits[0] ^ digits[1]);
-    rest += digits;
-    const auto isTold = [&](const std::string& talker) {
-        Stream stream;
-        stream.Receive("$" + talker + rest + "  and more");
-        stream.Receive("\r\n");
-        return !stream.Log.Events.empty();
-    };
-    EXPECT_TRUE(isTold("GP"));
-    EXPECT_FALSE(isTold("GN"));
 }
 
 TEST(TalkerTwins, PassesExactlyTheRightSentencesOfRandomOnes) {
@@ -188,64 +145,70 @@ TEST(TalkerTwins, PassesExactlyTheRightSentencesOfRandomOnes) {
         NmeaListener nobody;
         NmeaInterpreter gps(nobody);
         TalkerTwins twins;
-        const std::size_t cut = below(static_cast<unsigned>(line.size()));
-        std::string turned = twins.Turn(line.substr(0, cut), 0);
-        turned += twins.Turn(line.substr(cut), 0);
-        std::string twin = turned.substr(0, turned.size() - 2);
-        twin.erase(twin.find_last_not_of(' ') + 1);
-        const bool isAccepted = gps.Parse(twin);
-        // A "$" at the head of the second chunk begins a line; the framing sees to that.
-        if (line[cut] == '$' && cut > 0) continue;
-        EXPECT_EQ(isAccepted, isTurned && isRight) << line << cut;
+        const std::string turned = twins.Turn(line, 0);
+        const bool isAccepted = gps.Parse(Trim(std::string_view(turned).substr(0, turned.size() - 2)));
+        EXPECT_EQ(isAccepted, isTurned && isRight) << line;
         passed += isAccepted;
     }
     EXPECT_GT(passed, 3000);
 }
 
-TEST(TalkerTwins, LetsTheTwinOfGPWinUntilItIsGone) {
+TEST(TalkerTwins, LetsTheTwinOfGPWin) {
     const std::string gn = Line("GNGLL,,,,,000001,"), gp = Line("GPGLL,,,,,000002,"),
                       later = Line("GNRMC,000003,A,,,,,,,");
-    for (const auto& stream : AtEverySplit("\r\n" + gn + gp + later, gp))
-        EXPECT_THAT(Told(*stream), ElementsAre("FixObtained", "Time 00:00:02", "Time 00:00:03"));
+    for (const auto& stream : AtEverySplit(gn + gp + later, gp))
+        EXPECT_THAT(stream->Log.Events, ElementsAre("Time 00:00:02", "Time 00:00:03", "FixObtained"));
 
     Stream at;
     at.Receive("$GPGLL,,,,,000002,*00\r\n" + gn);
-    EXPECT_EQ(at.Log.Events.front(), "Time 00:00:01"); // a wrong one wins nothing
-    at.Receive(gp);
-    long long now = 0;
-    const auto isTurned = [&](const std::string& line) { return at.Twins.Turn(line, now) != line; };
-    for (int i = 0; i < 5 * TalkerTwins::MostBeforeTwinIsGone; ++i) EXPECT_FALSE(isTurned(gn)); // GN at 10 Hz
-    now = 2900;
-    EXPECT_FALSE(isTurned(gp));
-    now += TalkerTwins::TicksBeforeTwinIsGone;
-    for (int i = 0; i < TalkerTwins::MostBeforeTwinIsGone; ++i) EXPECT_FALSE(isTurned(gn));
-    EXPECT_FALSE(isTurned(gp));
-    now += TalkerTwins::TicksBeforeTwinIsGone;
-    for (int i = 0; i < TalkerTwins::MostBeforeTwinIsGone; ++i) EXPECT_FALSE(isTurned(gn));
-    EXPECT_FALSE(isTurned("$GNGLL,,,,,000001,*00\r\n"));
-    EXPECT_FALSE(isTurned(gn));
-    EXPECT_TRUE(isTurned(gn));
-    at.Twins.Turn(gp, now);
-    EXPECT_FALSE(isTurned(gn));
-    at.Twins.Reset();
-    EXPECT_TRUE(isTurned(gn));
+    EXPECT_THAT(at.Log.Events, ElementsAre("Time 00:00:01")); // a wrong one wins nothing
+}
+
+// A receiver that changes its talker must not freeze the position; one that says both keeps to GP, also when
+// GN comes ten times as often.
+TEST(TalkerTwins, TakesTheTwinOfGPForGoneAfterThreeSeconds) {
+    for (const std::string type : {"RMC", "GGA", "GLL", "GSA"}) {
+        const std::string gn = Line("GN" + type + ",,"), gp = Line("GP" + type + ",,");
+        TalkerTwins twins;
+        long long now = 0;
+        const auto isTurned = [&](const std::string& line) { return twins.Turn(line, now) != line; };
+        EXPECT_FALSE(isTurned(gp));
+        for (; now < 2900; now += 100) EXPECT_FALSE(isTurned(gn)) << type << now;
+        EXPECT_FALSE(isTurned(gp));
+        // Once a second; of GSA two come in a burst.
+        int burst = 0;
+        for (bool turned = false; !turned && burst < 20; ++burst) {
+            now += 1000;
+            turned = isTurned(gn);
+            if (type == "GSA") turned = isTurned(gn) || turned;
+        }
+        EXPECT_EQ(burst, type == "GSA" ? 5 : 3) << type;
+        EXPECT_TRUE(isTurned(gn));
+        EXPECT_FALSE(isTurned(gp));
+        EXPECT_FALSE(isTurned(gn));
+
+        // Three seconds without a word, and then one right sentence and a wrong one, are not enough.
+        now += 5000;
+        EXPECT_FALSE(isTurned("$GN" + type + ",,*00\r\n"));
+        EXPECT_FALSE(isTurned(gn)) << type;
+        twins.Reset();
+        EXPECT_TRUE(isTurned(gn)) << type;
+    }
 }
 
 TEST(TalkerTwins, TellsTalkerAndChecksumAsTheReceiverSentThem) {
     const std::string text = "  " + BurstOf("GN") + Line("PUBX,00") + Line("GLGSV,1") +
                              "$GPGLL*00\r\n$\r\n$GNGGA,1\r\nx$\r\n\r\n" + Line("12") + Sentence("GAGSV,") +
-                             " \r\n$unfinished";
+                             " \r\n$GNunfinished";
     for (std::size_t cut = 0; cut <= text.size(); ++cut) {
-        // A chunk that begins with "$" in the middle of a line begins another one.
-        if (text.substr(cut).starts_with("$\r\n\r\n")) continue;
         std::string told;
-        TalkerTwins twins;
-        twins.OnSentence = [&](std::string_view talker, bool isRight) {
+        Stream stream;
+        stream.Twins.OnSentence = [&](std::string_view talker, bool isRight) {
             told += std::string(talker) + (isRight ? "+ " : "- ");
         };
-        twins.Turn(text.substr(0, cut), 0);
-        twins.Turn(text.substr(cut), 0);
-        EXPECT_EQ(told, "GN+ GN+ GN+ GN+ P+ GL+ GP- - GN- + GA+ ") << cut;
+        stream.Receive(text.substr(0, cut));
+        stream.Receive(text.substr(cut));
+        EXPECT_EQ(told, "GN+ GN+ GN+ GN+ P+ GL+ GP- GN- GA+ ") << cut;
     }
 }
 

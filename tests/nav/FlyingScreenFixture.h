@@ -9,6 +9,7 @@
 #include "geo/NavigationMaths.h"
 #include "nav/FlyingScreen.h"
 #include "support/FlightFolder.h"
+#include "gps/GpsFakes.h"
 #include "support/IdleLink.h"
 #include "support/MapFakes.h"
 
@@ -36,7 +37,7 @@ protected:
                                               raw(longitude, "00000.0000"));
     }
 
-    IdlePort Port;
+    FakePort Port;
     IdleTimer CheckTimer, TrackTimer;
     SetClock Clock;
     FakePicture Storage, Card;

@@ -9,6 +9,7 @@
 #include <QTest>
 #include <gmock/gmock.h>
 
+#include "common/SettingsFiles.h"
 #include "gps/GpsFakes.h"
 #include "platform/qt/Events.h"
 #include "platform/qt/QtNotice.h"
@@ -105,6 +106,23 @@ TEST_F(SettingsFormTest, TestsThePortThatWasChosenAndKeepsTheChoiceShutMeanwhile
     Click("OptEng");
     EXPECT_EQ(Find<QLabel>("lblStatus").text(), "OK - Data saved");
     EXPECT_EQ(Find<QLabel>("lblComVerbindung").text(), "COM 7 connected");
+}
+
+TEST_F(SettingsFormTest, OffersTheOnlyPortThereIsAndABaudRateOfItsOwn) {
+    WriteComSettings(Shared.ProgramFolder, {"9", "115200"});
+    Ports.Numbers = {5};
+    Show();
+    EXPECT_EQ(Find<QComboBox>("cmbCom").currentText(), "5");
+    EXPECT_EQ(Find<QComboBox>("cmbBaud").currentText(), "115200");
+    EXPECT_TRUE(Find<QLabel>("lblHint").isVisible());
+    Click("cmdCheck");
+    EXPECT_THAT(Port.Attempts, ElementsAre(5));
+    EXPECT_EQ(Port.Settings, "115200,n,8,1");
+    EXPECT_FALSE(Find<QLabel>("lblHint").isVisible());
+    Timer.Fire(2);
+    Ports.Numbers.clear();
+    Form.Form_Activate();
+    EXPECT_FALSE(Find<QPushButton>("cmdCheck").isEnabled());
 }
 
 TEST_F(SettingsFormTest, KeepsGridEntryAndRowTogether) {
