@@ -7,6 +7,7 @@
 
 #include "base/AtomicFile.h"
 #include "base/RuntimeError.h"
+#include "base/TemporaryFile.h"
 
 namespace ornivane {
 
@@ -111,18 +112,12 @@ void frmReport::SavePdf(const std::filesystem::path& file) {
     QPrinter printer;
     printer.setOutputFormat(QPrinter::PdfFormat);
     printer.setResolution(PdfResolution);
-    const auto unfinished = std::filesystem::path(file) += ".part";
-    printer.setOutputFileName(QString::fromStdString(unfinished.string()));
+    TemporaryFile unfinished(file);
+    printer.setOutputFileName(QString::fromStdString(unfinished.Path().string()));
     Prepare(printer);
-    try {
-        Paint(printer);
-        CheckWhole(unfinished);
-        ReplaceFile(unfinished, file);
-    } catch (...) {
-        std::error_code ignored;
-        std::filesystem::remove(unfinished, ignored);
-        throw;
-    }
+    Paint(printer);
+    CheckWhole(unfinished.Path());
+    unfinished.Keep();
 }
 
 } // namespace ornivane

@@ -211,8 +211,11 @@ protected:
         FlightPlan& plan = Form->Logic();
         plan.cmbRoute_Click(2);
         const auto file = Folder.Path() / "plan.pdf";
+        const auto another = Folder.Path() / "plan.pdf.part"; // of the user, whatever it is
+        WriteFileAtomically(another, "mine");
         Boxes.File = file;
         QTest::mouseClick(&Find<QPushButton>("cmdPDF"), Qt::LeftButton);
+        EXPECT_EQ(ReadWholeFile(another).value_or("gone"), "mine");
         EXPECT_EQ(Boxes.FileAsked->Start.filename(), "Printed.pdf");
         return QString::fromStdString(file.string());
     }
