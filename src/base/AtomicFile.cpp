@@ -4,10 +4,10 @@
 #include <cstring>
 #include <fcntl.h>
 #include <fstream>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include "base/RuntimeError.h"
+#include "base/TemporaryFile.h"
 
 namespace ornivane {
 
@@ -16,15 +16,6 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::uintmax_t LargestFile = 256u << 20;
-
-[[noreturn]] void Fail(int reason, const fs::path& file) {
-    const ErrorNumber number = reason == ENOENT || reason == ENOTDIR ? ErrorNumber::PathNotFound
-                               : reason == EACCES || reason == EPERM || reason == EROFS
-                                   ? ErrorNumber::PermissionDenied
-                               : reason == ENOSPC || reason == EDQUOT ? ErrorNumber::DiskFull
-                                                                      : ErrorNumber::DeviceError;
-    throw RuntimeError(number, file.string() + ": " + std::strerror(reason));
-}
 
 // 0, or the reason why not all bytes were written.
 int WriteAll(int descriptor, std::string_view bytes) {
@@ -39,11 +30,11 @@ int WriteAll(int descriptor, std::string_view bytes) {
 // Its bytes, before a name that counts points to them.
 void SyncFile(const fs::path& file) {
     const int descriptor = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
-    if (descriptor < 0) Fail(errno, file);
+    if (descriptor < 0) ThrowFileError(errno, file);
     const int reason = ::fsync(descriptor) == 0 ? 0 : errno;
     ::close(descriptor);
     if (reason != 0 && reason != EINVAL)
-        Fail(reason, file); // a file system that cannot do it has no such promise
+        ThrowFileError(reason, file); // a file system that cannot do it has no such promise
 }
 
 void SyncFolder(const fs::path& folder) {
@@ -55,25 +46,28 @@ void SyncFolder(const fs::path& folder) {
 
 } // namespace
 
+void ThrowFileError(int reason, const fs::path& file) {
+    const ErrorNumber number = reason == ENOENT || reason == ENOTDIR ? ErrorNumber::PathNotFound
+                               : reason == EACCES || reason == EPERM || reason == EROFS
+                                   ? ErrorNumber::PermissionDenied
+                               : reason == ENOSPC || reason == EDQUOT ? ErrorNumber::DiskFull
+                                                                      : ErrorNumber::DeviceError;
+    throw RuntimeError(number, file.string() + ": " + std::strerror(reason));
+}
+
 void WriteFileAtomically(const fs::path& file, std::string_view bytes) {
-    std::string temporary = file.string() + ".XXXXXX";
-    const int descriptor = ::mkostemp(temporary.data(), O_CLOEXEC);
-    if (descriptor < 0) Fail(errno, file);
+    TemporaryFile temporary(file);
+    const int descriptor = ::open(temporary.Path().c_str(), O_WRONLY | O_CLOEXEC);
+    if (descriptor < 0) ThrowFileError(errno, file);
     int reason = WriteAll(descriptor, bytes);
-    ::fchmod(descriptor, 0644); // a file system without modes may refuse; the bytes are what counts
     if (::close(descriptor) != 0 && reason == 0) reason = errno;
-    try {
-        if (reason != 0) Fail(reason, file);
-        ReplaceFile(temporary, file);
-    } catch (const RuntimeError&) {
-        ::unlink(temporary.c_str());
-        throw;
-    }
+    if (reason != 0) ThrowFileError(reason, file);
+    temporary.Keep();
 }
 
 void ReplaceFile(const fs::path& finished, const fs::path& file) {
     SyncFile(finished);
-    if (::rename(finished.c_str(), file.c_str()) != 0) Fail(errno, file);
+    if (::rename(finished.c_str(), file.c_str()) != 0) ThrowFileError(errno, file);
     SyncFolder(file.parent_path());
 }
 

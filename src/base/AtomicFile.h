@@ -16,6 +16,9 @@ void WriteFileAtomically(const std::filesystem::path& file, std::string_view byt
 // as above.
 void ReplaceFile(const std::filesystem::path& finished, const std::filesystem::path& file);
 
+// What a reason of the system (errno) for a failure with a file is here. RuntimeError as above.
+[[noreturn]] void ThrowFileError(int reason, const std::filesystem::path& file);
+
 // All bytes of a file; empty when it is not there or cannot be read. A file above 256 MiB is taken as
 // unreadable: nothing of this program comes near that size.
 std::optional<std::string> ReadWholeFile(const std::filesystem::path& file);

@@ -22,6 +22,9 @@ void Write(const path& folder, const char* name, const SettingsWriter& writer) {
     WriteFileAtomically(folder / name, writer.Bytes());
 }
 
+// The day number 0 of the calendar in which older installations count days.
+constexpr Date NeverEntered{1899, 12, 30};
+
 template <typename Target, typename Source>
 bool Take(Target& target, const std::optional<Source>& value) {
     if (value) target = *value;
@@ -107,10 +110,8 @@ bool ReadQnhSettings(const path& folder, QnhSettings& settings) {
 }
 
 void WriteQnhSettings(const path& folder, const QnhSettings& settings) {
-    SettingsWriter writer;
-    writer.WholeNumber(settings.Qnh);
-    if (settings.Entered) writer.DateValue(*settings.Entered);
-    Write(folder, "LR.crm", writer);
+    Write(folder, "LR.crm",
+          SettingsWriter().WholeNumber(settings.Qnh).DateValue(settings.Entered.value_or(NeverEntered)));
 }
 
 LastChoice ReadLastChoice(const path& folder) {

@@ -63,7 +63,7 @@ void WriteLanguage(const std::filesystem::path& folder, int language);
 std::optional<int> ReadSymbol(const std::filesystem::path& folder);
 void WriteSymbol(const std::filesystem::path& folder, int symbol);
 
-// LR.crm: the QNH in hPa and the day on which it was entered.
+// LR.crm: the QNH in hPa and the day on which it was entered; 1899-12-30 when none ever was.
 struct QnhSettings {
     int Qnh = 0;
     std::optional<Date> Entered;

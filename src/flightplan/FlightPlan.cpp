@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::array<const char*, PlanEntryCount> DefaultEntries{"0", "20", "120", "0", "0"};
 constexpr std::array EditedFields = {"VAR", "FFh", "TAS", "Windrichtung", "Windstärke"};
-constexpr int FirstEditedColumn = 2;
+constexpr int FirstEditedColumn = 2, DirectionColumn = 5, SpeedColumn = 6;
 
 struct PointOfRoute {
     double Lat, Long; // decimal degrees
@@ -180,16 +180,28 @@ double FlightPlan::Number(PlanEntry entry) const {
     return NumberIn(Entries[static_cast<std::size_t>(entry)]);
 }
 
-bool FlightPlan::EntriesAreRight() {
+bool FlightPlan::WindFits(double direction, double speed) const {
+    return WindText(direction, speed, shared.Locale).size() <= WindSize;
+}
+
+// The last one that is wrong. Of a wind that is too long for its field it is the longer part.
+std::optional<PlanEntry> FlightPlan::WrongEntry() const {
+    using enum PlanEntry;
     std::optional<PlanEntry> wrong;
     for (std::size_t i = 0; i < PlanEntryCount; ++i) {
         const auto entry = static_cast<PlanEntry>(i);
         const auto value = ParseNumber(Entries[i]);
-        const bool right = value && (entry == PlanEntry::tVAR || *value >= 0) &&
-                           (entry != PlanEntry::tSpeed || *value > 0) &&
-                           (entry != PlanEntry::tWinddir || *value <= 360);
+        const bool right = value && (entry == tVAR || *value >= 0) && (entry != tSpeed || *value > 0) &&
+                           (entry != tWinddir || *value <= 360);
         if (!right) wrong = entry;
     }
+    if (wrong || WindFits(Number(tWinddir), Number(tWindspeed))) return wrong;
+    const auto length = [this](PlanEntry entry) { return NumberText(Number(entry)).size(); };
+    return length(tWinddir) > length(tWindspeed) ? tWinddir : tWindspeed;
+}
+
+bool FlightPlan::EntriesAreRight() {
+    const std::optional<PlanEntry> wrong = WrongEntry();
     if (!wrong) {
         EntryStates.fill(EntryState::Right);
         return true;
@@ -295,10 +307,17 @@ void FlightPlan::ShowSums(const PlanSums& sums, std::int16_t averageWind) {
     lblAvgWind = WindInfo(averageWind);
 }
 
-bool FlightPlan::gridFlug_BeforeColUpdate(int column, const std::string& text) {
+bool FlightPlan::gridFlug_BeforeColUpdate(int column, int row, const std::string& text) {
     const auto value = ParseNumber(text);
+    const auto fits = [&] {
+        if (column != DirectionColumn && column != SpeedColumn) return true;
+        const auto of = [&](int part, const char* field) {
+            return column == part ? *value : PlanSet.ValueAt(row, field).Number();
+        };
+        return WindFits(of(DirectionColumn, "Windrichtung"), of(SpeedColumn, "Windstärke"));
+    };
     const bool right = value && (column != 4 || *value > 0) && (column <= 2 || *value >= 0) &&
-                       (column != 5 || *value <= 360);
+                       (column != DirectionColumn || *value <= 360) && fits();
     if (!right) dialogs.Message("Datenfehler", "Fehler in der Dateneingabe");
     return right;
 }

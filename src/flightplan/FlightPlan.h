@@ -41,9 +41,10 @@ public:
     // Back to what the plan file has.
     void cmdRevert_Click();
 
-    // A cell of the grid. True when the edit may be made; otherwise what is wrong with it was shown.
-    bool gridFlug_BeforeColUpdate(int column, const std::string& text);
-    // Takes the value (already tested) into the row, counted from 0, and computes all rows anew. An error
+    // A cell of the grid, its row counted from 0. True when the edit may be made; otherwise what is wrong
+    // with it was shown.
+    bool gridFlug_BeforeColUpdate(int column, int row, const std::string& text);
+    // Takes the value (already tested) into the row and computes all rows anew. An error
     // leaves the plan as it was.
     void gridFlug_AfterColUpdate(int column, int row, const std::string& text);
     // Row 1 takes part in nothing.
@@ -70,6 +71,7 @@ private:
     void SavePlanOrTell();
     void SaveBeforeAnother();
     void LoadSavedPlan();
+    std::optional<PlanEntry> WrongEntry() const;
     bool EntriesAreRight();
     void CalcPlan(bool recalcAll);
     bool OpenRoutePoints(const std::string& route);
@@ -78,6 +80,7 @@ private:
     LegInputs InputsOf(const std::string& id, bool recalcAll);
     LegInputs EnteredInputs() const;
     double Number(PlanEntry entry) const;
+    bool WindFits(double direction, double speed) const;
     void RecalcPlan(std::vector<PlanRow> rows);
     static void CheckFits(const std::vector<PlanRow>& rows);
     void ShowSums(const PlanSums& sums, std::int16_t averageWind);

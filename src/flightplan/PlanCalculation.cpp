@@ -5,6 +5,7 @@
 
 #include "base/Format.h"
 #include "base/Numbers.h"
+#include "base/RuntimeError.h"
 #include "geo/NavigationMaths.h"
 
 namespace ornivane {
@@ -18,8 +19,14 @@ ClockTime TimeOf(double minutes) {
     return time;
 }
 
+std::string WindText(double direction, double speed, const LocaleText& locale) {
+    return NumberText(direction, locale) + " / " + NumberText(speed, locale);
+}
+
 void CompleteLeg(PlanRow& row, double leg, double fuelPerHour, PlanSums& sums, const LocaleText& locale) {
-    row.Wind = NumberText(row.Windrichtung, locale) + " / " + NumberText(row.Windstärke, locale);
+    row.Wind = WindText(row.Windrichtung, row.Windstärke, locale);
+    if (row.Wind.size() > WindSize)
+        throw RuntimeError(ErrorNumber::Overflow, row.Name + ": Wind " + row.Wind);
     const double angle = DegToRad(row.Windrichtung - row.TC);
     const double cross = Round(std::sin(angle) * row.Windstärke, 2);
     const double tail = -Round(std::cos(angle) * row.Windstärke, 2);

@@ -32,9 +32,12 @@ struct ClockTime {
 };
 ClockTime TimeOf(double minutes);
 
+// "270 / 15", with the decimals of both.
+std::string WindText(double direction, double speed, const LocaleText& locale);
+
 // Ground speed, heading, time, fuel and sums of a leg of so many nautical miles, from the row's own course,
 // wind, TAS and variation, with a fuel flow per hour. RuntimeError DivisionByZero or Overflow for a ground
-// speed or TAS of 0, Overflow when the weighted wind leaves 16 bits.
+// speed or TAS of 0, Overflow when the weighted wind leaves 16 bits or the wind's text its field.
 void CompleteLeg(PlanRow& row, double leg, double fuelPerHour, PlanSums& sums, const LocaleText& locale);
 
 // The tail wind of the flight, weighted by time; negative is a head wind. RuntimeError Overflow or

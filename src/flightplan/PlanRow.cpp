@@ -9,8 +9,6 @@ namespace ornivane {
 namespace {
 
 constexpr std::size_t NameSize = 30;
-// Direction and speed as typed, with their decimals.
-constexpr int WindSize = 40;
 
 Value OrNull(const std::optional<double>& value) { return value ? Value(*value) : Value(); }
 Value OrNull(const std::string& text) { return text.empty() ? Value() : Value(text); }
@@ -48,13 +46,17 @@ void SetLeg(Recordset& plan, const PlanRow& row) {
 void FillPlan(Recordset& plan, const std::vector<PlanRow>& rows) {
     using enum FieldType;
     for (const auto& [name, type, size] :
-         {std::tuple{"Id", Text, 10}, {"Nr", Integer, 0},       {"Name", Text, 30},
-          {"TC", Double, 0},          {"Distanz", Double, 0},   {"DistanzAcc", Double, 0},
-          {"TAS", Double, 0},         {"Wind", Text, WindSize}, {"Windrichtung", Double, 0},
-          {"Windstärke", Double, 0},  {"GS", Double, 0},        {"Zeit", Double, 0},
-          {"ZeitDisplay", Text, 10},  {"ZeitAcc", Text, 10},    {"FFh", Double, 0},
-          {"FFm", Double, 0},         {"FFmAcc", Double, 0},    {"MH", Double, 0},
-          {"VAR", Double, 0},         {"LAT", Double, 0},       {"LONG", Double, 0}})
+         {std::tuple{"Id", Text, 10},  {"Nr", Integer, 0},
+          {"Name", Text, 30},          {"TC", Double, 0},
+          {"Distanz", Double, 0},      {"DistanzAcc", Double, 0},
+          {"TAS", Double, 0},          {"Wind", Text, static_cast<int>(WindSize)},
+          {"Windrichtung", Double, 0}, {"Windstärke", Double, 0},
+          {"GS", Double, 0},           {"Zeit", Double, 0},
+          {"ZeitDisplay", Text, 10},   {"ZeitAcc", Text, 10},
+          {"FFh", Double, 0},          {"FFm", Double, 0},
+          {"FFmAcc", Double, 0},       {"MH", Double, 0},
+          {"VAR", Double, 0},          {"LAT", Double, 0},
+          {"LONG", Double, 0}})
         plan.AppendField({name, type, size, true});
     plan.OpenDetached();
     for (const PlanRow& row : rows) {

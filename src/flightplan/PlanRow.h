@@ -9,6 +9,9 @@
 
 namespace ornivane {
 
+// Characters of the field that shows direction and speed of the wind.
+constexpr std::size_t WindSize = 10;
+
 // One row of a flight plan: a route point with the leg that leads to it. The members are the fields of the
 // plan file under their names there. Row 1 is the place of departure: its leg is zeros, its sums are empty.
 struct PlanRow {

@@ -16,7 +16,8 @@ constexpr int TwipsPerInch = 1440;
 constexpr int Width = 10995;
 constexpr int HeaderHeight = 2415, RowHeight = 825;
 
-// A text in its box, its top left there, cut at the box; or a line, whose width or height is 0.
+// A text in its box, its top left there, in smaller type when the box is too narrow; or a line, whose width
+// or height is 0.
 struct Item {
     enum class Kind { Label, Value, Line };
     Kind What = Kind::Label;

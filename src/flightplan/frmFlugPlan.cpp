@@ -19,6 +19,7 @@
 #include "flightplan/frmReport.h"
 #include "platform/qt/EnterKey.h"
 #include "platform/qt/Events.h"
+#include "platform/qt/FittedRuns.h"
 #include "platform/qt/Named.h"
 
 namespace ornivane {
@@ -26,10 +27,14 @@ namespace ornivane {
 namespace {
 
 constexpr int ButtonHeight = 44, RowHeight = 34, HeadHeight = 46;
-constexpr const char* RightStyle = "background: #ffff80; color: #101418";
-constexpr const char* WrongStyle = "background: #ffc0c0; color: #101418";
+constexpr int EntryWidth = 112, EntrySize = 20;
+constexpr int EntryFrame = 22; // border, padding and the cursor's place at both sides
+constexpr const char* RightStyle = "background: #ffff80; color: #101418;";
+constexpr const char* WrongStyle = "background: #ffc0c0; color: #101418;";
 constexpr const char* TotalStyle = "font-size: 20px; font-weight: bold";
 constexpr std::array EntryNames = {"tVAR", "tFF", "tSpeed", "tWinddir", "tWindspeed"};
+
+constexpr int FuelFlowColumn = 3;
 
 struct Head {
     const char *Field, *German, *English;
@@ -114,10 +119,11 @@ void frmFlugPlan::MakeEntries(QBoxLayout& layout) {
         column->addWidget(captions[i] = new QLabel);
         auto* field = fields[i] = Named(new QLineEdit, EntryNames[i]);
         field->setMinimumHeight(ButtonHeight);
-        field->setFixedWidth(112);
+        field->setFixedWidth(EntryWidth);
         field->installEventFilter(this);
         services.Guard.Connect(field, &QLineEdit::textEdited,
                                [this, i](const QString& text) { logic.Entries[i] = text.toStdString(); });
+        connect(field, &QLineEdit::textChanged, this, [this, i] { StyleEntry(i); });
         column->addWidget(field);
         layout.addLayout(column);
     }
@@ -148,11 +154,13 @@ void frmFlugPlan::MakeGrid(QBoxLayout& layout) {
                                                 ? value.Text()
                                                 : NumberText(value.Number(), services.Shared.Locale));
                            }});
-    model = std::make_unique<PlanModel>(
-        logic.PlanSet, std::move(columns),
-        PlanModel::Editing{&FlightPlan::IsEditable, [this](int column, int row, const std::string& text) {
-                               return EditCell(column, row, text);
-                           }});
+    model =
+        std::make_unique<PlanModel>(logic.PlanSet, std::move(columns),
+                                    PlanModel::Editing{&FlightPlan::IsEditable,
+                                                       [this](int column, int row, const std::string& text) {
+                                                           return EditCell(column, row, text);
+                                                       },
+                                                       [this](int column) { return ToolTipOf(column); }});
     // Its current cell is the grid's own affair: a calculation that walks through the rows must not move it.
     gridFlug->setModel(model.get());
     gridFlug->verticalHeader()->hide();
@@ -195,7 +203,7 @@ bool frmFlugPlan::EditCell(int column, int row, const std::string& text) {
     bool right = false;
     // An error of the calculation is told in the notice; the old value is back in its cell then.
     Click([&] {
-        right = logic.gridFlug_BeforeColUpdate(column, text);
+        right = logic.gridFlug_BeforeColUpdate(column, row, text);
         if (right) logic.gridFlug_AfterColUpdate(column, row, text);
     });
     return right;
@@ -297,14 +305,23 @@ void frmFlugPlan::ShowState() {
 void frmFlugPlan::ShowEntries() {
     for (std::size_t i = 0; i < fields.size(); ++i) {
         if (fields[i]->text() != Shown(logic.Entries[i])) fields[i]->setText(Shown(logic.Entries[i]));
-        const char* style = logic.EntryStates[i] == EntryState::Right   ? RightStyle
-                            : logic.EntryStates[i] == EntryState::Wrong ? WrongStyle
-                                                                        : "";
-        if (fields[i]->styleSheet() != style) fields[i]->setStyleSheet(style);
+        StyleEntry(i);
     }
     if (!logic.FocusEntry) return;
     fields[static_cast<std::size_t>(*logic.FocusEntry)]->setFocus();
     logic.FocusEntry.reset();
+}
+
+// Its state, and letters in which the whole number shows.
+void frmFlugPlan::StyleEntry(std::size_t place) {
+    QLineEdit& field = *fields[place];
+    const EntryState state = logic.EntryStates[place];
+    QString style = state == EntryState::Right ? RightStyle : state == EntryState::Wrong ? WrongStyle : "";
+    QFont font = field.font();
+    font.setPixelSize(EntrySize);
+    const int size = FittedPixelSize(field.text(), font, field.width() - EntryFrame);
+    if (size < EntrySize) style += QString(" font-size: %1px;").arg(size);
+    if (field.styleSheet() != style) field.setStyleSheet(style);
 }
 
 // As high as its rows, as far as the form reaches; the totals stand below.
@@ -342,13 +359,26 @@ void frmFlugPlan::ApplyLanguage() {
     ShowState();
 }
 
+// A plan is computed again with the entry field's fuel flow, whatever stands in the column.
+QString frmFlugPlan::ToolTipOf(int column) const {
+    if (column != FuelFlowColumn) return {};
+    return Text(
+        "Kraftstoff der Teilstrecke in einer Stunde. Was hier geändert wird, zählt für FF - leg und die "
+        "Summe, bis der Plan neu berechnet wird (auch beim Zurückkommen): dann gilt das Feld FF / h oben",
+        "Fuel of the leg in an hour. A change counts for FF - leg and the total until the plan is "
+        "computed again (also on coming back): then the field FF / h above holds");
+}
+
 void frmFlugPlan::ApplyToolTips() {
     const QString tips[] = {
         Text("Missweisung in Grad, Ost positiv", "Variation in degrees, east positive"),
         Text("Kraftstoff in einer Stunde", "Fuel in an hour"),
         Text("Wahre Eigengeschwindigkeit in Knoten", "True airspeed in knots"),
-        Text("Woher der Wind kommt, Grad rechtweisend", "Where the wind comes from, degrees true"),
-        Text("Windstärke in Knoten", "Wind speed in knots")};
+        Text(
+            "Woher der Wind kommt, Grad rechtweisend. Richtung und Stärke zusammen höchstens sieben Zeichen",
+            "Where the wind comes from, degrees true. Direction and speed together seven characters at most"),
+        Text("Windstärke in Knoten. Richtung und Stärke zusammen höchstens sieben Zeichen",
+             "Wind speed in knots. Direction and speed together seven characters at most")};
     for (std::size_t i = 0; i < fields.size(); ++i) fields[i]->setToolTip(tips[i]);
     cmbRoute->setToolTip(Text("Die Strecke, deren Plan gezeigt wird", "The route whose plan is shown"));
     cmdCalc->setToolTip(Text("Alle Teilstrecken mit den Werten oben neu berechnen",

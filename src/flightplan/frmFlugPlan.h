@@ -60,7 +60,9 @@ private:
     void cmdPDF_Click();
     void ShowState();
     void ShowEntries();
+    void StyleEntry(std::size_t place);
     void FitGrid();
+    QString ToolTipOf(int column) const;
     void ApplyToolTips();
     QString Text(const char* german, const char* english) const;
 

@@ -1,15 +1,20 @@
 #include "flightplan/frmPlanGrid.h"
 
 #include <QApplication>
+#include <QFontMetricsF>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPainter>
 #include <QTimer>
+
+#include "platform/qt/FittedRuns.h"
 
 namespace ornivane {
 
 namespace {
 
-constexpr int NameColumn = 1, HeadingColumn = 8;
+constexpr int NameColumn = 1;
+constexpr int LongestLarge = 6; // characters that every column has room for
 
 } // namespace
 
@@ -24,11 +29,20 @@ Qt::ItemFlags PlanModel::flags(const QModelIndex& index) const {
 
 QVariant PlanModel::data(const QModelIndex& index, int role) const {
     if (role == Qt::EditRole) return RecordsetModel::data(index, Qt::DisplayRole);
-    // Only names and headings are cut; over the others the grid's own tooltip shows.
-    if (role == Qt::ToolTipRole && index.column() != NameColumn && index.column() != HeadingColumn) return {};
+    if (role == Qt::ToolTipRole) {
+        if (const QString tip = editing.ToolTip(index.column()); !tip.isEmpty()) return tip;
+        // Names may be cut, long numbers are small; over the others the grid's own shows.
+        const QVariant text = RecordsetModel::data(index, role);
+        return text.toString().size() > LongestLarge ? text : QVariant();
+    }
     if (role == Qt::TextAlignmentRole && index.column() != NameColumn)
         return static_cast<int>(Qt::AlignRight | Qt::AlignVCenter);
     return RecordsetModel::data(index, role);
+}
+
+QVariant PlanModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (role == Qt::ToolTipRole && orientation == Qt::Horizontal) return editing.ToolTip(section);
+    return RecordsetModel::headerData(section, orientation, role);
 }
 
 bool PlanModel::setData(const QModelIndex& index, const QVariant& value, int role) {
@@ -37,6 +51,34 @@ bool PlanModel::setData(const QModelIndex& index, const QVariant& value, int rol
 }
 
 frmPlanGrid::frmPlanGrid(QWidget* parent) : QTableView(parent) { setItemDelegate(new PlanDelegate(this)); }
+
+void PlanDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                         const QModelIndex& index) const {
+    QStyleOptionViewItem cell = option;
+    initStyleOption(&cell, index);
+    const QStyle* style = cell.widget ? cell.widget->style() : QApplication::style();
+    const int margin = style->pixelMetric(QStyle::PM_FocusFrameHMargin, &cell, cell.widget) + 1;
+    const QRect place = style->subElementRect(QStyle::SE_ItemViewItemText, &cell, cell.widget)
+                            .adjusted(margin, 0, -margin, 0);
+    const auto runs = FitInWidth(cell.text, cell.font, place.width());
+    if (index.column() == NameColumn || (runs.front().Text == cell.text && runs.front().Font == cell.font))
+        return QStyledItemDelegate::paint(painter, option, index);
+
+    cell.text.clear();
+    style->drawControl(QStyle::CE_ItemViewItem, &cell, painter, cell.widget);
+    const QFontMetricsF metrics(cell.font);
+    const double width =
+        runs.back().Left + QFontMetricsF(runs.back().Font).horizontalAdvance(runs.back().Text);
+    const double baseline = place.center().y() + (metrics.ascent() - metrics.descent()) / 2;
+    const bool selected = cell.state & QStyle::State_Selected;
+    painter->save();
+    painter->setPen(cell.palette.color(selected ? QPalette::HighlightedText : QPalette::Text));
+    for (const FittedRun& run : runs) {
+        painter->setFont(run.Font);
+        painter->drawText(QPointF(place.right() + 1 - width + run.Left, baseline), run.Text);
+    }
+    painter->restore();
+}
 
 QWidget* PlanDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex&) const {
     auto* field = new QLineEdit(parent);

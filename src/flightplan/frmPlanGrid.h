@@ -17,12 +17,15 @@ public:
         std::function<bool(int column, int row)> IsEditable;
         // False when the text was refused; the user has been told.
         std::function<bool(int column, int row, const std::string& text)> Edit;
+        // Of a column's head and cells; empty where the grid's own shows.
+        std::function<QString(int column)> ToolTip;
     };
 
     PlanModel(Recordset& plan, std::vector<Column> columns, Editing editing);
 
     Qt::ItemFlags flags(const QModelIndex& index) const override;
     QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
     bool setData(const QModelIndex& index, const QVariant& value, int role) override;
 
 private:
@@ -53,12 +56,14 @@ private:
     bool refused = false;
 };
 
-// Fields of the grid whose Enter key goes down.
+// Cells whose numbers are never cut, and fields for them whose Enter key goes down.
 class PlanDelegate : public QStyledItemDelegate {
     Q_OBJECT
 
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                           const QModelIndex& index) const override;
 };

@@ -1,5 +1,6 @@
 #include "flightplan/frmReport.h"
 
+#include <QFontMetricsF>
 #include <QPageLayout>
 #include <QPainter>
 #include <QPrintPreviewDialog>
@@ -7,6 +8,8 @@
 
 #include "base/AtomicFile.h"
 #include "base/RuntimeError.h"
+#include "base/TemporaryFile.h"
+#include "platform/qt/FittedRuns.h"
 
 namespace ornivane {
 
@@ -34,7 +37,8 @@ void CheckWhole(const std::filesystem::path& pdf) {
 QFont Sans(int height) {
     QFont font("Arial");
     font.setStyleHint(QFont::SansSerif);
-    font.setPixelSize(height); // the painter's unit is a twip
+    font.setPixelSize(height);                         // the painter's unit is a twip
+    font.setHintingPreference(QFont::PreferNoHinting); // paper has no pixels to fit
     return font;
 }
 
@@ -78,12 +82,16 @@ void frmReport::PaintItem(QPainter& painter, const report::Item& item) const {
                          QPointF(item.Left + item.Width, item.Top + item.Height));
         return;
     }
-    const QRectF box(item.Left, item.Top, item.Width, item.Height);
-    painter.setFont(Sans(item.Top < RowTop ? HeaderSize : RowSize));
-    painter.save();
-    painter.setClipRect(box);
-    painter.drawText(box, Qt::AlignLeft | Qt::AlignTop, QString::fromStdString(item.Text));
-    painter.restore();
+    const QFont font = Sans(item.Top < RowTop ? HeaderSize : RowSize);
+    const QFontMetricsF metrics(font);
+    double baseline = item.Top + metrics.ascent();
+    for (const QString& line : QString::fromStdString(item.Text).split('\n')) {
+        for (const FittedRun& run : FitInWidth(line, font, item.Width)) {
+            painter.setFont(run.Font);
+            painter.drawText(QPointF(item.Left + run.Left, baseline), run.Text);
+        }
+        baseline += metrics.lineSpacing();
+    }
 }
 
 void frmReport::ShowFlightPlanReport(QWidget* parent, const QString& title) {
@@ -111,18 +119,12 @@ void frmReport::SavePdf(const std::filesystem::path& file) {
     QPrinter printer;
     printer.setOutputFormat(QPrinter::PdfFormat);
     printer.setResolution(PdfResolution);
-    const auto unfinished = std::filesystem::path(file) += ".part";
-    printer.setOutputFileName(QString::fromStdString(unfinished.string()));
+    TemporaryFile unfinished(file);
+    printer.setOutputFileName(QString::fromStdString(unfinished.Path().string()));
     Prepare(printer);
-    try {
-        Paint(printer);
-        CheckWhole(unfinished);
-        ReplaceFile(unfinished, file);
-    } catch (...) {
-        std::error_code ignored;
-        std::filesystem::remove(unfinished, ignored);
-        throw;
-    }
+    Paint(printer);
+    CheckWhole(unfinished.Path());
+    unfinished.Keep();
 }
 
 } // namespace ornivane

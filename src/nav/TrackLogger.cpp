@@ -119,16 +119,11 @@ void TrackLogger::cmdRecord_Click() {
 }
 
 void TrackLogger::lblRecord_Click() {
-    const bool wasAutomatic = shared.TrackAuto;
     shared.TrackAuto = false;
-    // Also without a fix, where the toggle does nothing: what the pilot stops must stop.
-    if (owner.HasFix())
-        ToggleTrackLog();
-    else
-        Stop();
+    ToggleTrackLog();
     owner.FocusMap();
     // Last: a folder that cannot be written must not keep the recording from ending.
-    if (wasAutomatic) WriteTrackSettings(shared.ProgramFolder, {true, shared.TrackInterval / 1000, false});
+    WriteTrackSettings(shared.ProgramFolder, {true, shared.TrackInterval / 1000, false});
 }
 
 void TrackLogger::SpeedReceived(double knots) {

@@ -45,7 +45,8 @@ public:
     // recording cannot be stored; the logger stays stopped then.
     void ToggleTrackLog();
     void cmdRecord_Click();
-    // Stopping by hand also ends the automatic mode.
+    // Stopping by hand also ends the automatic mode. Without a fix nothing stops at once: the next interval
+    // ends the recording, unless there is a fix again.
     void lblRecord_Click();
     void picRecord_Click() { lblRecord_Click(); }
     void timeTrack_Timer();

@@ -27,7 +27,15 @@ public:
     // A message with an OK button that does not stop the program: the call returns at once, the receiver goes
     // on being read. While a message stands, the same one is not shown again; others wait behind it.
     virtual void Message(const std::string& title, const std::string& text) = 0;
-    // The same, and it keeps the user from nothing: the window under it can be used while it stands.
+    // The same with a list below that may be long: the box stays on the screen.
+    virtual void MessageWithList(const std::string& title, const std::string& text,
+                                 const std::vector<std::string>& list) {
+        std::string all = text;
+        for (const std::string& line : list) all += "\n" + line;
+        Message(title, all);
+    }
+    // The same as Message, and it keeps the user from nothing: the window under it can be used while it
+    // stands.
     virtual void MessageBeside(const std::string& title, const std::string& text) { Message(title, text); }
     // Like Message, but the call returns when the user has answered: for the end of the program and questions
     // whose answer is needed.

@@ -37,7 +37,7 @@ std::vector<AirfieldCountry> ReadAirfieldCountries(Connection& airfieldConn) {
     std::string behind;
     while (airfields.Step()) {
         const std::string_view icao = airfields.Text(0);
-        if (icao.empty()) continue;
+        if (CountryPrefix(icao).empty()) continue; // no code: every code would belong to its group
         // A code beyond the stars of its own prefix (EDZZZ) belongs to it as well.
         const bool sameGroup =
             !countries.empty() && (CompareText(icao, behind) <= 0 || StartsWith(icao, countries.back().Icao));

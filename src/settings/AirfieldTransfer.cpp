@@ -1,6 +1,9 @@
 #include "settings/AirfieldTransfer.h"
 
 #include <algorithm>
+#include <cmath>
+#include <optional>
+#include <utility>
 
 #include "base/RuntimeError.h"
 #include "geo/NavigationMaths.h"
@@ -10,6 +13,31 @@
 #include "store/TextOrder.h"
 
 namespace ornivane {
+
+namespace {
+
+// Empty when the store has none there, or no number.
+std::optional<double> Coordinate(const Statement& airfield, int column) {
+    if (airfield.IsNull(column)) return std::nullopt;
+    try {
+        const double degrees = airfield.Number(column);
+        return std::isfinite(degrees) ? std::optional(degrees) : std::nullopt;
+    } catch (const RuntimeError&) {
+        return std::nullopt;
+    }
+}
+
+// Title and text of what an import tells.
+std::pair<std::string, std::string> ReportOf(int added) {
+    if (added == 0)
+        return {"Nichts hinzugefügt",
+                "Es wurden keine Flughäfen hinzugefügt. Flughäfen sind schon vorhanden."};
+    if (added == 1) return {"Flughafen hinzugefügt", "Es wurde ein Flughafen hinzugefügt."};
+    const std::string count = std::to_string(added);
+    return {count + " Flughäfen hinzugefügt", "Es wurden " + count + " Flughäfen hinzugefügt."};
+}
+
+} // namespace
 
 bool AirfieldTransfer::Before::operator()(const std::string& a, const std::string& b) const {
     return CompareText(a, b) < 0;
@@ -45,9 +73,17 @@ void AirfieldTransfer::listAP_Click(const std::vector<std::size_t>& selected) {
 }
 
 void AirfieldTransfer::cmdTransfer_Click(const std::vector<std::size_t>& selected) {
-    Names prefixes;
-    for (const std::size_t place : selected) prefixes.insert(Named(listAP.at(place).Name).Icao);
-    Report(prefixes.empty() ? 0 : ImportCountries(prefixes));
+    added = 0;
+    withoutPlace.clear();
+    if (!selected.empty()) {
+        taken = WaypointNames();
+        Names prefixes;
+        for (const std::size_t place : selected) prefixes.insert(Named(listAP.at(place).Name).Icao);
+        Transaction transaction(shared.DataConn);
+        for (const std::string& prefix : prefixes) ImportCountry(prefix);
+        transaction.Commit();
+    }
+    Report();
 }
 
 AirfieldTransfer::Names AirfieldTransfer::WaypointNames() const {
@@ -65,37 +101,46 @@ AirfieldTransfer::Names AirfieldTransfer::WaypointNames() const {
     return names;
 }
 
-// One walk over the airfields for all countries, and the names of the waypoints read once: the same as a
-// search for each airfield, and with every airport of the world a matter of a second.
-int AirfieldTransfer::ImportCountries(const Names& prefixes) {
-    Names taken = WaypointNames();
-    Transaction transaction(shared.DataConn);
-    Statement airfields(shared.AirfieldConn, "SELECT ICAO, WGS_DLAT, WGS_DLONG FROM ARPT ORDER BY ICAO ASC");
+// From the first code of the prefix on by the index, and the names of the waypoints read once: with every
+// airport of the world a matter of a second. Between the codes of a prefix there may be others, as "édaa" is
+// between "EDAA" and "EDAB".
+void AirfieldTransfer::ImportCountry(const std::string& prefix) {
+    const std::string behindAll = prefix + '\xFF'; // no UTF-8: behind every letter
+    Statement airfields(shared.AirfieldConn,
+                        "SELECT ICAO, WGS_DLAT, WGS_DLONG FROM ARPT WHERE ICAO >= ? ORDER BY ICAO ASC");
+    airfields.Bind(1, prefix);
     Statement insert(shared.DataConn,
                      "INSERT INTO Waypoints (Name, Lat, Long, Kategorie) VALUES (?, ?, ?, ?)");
     insert.Bind(4, cmbKategorie);
-    int added = 0;
     while (airfields.Step()) {
         const std::string icao(airfields.Text(0));
-        if (icao.empty() || !prefixes.contains(CountryPrefix(icao)) || !taken.insert(icao).second) continue;
+        if (CompareText(icao, behindAll) > 0) break;
+        if (!StartsWith(icao, prefix) || taken.contains(icao)) continue;
+        const auto latitude = Coordinate(airfields, 1), longitude = Coordinate(airfields, 2);
+        if (!latitude || !longitude) {
+            withoutPlace.push_back(icao);
+            continue;
+        }
         const StatementRun run(insert);
         insert.Bind(1, icao);
-        insert.Bind(2, ToDegMinValue(airfields.Number(1)));
-        insert.Bind(3, ToDegMinValue(airfields.Number(2)));
+        insert.Bind(2, ToDegMinValue(*latitude));
+        insert.Bind(3, ToDegMinValue(*longitude));
         insert.Step();
+        taken.insert(icao);
         ++added;
     }
-    transaction.Commit();
-    return added;
 }
 
-void AirfieldTransfer::Report(int added) {
-    if (added == 0)
-        return dialogs.Message("Nichts hinzugefügt",
-                               "Es wurden keine Flughäfen hinzugefügt. Flughäfen sind schon vorhanden.");
-    if (added == 1) return dialogs.Message("Flughafen hinzugefügt", "Es wurde ein Flughafen hinzugefügt.");
-    const std::string count = std::to_string(added);
-    dialogs.Message(count + " Flughäfen hinzugefügt", "Es wurden " + count + " Flughäfen hinzugefügt.");
+void AirfieldTransfer::Report() {
+    const auto [title, text] = ReportOf(added);
+    if (withoutPlace.empty()) return dialogs.Message(title, text);
+    const std::size_t left = withoutPlace.size();
+    dialogs.MessageWithList(
+        title,
+        text + "\n" +
+            (left == 1 ? "1 Flughafen ohne Koordinaten wurde ausgelassen:"
+                       : std::to_string(left) + " Flughäfen ohne Koordinaten wurden ausgelassen:"),
+        withoutPlace);
 }
 
 } // namespace ornivane

@@ -15,8 +15,8 @@ namespace ornivane {
 class Statement;
 
 // Makes waypoints of the airfields of whole countries. A waypoint gets the airfield's code as its name, by
-// which the charts know it as an airfield; a name that any waypoint has already is left as it is. The texts
-// exist in German only.
+// which the charts know it as an airfield; a name that any waypoint has already is left as it is. An airfield
+// without coordinates is left out, and told of. The texts exist in German only.
 class AirfieldTransfer {
 public:
     AirfieldTransfer(Variablen& shared, Dialogs& dialogs);
@@ -43,11 +43,16 @@ private:
 
     const AirfieldCountry& Named(const std::string& name) const;
     Names WaypointNames() const;
-    int ImportCountries(const Names& prefixes);
-    void Report(int added);
+    // The airfields whose codes begin with the prefix.
+    void ImportCountry(const std::string& prefix);
+    void Report();
 
     Variablen& shared;
     Dialogs& dialogs;
+    // Of the import that runs.
+    Names taken; // names of waypoints
+    int added = 0;
+    std::vector<std::string> withoutPlace; // codes of airfields that have no coordinates
 };
 
 } // namespace ornivane

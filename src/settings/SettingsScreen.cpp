@@ -44,7 +44,9 @@ void SettingsScreen::Form_Activate() {
     Frame4 = shared.TrackConn.IsOpen();
     frmLuftraumShows = shared.LuftraumConn.IsOpen();
     // A QNH of today is shown, or a mere look at this screen would end it.
-    if (IsQnhOfToday()) shared.tQNH = std::to_string(shared.QNH);
+    // What was typed stays as it is when it is that QNH: 1049.6 is one, and rounded it would be none.
+    const auto typed = ParseNumber(shared.tQNH);
+    if (IsQnhOfToday() && !(typed && Round(*typed) == shared.QNH)) shared.tQNH = std::to_string(shared.QNH);
     if (Frame4) ReadTrack();
     ApplyLanguage();
     Port.Form_Activate();
@@ -103,9 +105,6 @@ void SettingsScreen::Form_Deactivate() {
 
 void SettingsScreen::TakeQnh() {
     Variablen& shared = world.Shared;
-    const auto entered = ParseNumber(shared.tQNH);
-    // 1049.6 was taken and is shown as 1050: nothing was entered since.
-    if (entered && IsQnhOfToday() && *entered == shared.QNH) return;
     EnterQnh(shared, shared.tQNH, DateOf(world.SystemClock.Now()));
 }
 

@@ -56,8 +56,9 @@ frmManager::frmManager(Variablen& variables, Dialogs& dialogs, EventGuard& guard
     logic.Form_Load();
     waypoints.setStringList(Texts(logic.listWegpunkt));
     ShowCategories();
-    parts::SetTexts(*cmbKategorie, logic.Categories, logic.cmbKategorie);
-    cmbKategorie->setCurrentIndex(-1); // also when a category without a name could be chosen
+    parts::SetTexts(*cmbKategorie, logic.Categories, {});
+    cmbKategorie->insertItem(0, QString()); // none
+    cmbKategorie->setCurrentIndex(0);
     ApplyLanguage();
     ShowState();
 }
@@ -106,11 +107,7 @@ void frmManager::ShowCategories() {
     listKategorie->verticalScrollBar()->setValue(listWegpunkt->verticalScrollBar()->value());
 }
 
-// Without a category nothing is given: that would take the waypoints out of theirs.
-void frmManager::ShowState() {
-    cmdZuweisen->setEnabled(cmbKategorie->currentIndex() >= 0 &&
-                            listWegpunkt->selectionModel()->hasSelection());
-}
+void frmManager::ShowState() { cmdZuweisen->setEnabled(listWegpunkt->selectionModel()->hasSelection()); }
 
 void frmManager::ApplyLanguage() {
     const auto text = [this](const char* german, const char* english) {
@@ -127,9 +124,13 @@ void frmManager::ApplyLanguage() {
                                   "Choose waypoints: click or space bar; Ctrl+A takes all"));
     listKategorie->setToolTip(
         text("Die Kategorie des Wegpunkts in dieser Zeile", "The category of the waypoint in this row"));
-    cmbKategorie->setToolTip(text("Die Kategorie, die zugewiesen wird", "The category that is given"));
-    cmdZuweisen->setToolTip(
-        text("Erst Wegpunkte und eine Kategorie wählen", "Choose waypoints and a category first"));
+    cmbKategorie->setToolTip(
+        text("Die Kategorie, die zugewiesen wird; die leere Zeile nimmt die Wegpunkte aus ihrer heraus",
+             "The category that is given; the empty line takes the waypoints out of theirs"));
+    cmdZuweisen->setToolTip(text("Den gewählten Wegpunkten die Kategorie geben, die dort steht; ohne eine "
+                                 "kommen sie aus ihrer heraus",
+                                 "Give the chosen waypoints the category that stands there; without one they "
+                                 "are taken out of theirs"));
     cmdEnd->setToolTip(text("Dieses Fenster schließen", "Close this window"));
 }
 

@@ -11,6 +11,7 @@
 #include "base/Numbers.h"
 #include "base/RuntimeError.h"
 #include "base/Strings.h"
+#include "base/Xml.h"
 #include "store/RecordsetRows.h"
 
 namespace ornivane {
@@ -32,25 +33,6 @@ constexpr int MostDeclarations = 64;        // attributes of an element among wh
 
 [[noreturn]] void Refuse(const std::string& reason) {
     throw RuntimeError(ErrorNumber::TypeMismatch, "no persisted recordset: " + reason);
-}
-
-// XML has no place for most control characters, not even as references: a reader that knows the rules refuses
-// the whole file. So none is written, and none that others wrote gets into a store. Neither does a byte order
-// mark in front, which would be gone after the next reading.
-std::string XmlText(std::string_view bytes) {
-    const std::string text = DecodeText(bytes);
-    std::string clean;
-    clean.reserve(text.size());
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const std::string_view three = std::string_view(text).substr(i, 3);
-        const bool isMark = clean.empty() && three == "\xEF\xBB\xBF";
-        if (isMark || three == "\xEF\xBF\xBE" || three == "\xEF\xBF\xBF") // U+FFFE, U+FFFF: no characters
-            i += 2;
-        else if (static_cast<unsigned char>(text[i]) >= 0x20 || text[i] == '\t' || text[i] == '\n' ||
-                 text[i] == '\r')
-            clean += text[i];
-    }
-    return clean;
 }
 
 // ---- names with a namespace

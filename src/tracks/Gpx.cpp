@@ -5,10 +5,11 @@
 #include <fstream>
 #include <limits>
 
-#include "base/AtomicFile.h"
 #include "base/Format.h"
 #include "base/Numbers.h"
 #include "base/RuntimeError.h"
+#include "base/TemporaryFile.h"
+#include "base/Xml.h"
 
 namespace ornivane {
 
@@ -51,6 +52,15 @@ int Metres(double height) {
     return static_cast<int>(metres);
 }
 
+// Dates and times are texts in the store, and other programs may have written there. The usual ones need
+// nothing: a year of flights has two million of them.
+void WriteText(std::ostream& to, const std::string& text) {
+    if (text.find_first_not_of("0123456789-:") == std::string::npos)
+        to << text;
+    else
+        to << EscapedXml(text);
+}
+
 void Open(std::ostream& to, const char* tag, const TrackPoint& point) {
     to << "\r\n<" << tag << " lat=\"" << Degrees(point.Lat) << "\" lon=\"" << Degrees(point.Long)
        << "\">\r\n";
@@ -69,7 +79,11 @@ void WriteTrack(std::ostream& to, TrackPoints& points) {
     to << "<trk>\r\n<trkseg>\r\n";
     points.ForEach([&to](const TrackPoint& point) {
         Open(to, "trkpt", point);
-        to << " <time>" << point.Date << "T" << point.Time << "Z</time>\r\n</trkpt>\r\n";
+        to << " <time>";
+        WriteText(to, point.Date);
+        to << "T";
+        WriteText(to, point.Time);
+        to << "Z</time>\r\n</trkpt>\r\n";
     });
     to << "</trkseg></trk>\r\n";
 }
@@ -84,20 +98,13 @@ void WriteGpx(std::ostream& to, TrackPoints& points, GpxContent content) {
 }
 
 void SaveGpxFile(const std::filesystem::path& file, TrackPoints& points, GpxContent content) {
-    std::filesystem::path part = file;
-    part += ".part";
-    try {
-        std::ofstream to(part, std::ios::binary | std::ios::trunc);
-        if (!to) throw RuntimeError(ErrorNumber::PermissionDenied);
-        WriteGpx(to, points, content);
-        to.close();
-        if (!to) throw RuntimeError(ErrorNumber::DiskFull);
-        ReplaceFile(part, file);
-    } catch (...) {
-        std::error_code gone;
-        std::filesystem::remove(part, gone);
-        throw;
-    }
+    TemporaryFile temporary(file);
+    std::ofstream to(temporary.Path(), std::ios::binary | std::ios::trunc);
+    if (!to) throw RuntimeError(ErrorNumber::PermissionDenied);
+    WriteGpx(to, points, content);
+    to.close();
+    if (!to) throw RuntimeError(ErrorNumber::DiskFull);
+    temporary.Keep();
 }
 
 } // namespace ornivane

@@ -33,6 +33,11 @@ TEST(AtomicFile, ReplacesAFileAsAWholeAndLeavesNothingElse) {
     WriteFileAtomically(file, "");
     EXPECT_EQ(ReadWholeFile(file), "");
     EXPECT_EQ(FilesIn(folder.Path()), 1);
+    // The longest name that there is; a temporary name is cut between two letters.
+    std::string longest = "x";
+    while (longest.size() < 255) longest += "ä";
+    WriteFileAtomically(folder.Path() / longest, bytes);
+    EXPECT_EQ(ReadWholeFile(folder.Path() / longest), bytes);
 }
 
 TEST(AtomicFile, SaysWhyAFileCannotBeWrittenAndTakesItsTraceAway) {

@@ -65,7 +65,7 @@ TEST_F(HandPlanTest, EveryCellIsWhatAHandWouldWriteThere) {
     Plan->cmdCalc_Click();
     ExpectAsByHand("north");
     for (const auto& [column, text] : {std::pair{4, "95"}, {5, "345"}, {6, "35,5"}, {3, "31"}, {2, "2.5"}}) {
-        ASSERT_TRUE(Plan->gridFlug_BeforeColUpdate(column, text));
+        ASSERT_TRUE(Plan->gridFlug_BeforeColUpdate(column, 1, text));
         Plan->gridFlug_AfterColUpdate(column, 3, text);
     }
     ExpectAsByHand("north edited");
@@ -153,6 +153,7 @@ TEST_F(FlightPlanTest, WrongEntriesAreToldAndThePlanStays) {
 }
 
 TEST_F(FlightPlanTest, CellsAreTestedByTheirColumn) {
+    AddPlan("R", {{50, 7}, {51, 7}});
     Start();
     for (const auto& [column, text, right] : {std::tuple{2, "-12", true},
                                               {2, "x", false},
@@ -164,8 +165,59 @@ TEST_F(FlightPlanTest, CellsAreTestedByTheirColumn) {
                                               {5, "361", false},
                                               {6, "-1", false},
                                               {6, "", false}})
-        EXPECT_EQ(Plan->gridFlug_BeforeColUpdate(column, text), right) << column << " " << text;
+        EXPECT_EQ(Plan->gridFlug_BeforeColUpdate(column, 1, text), right) << column << " " << text;
     EXPECT_EQ(Boxes.Shown, std::vector<std::string>(6, "Datenfehler|Fehler in der Dateneingabe"));
+}
+
+// Direction and speed of the wind share a field of ten characters.
+TEST_F(FlightPlanTest, AWindThatIsTooLongForItsFieldIsToldAsAWrongEntry) {
+    AddPlan("R", {{50, 7}, {51, 7}});
+    Start();
+    Shared.Locale.DecimalSeparator = ',';
+    Enter({"0", "20", "120", "359,5", "25"});
+    Plan->cmdCalc_Click();
+    ASSERT_EQ(Cell(2, "Wind"), "359,5 / 25");
+    const auto before = PlanRows(Plan->PlanSet);
+    for (const auto& [direction, speed, wrong] : {std::tuple{"359.5", "25.5", PlanEntry::tWinddir},
+                                                  {"12,5", "10.25", PlanEntry::tWindspeed},
+                                                  {"3", "0.000001234567", PlanEntry::tWindspeed}}) {
+        Shared.EnglishUI ^= 1;
+        Enter({"0", "20", "120", direction, speed});
+        Boxes.Shown.clear();
+        Plan->cmdCalc_Click();
+        EXPECT_EQ(Boxes.Shown, std::vector<std::string>{"Datenfehler|Fehler in der Dateneingabe..."});
+        EXPECT_EQ(Plan->FocusEntry, wrong) << direction << " " << speed;
+        EXPECT_EQ(Plan->EntryStates[static_cast<std::size_t>(wrong)], EntryState::Wrong);
+        EXPECT_EQ(PlanRows(Plan->PlanSet), before);
+    }
+    Boxes.Shown.clear();
+    EXPECT_FALSE(Plan->gridFlug_BeforeColUpdate(5, 1, "123,45"));
+    EXPECT_FALSE(Plan->gridFlug_BeforeColUpdate(6, 1, "25,5"));
+    EXPECT_EQ(Boxes.Shown, std::vector<std::string>(2, "Datenfehler|Fehler in der Dateneingabe"));
+    EXPECT_TRUE(Plan->gridFlug_BeforeColUpdate(6, 1, "99"));
+}
+
+// Plans of older installations may have more.
+TEST_F(FlightPlanTest, AWindOfASavedPlanThatIsTooLongIsToldWithItsPlace) {
+    AddPlan("R", {{50, 7}, {51, 7}});
+    Start();
+    Plan->Form_Deactivate();
+    std::string file = ReadWholeFile(PlanFile("R")).value();
+    const std::string saved = "Windrichtung='0' Windstärke='0' GS='120'";
+    ASSERT_NE(file.find(saved), std::string::npos);
+    file.replace(file.find(saved), saved.size(), "Windrichtung='123.456' Windstärke='7.25'");
+    WriteFileAtomically(PlanFile("R"), file);
+    try {
+        Plan->cmdRevert_Click();
+        FAIL() << Cell(2, "Wind");
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(DescribeError(error, false), "Überlauf (6): P2: Wind 123.456 / 7.25");
+    }
+    EXPECT_EQ(Cell(2, "Wind"), "0 / 0");
+    Plan->cmdCalc_Click(); // the way out: what stands above, for every leg
+    Plan->Form_Deactivate();
+    Plan->cmdRevert_Click();
+    EXPECT_EQ(Cell(2, "Wind"), "0 / 0");
 }
 
 // Ground speed 0, one point, too much wind: the event ends with an error, the plan before stays and is saved.

@@ -104,6 +104,26 @@ TEST_F(TrackLoggerTest, StartsAndStopsByItselfAt30Knots) {
     EXPECT_EQ(Buttons(), "hand ");
 }
 
+TEST_F(TrackLoggerTest, AClickThatStopsWritesTheSettingsAlsoOfARecordingByHand) {
+    TrackLogger& logger = Begin(false);
+    logger.cmdRecord_Click();
+    logger.picRecord_Click();
+    EXPECT_EQ(ReadWholeFile(Folder.Path() / "track.crm").value_or("none"), "1\r\n10\r\n0\r\n");
+}
+
+TEST_F(TrackLoggerTest, WithoutAFixAClickEndsTheAutomaticModeAndTheNextIntervalTheRecording) {
+    TrackLogger& logger = Begin(true);
+    Screen->Readouts.SpeedReceived("90");
+    Screen->Readouts.FixLost();
+    logger.picRecord_Click();
+    EXPECT_EQ(Buttons(), "running");
+    EXPECT_FALSE(Shared.TrackAuto);
+    EXPECT_EQ(ReadWholeFile(Folder.Path() / "track.crm").value_or("none"), "1\r\n10\r\n0\r\n");
+    Tick();
+    EXPECT_EQ(Buttons(), "hand ");
+    EXPECT_EQ(TrackTimer.Interval(), 0);
+}
+
 TEST_F(TrackLoggerTest, ALostFixEndsTheRecordingAndSpeedBeginsANewOne) {
     Begin(true);
     Screen->Readouts.gps_SpeedReceived("90");

@@ -1,9 +1,12 @@
+#include <QBuffer>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPainter>
 #include <QProcess>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QSvgGenerator>
 #include <QTest>
 #include <cmath>
 
@@ -143,6 +146,47 @@ TEST_F(FlightPlanFormTest, AWrongEntryTakesTheFocusAndAnErrorIsANotice) {
     EXPECT_FALSE(Notices.isHidden());
 }
 
+// What a widget paints, as the texts of a picture.
+std::string TextsOf(QWidget& widget) {
+    QBuffer svg;
+    QSvgGenerator generator;
+    generator.setOutputDevice(&svg);
+    generator.setSize(widget.size());
+    QPainter painter(&generator);
+    widget.render(&painter);
+    painter.end();
+    std::string texts;
+    static const QRegularExpression text(">([^<]*)</text>");
+    for (auto found = text.globalMatch(QString::fromUtf8(svg.data())); found.hasNext();)
+        texts += found.next().captured(1).toStdString();
+    return texts;
+}
+
+TEST_F(FlightPlanFormTest, ANumberIsNeverCutOnTheScreen) {
+    Shared.Locale.DecimalSeparator = ',';
+    Form->Logic().Entries = {"-123456789,125", "1e300", "123,4", "33", "17"};
+    Form->ApplyLanguage();
+    QTest::mouseClick(&Find<QPushButton>("cmdCalc"), Qt::LeftButton);
+    const std::string texts = TextsOf(*Find<frmPlanGrid>("gridFlug").viewport());
+    for (int column = 2; column < 13; ++column)
+        EXPECT_NE(texts.find(Cell(1, column)), std::string::npos) << Cell(1, column) << " in " << texts;
+    for (const char* name : {"tVAR", "tFF"}) {
+        auto& field = Find<QLineEdit>(name);
+        EXPECT_LT(QFontMetrics(field.font()).horizontalAdvance(field.text()), field.width() - 20) << name;
+    }
+}
+
+// An edited fuel flow is forgotten by the next computation.
+TEST_F(FlightPlanFormTest, TheColumnOfTheFuelFlowTellsHowLongAnEditCounts) {
+    auto& model = *Find<frmPlanGrid>("gridFlug").model();
+    const auto tip = [&] { return model.headerData(3, Qt::Horizontal, Qt::ToolTipRole).toString(); };
+    EXPECT_TRUE(tip().contains("until the plan is computed again"));
+    EXPECT_EQ(model.index(1, 3).data(Qt::ToolTipRole).toString(), tip());
+    Shared.EnglishUI = 0;
+    EXPECT_TRUE(tip().contains("bis der Plan neu berechnet wird"));
+    EXPECT_EQ(model.headerData(4, Qt::Horizontal, Qt::ToolTipRole).toString(), "");
+}
+
 TEST_F(FlightPlanFormTest, CaptionsFollowTheLanguageAndTheRouteItsPlan) {
     EXPECT_EQ(Find<QPushButton>("cmdRevert").text(), "Cancel calculation");
     Shared.EnglishUI = 0;
@@ -158,7 +202,7 @@ TEST_F(FlightPlanFormTest, CaptionsFollowTheLanguageAndTheRouteItsPlan) {
 // ---- The printed log ----
 
 struct Word {
-    double X, Y; // points from the top left of the page
+    double X, Y, Right, Bottom; // points from the top left of the page
     QString Text;
 };
 
@@ -167,13 +211,15 @@ std::vector<std::vector<Word>> WordsOf(const QString& pdf) {
     reader.start("pdftotext", {"-bbox", pdf, "-"});
     reader.waitForFinished();
     std::vector<std::vector<Word>> pages;
-    const QRegularExpression word(R"r(<word xMin="([\d.]+)" yMin="([\d.]+)"[^>]*>([^<]*)<)r");
+    const QRegularExpression word(
+        R"r(<word xMin="([\d.]+)" yMin="([\d.]+)" xMax="([\d.]+)" yMax="([\d.]+)">([^<]*)<)r");
     for (const QString& line : QString::fromUtf8(reader.readAllStandardOutput()).split('\n')) {
         if (line.contains("<page ")) pages.emplace_back();
         const auto match = word.match(line);
         if (match.hasMatch() && !pages.empty())
-            pages.back().push_back(
-                {match.captured(1).toDouble(), match.captured(2).toDouble(), match.captured(3)});
+            pages.back().push_back({match.captured(1).toDouble(), match.captured(2).toDouble(),
+                                    match.captured(3).toDouble(), match.captured(4).toDouble(),
+                                    match.captured(5)});
     }
     return pages;
 }
@@ -211,8 +257,11 @@ protected:
         FlightPlan& plan = Form->Logic();
         plan.cmbRoute_Click(2);
         const auto file = Folder.Path() / "plan.pdf";
+        const auto another = Folder.Path() / "plan.pdf.part"; // of the user, whatever it is
+        WriteFileAtomically(another, "mine");
         Boxes.File = file;
         QTest::mouseClick(&Find<QPushButton>("cmdPDF"), Qt::LeftButton);
+        EXPECT_EQ(ReadWholeFile(another).value_or("gone"), "mine");
         EXPECT_EQ(Boxes.FileAsked->Start.filename(), "Printed.pdf");
         return QString::fromStdString(file.string());
     }
@@ -268,6 +317,32 @@ protected:
             ExpectPage(pages[i], words[i], Render(pdf, static_cast<int>(i) + 1));
     }
 };
+
+TEST_F(PrintedLogTest, ANumberIsNeverCutOnPaper) {
+    Shared.Locale.DecimalSeparator = ',';
+    Form->Logic().Entries = {"-123456789,125", "123456789,1", "123,4", "33", "17"};
+    const auto words = WordsOf(Print({6.0, 7.0, 8.0})).at(0);
+    const FlightPlan& plan = Form->Logic();
+    const auto page = report::LayOut(
+        plan.PlanSet, {plan.lblDistanz, plan.lblZeit, plan.Entries[1], plan.lblFF, plan.lblAvgWind},
+        16838 - 2 * 567, Shared.Locale)[0];
+    int printed = 0;
+    for (const report::Item& item : page) {
+        if (item.What != report::Item::Kind::Value || item.Name == "Text1") continue;
+        const double left = (Left() + item.Left) / 20 - 0.5,
+                     right = (Left() + item.Left + item.Width) / 20 + 0.5;
+        const double top = (Top + item.Top) / 20, bottom = top + item.Height / 20.0;
+        QString there;
+        for (const Word& word : words) {
+            const double middle = (word.Y + word.Bottom) / 2;
+            if (word.X >= left && word.X < right && middle > top && middle < bottom && word.Right <= right)
+                there += word.Text;
+        }
+        EXPECT_EQ(there, QString::fromStdString(item.Text).remove(' ')) << item.Name;
+        ++printed;
+    }
+    EXPECT_EQ(printed, 5 + 3 * 11);
+}
 
 TEST_F(PrintedLogTest, SixPointsStandWhereTheLayoutHasThem) { ExpectPrinted(6, 1); }
 

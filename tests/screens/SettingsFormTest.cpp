@@ -191,7 +191,6 @@ TEST_F(SettingsFormTest, AStoreThatFailsLeavesTheOtherSettings) {
 }
 
 TEST_F(SettingsFormTest, TheManagersListsMoveAsOne) {
-    Sql("UPDATE Kategorie SET Kategorie = '' WHERE Nummer = 1"); // it is not chosen because it has no name
     Sql("INSERT INTO Waypoints (Name, Lat, Long, Kategorie) WITH RECURSIVE n(i) AS (SELECT 1000 UNION ALL "
         "SELECT i + 1 FROM n WHERE i < 1400) SELECT 'W' || i, 50, 7, '' FROM n");
     frmManager manager(Shared, Boxes, Guard, nullptr);
@@ -208,15 +207,22 @@ TEST_F(SettingsFormTest, TheManagersListsMoveAsOne) {
     categories.verticalScrollBar()->setValue(200);
     EXPECT_EQ(waypoints.verticalScrollBar()->value(), 200);
 
+    EXPECT_FALSE(assign.isEnabled()) << "no waypoint is chosen";
     waypoints.selectAll();
-    EXPECT_FALSE(assign.isEnabled()) << "no category is chosen";
     auto& choice = In<QComboBox>(manager, "cmbKategorie");
-    choice.setCurrentIndex(2);
-    emit choice.activated(2);
-    QTest::mouseClick(&assign, Qt::LeftButton);
+    const auto assignChoice = [&](int index) {
+        choice.setCurrentIndex(index);
+        emit choice.activated(index);
+        QTest::mouseClick(&assign, Qt::LeftButton);
+    };
+    EXPECT_EQ(choice.currentText(), "");
+    assignChoice(choice.findText("Platz"));
     EXPECT_EQ(One("SELECT count(*) FROM Waypoints WHERE Kategorie = 'Platz'"), "402");
     EXPECT_EQ(categories.model()->index(401, 0).data().toString(), "Platz");
     EXPECT_EQ(categories.verticalScrollBar()->value(), 200);
+    assignChoice(0); // the empty text takes them out again
+    EXPECT_EQ(One("SELECT count(*) FROM Waypoints WHERE Kategorie = ''"), "402");
+    EXPECT_EQ(categories.model()->index(401, 0).data().toString(), "");
 }
 
 TEST_F(SettingsFormTest, TheImportShowsWhatItWillTake) {

@@ -76,11 +76,47 @@ TEST_F(AirfieldTransferTest, AddsOnlyNewNamesAndTellsHowMany) {
             "Flughafen hinzugefügt|Es wurde ein Flughafen hinzugefügt."));
 }
 
+// A row of one letter takes all codes of that letter into its group: what the list counts is what comes.
+TEST_F(AirfieldTransferTest, AStrayRowHidesNoAirfieldFromTheImport) {
+    AddWaypoint("Bonn");
+    Shared.AirfieldConn.Execute(
+        "INSERT INTO ARPT (ICAO, WGS_DLAT, WGS_DLONG) VALUES ('e', 5, 5), (' ', 6, 6), ('YY%', 7, 7)");
+    Transfer.Form_Load();
+    EXPECT_THAT(Transfer.listAP, ElementsAre(AirfieldCountry{"LF", "Frankreich", 1},
+                                             AirfieldCountry{"e", "Kein Land gefunden", 4},
+                                             AirfieldCountry{"XX", "Kein Land gefunden", 1},
+                                             AirfieldCountry{"YY", "Kein Land gefunden", 3}));
+    Transfer.listAP_Click({1});
+    EXPECT_EQ(Transfer.lblCount, "4 Flughäfen");
+    Transfer.cmbKategorie_Click("Platz");
+    Transfer.cmdTransfer_Click({1});
+    EXPECT_EQ(Waypoints(), "Bonn 9 9 own, e 5 5 Platz, EDKB 50.45 7.15 Platz, EDZZ 1 1 Platz, "
+                           "EDZZZ 2 2 Platz, ");
+    EXPECT_THAT(Dialogs.Shown, ElementsAre("4 Flughäfen hinzugefügt|Es wurden 4 Flughäfen hinzugefügt."));
+}
+
+TEST_F(AirfieldTransferTest, LeavesOutAirfieldsWithoutCoordinatesAndTellsWhich) {
+    AddWaypoint("EDZZ");
+    Shared.AirfieldConn.Execute("UPDATE ARPT SET WGS_DLAT = NULL WHERE ICAO <> 'EDZZZ'");
+    Shared.AirfieldConn.Execute("INSERT INTO ARPT (ICAO, WGS_DLAT, WGS_DLONG) VALUES ('LFAA', 1, 'x')");
+    Transfer.Form_Load();
+    Transfer.cmdTransfer_Click({0, 1});
+    EXPECT_EQ(Waypoints(), "EDZZ 9 9 own, EDZZZ 2 2 Peter's, ");
+    Transfer.cmdTransfer_Click({0, 1});
+    EXPECT_THAT(
+        Dialogs.Shown,
+        ElementsAre("Flughafen hinzugefügt|Es wurde ein Flughafen hinzugefügt.\n"
+                    "3 Flughäfen ohne Koordinaten wurden ausgelassen:\nEDKB\nLFAA\nLFPB",
+                    "Nichts hinzugefügt|Es wurden keine Flughäfen hinzugefügt. Flughäfen sind schon "
+                    "vorhanden.\n3 Flughäfen ohne Koordinaten wurden ausgelassen:\nEDKB\nLFAA\nLFPB"));
+}
+
 TEST_F(AirfieldTransferTest, TakesAllOrNothing) {
     Transfer.Form_Load();
     EXPECT_THROW(Transfer.cmdTransfer_Click({0}), RuntimeError) << "there is no waypoint at all";
     AddWaypoint("Bonn");
-    Shared.AirfieldConn.Execute("UPDATE ARPT SET WGS_DLAT = NULL WHERE ICAO = 'LFPB'");
+    Sql("CREATE TRIGGER Refuse BEFORE INSERT ON Waypoints WHEN NEW.Name = 'LFPB' "
+        "BEGIN SELECT RAISE(ABORT, 'no'); END");
     EXPECT_THROW(Transfer.cmdTransfer_Click({0, 1}), RuntimeError);
     EXPECT_EQ(Waypoints(), "Bonn 9 9 own, ");
 }

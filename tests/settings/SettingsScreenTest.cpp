@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "app/Stores.h"
+#include "common/SettingsFiles.h"
 #include "gps/GpsFakes.h"
 #include "settings/SettingsScreen.h"
 #include "support/SetClock.h"
@@ -105,6 +106,26 @@ TEST_F(SettingsScreenTest, ALookAtTheScreenKeepsTheQnhOfTodayAndNoOlderOne) {
     Screen.Form_Activate();
     Screen.Form_Deactivate();
     EXPECT_EQ(Bytes("LR.crm"), "1013\r\n#2026-11-22#\r\n");
+}
+
+TEST_F(SettingsScreenTest, AQnhOutOfRangeIsNoneAlsoWhenItIsTheStoredOne) {
+    Shared.QNHDate = Date{2026, 11, 22};
+    for (const std::int16_t stored : {std::int16_t{900}, std::int16_t{1050}}) {
+        Shared.QNH = stored; // as read from the file at the start
+        Screen.Form_Activate();
+        EXPECT_EQ(Shared.tQNH, std::to_string(stored));
+        Screen.Form_Deactivate();
+        EXPECT_EQ(Shared.QNH, 1013);
+        EXPECT_EQ(Shared.tQNH, "1013");
+    }
+}
+
+TEST_F(SettingsScreenTest, TheFileOfTheQnhHasItsDateAlsoWhenNoneWasEverEntered) {
+    Shared.tQNH = "low";
+    Screen.Form_Deactivate();
+    EXPECT_EQ(Bytes("LR.crm"), "1013\r\n#1899-12-30#\r\n");
+    QnhSettings read;
+    EXPECT_TRUE(ReadQnhSettings(Folder.Path(), read));
 }
 
 TEST_F(SettingsScreenTest, IntervalsThatAreNoneAreTheFirstOfTheList) {

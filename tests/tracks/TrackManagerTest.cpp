@@ -210,6 +210,34 @@ TEST_F(TrackManagerTest, DegreesAreWrittenAsTheirPictureHasThem) {
     EXPECT_EQ(written, expected);
 }
 
+// The store may have been written by other programs.
+TEST_F(TrackManagerTest, TextsOfTheStoreNeverBreakTheFile) {
+    Logger.Execute("DELETE FROM Track WHERE Number = 2");
+    Logger.Execute("UPDATE Track SET \"Date\" = ?, \"Time\" = ?",
+                   {std::string("</time>&\"'\x01\xEF\xBF\xBE"), std::string("a\xFC")});
+    Manager.listTrack_MouseUp(0);
+    EXPECT_NE(Exported(&TrackManager::cmdTrack_Click).find("<time>&lt;/time&gt;&amp;&quot;&apos;TaüZ</time>"),
+              std::string::npos)
+        << Exported(&TrackManager::cmdTrack_Click);
+}
+
+TEST_F(TrackManagerTest, AnExportTouchesNoOtherFileOfTheUser) {
+    const auto other = Folder.Path() / "out.gpx.part";
+    std::ofstream(other) << "mine";
+    const auto files = [this] {
+        return std::distance(std::filesystem::directory_iterator(Folder.Path()), {});
+    };
+    const auto before = files();
+    Manager.listTrack_MouseUp(0);
+    EXPECT_NE(Exported(&TrackManager::cmdTrack_Click), "none");
+    EXPECT_EQ(ReadWholeFile(other).value_or("gone"), "mine");
+    EXPECT_EQ(files(), before + 1);
+    Logger.Execute("UPDATE Track SET Height = 1e300"); // no altitude: the export ends half-way
+    EXPECT_THROW(Exported(&TrackManager::cmdTrack_Click), RuntimeError);
+    EXPECT_EQ(ReadWholeFile(other).value_or("gone"), "mine");
+    EXPECT_EQ(files(), before + 1);
+}
+
 TEST_F(TrackManagerTest, AFileThatCannotBeWrittenIsLeftInSilence) {
     Manager.listTrack_MouseUp(0);
     Boxes.File = Folder.Path() / "missing" / "out.gpx";

@@ -1,13 +1,48 @@
 #include "platform/qt/QtDialogs.h"
 
+#include <QDialogButtonBox>
+#include <QGridLayout>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QStringList>
+#include <algorithm>
 
 namespace ornivane {
 
+namespace {
+
+constexpr int MostLines = 10; // of a list that show at once; the others are scrolled to
+
+// Between the text and the button.
+void AddList(QMessageBox& box, const QString& text) {
+    auto* list = new QPlainTextEdit(text);
+    list->setObjectName("list");
+    list->setReadOnly(true);
+    list->setTabChangesFocus(true);
+    const int lines = std::min(MostLines, list->blockCount());
+    list->setFixedHeight((lines + 1) * list->fontMetrics().lineSpacing());
+    auto* grid = qobject_cast<QGridLayout*>(box.layout());
+    QWidget* buttons = box.findChild<QDialogButtonBox*>();
+    grid->removeWidget(buttons);
+    grid->addWidget(list, grid->rowCount(), 0, 1, grid->columnCount());
+    grid->addWidget(buttons, grid->rowCount(), 0, 1, grid->columnCount());
+}
+
+} // namespace
+
 void QtDialogs::Message(const std::string& title, const std::string& text) {
-    const Box box{QString::fromStdString(title), QString::fromStdString(text)};
+    Show({QString::fromStdString(title), QString::fromStdString(text), {}});
+}
+
+void QtDialogs::MessageWithList(const std::string& title, const std::string& text,
+                                const std::vector<std::string>& list) {
+    QStringList lines;
+    for (const std::string& line : list) lines << QString::fromStdString(line);
+    Show({QString::fromStdString(title), QString::fromStdString(text), lines.join('\n')});
+}
+
+void QtDialogs::Show(const Box& box) {
     if (waiting.contains(box)) return;
     waiting.enqueue(box);
     if (!standing) ShowNext();
@@ -25,17 +60,18 @@ void QtDialogs::ShowNext() {
 }
 
 QMessageBox* QtDialogs::Make(const Box& box) {
-    auto* made = new QMessageBox(QMessageBox::NoIcon, box.first, box.second, QMessageBox::Ok, parent);
+    auto* made = new QMessageBox(QMessageBox::NoIcon, box.Title, box.Text, QMessageBox::Ok, parent);
     made->setObjectName("messageBox");
     made->setTextFormat(Qt::PlainText); // a name is never markup
     made->setAttribute(Qt::WA_DeleteOnClose);
+    if (!box.List.isEmpty()) AddList(*made, box.List);
     return made;
 }
 
 void QtDialogs::MessageBeside(const std::string& title, const std::string& text) {
-    const Box box{QString::fromStdString(title), QString::fromStdString(text)};
+    const Box box{QString::fromStdString(title), QString::fromStdString(text), {}};
     if (beside) {
-        beside->setText(box.second);
+        beside->setText(box.Text);
         return;
     }
     beside = Make(box);

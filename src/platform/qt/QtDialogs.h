@@ -4,7 +4,6 @@
 #include <QPointer>
 #include <QQueue>
 #include <QWidget>
-#include <utility>
 
 #include "platform/Dialogs.h"
 
@@ -18,6 +17,8 @@ public:
     void SetWindow(QWidget* window) { parent = window; }
 
     void Message(const std::string& title, const std::string& text) override;
+    void MessageWithList(const std::string& title, const std::string& text,
+                         const std::vector<std::string>& list) override;
     void MessageBeside(const std::string& title, const std::string& text) override;
     void MessageAndWait(const std::string& title, const std::string& text) override;
     void MessageWithDetails(const std::string& title, const std::string& text,
@@ -28,7 +29,12 @@ public:
     std::optional<std::filesystem::path> SaveFile(const FileQuestion& question) override;
 
 private:
-    using Box = std::pair<QString, QString>;
+    struct Box {
+        QString Title, Text;
+        QString List; // below the text; may be empty
+        bool operator==(const Box&) const = default;
+    };
+    void Show(const Box& box);
     void ShowNext();
     QMessageBox* Make(const Box& box);
     std::optional<std::filesystem::path> Ask(QFileDialog& dialog, const FileQuestion& question);
