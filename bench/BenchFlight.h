@@ -72,7 +72,7 @@ struct Flight : ChartFolder {
             [] {}, [] {});
         Screen->Form_Load();
         Screen->Form_Activate();
-        Screen->Readouts.FixObtained();
+        Screen->Readouts.gps_FixObtained();
         Screen->State.CurLat = 50;
         Screen->State.CurLong = 9;
         Screen->Map.cmdKartezentrieren_Click();

@@ -14,12 +14,12 @@ TEST(MeasureTool, ShowsDistanceAndBearingInAllDirections) {
         double Lat1, Long1, Lat2, Long2;
         const char *Distance, *Bearing;
     } const pairs[] = {
-        {50.30, 7.00, 51.00, 7.45, "41.4 NM", "43 °"},       // north-east
-        {50.30, 7.00, 50.00, 7.45, "41.6 NM", "136 °"},      // south-east
-        {50.30, 7.00, 50.00, 6.15, "41.6 NM", "224 °"},      // south-west
-        {50.30, 7.00, 51.00, 6.15, "41.4 NM", "316 °"},      // north-west
-        {50.30, 7.00, 49.30, 7.00, "60.0 NM", "180 °"},      // the meridian to the south
-        {50.30, 7.00, 51.30, 7.00, "60.0 NM", "360 °"},      // and to the north
+        {50.30, 7.00, 51.00, 7.45, "41.4 NM", "43 °"},  // north-east
+        {50.30, 7.00, 50.00, 7.45, "41.6 NM", "136 °"}, // south-east
+        {50.30, 7.00, 50.00, 6.15, "41.6 NM", "224 °"}, // south-west
+        {50.30, 7.00, 51.00, 6.15, "41.4 NM", "316 °"}, // north-west
+        {50.30, 7.00, 49.30, 7.00, "60.0 NM", "180 °"}, // the meridian to the south
+        {50.30, 7.00, 51.30, 7.00, "60.0 NM", "360 °"}, // and to the north
         {48.00, 9.10, 48.59, 9.10, "59.0 NM", "360 °"},
         {47.21, 11.05, 53.02, 11.05, "341.0 NM", "360 °"},
         {50.30, 7.00, 50.30, 8.00, "38.2 NM", "90 °"},       // the parallel to the east
