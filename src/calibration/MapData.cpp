@@ -15,6 +15,7 @@ namespace ornivane {
 namespace {
 
 constexpr const char* AllMaps = "SELECT * FROM Maps ORDER BY Name";
+constexpr const char* ActiveMaps = "SELECT * FROM Maps WHERE Active <> 0 ORDER BY Name";
 constexpr std::array EdgeFields = {"Unten", "Oben", "Links", "Rechts"};
 constexpr double MetresPerDegree = 60 * 1000 * KilometresPerNauticalMile;
 // Charts of conformal projections and those drawn for their middle latitude stay below; a minute mistyped on
@@ -84,8 +85,9 @@ void MapData::FillMapList() {
     try {
         OpenRows();
         if (images) DropRowsWithoutImage();
-        shared.MapsSet.Requery();
         MapRowsSet.Requery();
+        RequeryActiveMaps();
+        shared.ChartsChanged.Raise();
     } catch (...) {
         // The next choice must be shown: the fields still have the frame of a chart that is not selected.
         SkipMapClick = false;
@@ -203,7 +205,7 @@ void MapData::ShowRow() {
         cmbLatLong[i] = edge >= 0 ? 0 : 1;
         tKarten[i] = NumberText(std::abs(edge), shared.Locale);
     }
-    shared.MapsSet.Requery();
+    RequeryActiveMaps();
 }
 
 // The frame of a side file is no row yet: its fields stay in the colour of what is not stored.
@@ -295,7 +297,15 @@ void MapData::WriteRow(const std::string& name, const FrameEdges& edges, bool fl
 
 void MapData::RowWritten() {
     SetEdgeStates(EdgeState::Stored);
-    shared.MapsSet.Requery();
+    RequeryActiveMaps();
+    shared.ChartsChanged.Raise();
+}
+
+void MapData::RequeryActiveMaps() {
+    if (ActiveMapsSet.IsOpen())
+        ActiveMapsSet.Requery();
+    else
+        ActiveMapsSet.Open(shared.DataConn, ActiveMaps);
 }
 
 void MapData::SetRow(const std::string& name, const FrameEdges& edges, bool flip) {

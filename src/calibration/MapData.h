@@ -9,6 +9,7 @@
 #include "common/Variablen.h"
 #include "platform/Dialogs.h"
 #include "platform/PictureSurface.h"
+#include "store/Recordset.h"
 
 namespace ornivane {
 
@@ -55,6 +56,8 @@ public:
     // differ: a mistyped edge shows there. Empty while frame or size are no numbers.
     std::string ScaleText() const;
 
+    Recordset ActiveMapsSet; // of gridMaps: what is active now
+
     // listKarten
     std::vector<Entry> listKarten;
     int ListIndex = -1;
@@ -83,6 +86,7 @@ private:
     void WriteRow(const std::string& name, const FrameEdges& edges, bool flip);
     void SetRow(const std::string& name, const FrameEdges& edges, bool flip);
     void RowWritten();
+    void RequeryActiveMaps();
     void OpenRows();
     void ShowNothing();
     void SetEdgeStates(EdgeState state) { EdgeStates.fill(state); }

@@ -7,6 +7,7 @@
 #include "map/Viewport.h"
 #include "platform/PictureSurface.h"
 #include "platform/Timer.h"
+#include "store/Recordset.h"
 
 namespace ornivane {
 

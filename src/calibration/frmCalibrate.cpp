@@ -205,8 +205,8 @@ void frmCalibrate::MakeActiveMaps(QBoxLayout& layout) {
     gridMaps = Named(new QTableView, "gridMaps");
     column->addWidget(gridMaps);
     mapsModel = std::make_unique<RecordsetModel>(
-        shared.MapsSet, std::vector<RecordsetModel::Column>{
-                            {"Name", [this] { return Text("Kartendatei", "Maps"); }, nullptr}});
+        logic->ActiveMapsSet, std::vector<RecordsetModel::Column>{
+                                  {"Name", [this] { return Text("Kartendatei", "Maps"); }, nullptr}});
     mapsBinding = std::make_unique<GridBinding>(*mapsModel, *gridMaps);
     gridMaps->horizontalHeader()->setStretchLastSection(true);
     layout.addWidget(Frame3, 1);

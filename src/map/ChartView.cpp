@@ -49,6 +49,7 @@ void ChartView::InitializeData() {
     if (!HasMap()) return;
     progress.SetVisible(true);
     progress.SetValue(50);
+    viewIsOf.reset();
     LoadPicture();
     try {
         const MapFrame frame = MapCatalogue::FrameOf(maps);
@@ -60,6 +61,7 @@ void ChartView::InitializeData() {
         View = OpenedView(Sizes);
         Sizes.HalfWidth = View.SW;
         SlideMap = 0;
+        viewIsOf = taken->Name;
         RestoreMapPosition();
     } catch (const RuntimeError&) {
         surface.Cls();
@@ -82,6 +84,14 @@ bool ChartView::RowHasChanged() const {
     } catch (const RuntimeError&) {
         return true; // a row without a frame was never taken in
     }
+}
+
+void ChartView::ChartsChanged() {
+    if (!maps.IsOpen()) return;
+    const std::string chart = maps.Eof() ? std::string() : maps.TextOrEmpty("Name");
+    maps.Requery();
+    FindMap(chart);
+    if (!HasMap()) viewIsOf.reset(); // the screen will come back without a map
 }
 
 void ChartView::updateMapInfo() {
@@ -132,10 +142,10 @@ void ChartView::Pan(double dx, double dy) {
 }
 
 MapTransform ChartView::Transform() const {
-    const MapFrame frame = MapCatalogue::FrameOf(maps);
+    if (!taken) throw RuntimeError(ErrorNumber::NoCurrentRecord);
     MapScale placed = scale;
-    placed.Links = ToDecimalDegrees(frame.Links);
-    placed.Unten = ToDecimalDegrees(frame.Unten);
+    placed.Links = ToDecimalDegrees(taken->Frame.Links);
+    placed.Unten = ToDecimalDegrees(taken->Frame.Unten);
     placed.Höhe = Höhe;
     return {placed, View, surface.ScaleWidth(), surface.ScaleHeight()};
 }

@@ -10,6 +10,7 @@
 #include "map/Viewport.h"
 #include "platform/Dialogs.h"
 #include "platform/PictureSurface.h"
+#include "store/Recordset.h"
 
 namespace ornivane {
 
@@ -31,6 +32,9 @@ public:
     void InitializeData();
     // The current row is another one, or has another frame, than what InitializeData took in.
     bool RowHasChanged() const;
+    // Another screen has changed the catalogue: the list anew, on the same map if it is still there. What
+    // shows stays until InitializeData.
+    void ChartsChanged();
     // Fills the list of cmbMaps anew.
     virtual void updateMapInfo();
     // The map of that name, else the first.
@@ -45,9 +49,12 @@ public:
     virtual bool CanPan() const { return SlideMap != SlideMax; }
     void Pan(double dx, double dy);
 
-    // From the edges of the current row, read anew at each call.
+    // From the edges that InitializeData took in, whatever row the list stands on now. RuntimeError
+    // NoCurrentRecord before that.
     MapTransform Transform() const;
-    std::string Name() const; // of the map that shows
+    std::string Name() const; // of the current row
+    // The map that view and slider belong to; none before there is one, and while its frame has no extent.
+    const std::optional<std::string>& ViewIsOf() const { return viewIsOf; }
 
     // cmbMaps
     std::string cmbMaps;
@@ -84,6 +91,7 @@ private:
     MapScale scale;     // of the row that was taken in
     std::string loaded; // path, size and time of the image in picStorage
     std::optional<TakenIn> taken;
+    std::optional<std::string> viewIsOf;
 };
 
 } // namespace ornivane

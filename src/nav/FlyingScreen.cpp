@@ -11,7 +11,7 @@ FlyingScreen::FlyingScreen(const FlyingScreenWorld& w, std::function<void()> sta
                            std::function<void()> focusOnMap)
     : Link(w.MSComm1, w.timerCheck, w.Messages, w.SystemClock, w.Shared, *this),
       Readouts(State, w.Shared.Locale, *this), gps(Readouts),
-      Map(w.Shared, w.picStorage, w.picMap, w.progBar, w.Messages, *this),
+      Map(w.Shared, MapsSet, w.picStorage, w.picMap, w.progBar, w.Messages, *this),
       Ring(w.Shared, Map, w.picMap, w.progBar), Route(w.Shared, State, *this),
       ActiveLeg(State, w.Shared.Locale, w.SystemClock), Wind(State, w.Shared.Locale, w.picWind),
       Instruments(w.Shared, State, w.Kurskreisel, w.Picture1, w.Messages),
@@ -27,14 +27,14 @@ FlyingScreen::FlyingScreen(const FlyingScreenWorld& w, std::function<void()> sta
                                                    "four characters, but no airfield. The map ends here; "
                                                    "please rename it."));
           }),
-      world(w), changed(std::move(stateChanged)), focusMap(std::move(focusOnMap)) {
+      world(w), changed(std::move(stateChanged)), focusMap(std::move(focusOnMap)),
+      chartsChanged(w.Shared.ChartsChanged, [this] { Map.ChartsChanged(); }) {
     Link.SetInterpreter(gps);
 }
 
 void FlyingScreen::Form_Load() {
     Route.OpenRoutes();
-    world.Shared.MapsSet.Open(world.Shared.DataConn,
-                              "SELECT * From Maps Where Active <> 0 Order by NAME ASC");
+    MapsSet.Open(world.Shared.DataConn, "SELECT * From Maps Where Active <> 0 Order by NAME ASC");
     Instruments.LoadVOR();
     Route.tRoute = Map.LoadLastMap();
     LoadFlightSet();
@@ -64,7 +64,7 @@ void FlyingScreen::ShowError(const RuntimeError& error) {
 }
 
 void FlyingScreen::ShowLastMap() {
-    world.Shared.MapsSet.Requery();
+    MapsSet.Requery();
     if (!Map.HasMap()) {
         Map.updateMapInfo();
         world.picMap.Cls();

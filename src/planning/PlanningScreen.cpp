@@ -8,7 +8,7 @@ PlanningScreen::PlanningScreen(const PlanningScreenWorld& w, Form ofScreen)
     : Waypoints(w.Shared, w.Messages, *this), Routes(w.Shared, w.Messages, Waypoints.WaypointsSet, *this),
       Map({w.Shared, PlanMapsSet, w.picStorage, w.picMap, w.progBar, w.Messages, Waypoints}, *this),
       Airspace(w.Shared), Drawing({w.Shared, Map, Airspace, Routes, w.picStorage, w.picMap}), world(w),
-      form(std::move(ofScreen)) {}
+      form(std::move(ofScreen)), chartsChanged(w.Shared.ChartsChanged, [this] { Map.ChartsChanged(); }) {}
 
 void PlanningScreen::Form_Load() {
     Routes.Form_Load();

@@ -59,6 +59,7 @@ private:
 
     PlanningScreenWorld world;
     Form form;
+    Event::Listener chartsChanged;
 };
 
 } // namespace ornivane

@@ -20,7 +20,6 @@ protected:
     CatalogueTest() {
         AddImage("alpha.jpg", 2000, 1000);
         AddImage("zulu.jpg", 2000, 1000);
-        Shared.MapsSet.Open(Shared.DataConn, "SELECT * FROM Maps WHERE Active = 1 ORDER BY Name");
         Catalogue.Form_Load();
     }
     std::filesystem::path Charts() const { return Folder.Path() / "Karten"; }

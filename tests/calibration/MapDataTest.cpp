@@ -21,7 +21,7 @@ TEST_F(CatalogueTest, ListsTheImagesAndForgetsRowsWhoseImageIsGone) {
     std::filesystem::remove(Charts() / "alpha.jpg");
     Catalogue.FillMapList();
     EXPECT_EQ(Rows(), "Zulu.JPG 60 61 6 8 2000 1000 on;");
-    EXPECT_EQ(Shared.MapsSet.RecordCount(), 1);
+    EXPECT_EQ(Catalogue.ActiveMapsSet.RecordCount(), 1);
     EXPECT_EQ(Catalogue.SelectedName(), "Äpfel.bmp");
 }
 
@@ -122,7 +122,7 @@ TEST_F(CatalogueTest, ATickMakesAMapActiveAndTakesItBack) {
     Catalogue.listKarten_ItemCheck(1); // zulu.jpg
     EXPECT_EQ(Catalogue.SelectedName(), "zulu.jpg");
     EXPECT_EQ(Rows(), "alpha.jpg 50 51 6 8 2000 1000 on;zulu.jpg 60 61 6 8 2000 1000 off;");
-    EXPECT_EQ(Shared.MapsSet.RecordCount(), 1);
+    EXPECT_EQ(Catalogue.ActiveMapsSet.RecordCount(), 1);
     AddImage("side.jpg", 30, 20);
     WriteFileAtomically(Charts() / "side.crm", "1\r\n2\r\n3\r\n4\r\n");
     Catalogue.FillMapList();

@@ -32,7 +32,6 @@ protected:
             chart.save(QString::fromStdString((Folder.Path() / "Karten" / name).string()), "JPG", 100);
         chart.save(QString::fromStdString((Folder.Path() / "Karten" / "dot.bmp").string()), "BMP");
         Sql("INSERT INTO Waypoints (Name, Lat, Long) VALUES ('Hill', 50.564, 7.36), ('Hilltop', 1, 2)");
-        Shared.MapsSet.Open(Shared.DataConn, "SELECT * FROM Maps WHERE Active = 1 ORDER BY Name");
         Shared.EnglishUI = 1;
         Form = std::make_unique<frmCalibrate>(Shared, Guard, Dialogs);
         Form->resize(1024, 640);
@@ -170,10 +169,10 @@ TEST_F(CalibrationFormsTest, TheCatalogueIsEditedAndTickedByKeyboard) {
         QTest::keyClick(&field, Qt::Key_Return);
     }
     QTest::keyClick(Form->focusWidget(), Qt::Key_Space);
-    EXPECT_EQ(Shared.MapsSet.RecordCount(), 2);
+    EXPECT_EQ(Form->Logic().ActiveMapsSet.RecordCount(), 2);
     list.setFocus();
     QTest::keyClick(&list, Qt::Key_Space);
-    EXPECT_EQ(Shared.MapsSet.RecordCount(), 3);
+    EXPECT_EQ(Form->Logic().ActiveMapsSet.RecordCount(), 3);
     EXPECT_EQ(list.currentItem()->checkState(), Qt::Checked);
     auto& field = Find<QLineEdit>(*Form, "tKarten0");
     QTest::keyClicks(&field, "9");
