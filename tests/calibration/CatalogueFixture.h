@@ -29,11 +29,13 @@ protected:
         WriteFileAtomically(Charts() / name, bytes);
     }
     std::string Bytes(const std::string& name) { return ReadWholeFile(Charts() / name).value_or("none"); }
-    void Select(const std::string& name) {
+    int SearchEntry(const std::string& name) const {
         for (std::size_t i = 0; i < Catalogue.listKarten.size(); ++i)
-            if (Catalogue.listKarten[i].Name == name) return Catalogue.listKarten_Click(static_cast<int>(i));
-        FAIL() << name;
+            if (Catalogue.listKarten[i].Name == name) return static_cast<int>(i);
+        ADD_FAILURE() << name;
+        return -1;
     }
+    void Select(const std::string& name) { Catalogue.listKarten_Click(SearchEntry(name)); }
     // "name unten oben links rechts breite höhe active", one row after another.
     std::string Rows(const std::string& where = "1") {
         Recordset rows;

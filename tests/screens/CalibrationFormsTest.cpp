@@ -180,6 +180,37 @@ TEST_F(CalibrationFormsTest, TheCatalogueIsEditedAndTickedByKeyboard) {
     EXPECT_EQ(field.text(), "50");
 }
 
+// By the mouse, as a hand that is unsure does it.
+TEST_F(CalibrationFormsTest, AClickOnTheSelectedMapShowsItAgain) {
+    auto& list = Find<QListWidget>(*Form, "listKarten");
+    const auto click = [&list](const char* chart, int x = 120) {
+        const QRect row = list.visualItemRect(list.findItems(chart, Qt::MatchExactly).first());
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, {x, row.center().y()});
+    };
+    click("alpha.jpg");
+    QTest::keyClicks(&Find<QLineEdit>(*Form, "tKarten2"), "9");
+    EXPECT_EQ(Edge(2), "69");
+    Form->Logic().cmbLatLong[2] = 1;
+    click("alpha.jpg");
+    EXPECT_EQ(Edge(2), "6");
+    EXPECT_EQ(Find<QComboBox>(*Form, "cmbLatLong2").currentIndex(), 0);
+    EXPECT_EQ(Form->Logic().EdgeStates[2], EdgeState::Stored);
+    for (const char* chart : {"zulu.jpg", "alpha.jpg", "alpha.jpg", "zulu.jpg"}) click(chart);
+    EXPECT_EQ(Edge(0), "60");
+    // A file that turned into something else is told once, and so it is when its tick is clicked.
+    WriteFileAtomically(Folder.Path() / "Karten" / "zulu.jpg", std::string("\xFF\xD8\xFF\xE1\x80\0", 6));
+    for (const int x : {120, 14}) {
+        Said.clear();
+        AnswerBox();
+        click("zulu.jpg", x);
+        QTest::qWait(20);
+        EXPECT_EQ(Said, "|Fehler im Bild|") << x;
+        EXPECT_FALSE(QApplication::activeModalWidget()) << x;
+    }
+    EXPECT_EQ(list.findItems("zulu.jpg", Qt::MatchExactly).first()->checkState(), Qt::Unchecked);
+    EXPECT_EQ(Edge(0), "60");
+}
+
 TEST_F(CalibrationFormsTest, AnImageThatCannotBeLoadedOpensNoCalibration) {
     WriteFileAtomically(Folder.Path() / "Karten" / "zulu.jpg", "an image no more");
     auto& list = Find<QListWidget>(*Form, "listKarten");
