@@ -37,7 +37,6 @@ struct Folder500 : FlightFolder {
                                     "Active) VALUES (?, 51, 50, 6, 8, 600, 400, 1)",
                                     {name});
         }
-        Shared.MapsSet.Open(Shared.DataConn, "SELECT * FROM Maps WHERE Active = 1 ORDER BY Name");
     }
     FakePicture Storage;
     DrawnSurface Surface;

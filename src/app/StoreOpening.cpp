@@ -4,6 +4,7 @@
 
 #include "app/Captions.h"
 #include "base/RuntimeError.h"
+#include "store/Recordset.h"
 #include "store/Statement.h"
 
 namespace ornivane {

@@ -6,6 +6,7 @@
 #include <fstream>
 #include <unistd.h>
 
+#include "base/Paths.h"
 #include "base/RuntimeError.h"
 #include "base/TemporaryFile.h"
 
@@ -72,8 +73,8 @@ void ReplaceFile(const fs::path& finished, const fs::path& file) {
 }
 
 std::optional<std::string> ReadWholeFile(const fs::path& file) {
+    if (!FileExists(file)) return std::nullopt;
     std::error_code error;
-    if (!fs::is_regular_file(file, error) || error) return std::nullopt;
     const auto size = fs::file_size(file, error);
     if (error || size > LargestFile) return std::nullopt;
     std::ifstream stream(file, std::ios::binary);

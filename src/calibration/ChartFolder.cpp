@@ -33,32 +33,27 @@ std::vector<std::string> Lines(const std::string& bytes) {
     return Split(text, "\n");
 }
 
-void AppendNames(const std::vector<std::string>& found, const char* extension,
-                 std::vector<std::string>& names) {
-    const auto first = static_cast<std::ptrdiff_t>(names.size());
-    for (const std::string& name : found)
-        if (name.size() > 4 && LowerAscii(name.substr(name.size() - 4)) == extension) names.push_back(name);
-    std::sort(names.begin() + first, names.end(), [](const std::string& a, const std::string& b) {
-        const int order = CompareText(a, b);
-        return order != 0 ? order < 0 : a < b;
-    });
-}
-
 } // namespace
 
-std::optional<std::vector<std::string>> ChartImages(const fs::path& folder) {
+std::optional<std::vector<std::string>> GetFiles(const fs::path& folder, std::string_view pattern) {
+    const std::string ending = LowerAscii(pattern.substr(1));
+    const auto matches = [&ending](const std::string& name) {
+        return name.front() != '.' && name.size() > ending.size() && IsValidUtf8(name) &&
+               LowerAscii(name.substr(name.size() - ending.size())) == ending;
+    };
     std::error_code failed;
-    std::vector<std::string> found;
+    std::vector<std::string> names;
     for (fs::directory_iterator entry(folder, failed), end; entry != end; entry.increment(failed)) {
         std::error_code gone;
         const std::string name = entry->path().filename().string();
-        if (name.front() != '.' && IsValidUtf8(name) && entry->is_regular_file(gone)) found.push_back(name);
+        if (matches(name) && entry->is_regular_file(gone)) names.push_back(name);
         if (failed) break;
     }
     if (failed) return std::nullopt;
-    std::vector<std::string> names;
-    AppendNames(found, ".bmp", names);
-    AppendNames(found, ".jpg", names);
+    std::sort(names.begin(), names.end(), [](const std::string& x, const std::string& y) {
+        const int order = CompareText(x, y);
+        return order != 0 ? order < 0 : x < y;
+    });
     return names;
 }
 

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace ornivane {
@@ -11,10 +12,12 @@ namespace ornivane {
 // The files of the folder of charts: the images, and beside each the text file that keeps its frame when the
 // store is lost.
 
-// Names of the images, all BMP before all JPG, each kind sorted by name. Empty optional when the folder is
-// not there or cannot be read, which is not the same as a folder without images. Names that are no UTF-8 are
-// left out: the store could not hold them.
-std::optional<std::vector<std::string>> ChartImages(const std::filesystem::path& folder);
+// Names of the files of a folder that match a pattern of the form "*.bmp", upper and lower case being the
+// same, sorted by name. Empty optional when the folder is not there or cannot be read, which is not the same
+// as a folder without such files. Hidden files are left out, and names that are no UTF-8: the store could not
+// hold them.
+std::optional<std::vector<std::string>> GetFiles(const std::filesystem::path& folder,
+                                                 std::string_view pattern);
 
 // Edges in the order of the catalogue: Unten, Oben, Links, Rechts; DegMinValue.
 using FrameEdges = std::array<double, 4>;

@@ -6,6 +6,7 @@
 #include "base/Format.h"
 #include "base/Numbers.h"
 #include "base/RuntimeError.h"
+#include "calibration/CatalogueBackup.h"
 #include "geo/NavigationMaths.h"
 #include "map/ChartFiles.h"
 #include "store/TextOrder.h"
@@ -15,12 +16,22 @@ namespace ornivane {
 namespace {
 
 constexpr const char* AllMaps = "SELECT * FROM Maps ORDER BY Name";
+constexpr const char* ActiveMaps = "SELECT * FROM Maps WHERE Active <> 0 ORDER BY Name";
 constexpr std::array EdgeFields = {"Unten", "Oben", "Links", "Rechts"};
 constexpr double MetresPerDegree = 60 * 1000 * KilometresPerNauticalMile;
 // Charts of conformal projections and those drawn for their middle latitude stay below; a minute mistyped on
 // a chart of one degree does not.
 constexpr double SuspiciousPercent = 3;
 constexpr double FarthestPixel = 1e7; // metres; no frame on the earth has larger ones
+
+// All BMP before all JPG; empty optional when the folder cannot be read.
+std::optional<std::vector<std::string>> ImagesIn(const std::filesystem::path& folder) {
+    auto images = GetFiles(folder, "*.bmp");
+    const auto others = GetFiles(folder, "*.jpg");
+    if (!images || !others) return std::nullopt;
+    images->insert(images->end(), others->begin(), others->end());
+    return images;
+}
 
 } // namespace
 
@@ -36,6 +47,16 @@ void MapData::Form_Load() {
     FillMapList();
     cmbLatLong = {};
     LoadLatData();
+    MarkUnlikeRow();
+}
+
+// The hemispheres are those of the last run now, and blue is only what the row has.
+void MapData::MarkUnlikeRow() {
+    if (!FindRow(SelectedName())) return;
+    for (std::size_t i = 0; i < EdgeFields.size(); ++i)
+        if (EdgeStates[i] == EdgeState::Stored &&
+            cmbLatLong[i] != (MapRowsSet.Number(EdgeFields[i]) >= 0 ? 0 : 1))
+            EdgeStates[i] = EdgeState::NotStored;
 }
 
 void MapData::Form_Deactivate() { LastMapName = SelectedName(); }
@@ -77,15 +98,17 @@ std::string MapData::SelectedName() const {
 
 void MapData::FillMapList() {
     LastMapName = SelectedName();
-    const auto images = ChartImages(ChartsFolder());
+    const auto images = ImagesIn(ChartsFolder());
+    backup.clear();
     listKarten.clear();
     ListIndex = -1;
     for (const std::string& name : images.value_or(std::vector<std::string>())) listKarten.push_back({name});
     try {
         OpenRows();
         if (images) DropRowsWithoutImage();
-        shared.MapsSet.Requery();
         MapRowsSet.Requery();
+        RequeryActiveMaps();
+        shared.ChartsChanged.Raise();
     } catch (...) {
         // The next choice must be shown: the fields still have the frame of a chart that is not selected.
         SkipMapClick = false;
@@ -103,12 +126,19 @@ void MapData::OpenRows() {
 
 // No chart is selected: nothing of an earlier one stays.
 void MapData::ShowNothing() {
-    SetEdgeStates(EdgeState::NotStored);
-    tKarten = {};
+    EmptyEdges();
     lblBreite.clear();
     lblHoehe.clear();
+    sizeOf.clear();
     PreviewFailed = false;
     RepaintPreview();
+}
+
+// From here on the fields are those of the selected chart.
+void MapData::EmptyEdges() {
+    SetEdgeStates(EdgeState::NotStored);
+    tKarten = {};
+    edgesOf = SelectedName();
 }
 
 void MapData::DropRowsWithoutImage() {
@@ -117,12 +147,16 @@ void MapData::DropRowsWithoutImage() {
     const auto place = [this, &rows] { return SearchList(rows.TextOrEmpty("Name")); };
     if (!rows.Eof()) SkipMapClick = true;
     // All ticks first: a row that cannot be deleted must not leave others' ticks untold.
+    bool anyStays = false;
     for (; !rows.Eof(); rows.MoveNext()) {
         const Value active = rows.Get("Active");
         const int index = place();
+        anyStays = anyStays || index >= 0;
         if (index >= 0 && !active.IsNull() && active.Boolean())
             listKarten[static_cast<std::size_t>(index)].Selected = true;
     }
+    // The place where a card with the charts is missing looks like a folder without charts.
+    if (rows.RecordCount() > 0 && !anyStays) backup = BackupCatalogue(shared.DataConn, shared.ProgramFolder);
     Transaction together(shared.DataConn);
     rows.MoveFirst();
     while (!rows.Eof())
@@ -153,6 +187,7 @@ void MapData::ShowMapData() {
     }
     const std::string name = SelectedName();
     if (name.empty()) return;
+    if (edgesOf != name) EmptyEdges(); // whatever ends this early, no other chart's frame stays
     ReadSize(name);
     try {
         if (chkVorschau && !ShowPreview(name)) return;
@@ -169,9 +204,13 @@ void MapData::ReadSize(const std::string& name) {
     ImageSize size;
     const SizeReading reading = ReadImageSize(ChartsFolder() / name, size);
     if (reading == SizeReading::Damaged) dialogs.Message({}, "Fehler im Bild");
-    if (reading != SizeReading::Read) return;
+    if (reading == SizeReading::Read) ShowSize(size);
+}
+
+void MapData::ShowSize(const ImageSize& size) {
     lblBreite = std::to_string(size.Width);
     lblHoehe = std::to_string(size.Height);
+    sizeOf = SelectedName();
 }
 
 bool MapData::ShowPreview(const std::string& name) {
@@ -197,13 +236,14 @@ bool MapData::FindRow(const std::string& name) {
 }
 
 void MapData::ShowRow() {
-    SetEdgeStates(EdgeState::Stored);
-    for (std::size_t i = 0; i < EdgeFields.size(); ++i) {
-        const double edge = MapRowsSet.Number(EdgeFields[i]);
-        cmbLatLong[i] = edge >= 0 ? 0 : 1;
-        tKarten[i] = NumberText(std::abs(edge), shared.Locale);
+    FrameEdges edges{}; // all of them first: a damaged row shows nothing rather than a half
+    for (std::size_t i = 0; i < edges.size(); ++i) edges[i] = MapRowsSet.Number(EdgeFields[i]);
+    for (std::size_t i = 0; i < edges.size(); ++i) {
+        cmbLatLong[i] = edges[i] >= 0 ? 0 : 1;
+        tKarten[i] = NumberText(std::abs(edges[i]), shared.Locale);
     }
-    shared.MapsSet.Requery();
+    SetEdgeStates(EdgeState::Stored);
+    RequeryActiveMaps();
 }
 
 // The frame of a side file is no row yet: its fields stay in the colour of what is not stored.
@@ -249,15 +289,25 @@ FrameEdges MapData::SignedEdges() const {
     return edges;
 }
 
-void MapData::cmdSpeichern_Click() {
+bool MapData::cmdSpeichern_Click() {
     const std::string name = SelectedName();
-    if (name.empty() || !EdgesAreNumbers() || LeadingNumber(lblBreite) <= 0 || LeadingNumber(lblHoehe) <= 0)
-        return ReportBadData();
+    if (name.empty() || !EdgesAreNumbers() || sizeOf != name || LeadingNumber(lblBreite) <= 0 ||
+        LeadingNumber(lblHoehe) <= 0) {
+        ReportBadData();
+        return false;
+    }
     for (std::string& edge : tKarten) edge = NumberText(std::abs(NumberIn(edge)), shared.Locale);
     const FrameEdges edges = SignedEdges();
     WriteSideFile(ChartsFolder(), name, edges);
     WriteRow(name, edges, false);
     RowWritten();
+    return true;
+}
+
+void MapData::TakeFrame(const std::array<std::string, 4>& edges, const ImageSize& size) {
+    tKarten = edges;
+    SetEdgeStates(EdgeState::NotStored);
+    ShowSize(size);
 }
 
 void MapData::listKarten_ItemCheck(int item) {
@@ -295,7 +345,15 @@ void MapData::WriteRow(const std::string& name, const FrameEdges& edges, bool fl
 
 void MapData::RowWritten() {
     SetEdgeStates(EdgeState::Stored);
-    shared.MapsSet.Requery();
+    RequeryActiveMaps();
+    shared.ChartsChanged.Raise();
+}
+
+void MapData::RequeryActiveMaps() {
+    if (ActiveMapsSet.IsOpen())
+        ActiveMapsSet.Requery();
+    else
+        ActiveMapsSet.Open(shared.DataConn, ActiveMaps);
 }
 
 void MapData::SetRow(const std::string& name, const FrameEdges& edges, bool flip) {
@@ -303,8 +361,7 @@ void MapData::SetRow(const std::string& name, const FrameEdges& edges, bool flip
     if (isNew) MapRowsSet.AddNew();
     for (std::size_t i = 0; i < EdgeFields.size(); ++i) MapRowsSet.Set(EdgeFields[i], edges[i]);
     MapRowsSet.Set("Name", name);
-    MapRowsSet.Set("Breite", LeadingNumber(lblBreite));
-    MapRowsSet.Set("Höhe", LeadingNumber(lblHoehe));
+    SetSize(name, isNew);
     if (flip) {
         const Value active = isNew ? Value() : MapRowsSet.Get("Active");
         MapRowsSet.Set("Active", active.IsNull() || !active.Boolean());
@@ -314,7 +371,28 @@ void MapData::SetRow(const std::string& name, const FrameEdges& edges, bool flip
     MapRowsSet.Update();
 }
 
+// A row whose image tells no size any more keeps the one it has, so that its tick can still be taken.
+void MapData::SetSize(const std::string& name, bool isNew) {
+    if (sizeOf == name) {
+        MapRowsSet.Set("Breite", LeadingNumber(lblBreite));
+        MapRowsSet.Set("Höhe", LeadingNumber(lblHoehe));
+    } else if (isNew || lblBreite.empty()) {
+        throw RuntimeError(ErrorNumber::TypeMismatch, "Breite"); // a size that was never read is no number
+    }
+}
+
+std::string MapData::BackupText() const {
+    if (backup.empty()) return {};
+    return shared.Text(
+               "Zu keiner eingetragenen Karte war ein Bild im Ordner. Die Einträge sind aufgehoben in ",
+               "No listed map had an image in the folder. Their entries are kept in ") +
+           backup + ".";
+}
+
 std::string MapData::ScaleText() const {
+    if (!lblBreite.empty() && sizeOf != SelectedName())
+        return shared.Text("Dieses Bild hat keine lesbare Größe; die gezeigte gehört zu einer anderen Karte.",
+                           "The size of this image cannot be read; the one shown is another map's.");
     const double width = LeadingNumber(lblBreite), height = LeadingNumber(lblHoehe);
     if (SelectedName().empty() || !EdgesAreNumbers() || width <= 0 || height <= 0) return {};
     // As saving takes them: without the sign of the field, with that of its box.

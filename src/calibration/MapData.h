@@ -9,6 +9,7 @@
 #include "common/Variablen.h"
 #include "platform/Dialogs.h"
 #include "platform/PictureSurface.h"
+#include "store/Recordset.h"
 
 namespace ornivane {
 
@@ -33,7 +34,8 @@ public:
     void Form_Unload();
 
     // Lists the images anew and drops the rows of those that are gone. A folder that cannot be read says
-    // nothing about its images: the list is empty then, and the rows stay.
+    // nothing about its images: the list is empty then, and the rows stay. Before all rows go, the store is
+    // kept in a backup; without one, RuntimeError, and the rows stay as well.
     void FillMapList();
     void listKarten_Click(int index);
     // The tick of an entry was flipped, which also moves the selection there. It goes back when the frame is
@@ -43,7 +45,11 @@ public:
     // picMap has a new size: the preview is painted again, not loaded.
     void RepaintPreview();
     void tKarten_Click(std::size_t index) { EdgeStates[index] = EdgeState::NotStored; }
-    void cmdSpeichern_Click();
+    // False, and nothing is written, when frame or size are no numbers, or the size that shows is that of
+    // another chart.
+    bool cmdSpeichern_Click();
+    // What a calibration found for the selected entry, and the size that it went by. Not stored yet.
+    void TakeFrame(const std::array<std::string, 4>& edges, const ImageSize& size);
 
     // Size, preview and frame of the selected entry.
     void ShowMapData();
@@ -52,8 +58,13 @@ public:
     std::filesystem::path ChartsFolder() const { return shared.ProgramFolder / "Karten"; }
 
     // How many metres on the ground a pixel is across and down in the middle of the frame, and how far they
-    // differ: a mistyped edge shows there. Empty while frame or size are no numbers.
+    // differ: a mistyped edge shows there. Says so when the size that shows is that of another chart. Empty
+    // while frame or size are no numbers.
     std::string ScaleText() const;
+    // Where the rows are kept that the last refill dropped all together; empty when it did not.
+    std::string BackupText() const;
+
+    Recordset ActiveMapsSet; // of gridMaps: what is active now
 
     // listKarten
     std::vector<Entry> listKarten;
@@ -71,6 +82,9 @@ private:
     void SelectEntry(int index);
     void DropRowsWithoutImage();
     void ReadSize(const std::string& name);
+    void ShowSize(const ImageSize& size);
+    void SetSize(const std::string& name, bool isNew);
+    void MarkUnlikeRow();
     bool ShowPreview(const std::string& name);
     void ShowRow();
     void ShowWithoutRow(const std::string& name);
@@ -83,8 +97,10 @@ private:
     void WriteRow(const std::string& name, const FrameEdges& edges, bool flip);
     void SetRow(const std::string& name, const FrameEdges& edges, bool flip);
     void RowWritten();
+    void RequeryActiveMaps();
     void OpenRows();
     void ShowNothing();
+    void EmptyEdges();
     void SetEdgeStates(EdgeState state) { EdgeStates.fill(state); }
     void Remember(const LatData& data) const;
 
@@ -96,6 +112,9 @@ private:
     bool latDataLoaded = false;
     bool SkipMapClick = false; // the next entry into ShowMapData clears it and returns
     std::string LastMapName;
+    // The chart that the fields of the frame were filled for, and the one whose image has the size shown.
+    std::string edgesOf, sizeOf;
+    std::string backup; // file name
 };
 
 } // namespace ornivane

@@ -43,11 +43,27 @@ void TwoPoints::Form_Load() {
     if (ReadImageSize(file, size) == SizeReading::Damaged) dialogs.Message({}, "Fehler im Bild");
     MapWidth = size.Width;
     MapHeight = size.Height;
+    SayTopDown();
     ReadSizes();
     View = OpenedView(Sizes);
     CrossX = surface.ScaleWidth() / 2;
     CrossY = surface.ScaleHeight() / 2;
     ShowPixel();
+}
+
+// Now, and not when all coordinates have been entered: saving will refuse the height.
+void TwoPoints::SayTopDown() {
+    if (MapHeight >= 0) return;
+    const std::string height = std::to_string(MapHeight);
+    dialogs.Message(
+        shared.Text("Datenfehler", "Data error"),
+        catalogue.SelectedName() +
+            (shared.Text(" ist von oben nach unten gespeichert (Höhe ",
+                         " is stored from the top down (height ") +
+             height +
+             shared.Text("). Die Kalibrierung kann nicht gespeichert werden: Bitte das Bild in der üblichen "
+                         "Reihenfolge neu speichern.",
+                         "). Its calibration cannot be stored: save the image again in the usual order.")));
 }
 
 void TwoPoints::ReadSizes() {
@@ -151,7 +167,7 @@ TypedInto TwoPoints::KeyTyped(const std::string& character) {
     if (!first && !(Points[1].frmVisible && Points[1].cmdSaveEnabled && Points[1].tQuickfindEnabled))
         return TypedInto::Nothing;
     Points[first ? 0 : 1].tQuickfind = character;
-    FindWaypoint(first ? 0 : 1);
+    first ? FindWaypoint1() : FindWaypoint2();
     return first ? TypedInto::Quickfind1 : TypedInto::Quickfind2;
 }
 

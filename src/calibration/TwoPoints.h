@@ -7,6 +7,7 @@
 #include "map/Viewport.h"
 #include "platform/PictureSurface.h"
 #include "platform/Timer.h"
+#include "store/Recordset.h"
 
 namespace ornivane {
 
@@ -71,8 +72,10 @@ public:
     // Moves the cross-hair by view pixels, for those without a pointer.
     void MoveCross(double dx, double dy);
 
+    // The quick searches, one for each point.
+    void FindWaypoint1() { FindWaypoint(0); }
+    void FindWaypoint2() { FindWaypoint(1); }
     // index 0 or 1: the first or the second point.
-    void FindWaypoint(std::size_t index);
     void gridWay_RowChanged(std::size_t index);
     void cmdSave_Click(std::size_t index);
 
@@ -89,9 +92,11 @@ public:
     double Links = 1, Rechts = 2, Oben = 2, Unten = 1;
 
 private:
+    void SayTopDown();
     void ReadSizes();
     void ShowPixel();
     void OpenPoint(std::size_t index);
+    void FindWaypoint(std::size_t index);
     void timArr_Timer();
     void Pan(double dx, double dy);
     bool ConvertLongitudes();

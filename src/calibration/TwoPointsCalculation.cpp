@@ -58,7 +58,9 @@ void TwoPoints::ApplyCalibration() {
         return;
     }
     const std::array edges = {Unten, Oben, Links, Rechts};
-    for (std::size_t i = 0; i < edges.size(); ++i) catalogue.tKarten[i] = NumberAsText(Round(edges[i], 3));
+    std::array<std::string, 4> texts;
+    for (std::size_t i = 0; i < edges.size(); ++i) texts[i] = NumberAsText(Round(edges[i], 3));
+    catalogue.TakeFrame(texts, {MapWidth, MapHeight});
     SayCalibrated();
     StoreResult();
     owner.Unload();
@@ -83,9 +85,10 @@ void TwoPoints::SayCalibrated() {
                                catalogue.ScaleText());
 }
 
-// The tick is taken and set again: Active ends as it was, and the row is written once more.
+// The tick is taken and set again: Active ends as it was, and the row is written once more. Not after a
+// refusal: the tick would bring back the old frame over the one that was found, and ask nothing of the size.
 void TwoPoints::StoreResult() {
-    catalogue.cmdSpeichern_Click();
+    if (!catalogue.cmdSpeichern_Click()) return;
     const int item = catalogue.ListIndex;
     if (item < 0 || !catalogue.listKarten[static_cast<std::size_t>(item)].Selected) return;
     catalogue.listKarten_ItemCheck(item);

@@ -230,7 +230,8 @@ void frmCalRect::MakeEntryFields(std::size_t index, QBoxLayout& layout) {
         guard.Connect(edit, &QLineEdit::textEdited,
                       [this, index, search, target = field.Target](const QString& text) {
                           *target = text.toStdString();
-                          if (search) Click([&] { logic->FindWaypoint(index); });
+                          if (!search) return;
+                          Click([&] { index == 0 ? logic->FindWaypoint1() : logic->FindWaypoint2(); });
                       });
         layout.addWidget(edit);
     }

@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMouseEvent>
 #include <QProxyStyle>
 #include <QPushButton>
 #include <QTableView>
@@ -103,7 +104,13 @@ void frmCalibrate::MakeList(QBoxLayout& layout) {
         if (!showing) Click([&] { logic->listKarten_Click(index); });
     });
     guard.Connect(listKarten, &QListWidget::itemChanged, [this](QListWidgetItem* item) {
+        pressedSelected = false; // a tick shows its map, too
         if (!showing) Click([&] { logic->listKarten_ItemCheck(listKarten->row(item)); });
+    });
+    // The list tells of another choice by itself, but not of a click on the one that stands.
+    listKarten->viewport()->installEventFilter(this);
+    guard.Connect(listKarten, &QListWidget::itemClicked, [this](QListWidgetItem* item) {
+        if (pressedSelected) Click([&] { logic->listKarten_Click(listKarten->row(item)); });
     });
     cmdFillList = Named(new QPushButton, "cmdFillList");
     cmdFillList->setMinimumHeight(ButtonHeight);
@@ -205,8 +212,8 @@ void frmCalibrate::MakeActiveMaps(QBoxLayout& layout) {
     gridMaps = Named(new QTableView, "gridMaps");
     column->addWidget(gridMaps);
     mapsModel = std::make_unique<RecordsetModel>(
-        shared.MapsSet, std::vector<RecordsetModel::Column>{
-                            {"Name", [this] { return Text("Kartendatei", "Maps"); }, nullptr}});
+        logic->ActiveMapsSet, std::vector<RecordsetModel::Column>{
+                                  {"Name", [this] { return Text("Kartendatei", "Maps"); }, nullptr}});
     mapsBinding = std::make_unique<GridBinding>(*mapsModel, *gridMaps);
     gridMaps->horizontalHeader()->setStretchLastSection(true);
     layout.addWidget(Frame3, 1);
@@ -232,6 +239,10 @@ void frmCalibrate::Form_Unload() { logic->Form_Unload(); }
 
 // Enter goes from edge to edge and then to the button; Escape takes back what was typed.
 bool frmCalibrate::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == listKarten->viewport() && event->type() == QEvent::MouseButtonPress) {
+        const auto* item = listKarten->itemAt(static_cast<QMouseEvent*>(event)->position().toPoint());
+        pressedSelected = item && item == listKarten->currentItem();
+    }
     for (std::size_t i = 0; i < tKarten.size(); ++i) {
         if (watched != tKarten[i]) continue;
         if (event->type() == QEvent::MouseButtonPress) Click([&] { logic->tKarten_Click(i); });
@@ -259,7 +270,8 @@ void frmCalibrate::ShowState() {
     ShowEdges();
     lblBreite->setText(Shown(logic->lblBreite));
     lblHoehe->setText(Shown(logic->lblHoehe));
-    lblScale->setText(Shown(logic->ScaleText()));
+    const std::string scale = logic->ScaleText();
+    lblScale->setText(Shown(scale.empty() ? logic->BackupText() : scale));
     chkVorschau->setChecked(logic->chkVorschau);
     lblNoPreview->setText(logic->PreviewFailed
                               ? Text("Dieses Bild kann nicht gezeigt werden.", "This image cannot be shown.")

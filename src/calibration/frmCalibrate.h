@@ -78,6 +78,7 @@ private:
     std::array<QLineEdit*, 4> tKarten{};
     std::array<QComboBox*, 4> cmbLatLong{};
     QTableView* gridMaps = nullptr;
+    bool pressedSelected = false; // the mouse was pressed on the entry that was the selected one already
     bool showing = false; // ShowState is writing to the controls: their signals are no choices of the user
 };
 

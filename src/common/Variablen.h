@@ -7,8 +7,8 @@
 
 #include "base/LocaleText.h"
 #include "common/Date.h"
+#include "common/Event.h"
 #include "store/Connection.h"
-#include "store/Recordset.h"
 
 namespace ornivane {
 
@@ -24,8 +24,8 @@ struct Variablen {
     Connection LuftraumConn;
     Connection AirfieldConn;
     bool AirfieldStoreOpen = false;
-    // The active maps; the current row is the map of flight mode.
-    Recordset MapsSet;
+    // The catalogue of charts is another one: a row or a tick of the table Maps has changed.
+    Event ChartsChanged;
 
     std::int16_t EnglishUI = 0;  // 1 English, 0 German
     std::int16_t SymbolType = 0; // 1 arrow, any other value the aeroplane

@@ -5,6 +5,7 @@
 #include "base/FileNames.h"
 #include "base/Format.h"
 #include "base/Numbers.h"
+#include "base/Paths.h"
 #include "base/RuntimeError.h"
 #include "base/Strings.h"
 #include "common/SettingsFiles.h"
@@ -161,10 +162,9 @@ void FlightPlan::LoadSavedPlan() {
     SavedPlanSet = Recordset();
     const std::string name = RouteName();
     const auto file = PlanFolder() / name;
-    std::error_code missing;
     try {
         CheckFileName(name);
-        if (name.empty() || !std::filesystem::is_regular_file(file, missing)) return;
+        if (name.empty() || !FileExists(file)) return;
         SavedPlanSet.OpenFile(file);
         if (!IsPlan(SavedPlanSet)) throw RuntimeError(ErrorNumber::FieldNotFound);
     } catch (const RuntimeError& error) {

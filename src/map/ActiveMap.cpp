@@ -1,13 +1,15 @@
 #include "map/ActiveMap.h"
 
+#include <algorithm>
+
 #include "base/RuntimeError.h"
 #include "common/SettingsFiles.h"
 
 namespace ornivane {
 
-ActiveMap::ActiveMap(Variablen& variablen, Picture& picStorage, PictureSurface& picMap, Progress& progBar,
-                     Dialogs& messages, ActiveMapOwner& mapOwner)
-    : ChartView(variablen, variablen.MapsSet, picStorage, picMap, progBar, messages), owner(mapOwner),
+ActiveMap::ActiveMap(Variablen& variablen, Recordset& mapsSet, Picture& picStorage, PictureSurface& picMap,
+                     Progress& progBar, Dialogs& messages, ActiveMapOwner& mapOwner)
+    : ChartView(variablen, mapsSet, picStorage, picMap, progBar, messages), owner(mapOwner),
       memory(variablen.ProgramFolder) {}
 
 void ActiveMap::updateMapInfo() {
@@ -65,13 +67,14 @@ void ActiveMap::RestoreMapPosition() {
         if (!view) return;
         SlideMap = view->SlideMap;
         View = Resized(view->Rect, Sizes); // the window may have another proportion now
+        View.SX = std::max(View.SX, 0.0F); // and the image may be another one, less wide
         SetCentring(view->CenterMap || AutoMapSwitch);
     });
 }
 
 void ActiveMap::SaveMapPosition() {
     CallOffErrors([this] {
-        if (HasMap()) memory.Save(Name(), {View, SlideMap, CenterMap});
+        if (ViewIsOf()) memory.Save(*ViewIsOf(), {View, SlideMap, CenterMap});
     });
 }
 

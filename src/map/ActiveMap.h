@@ -21,8 +21,8 @@ public:
 // follow the aircraft.
 class ActiveMap : public ChartView {
 public:
-    ActiveMap(Variablen& variablen, Picture& picStorage, PictureSurface& picMap, Progress& progBar,
-              Dialogs& dialogs, ActiveMapOwner& owner);
+    ActiveMap(Variablen& variablen, Recordset& mapsSet, Picture& picStorage, PictureSurface& picMap,
+              Progress& progBar, Dialogs& dialogs, ActiveMapOwner& owner);
 
     void updateMapInfo() override;
     // Positions MapsSet on the map of the last run and returns the route of the last run; a damaged or

@@ -49,6 +49,7 @@ void ChartView::InitializeData() {
     if (!HasRows()) return;
     progress.SetVisible(true);
     progress.SetValue(50);
+    viewIsOf.reset();
     LoadPicture();
     try {
         TakeInRow();
@@ -56,7 +57,6 @@ void ChartView::InitializeData() {
         Refuse();
         return;
     }
-    failed = false;
     refused.erase(Name());
     progress.SetValue(100);
     progress.SetVisible(false);
@@ -72,12 +72,13 @@ void ChartView::TakeInRow() {
     View = OpenedView(Sizes);
     Sizes.HalfWidth = View.SW;
     SlideMap = 0;
+    viewIsOf = taken->Name;
     RestoreMapPosition();
 }
 
 void ChartView::Refuse() {
     const std::string name = Name();
-    failed = true;
+    viewIsOf.reset();
     refused.insert(name);
     surface.Cls();
     surface.Refresh();
@@ -102,12 +103,20 @@ bool ChartView::RowHasChanged() const {
     }
 }
 
+void ChartView::ChartsChanged() {
+    if (!maps.IsOpen()) return;
+    const std::string chart = maps.Eof() ? std::string() : maps.TextOrEmpty("Name");
+    maps.Requery();
+    FindMap(chart);
+    if (!HasRows()) viewIsOf.reset(); // the screen will come back without a map
+}
+
 void ChartView::updateMapInfo() {
     Recordset list;
     list.Open(shared.DataConn, "SELECT * From Maps Where Active <> 0 Order by NAME ASC");
     MapNames.clear();
     // What was refused may have been mended; the chart of this moment has just been tried.
-    std::erase_if(refused, [this](const std::string& name) { return !failed || name != Name(); });
+    std::erase_if(refused, [this](const std::string& name) { return HasMap() || name != Name(); });
     if (list.RecordCount() == 0) return;
     for (; !list.Eof(); list.MoveNext()) MapNames.push_back(list.Text("Name"));
     if (HasRows()) cmbMaps = Name();
@@ -154,10 +163,10 @@ void ChartView::Pan(double dx, double dy) {
 }
 
 MapTransform ChartView::Transform() const {
-    const MapFrame frame = MapCatalogue::FrameOf(maps);
+    if (!taken) throw RuntimeError(ErrorNumber::NoCurrentRecord);
     MapScale placed = scale;
-    placed.Links = ToDecimalDegrees(frame.Links);
-    placed.Unten = ToDecimalDegrees(frame.Unten);
+    placed.Links = ToDecimalDegrees(taken->Frame.Links);
+    placed.Unten = ToDecimalDegrees(taken->Frame.Unten);
     placed.Höhe = Höhe;
     return {placed, View, surface.ScaleWidth(), surface.ScaleHeight()};
 }

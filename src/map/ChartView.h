@@ -11,6 +11,7 @@
 #include "map/Viewport.h"
 #include "platform/Dialogs.h"
 #include "platform/PictureSurface.h"
+#include "store/Recordset.h"
 
 namespace ornivane {
 
@@ -28,7 +29,7 @@ public:
     bool HasRows() const; // of the list
     // A chart shows. One that could not be shown counts as none: what was drawn or chosen on the geometry of
     // the chart before it would be at another place.
-    bool HasMap() const { return HasRows() && !failed; }
+    bool HasMap() const { return HasRows() && viewIsOf.has_value(); }
     std::string MapError() const; // for the blank sheet of a chart that could not be shown
     // Could not be shown when it was last tried, since the list was last made.
     bool IsRefused(const std::string& name) const { return refused.contains(name); }
@@ -38,6 +39,9 @@ public:
     void InitializeData();
     // The current row is another one, or has another frame, than what InitializeData took in.
     bool RowHasChanged() const;
+    // Another screen has changed the catalogue: the list anew, on the same map if it is still there. What
+    // shows stays until InitializeData.
+    void ChartsChanged();
     // Fills the list of cmbMaps anew.
     virtual void updateMapInfo();
     // The map of that name, else the first.
@@ -52,9 +56,12 @@ public:
     virtual bool CanPan() const { return HasMap() && SlideMap != SlideMax; }
     void Pan(double dx, double dy);
 
-    // From the edges of the current row, read anew at each call.
+    // From the edges that InitializeData took in, whatever row the list stands on now. RuntimeError
+    // NoCurrentRecord before that.
     MapTransform Transform() const;
     std::string Name() const; // of the current row
+    // The map that view and slider belong to; none before there is one, and while its frame has no extent.
+    const std::optional<std::string>& ViewIsOf() const { return viewIsOf; }
 
     // cmbMaps
     std::string cmbMaps;
@@ -93,7 +100,7 @@ private:
     MapScale scale;     // of the row that was taken in
     std::string loaded; // path, size and time of the image in picStorage
     std::optional<TakenIn> taken;
-    bool failed = false; // the current row could not be shown
+    std::optional<std::string> viewIsOf;
     std::set<std::string> refused;
 };
 

@@ -4,13 +4,13 @@
 #include <cmath>
 
 #include "base/Numbers.h"
+#include "base/Paths.h"
 #include "base/RuntimeError.h"
 
 namespace ornivane {
 
 ViewMemory::ViewMemory(std::filesystem::path folder) : file(std::move(folder) / "position.crm") {
-    std::error_code ignored;
-    if (std::filesystem::exists(file, ignored)) {
+    if (FileExists(file)) {
         try {
             PositionSet.OpenFile(file);
             for (const char* field : {"Karte", "SX", "SY", "SW", "SH", "SlideMap", "CenterMap"})

@@ -11,7 +11,7 @@ FlyingScreen::FlyingScreen(const FlyingScreenWorld& w, std::function<void()> sta
                            std::function<void()> focusOnMap)
     : Link(w.MSComm1, w.timerCheck, w.Messages, w.SystemClock, w.Shared, *this),
       Readouts(State, w.Shared.Locale, *this), gps(Readouts),
-      Map(w.Shared, w.picStorage, w.picMap, w.progBar, w.Messages, *this),
+      Map(w.Shared, MapsSet, w.picStorage, w.picMap, w.progBar, w.Messages, *this),
       Ring(w.Shared, Map, w.picMap, w.progBar), Route(w.Shared, State, *this),
       ActiveLeg(State, w.Shared.Locale, w.SystemClock, [this] { TargetADayAway(); }),
       Wind(State, w.Shared.Locale, w.picWind),
@@ -22,14 +22,14 @@ FlyingScreen::FlyingScreen(const FlyingScreenWorld& w, std::function<void()> sta
       Faults(w.Shared, [this](const std::string& text) { world.Notices.Show(text); }),
       Pass({w.Shared, State, Flags, Map, Ring, Route, ActiveLeg, Airspace, Faults, w.picStorage, w.picMap},
            [this](const RuntimeError& error) { Faults.Tell(DrawingFaults::Layer::Whole, error); }),
-      world(w), changed(std::move(stateChanged)), focusMap(std::move(focusOnMap)) {
+      world(w), changed(std::move(stateChanged)), focusMap(std::move(focusOnMap)),
+      chartsChanged(w.Shared.ChartsChanged, [this] { Map.ChartsChanged(); }) {
     Link.SetInterpreter(gps);
 }
 
 void FlyingScreen::Form_Load() {
     Route.OpenRoutes();
-    world.Shared.MapsSet.Open(world.Shared.DataConn,
-                              "SELECT * From Maps Where Active <> 0 Order by NAME ASC");
+    MapsSet.Open(world.Shared.DataConn, "SELECT * From Maps Where Active <> 0 Order by NAME ASC");
     Instruments.LoadVOR();
     Route.tRoute = Map.LoadLastMap();
     LoadFlightSet();
@@ -47,7 +47,7 @@ void FlyingScreen::LoadFlightSet() {
 void FlyingScreen::SaveFlightSet() { WriteDisplayFlags(world.Shared.ProgramFolder, Flags); }
 
 void FlyingScreen::ShowLastMap() {
-    world.Shared.MapsSet.Requery();
+    MapsSet.Requery();
     if (!Map.HasRows()) {
         Map.updateMapInfo();
         world.picMap.Cls();

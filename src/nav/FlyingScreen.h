@@ -22,6 +22,7 @@
 #include "platform/PictureSurface.h"
 #include "platform/SerialPort.h"
 #include "platform/Timer.h"
+#include "store/Recordset.h"
 
 namespace ornivane {
 
@@ -84,6 +85,7 @@ public:
     GpsLink Link;
     FixReadouts Readouts;
     NmeaInterpreter gps;
+    Recordset MapsSet; // the active maps; the current row is the map of flight mode
     ActiveMap Map;
     MapRing Ring;
     RouteFollowing Route;
@@ -142,6 +144,7 @@ private:
     std::function<void()> changed;
     std::function<void()> focusMap;
     LiveState told;
+    Event::Listener chartsChanged;
 };
 
 } // namespace ornivane

@@ -7,6 +7,7 @@
 #include "nav/FlightState.h"
 #include "platform/Clock.h"
 #include "platform/Timer.h"
+#include "store/Recordset.h"
 
 namespace ornivane {
 

@@ -9,7 +9,7 @@ PlanningScreen::PlanningScreen(const PlanningScreenWorld& w, Form ofScreen)
       Map({w.Shared, PlanMapsSet, w.picStorage, w.picMap, w.progBar, w.Messages, Waypoints}, *this),
       Airspace(w.Shared), Faults(w.Shared, [this](const std::string& text) { world.Notices.Show(text); }),
       Drawing({w.Shared, Map, Airspace, Routes, w.picStorage, w.picMap, Faults}), world(w),
-      form(std::move(ofScreen)) {}
+      form(std::move(ofScreen)), chartsChanged(w.Shared.ChartsChanged, [this] { Map.ChartsChanged(); }) {}
 
 void PlanningScreen::Form_Load() {
     Routes.Form_Load();

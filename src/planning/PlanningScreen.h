@@ -61,6 +61,7 @@ private:
 
     PlanningScreenWorld world;
     Form form;
+    Event::Listener chartsChanged;
 };
 
 } // namespace ornivane

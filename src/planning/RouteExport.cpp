@@ -1,6 +1,7 @@
 #include "planning/RouteExport.h"
 
 #include "base/FileNames.h"
+#include "base/Paths.h"
 #include "base/RuntimeError.h"
 
 namespace ornivane {
@@ -47,7 +48,7 @@ fs::path RouteExport::MakeFolder() const {
     const fs::path folder = shared.ProgramFolder / "Route";
     std::error_code error;
     fs::create_directory(folder, error);
-    if (!fs::is_directory(folder, error)) throw RuntimeError(ErrorNumber::PermissionDenied, folder.string());
+    if (!DirExists(folder)) throw RuntimeError(ErrorNumber::PermissionDenied, folder.string());
     return folder;
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 
+#include "base/Paths.h"
 #include "base/RuntimeError.h"
 #include "base/Strings.h"
 #include "planning/WaypointBook.h"
@@ -48,9 +49,8 @@ void RouteImport::GetRoute() {
 FileQuestion RouteImport::Question() const {
     FileQuestion question;
     question.Title = shared.Text("Ornivane Route importieren ", "Import Ornivane Route");
-    std::error_code missing;
     const auto folder = shared.ProgramFolder / "Route";
-    question.Start = std::filesystem::is_directory(folder, missing) ? folder : shared.ProgramFolder;
+    question.Start = DirExists(folder) ? folder : shared.ProgramFolder;
     question.Filters = {{"All files (*.*)", "*.*"}, {"Ornivane Route", "*.ovr"}};
     question.Preselected = 1;
     question.DefaultExtension = "ovr";

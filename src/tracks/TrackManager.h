@@ -6,6 +6,7 @@
 
 #include "common/Variablen.h"
 #include "platform/Dialogs.h"
+#include "store/Recordset.h"
 #include "tracks/Gpx.h"
 #include "tracks/TrackPoints.h"
 

@@ -20,7 +20,6 @@ protected:
     CatalogueTest() {
         AddImage("alpha.jpg", 2000, 1000);
         AddImage("zulu.jpg", 2000, 1000);
-        Shared.MapsSet.Open(Shared.DataConn, "SELECT * FROM Maps WHERE Active = 1 ORDER BY Name");
         Catalogue.Form_Load();
     }
     std::filesystem::path Charts() const { return Folder.Path() / "Karten"; }
@@ -30,11 +29,13 @@ protected:
         WriteFileAtomically(Charts() / name, bytes);
     }
     std::string Bytes(const std::string& name) { return ReadWholeFile(Charts() / name).value_or("none"); }
-    void Select(const std::string& name) {
+    int SearchEntry(const std::string& name) const {
         for (std::size_t i = 0; i < Catalogue.listKarten.size(); ++i)
-            if (Catalogue.listKarten[i].Name == name) return Catalogue.listKarten_Click(static_cast<int>(i));
-        FAIL() << name;
+            if (Catalogue.listKarten[i].Name == name) return static_cast<int>(i);
+        ADD_FAILURE() << name;
+        return -1;
     }
+    void Select(const std::string& name) { Catalogue.listKarten_Click(SearchEntry(name)); }
     // "name unten oben links rechts breite höhe active", one row after another.
     std::string Rows(const std::string& where = "1") {
         Recordset rows;

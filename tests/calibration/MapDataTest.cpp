@@ -1,3 +1,8 @@
+#include <algorithm>
+#include <cmath>
+#include <random>
+
+#include "base/Numbers.h"
 #include "base/RuntimeError.h"
 #include "calibration/CatalogueFixture.h"
 
@@ -21,7 +26,7 @@ TEST_F(CatalogueTest, ListsTheImagesAndForgetsRowsWhoseImageIsGone) {
     std::filesystem::remove(Charts() / "alpha.jpg");
     Catalogue.FillMapList();
     EXPECT_EQ(Rows(), "Zulu.JPG 60 61 6 8 2000 1000 on;");
-    EXPECT_EQ(Shared.MapsSet.RecordCount(), 1);
+    EXPECT_EQ(Catalogue.ActiveMapsSet.RecordCount(), 1);
     EXPECT_EQ(Catalogue.SelectedName(), "Äpfel.bmp");
 }
 
@@ -56,6 +61,58 @@ TEST_F(CatalogueTest, AMissingFolderCostsNoRows) {
     Catalogue.FillMapList();
     EXPECT_EQ(Rows(), "");
     EXPECT_TRUE(Boxes.Shown.empty());
+}
+
+// The place where a card with the charts is missing looks like an empty folder.
+TEST_F(CatalogueTest, BeforeAllRowsGoTheStoreIsKept) {
+    const auto refillWithout = [this](std::initializer_list<const char*> images) {
+        for (const char* name : images) std::filesystem::remove(Charts() / name);
+        Catalogue.FillMapList();
+        EXPECT_EQ(Rows(), "");
+        return Catalogue.BackupText();
+    };
+    const auto chartsIn = [this](const char* name) {
+        Connection kept;
+        kept.Open(Folder.Path() / name, Connection::Mode::ReadOnly);
+        Recordset rows;
+        rows.Open(kept, "SELECT Name, Breite FROM Maps ORDER BY Name");
+        std::string text;
+        for (; !rows.Eof(); rows.MoveNext()) text += rows.Text("Name") + " " + rows.Text("Breite") + ";";
+        return text;
+    };
+    const auto add = [this](const char* name, int width) {
+        AddImage(name, width, 100);
+        Shared.DataConn.Execute(
+            "INSERT INTO Maps (Name, Unten, Oben, Links, Rechts, Breite, \"Höhe\", Active) "
+            "VALUES (?, 1, 2, 3, 4, ?, 100, 1)",
+            {name, width});
+    };
+    EXPECT_FALSE(std::filesystem::exists(Folder.Path() / "data.bak")); // unused.jpg was not the only one
+    EXPECT_EQ(
+        refillWithout({"alpha.jpg", "zulu.jpg"}),
+        "Zu keiner eingetragenen Karte war ein Bild im Ordner. Die Einträge sind aufgehoben in data.bak.");
+    EXPECT_EQ(chartsIn("data.bak"), "alpha.jpg 2000;Zulu.JPG 2000;");
+    EXPECT_EQ(refillWithout({}), ""); // there was nothing to keep
+    add("new.jpg", 1);
+    EXPECT_NE(refillWithout({"new.jpg"}).find("data-2.bak"),
+              std::string::npos); // the first one is worth more
+    for (const char* name : {"alpha.jpg", "ZULU.jpg", "d'Or.jpg"}) add(name, 2);
+    refillWithout({"alpha.jpg", "ZULU.jpg", "d'Or.jpg"}); // all that it had, and more
+    EXPECT_EQ(chartsIn("data.bak"), "alpha.jpg 2;d'Or.jpg 2;ZULU.jpg 2;");
+    EXPECT_EQ(chartsIn("data-2.bak"), "new.jpg 1;");
+    WriteFileAtomically(Folder.Path() / "data.bak", "damaged");
+    add("alpha.jpg", 3);
+    EXPECT_NE(refillWithout({"alpha.jpg"}).find("data-3.bak"), std::string::npos);
+    EXPECT_EQ(ReadWholeFile(Folder.Path() / "data.bak"), "damaged");
+    // What cannot be kept stays.
+    for (const char* name : {"data-3.bak.new", "data-4.bak.new"})
+        std::filesystem::create_directories(Folder.Path() / name / "in the way");
+    add("alpha.jpg", 4);
+    std::filesystem::remove(Charts() / "alpha.jpg");
+    EXPECT_THROW(Catalogue.FillMapList(), RuntimeError);
+    EXPECT_EQ(Rows(), "alpha.jpg 1 2 3 4 4 100 on;");
+    EXPECT_EQ(Catalogue.BackupText(), "");
+    EXPECT_TRUE(Boxes.Shown.empty()); // nobody is asked
 }
 
 TEST_F(CatalogueTest, ShowsRowSideFileOrNothing) {
@@ -122,7 +179,7 @@ TEST_F(CatalogueTest, ATickMakesAMapActiveAndTakesItBack) {
     Catalogue.listKarten_ItemCheck(1); // zulu.jpg
     EXPECT_EQ(Catalogue.SelectedName(), "zulu.jpg");
     EXPECT_EQ(Rows(), "alpha.jpg 50 51 6 8 2000 1000 on;zulu.jpg 60 61 6 8 2000 1000 off;");
-    EXPECT_EQ(Shared.MapsSet.RecordCount(), 1);
+    EXPECT_EQ(Catalogue.ActiveMapsSet.RecordCount(), 1);
     AddImage("side.jpg", 30, 20);
     WriteFileAtomically(Charts() / "side.crm", "1\r\n2\r\n3\r\n4\r\n");
     Catalogue.FillMapList();
@@ -150,9 +207,205 @@ TEST_F(CatalogueTest, ThePreviewIsStretchedAndLoadsOnlyWhenAsked) {
     Select("zulu.jpg");
     EXPECT_TRUE(Catalogue.PreviewFailed);
     EXPECT_EQ(Surface.Drawn, std::vector<std::string>{"cls"});
-    EXPECT_EQ(Fields(), "N50b N51b E6b E8b "); // an image that cannot be shown ends it there
+    EXPECT_EQ(Fields(), "Ny Ny Ey Ey "); // an image that cannot be shown ends it there
     Catalogue.chkVorschau_Click(false);
     EXPECT_FALSE(Catalogue.PreviewFailed);
+}
+
+// What was shown of alpha.jpg before is no data of a chart whose image tells nothing.
+TEST_F(CatalogueTest, NothingOfAnotherChartIsEverStored) {
+    for (const char* name : {"dead.jpg", "Größe's.bmp", "stored.jpg"})
+        WriteFileAtomically(Charts() / name, "");
+    WriteFileAtomically(Charts() / "dead.crm", "1\r\n2\r\n3\r\n4\r\n");
+    Sql("INSERT INTO Maps (Name, Unten, Oben, Links, Rechts, Breite, \"Höhe\", Active) VALUES "
+        "('stored.jpg', 47, 48, -9, -8, 300, 200, 1)");
+    Catalogue.FillMapList();
+    const std::string before = Rows();
+    for (const bool preview : {false, true}) {
+        Storage.Readable = true;
+        Select("alpha.jpg");
+        Catalogue.chkVorschau_Click(preview);
+        Storage.Readable = false;
+        for (const char* name : {"Größe's.bmp", "dead.jpg"}) {
+            SCOPED_TRACE(name);
+            Boxes.Shown.clear();
+            Select("alpha.jpg");
+            Select(name);
+            EXPECT_EQ(Fields(),
+                      std::string(name) == "dead.jpg" && !preview ? "N1y N2y E3y E4y " : "Ny Ny Ey Ey ");
+            EXPECT_EQ(Catalogue.lblBreite, "2000"); // stays, as it stood
+            EXPECT_EQ(Catalogue.ScaleText(), "Dieses Bild hat keine lesbare Größe; die gezeigte gehört zu "
+                                             "einer anderen Karte.");
+            Catalogue.cmdSpeichern_Click();
+            Catalogue.tKarten = {"1", "2", "3", "4"}; // typed
+            Catalogue.cmdSpeichern_Click();
+            EXPECT_EQ(Boxes.Shown, std::vector<std::string>(2, BadData));
+        }
+    }
+    EXPECT_EQ(Rows(), before);
+    EXPECT_EQ(Bytes("Größe's.crm"), "none");
+    // A tick asks for no size: a new row without one cannot be, and a row keeps the one that it has.
+    Catalogue.chkVorschau_Click(false);
+    const int dead = SearchEntry("dead.jpg"), stored = SearchEntry("stored.jpg");
+    EXPECT_THROW(Catalogue.listKarten_ItemCheck(dead), RuntimeError);
+    EXPECT_FALSE(Catalogue.listKarten[static_cast<std::size_t>(dead)].Selected);
+    EXPECT_EQ(Rows(), before);
+    Catalogue.listKarten_ItemCheck(stored);
+    EXPECT_EQ(Rows("Name = 'stored.jpg'"), "stored.jpg 47 48 -9 -8 300 200 off;");
+}
+
+// Chart number n is n hundred pixels wide and lies between n and n + 1 degrees, and whoever types enters such
+// numbers: what a row has tells whose it is.
+class SlippingHandsTest : public CatalogueTest {
+protected:
+    static constexpr std::array Names = {"a.bmp", "d'Or.jpg", "m\u00fcnster.jpg", "z.jpg"};
+
+    int Random(int to) { return std::uniform_int_distribution<int>(0, to - 1)(Dice); }
+    static int NumberOf(const std::string& name) {
+        const auto found = std::find(Names.begin(), Names.end(), name);
+        return static_cast<int>(found - Names.begin()) + 2;
+    }
+    void WriteImage(const char* name, bool bmp) {
+        const int width = NumberOf(name) * 100;
+        if (!bmp) return AddImage(name, width, 90);
+        std::string header(26, '\0');
+        header[0] = 'B';
+        header[1] = 'M';
+        header[18] = static_cast<char>(width & 0xFF);
+        header[19] = static_cast<char>(width >> 8);
+        header[22] = 90;
+        WriteFileAtomically(Charts() / name, header);
+    }
+    void ChangeAFile() {
+        const char* name = Names[static_cast<std::size_t>(Random(Names.size()))];
+        switch (Random(5)) {
+        case 0:
+            std::filesystem::remove(Charts() / name);
+            break;
+        case 1:
+            WriteFileAtomically(Charts() / name, "");
+            break;
+        case 2:
+            WriteFileAtomically(Charts() / name, std::string("\xFF\xD8\xFF\xE1\x80\0", 6));
+            break;
+        default:
+            WriteImage(name, std::string(name) == "a.bmp");
+        }
+        if (Random(3) == 0) Catalogue.FillMapList();
+    }
+    void Type() {
+        const auto i = static_cast<std::size_t>(Random(4));
+        const int number = NumberOf(Catalogue.SelectedName());
+        Catalogue.cmbLatLong[i] = number % 2;
+        Catalogue.tKarten[i] = std::to_string(number) + (i % 2 == 0 ? ".1" : ".5");
+        Catalogue.tKarten_Click(i);
+    }
+    void Act() {
+        const int entry = Catalogue.listKarten.empty() ? -1 : Random(int(Catalogue.listKarten.size()));
+        switch (Random(8)) {
+        case 0:
+            return ChangeAFile();
+        case 1:
+            return Catalogue.chkVorschau_Click(!Catalogue.chkVorschau);
+        case 2:
+            Storage.Readable = !Storage.Readable;
+            break;
+        case 3:
+            Catalogue.cmdSpeichern_Click();
+            break;
+        case 4:
+            return Catalogue.listKarten_ItemCheck(entry);
+        case 5:
+            return Catalogue.listKarten_Click(entry);
+        default:
+            for (int i = Random(6); i > 0; --i) Type();
+        }
+    }
+    void CheckRows() {
+        Recordset rows;
+        rows.Open(Shared.DataConn, "SELECT * FROM Maps");
+        for (; !rows.Eof(); rows.MoveNext()) {
+            const std::string name = rows.Text("Name");
+            EXPECT_EQ(rows.Number("Breite"), NumberOf(name) * 100) << name;
+            for (const char* edge : {"Unten", "Oben", "Links", "Rechts"})
+                EXPECT_EQ(std::floor(std::abs(rows.Number(edge))), NumberOf(name)) << name << edge;
+        }
+        const std::string selected = Catalogue.SelectedName();
+        rows.Requery();
+        const bool stored = rows.RecordCount() > 0 && rows.Find("Name", Comparison::Equal, selected);
+        for (std::size_t i = 0; i < 4; ++i) {
+            if (Catalogue.EdgeStates[i] == EdgeState::NotStored) continue;
+            ASSERT_TRUE(stored) << selected;
+            const double edge = NumberIn(Catalogue.tKarten[i]) * (Catalogue.cmbLatLong[i] == 1 ? -1 : 1);
+            EXPECT_EQ(edge, rows.Number(std::array{"Unten", "Oben", "Links", "Rechts"}[i])) << selected;
+        }
+    }
+
+    std::mt19937 Dice{7};
+};
+
+TEST_F(SlippingHandsTest, EveryRowHasTheFrameAndTheSizeOfItsOwnChart) {
+    for (const char* name : {"alpha.jpg", "zulu.jpg"}) std::filesystem::remove(Charts() / name);
+    for (const char* name : Names) WriteImage(name, std::string(name) == "a.bmp");
+    Catalogue.FillMapList();
+    int stored = 0;
+    for (int step = 0; step < 1500 && !HasFailure(); ++step) {
+        SCOPED_TRACE(step);
+        try {
+            Act();
+        } catch (const RuntimeError& error) {
+            EXPECT_EQ(error.Number(), ErrorNumber::TypeMismatch) << error.what();
+        }
+        CheckRows();
+        stored = std::max(stored, Catalogue.ActiveMapsSet.RecordCount());
+    }
+    EXPECT_GE(stored, 3); // the hands did get something done
+}
+
+// Only such images in the folder: there is no size at all.
+TEST_F(CatalogueTest, ASizeThatWasNeverReadIsATypeError) {
+    for (const char* name : {"alpha.jpg", "zulu.jpg"}) WriteFileAtomically(Charts() / name, "");
+    WriteFileAtomically(Charts() / "new.bmp", "");
+    WriteFileAtomically(Charts() / "new.crm", "1\r\n2\r\n3\r\n4\r\n");
+    const std::string before = Rows();
+    MapData catalogue(Shared, Storage, Surface, Boxes);
+    catalogue.Form_Load();
+    for (int entry = 0; entry < 3; ++entry) {
+        const bool ticked = catalogue.listKarten[static_cast<std::size_t>(entry)].Selected;
+        try {
+            catalogue.listKarten_ItemCheck(entry);
+            ADD_FAILURE() << entry;
+        } catch (const RuntimeError& error) {
+            EXPECT_EQ(error.Number(), ErrorNumber::TypeMismatch);
+        }
+        EXPECT_EQ(catalogue.listKarten[static_cast<std::size_t>(entry)].Selected, ticked);
+    }
+    EXPECT_EQ(catalogue.ScaleText(), "");
+    EXPECT_EQ(Rows(), before);
+}
+
+// Blue is only what the row has: not the hemispheres of the last run, and not the half of a damaged row.
+TEST_F(CatalogueTest, TheColourOfStoredIsThatOfTheRow) {
+    Sql("UPDATE Maps SET Links = -8, Rechts = -6 WHERE Name = 'alpha.jpg'");
+    WriteFileAtomically(Charts() / "LatData.crm", "0\r\n1\r\n0\r\n1\r\n0\r\n");
+    MapData catalogue(Shared, Storage, Surface, Boxes);
+    catalogue.Form_Load();
+    const auto colours = [](const MapData& of) {
+        std::string text;
+        for (const EdgeState state : of.EdgeStates) text += state == EdgeState::Stored ? "b" : "y";
+        return text;
+    };
+    EXPECT_EQ(catalogue.SelectedName() + " " + colours(catalogue), "alpha.jpg byyb");
+    EXPECT_EQ(catalogue.cmbLatLong, (std::array{0, 1, 0, 1}));
+    catalogue.listKarten_Click(0);
+    EXPECT_EQ(colours(catalogue), "bbbb");
+    EXPECT_EQ(catalogue.cmbLatLong, (std::array{0, 0, 1, 1}));
+
+    Sql("UPDATE Maps SET Links = NULL WHERE Name = 'Zulu.JPG'");
+    Catalogue.FillMapList();
+    Select("alpha.jpg");
+    EXPECT_THROW(Select("zulu.jpg"), RuntimeError);
+    EXPECT_EQ(Fields(), "Ny Ny Wy Wy ");
 }
 
 TEST_F(CatalogueTest, HemispheresAndPreviewComeBackAtTheNextRun) {

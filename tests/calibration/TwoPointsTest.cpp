@@ -100,6 +100,44 @@ TEST_F(TwoPointsTest, TheScaleIsThatOfTheSavedFrame) {
     }
 }
 
+// The size cannot be stored: the frame that was found stays in the fields, in the colour of what is not.
+TEST_F(TwoPointsTest, ARefusedSaveLosesNothing) {
+    constexpr const char* row = "topdown.bmp 1 2 3 4 2000 1000 on;";
+    std::string header("BM" + std::string(16, '\0') + std::string("\xD0\x07\0\0\x18\xFC\xFF\xFF", 8));
+    WriteFileAtomically(Charts() / "topdown.bmp", header); // 2000 x -1000
+    Sql("INSERT INTO Maps (Name, Unten, Oben, Links, Rechts, Breite, \"Höhe\", Active) VALUES "
+        "('topdown.bmp', 1, 2, 3, 4, 2000, 1000, 1)");
+    CatalogueTest::Catalogue.FillMapList();
+    Select("topdown.bmp");
+    for (const int english : {0, 1}) {
+        Boxes.Shown.clear();
+        Shared.EnglishUI = static_cast<std::int16_t>(english);
+        TwoPoints form(Shared, Catalogue, Storage, Surface, Arrows, Boxes, *this);
+        form.Form_Load();
+        ASSERT_EQ(Boxes.Shown.size(), 1u);
+        EXPECT_EQ(Boxes.Shown[0],
+                  english ? "Data error|topdown.bmp is stored from the top down (height -1000). Its "
+                            "calibration cannot be stored: save the image again in the usual order."
+                          : "Datenfehler|topdown.bmp ist von oben nach unten gespeichert (Höhe -1000). Die "
+                            "Kalibrierung kann nicht gespeichert werden: Bitte das Bild in der üblichen "
+                            "Reihenfolge neu speichern.");
+        const char* coordinates[2][2] = {{"50.06", "6.3"}, {"50.54", "7.3"}};
+        for (const std::size_t index : {std::size_t{0}, std::size_t{1}}) {
+            form.tx = index == 0 ? "500" : "1500";
+            form.ty = index == 0 ? "900" : "100";
+            form.picMap_Click();
+            form.Points[index].tLat = coordinates[index][0];
+            form.Points[index].tLong = coordinates[index][1];
+            form.cmdSave_Click(index);
+        }
+        EXPECT_EQ(Boxes.Shown.size(), 3u); // calibrated; cannot be saved
+        EXPECT_EQ(Fields().substr(Fields().find('E')), "E6y E8y ");
+        EXPECT_EQ(Rows("Active"), row);
+        EXPECT_TRUE(Catalogue.listKarten[static_cast<std::size_t>(Catalogue.ListIndex)].Selected);
+        EXPECT_EQ(Bytes("topdown.crm"), "none");
+    }
+}
+
 TEST_F(TwoPointsTest, PointsTooCloseInXLeaveNoWayForward) {
     ClickPixel(500, 900);
     Enter(0, "50.06", "6.3");
@@ -166,7 +204,7 @@ TEST_F(TwoPointsTest, TypedKeysGoWhereTheyAreMeant) {
     EXPECT_EQ(Form.KeyTyped("q"), TypedInto::Quickfind2);
     EXPECT_EQ(Form.Points[1].tLat, ""); // nothing found
     Form.Points[1].tQuickfind = "";
-    Form.FindWaypoint(1);
+    Form.FindWaypoint2();
     EXPECT_EQ(Form.Points[1].WaypointFindSet.RecordCount(), 0);
 }
 

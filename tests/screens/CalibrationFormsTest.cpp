@@ -32,7 +32,6 @@ protected:
             chart.save(QString::fromStdString((Folder.Path() / "Karten" / name).string()), "JPG", 100);
         chart.save(QString::fromStdString((Folder.Path() / "Karten" / "dot.bmp").string()), "BMP");
         Sql("INSERT INTO Waypoints (Name, Lat, Long) VALUES ('Hill', 50.564, 7.36), ('Hilltop', 1, 2)");
-        Shared.MapsSet.Open(Shared.DataConn, "SELECT * FROM Maps WHERE Active = 1 ORDER BY Name");
         Shared.EnglishUI = 1;
         Form = std::make_unique<frmCalibrate>(Shared, Guard, Dialogs);
         Form->resize(1024, 640);
@@ -170,15 +169,46 @@ TEST_F(CalibrationFormsTest, TheCatalogueIsEditedAndTickedByKeyboard) {
         QTest::keyClick(&field, Qt::Key_Return);
     }
     QTest::keyClick(Form->focusWidget(), Qt::Key_Space);
-    EXPECT_EQ(Shared.MapsSet.RecordCount(), 2);
+    EXPECT_EQ(Form->Logic().ActiveMapsSet.RecordCount(), 2);
     list.setFocus();
     QTest::keyClick(&list, Qt::Key_Space);
-    EXPECT_EQ(Shared.MapsSet.RecordCount(), 3);
+    EXPECT_EQ(Form->Logic().ActiveMapsSet.RecordCount(), 3);
     EXPECT_EQ(list.currentItem()->checkState(), Qt::Checked);
     auto& field = Find<QLineEdit>(*Form, "tKarten0");
     QTest::keyClicks(&field, "9");
     QTest::keyClick(&field, Qt::Key_Escape);
     EXPECT_EQ(field.text(), "50");
+}
+
+// By the mouse, as a hand that is unsure does it.
+TEST_F(CalibrationFormsTest, AClickOnTheSelectedMapShowsItAgain) {
+    auto& list = Find<QListWidget>(*Form, "listKarten");
+    const auto click = [&list](const char* chart, int x = 120) {
+        const QRect row = list.visualItemRect(list.findItems(chart, Qt::MatchExactly).first());
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, {x, row.center().y()});
+    };
+    click("alpha.jpg");
+    QTest::keyClicks(&Find<QLineEdit>(*Form, "tKarten2"), "9");
+    EXPECT_EQ(Edge(2), "69");
+    Form->Logic().cmbLatLong[2] = 1;
+    click("alpha.jpg");
+    EXPECT_EQ(Edge(2), "6");
+    EXPECT_EQ(Find<QComboBox>(*Form, "cmbLatLong2").currentIndex(), 0);
+    EXPECT_EQ(Form->Logic().EdgeStates[2], EdgeState::Stored);
+    for (const char* chart : {"zulu.jpg", "alpha.jpg", "alpha.jpg", "zulu.jpg"}) click(chart);
+    EXPECT_EQ(Edge(0), "60");
+    // A file that turned into something else is told once, and so it is when its tick is clicked.
+    WriteFileAtomically(Folder.Path() / "Karten" / "zulu.jpg", std::string("\xFF\xD8\xFF\xE1\x80\0", 6));
+    for (const int x : {120, 14}) {
+        Said.clear();
+        AnswerBox();
+        click("zulu.jpg", x);
+        QTest::qWait(20);
+        EXPECT_EQ(Said, "|Fehler im Bild|") << x;
+        EXPECT_FALSE(QApplication::activeModalWidget()) << x;
+    }
+    EXPECT_EQ(list.findItems("zulu.jpg", Qt::MatchExactly).first()->checkState(), Qt::Unchecked);
+    EXPECT_EQ(Edge(0), "60");
 }
 
 TEST_F(CalibrationFormsTest, AnImageThatCannotBeLoadedOpensNoCalibration) {

@@ -8,6 +8,8 @@
 #include <QStringList>
 #include <algorithm>
 
+#include "base/Paths.h"
+
 namespace ornivane {
 
 namespace {
@@ -124,8 +126,7 @@ std::optional<std::filesystem::path> QtDialogs::Ask(QFileDialog& dialog, const F
     if (question.Preselected < static_cast<std::size_t>(filters.size()))
         dialog.selectNameFilter(filters[static_cast<int>(question.Preselected)]);
     dialog.setDefaultSuffix(QString::fromStdString(question.DefaultExtension));
-    std::error_code missing;
-    if (std::filesystem::is_directory(question.Start, missing)) {
+    if (DirExists(question.Start)) {
         dialog.setDirectory(QString::fromStdString(question.Start.string()));
     } else if (!question.Start.empty()) {
         dialog.setDirectory(QString::fromStdString(question.Start.parent_path().string()));
