@@ -4,8 +4,8 @@
 #include "calibration/frmCalibrate.h"
 #include "flightplan/frmFlugPlan.h"
 #include "nav/frmGPSmain.h"
-#include "planning/RouteImport.h"
 #include "planning/frmExport.h"
+#include "planning/frmImport.h"
 #include "planning/frmPlanung.h"
 #include "platform/qt/Theme.h"
 #include "settings/frmSettings.h"
@@ -70,13 +70,7 @@ MainForm::Services Program::MainServices() {
             ->open();
     };
     services.ImportRoute = [this] {
-        if (!planning) return;
-        PlanningScreen& screen = planning->Logic();
-        RouteImport import(
-            variablen, dialogs,
-            {&screen.Waypoints.WaypointsSet, &screen.Routes.RoutesSet, &screen.Routes.RoutePointsSet});
-        guard.Run([&] { import.GetRoute(); });
-        screen.RedrawPlan(); // the lists follow by themselves
+        if (planning) frmImport(variablen, dialogs, *planning).GetRoute();
     };
     services.ShowAirspaceSettings = [this] {
         if (planning) planning->ShowAirspaceSettings();

@@ -16,6 +16,9 @@ namespace {
 // Each point that differs has a box of its own; nobody answers thousands of them.
 constexpr std::size_t MostDifferenceBoxes = 10;
 
+// Characters of a waypoint's name, as in the schema of a route file.
+constexpr std::size_t LongestName = 255;
+
 void Insert(Statement& statement, std::initializer_list<Value> values) {
     StatementRun run(statement);
     int parameter = 0;
@@ -66,15 +69,29 @@ std::string RouteImport::RouteNameOf(const std::string& path) {
 void RouteImport::ImportWaypoints() {
     std::vector<std::string> differing;
     bool failed = false;
+    std::string reason;
     try {
         MergeWaypoints(differing);
-    } catch (const RuntimeError&) {
+    } catch (const RuntimeError& error) {
         failed = true;
+        if (error.Number() == ErrorNumber::Overflow) reason = "\n" + error.Detail();
     }
     TellDifferences(differing);
     if (failed)
         boxes.Message(shared.Text("Datenfehler", "Data error"),
-                      shared.Text("Fehler beim Einlesen der Wegpunkte", "Error reading waypoint data"));
+                      shared.Text("Fehler beim Einlesen der Wegpunkte", "Error reading waypoint data") +
+                          reason);
+}
+
+// The row of the file, and how the name begins: all of it would fill the screen.
+std::string RouteImport::LongName(const std::string& name) const {
+    constexpr std::size_t beginning = 20; // characters
+    std::size_t end = 0;
+    while (end < name.size() && CharacterCount(std::string_view(name).substr(0, end + 1)) <= beginning) ++end;
+    return shared.Text("Zeile ", "Row ") + std::to_string(rows.AbsolutePosition()) +
+           shared.Text(": Der Name hat ", ": The name has ") + std::to_string(CharacterCount(name)) +
+           shared.Text(" Zeichen, möglich sind ", " characters, ") + std::to_string(LongestName) +
+           shared.Text(": ", " are possible: ") + name.substr(0, end) + "...";
 }
 
 // Into an empty table nothing is taken: the route then stays without points.
@@ -90,6 +107,7 @@ void RouteImport::MergeWaypoints(std::vector<std::string>& differing) {
         const Value lat = rows.Number("Lat"), lon = rows.Number("Long");
         const WaypointBook::Waypoint* stored = waypoints.Find(name);
         if (!stored) {
+            if (CharacterCount(name) > LongestName) throw RuntimeError(ErrorNumber::Overflow, LongName(name));
             Insert(insert, {name, lat, lon});
             waypoints.Add({{}, name, lat, lon});
         } else if ((stored->Lat != lat || stored->Long != lon) && told.insert(stored).second) {
@@ -97,7 +115,7 @@ void RouteImport::MergeWaypoints(std::vector<std::string>& differing) {
         }
     }
     transaction.Commit();
-    Requery(sets.WaypointsSet);
+    Show(sets.WaypointsChanged);
 }
 
 // The box of a single point is German in either language, as its readers know it.
@@ -108,15 +126,17 @@ void RouteImport::TellDifferences(const std::vector<std::string>& differing) {
                       "Der Punkt: " + differing[i] +
                           " unterscheidet sich von dem schon vorhandenem Punkt. Die alten Koordinaten werden "
                           "beibehalten - Bitte den Streckenpunkt überprüfen.");
-    const std::string others = std::to_string(differing.size() - single);
-    if (differing.size() > single)
-        boxes.Message(
-            shared.Text("Datenunterschied", "Data difference"),
-            shared.Text("Weitere Punkte, die sich von den schon vorhandenen unterscheiden: ",
-                        "More points that differ from those already there: ") +
-                others +
-                shared.Text(". Die alten Koordinaten werden beibehalten - Bitte die Strecke überprüfen.",
-                            ". The old coordinates are kept - please check the route."));
+    const std::vector<std::string> others(differing.begin() + static_cast<std::ptrdiff_t>(single),
+                                          differing.end());
+    if (others.empty()) return;
+    boxes.MessageWithList(
+        shared.Text("Datenunterschied", "Data difference"),
+        shared.Text("Weitere Punkte, die sich von den schon vorhandenen unterscheiden: ",
+                    "More points that differ from those already there: ") +
+            std::to_string(others.size()) +
+            shared.Text(". Die alten Koordinaten werden beibehalten - Bitte die Strecke überprüfen.",
+                        ". The old coordinates are kept - please check the route."),
+        others);
 }
 
 void RouteImport::ImportRouteRow(const std::string& name) {
@@ -131,16 +151,25 @@ void RouteImport::ImportRouteRow(const std::string& name) {
     routes.Update();
     routeID = routes.Get("RouteID");
     transaction.Commit();
-    Requery(sets.RoutesSet);
+    Show([this] { ShowRoute(); });
+}
+
+void RouteImport::ShowRoute() {
+    if (!sets.RoutesSet || !sets.RoutesSet->IsOpen()) return;
+    sets.RoutesSet->Requery();
+    if (!sets.RoutesSet->Find("RouteID", Comparison::Equal, routeID)) sets.RoutesSet->MoveFirst();
 }
 
 void RouteImport::ImportRoutePoints() {
     try {
         CopyPoints();
-        Requery(sets.RoutePointsSet);
     } catch (const RuntimeError&) {
         // The route stays without points; a file that leads here has had its message with the waypoints.
+        return;
     }
+    Show([this] {
+        if (sets.RoutePointsSet && sets.RoutePointsSet->IsOpen()) sets.RoutePointsSet->Requery();
+    });
 }
 
 // The points are copies of the stored waypoints, not of the file's: where they differ, the store is right.
@@ -159,9 +188,9 @@ void RouteImport::CopyPoints() {
     transaction.Commit();
 }
 
-void RouteImport::Requery(Recordset* set) {
+void RouteImport::Show(const std::function<void()>& list) {
     try {
-        if (set && set->IsOpen()) set->Requery();
+        if (list) list();
     } catch (const RuntimeError&) {
         // What is stored is stored: a screen that cannot show it must not leave the route without its points.
         notShown = std::current_exception();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <exception>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -10,16 +11,17 @@
 
 namespace ornivane {
 
-// The recordsets of the planning screen that show what an import changes. One that is missing or closed is
-// left alone.
+// The lists of the planning screen that show what an import changes. One that is missing or closed is left
+// alone.
 struct PlanningSets {
-    Recordset* WaypointsSet = nullptr;
+    std::function<void()> WaypointsChanged;
     Recordset* RoutesSet = nullptr;
     Recordset* RoutePointsSet = nullptr;
 };
 
 // Takes a route and its waypoints from a route file. Nothing of it is seen but the file dialog and messages.
-// Three steps, each of them wholly done or not at all: the waypoints, the route, its points.
+// Three steps, each of them wholly done or not at all: the waypoints, the route, its points. Afterwards the
+// list of routes stands on the new one.
 class RouteImport {
 public:
     RouteImport(Variablen& variablen, Dialogs& dialogs, PlanningSets planning);
@@ -42,7 +44,9 @@ private:
     void ImportRouteRow(const std::string& name);
     void ImportRoutePoints();
     void CopyPoints();
-    void Requery(Recordset* set);
+    void Show(const std::function<void()>& list);
+    void ShowRoute();
+    std::string LongName(const std::string& name) const;
 
     Variablen& shared;
     Dialogs& boxes;

@@ -67,6 +67,16 @@ void WaypointEditing::FillCategories() {
     ShowUnlessTyped();
 }
 
+void WaypointEditing::ReadAgain() {
+    if (!WaypointsSet.IsOpen()) return;
+    const Flagged now(moving);
+    const Value current = OnRow() ? WaypointsSet.Get("PointID") : Value();
+    WaypointsSet.Requery();
+    if (!WaypointsSet.Find("PointID", Comparison::Equal, current)) WaypointsSet.MoveFirst();
+    cmdNextEnabled = cmdPrevEnabled = true;
+    ShowUnlessTyped();
+}
+
 // An entry that is being typed is not taken away by a change of the list.
 void WaypointEditing::ShowUnlessTyped() {
     if (IsEdited())

@@ -30,6 +30,10 @@ public:
     // At each activation: cmbKat anew, on all waypoints, and the list too when a category was chosen.
     void FillCategories();
 
+    // Another form has added rows: the list anew, on the waypoint that was looked at. What is being typed
+    // stays.
+    void ReadAgain();
+
     // The current row into fields and counter; without rows they stay as they are.
     void ShowWaypoint();
     // What was typed is given up: the current row again, or empty fields without one.

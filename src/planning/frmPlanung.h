@@ -45,6 +45,8 @@ public:
     void ShowAirspaceSettings();
 
     PlanningScreen& Logic() { return *screen; }
+    // Runs an event on this screen, then shows the state; also one of a form that works for it.
+    void Do(const std::function<void()>& event);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -59,7 +61,6 @@ private:
     LampButton* MeasureButton(const char* name, void (PlanMap::*click)());
     void ChainFocus();
 
-    void Do(const std::function<void()>& event);
     void MapPressed(QPointF at, Qt::MouseButton button);
     void MapMoved(QPointF at, Qt::MouseButtons held);
     void MapReleased(Qt::MouseButton button);

@@ -101,7 +101,7 @@ TEST_F(RouteImportTest, KeepsTheStoredPlaceOfAPointAndTellsOfItOnce) {
     EXPECT_THAT(Rows("SELECT Nummer FROM Route WHERE Name = 'Tour'"), ElementsAre("8"));
 }
 
-TEST_F(RouteImportTest, TellsOfTenThousandPointsInFewBoxes) {
+TEST_F(RouteImportTest, NamesEachOfTenThousandPointsInFewBoxes) {
     Sql("DELETE FROM Waypoints");
     std::string rows;
     Shared.EnglishUI = 1;
@@ -115,6 +115,8 @@ TEST_F(RouteImportTest, TellsOfTenThousandPointsInFewBoxes) {
     ASSERT_THAT(Boxes.Shown, SizeIs(12));
     EXPECT_EQ(Boxes.Shown.front(), Difference("W9999"));
     EXPECT_THAT(Boxes.Shown[10], HasSubstr(": 9990."));
+    for (const char* name : {"\nW9989\nW9988\n", "\nW5000\n", "\nW1\nW0"})
+        EXPECT_THAT(Boxes.Shown[10], HasSubstr(name));
     EXPECT_EQ(Boxes.Shown[11], "Data imported|Route: Tour was added to the database");
     EXPECT_THAT(Rows("SELECT count(*), sum(Nummer), min(Long), max(Long) FROM GpsPoints"),
                 ElementsAre("10000 50005000 6 6"));
@@ -195,6 +197,30 @@ TEST_F(RouteImportTest, HalfImportsNothing) {
     }
 }
 
+// Names of waypoints have 255 characters at most: longer ones would stand on every screen.
+TEST_F(RouteImportTest, RefusesANameThatIsLongerThanItsFieldAndSaysWhy) {
+    std::string longest;
+    for (int i = 0; i < 255; ++i) longest += "ü";
+    Import(Write("Tour.ovr", RouteFile(FileRow(longest, "1", "2"))));
+    EXPECT_THAT(Boxes.Shown, ElementsAre(Added));
+    EXPECT_EQ(Waypoints().back(), longest + " 1 2 ");
+    const std::string endless(8 << 20, 'x'), known = FileRow("Ende", "51.1", "7.2");
+    Import(Write("Long.ovr", RouteFile(FileRow("Neu", "1", "2") + known + FileRow(endless, "1", "2"))));
+    EXPECT_THAT(
+        Boxes.Shown,
+        ElementsAre(std::string(NotRead) +
+                        "\nZeile 3: Der Name hat 8388608 Zeichen, möglich sind 255: xxxxxxxxxxxxxxxxxxxx...",
+                    "Datenimport|Strecke: Long wurde hinzugefügt"));
+    EXPECT_THAT(Points("Long"), ElementsAre("2 Ende 51.1 7.2"));
+    Shared.EnglishUI = 1;
+    Import(Write("Long.ovr", RouteFile(FileRow(longest + "u", "1", "2"))));
+    EXPECT_THAT(
+        Boxes.Shown[0],
+        testing::StartsWith("Data error|Error reading waypoint data\nRow 1: The name has 256 characters, "
+                            "255 are possible: üüüüüüüüüüüüüüüüüüüü..."));
+    EXPECT_THAT(Waypoints(), SizeIs(4));
+}
+
 TEST_F(RouteImportTest, AsksForARouteFileAndTakesCancelForAnEnd) {
     fs::create_directory(Folder.Path() / "Route");
     RouteImport(Shared, Boxes, {}).GetRoute();
@@ -234,14 +260,17 @@ TEST_F(RouteImportTest, ShowsThePlanningScreenWhatIsNewAndGoesOnWhenThatFails) {
     waypoints.Open(Shared.DataConn, "SELECT * From Waypoints Order by NAME ASC");
     routes.Open(Shared.DataConn, "SELECT * From Route Order by NUMMER ASC");
     const fs::path file = Write("Tour.ovr", RouteFile(FileRow("Neu", "1", "2")));
-    Import(file, {&waypoints, &routes, &points}); // no points are open where there was no route
+    const auto anew = [&] { waypoints.Requery(); };
+    Import(file, {anew, &routes, &points}); // no points are open where there was no route
     EXPECT_EQ(waypoints.RecordCount(), 4);
     EXPECT_EQ(routes.RecordCount(), 1);
+    Import(file, {anew, &routes, {}});
+    EXPECT_EQ(routes.AbsolutePosition(), 2) << "on the new one";
     points.Open(Shared.DataConn, "SELECT * From GpsPoints WHERE RouteID = ?",
                 {routes.Get("RouteID").Integer() + 1});
     FailingScreen failing;
     for (Recordset* set : {&waypoints, &routes}) set->AddObserver(&failing);
-    EXPECT_THROW(Import(file, {&waypoints, &routes, &points}), RuntimeError); // last of all
+    EXPECT_THROW(Import(file, {anew, &routes, &points}), RuntimeError); // last of all
     EXPECT_EQ(points.RecordCount(), 1);
     EXPECT_THAT(Boxes.Shown, ElementsAre(Added));
     for (Recordset* set : {&waypoints, &routes}) set->RemoveObserver(&failing);

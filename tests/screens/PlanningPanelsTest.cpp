@@ -4,6 +4,9 @@
 #include <QPushButton>
 #include <gmock/gmock.h>
 
+#include "planning/RouteExport.h"
+#include "planning/frmImport.h"
+
 namespace ornivane {
 namespace {
 
@@ -19,6 +22,38 @@ const char* const StoredPoints =
 const auto SixPoints = ElementsAre("1 Tour Bonn Bonn 50.44 7.06", "2 Tour D'Arc D'Arc -12.5 -7.3",
                                    "3 Tour Cork Cork -33.5 -8.3", "4 Tour aachen aachen 50.4633 6.0512",
                                    "5 Tour D'Arc D'Arc -12.5 -7.3", "6 Tour Zug Zug 47.1 8.31");
+
+// A file with a waypoint that is new here, and a route that was selected before.
+TEST_F(PlanningPanelsTest, AnImportLeavesWhatIsBeingTypedAndSelectsItsRoute) {
+    Sql("INSERT INTO Route (Nummer, Name) VALUES (1, 'Tour'), (2, 'First')");
+    Sql("INSERT INTO GpsPoints (Nummer, RouteID, PointID, Name, Lat, Long) SELECT PointID, 1, PointID, Name, "
+        "Lat, Long FROM Waypoints WHERE Name IN ('Bonn', 'Zug')");
+    RouteExport file(Shared, Boxes);
+    file.Form_Load("Tour");
+    file.cmdExport();
+    Sql("DELETE FROM Route WHERE Name = 'Tour'");
+    Sql("DELETE FROM GpsPoints");
+    Sql("DELETE FROM Waypoints WHERE Name = 'Bonn'");
+    RouteRoom.RoutesSet.Requery();
+    Window.Form_Activate();
+    ClickRow("gridWaypoints", 1);
+    EXPECT_EQ(Seen(), "Cork 2 / 3");
+    Left->FocusEntry();
+    Type("Half");
+    Find<QLineEdit>("tWaypoint2").setFocus();
+    Find<QLineEdit>("tWaypoint2").selectAll();
+    Type("47.");
+    Boxes.File = file.lblSave;
+    frmImport(Shared, Boxes, Window).GetRoute();
+    EXPECT_EQ(Boxes.Shown.back(), "Data imported|Route: Tour was added to the database");
+    EXPECT_EQ(Text("tWaypoint1") + " " + Text("tWaypoint2"), "Half 47.");
+    EXPECT_EQ(Focus(), "tWaypoint2");
+    EXPECT_EQ(WaypointRoom.WaypointsSet.Text("Name"), "Cork"); // what Change would write to
+    EXPECT_EQ(Find<QLabel>("lblCount").text(), "3 / 4");
+    EXPECT_EQ(Find<QTableView>("gridRoute").currentIndex().siblingAtColumn(1).data().toString(), "Tour");
+    EXPECT_EQ(RouteRoom.RoutePointsSet.RecordCount(), 2);
+    EXPECT_EQ(Find<QTableView>("gridPoints").model()->rowCount(), 2);
+}
 
 TEST_F(PlanningPanelsTest, ARouteOfSixPointsIsPlannedByKeyboardAlone) {
     Boxes.Inputs = {"Tour"};

@@ -2,6 +2,7 @@
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QPointer>
 #include <QTest>
 #include <QTimer>
@@ -115,6 +116,26 @@ TEST_F(RouteExchangeForms, TakesAFileThatWasChosenByKeysInTheDialog) {
     auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
     ASSERT_TRUE(box);
     EXPECT_EQ(box->text(), "Strecke: Alpen wurde hinzugefügt");
+}
+
+TEST_F(RouteExchangeForms, AMessageWithThousandsOfNamesStaysOnTheScreenAndGoesAwayWithEnter) {
+    std::vector<std::string> names;
+    for (int i = 0; i < 10000; ++i) names.push_back("Wegpunkt " + std::to_string(i));
+    names.push_back(std::string(255, 'W'));
+    Boxes.MessageWithList("Datenunterschied", "Weitere Punkte:", names);
+    Boxes.MessageWithList("Datenunterschied", "Weitere Punkte:", names); // the same stands already
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    ASSERT_TRUE(box && QTest::qWaitFor([&] { return box->isActiveWindow(); }));
+    EXPECT_LE(box->height(), 600);
+    EXPECT_LE(box->width(), 1024);
+    auto* list = box->findChild<QPlainTextEdit*>("list");
+    ASSERT_TRUE(list);
+    EXPECT_EQ(list->blockCount(), 10001);
+    const QWidget* button = box->button(QMessageBox::Ok);
+    EXPECT_TRUE(list->isVisible());
+    EXPECT_LT(list->geometry().bottom(), button->mapTo(box, QPoint()).y());
+    Key(Qt::Key_Return);
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
 } // namespace

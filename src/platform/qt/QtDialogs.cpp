@@ -14,7 +14,8 @@ namespace ornivane {
 
 namespace {
 
-constexpr int MostLines = 10; // of a list that show at once; the others are scrolled to
+constexpr int NarrowestList = 400; // pixels
+constexpr int MostLines = 10;      // of a list that show at once; the others are scrolled to
 
 // Between the text and the button.
 void AddList(QMessageBox& box, const QString& text) {
@@ -22,12 +23,13 @@ void AddList(QMessageBox& box, const QString& text) {
     list->setObjectName("list");
     list->setReadOnly(true);
     list->setTabChangesFocus(true);
-    const int lines = std::min(MostLines, list->blockCount());
-    list->setFixedHeight((lines + 1) * list->fontMetrics().lineSpacing());
+    list->setMinimumWidth(NarrowestList);
     auto* grid = qobject_cast<QGridLayout*>(box.layout());
     QWidget* buttons = box.findChild<QDialogButtonBox*>();
     grid->removeWidget(buttons);
     grid->addWidget(list, grid->rowCount(), 0, 1, grid->columnCount());
+    list->ensurePolished(); // its letters are those of the program from here on
+    list->setFixedHeight((std::min(MostLines, list->blockCount()) + 1) * list->fontMetrics().lineSpacing());
     grid->addWidget(buttons, grid->rowCount(), 0, 1, grid->columnCount());
 }
 

@@ -1,0 +1,20 @@
+#include "planning/frmImport.h"
+
+#include "planning/RouteImport.h"
+#include "planning/frmPlanung.h"
+
+namespace ornivane {
+
+frmImport::frmImport(Variablen& variablen, Dialogs& dialogs, frmPlanung& screen)
+    : shared(variablen), boxes(dialogs), planning(screen) {}
+
+void frmImport::GetRoute() {
+    PlanningScreen& screen = planning.Logic();
+    RouteImport import(
+        shared, boxes,
+        {[&] { screen.Waypoints.ReadAgain(); }, &screen.Routes.RoutesSet, &screen.Routes.RoutePointsSet});
+    planning.Do([&] { import.GetRoute(); });
+    planning.Do([&] { screen.RedrawPlan(); }); // also after an error: the lists have followed by themselves
+}
+
+} // namespace ornivane
