@@ -67,12 +67,17 @@ void PlanDrawing::DrawPlanRoute(MapSymbols& symbols) {
     while (routePoints.Step()) {
         const Position to{ToDecimalDegrees(routePoints.Number(0)), ToDecimalDegrees(routePoints.Number(1))};
         if (from) {
-            symbols.DrawLeg(*from, to, RouteColour);
+            DrawPlanLeg(symbols, *from, to);
             sum += CalcRouteDist(to.Lat, to.Long, from->Lat, from->Long);
         }
         from = to;
     }
     if (from) rooms.Routes.lblRouteDistanz = Format(sum, "#####", rooms.Shared.Locale) + " NM";
+}
+
+// A leg outside of the view is drawn as well, and falls off the picture.
+void PlanDrawing::DrawPlanLeg(MapSymbols& symbols, const Position& from, const Position& to) {
+    symbols.DrawLeg(from, to, RouteColour);
 }
 
 void PlanDrawing::DrawWaypoints(MapSymbols& symbols, const MapTransform& transform) {

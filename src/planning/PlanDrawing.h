@@ -24,7 +24,7 @@ public:
     explicit PlanDrawing(const Rooms& rooms);
 
     // Nothing without a map. The length of the route is a by-product: it stays as it was while the route is
-    // not drawn or has no points.
+    // not drawn or has no points (RouteEditing empties it when such a route is chosen).
     void RedrawPlan();
     // The picture of the last RedrawPlan, without what was drawn over it: while the cursor measures, it
     // follows the mouse, and nothing else on the map changes.
@@ -32,6 +32,7 @@ public:
 
 private:
     void DrawPlanRoute(MapSymbols& symbols);
+    static void DrawPlanLeg(MapSymbols& symbols, const Position& from, const Position& to);
     void DrawWaypoints(MapSymbols& symbols, const MapTransform& transform);
 
     Rooms rooms;

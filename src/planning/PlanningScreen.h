@@ -3,6 +3,7 @@
 #include <functional>
 #include <string>
 
+#include "common/Undo.h"
 #include "common/Variablen.h"
 #include "planning/PlanAirspace.h"
 #include "planning/PlanDrawing.h"
@@ -22,6 +23,7 @@ struct PlanningScreenWorld {
     PictureSurface& picMap;
     Progress& progBar;
     Dialogs& Messages;
+    Notice& Notices;
 };
 
 // The planning screen without its window: puts the rooms together and passes on what one asks of another. The
@@ -32,6 +34,7 @@ public:
     struct Form {
         std::function<void()> Redrawn; // the map has a new picture: its state may be another one
         std::function<void()> FocusMap, FocusWaypoints, FocusRoutes, FocusEntry;
+        std::function<void()> Undone; // the lists are what they were before the last deed
     };
     PlanningScreen(const PlanningScreenWorld& world, Form form);
 
@@ -43,6 +46,7 @@ public:
     void CenterOnWaypoint() override { Map.CenterOnWaypoint(); }
     void RedrawPlan() override;
 
+    Undo LastDeed;
     WaypointEditing Waypoints;
     RouteEditing Routes;
     Recordset PlanMapsSet; // the current row is the map that shows; flight mode's is another one
@@ -51,6 +55,7 @@ public:
     PlanDrawing Drawing;
 
 private:
+    void LoadSettings();
     void RecallPlan() override { Drawing.RecallPlan(); }
     void FocusMap() override { form.FocusMap(); }
     void FocusWaypoints() override { form.FocusWaypoints(); }

@@ -81,8 +81,10 @@ void frmPlanung::MakeScreen() {
     form.FocusWaypoints = [this] { waypoints->FocusList(); };
     form.FocusRoutes = [this] { routes->FocusList(); };
     form.FocusEntry = [this] { waypoints->FocusEntry(); };
+    form.Undone = [this] { ShowState(); };
     screen = std::make_unique<PlanningScreen>(
-        PlanningScreenWorld{shared, *picStorage, picMap->Surface(), *progress, dialogs}, std::move(form));
+        PlanningScreenWorld{shared, *picStorage, picMap->Surface(), *progress, dialogs, guard.Notices()},
+        std::move(form));
     const auto changed = [this] { ShowState(); };
     waypoints = new frmWaypointPanel(
         this, screen->Waypoints, shared, guard, [this] { screen->Routes.cmdAddwaypoint(); }, changed);

@@ -6,6 +6,7 @@
 #include "app/Stores.h"
 #include "gps/GpsFakes.h"
 #include "settings/SettingsScreen.h"
+#include "support/PressedNotice.h"
 #include "support/SetClock.h"
 #include "support/TemporaryFolder.h"
 
@@ -37,7 +38,9 @@ protected:
     SetClock Clock;
     Variablen Shared;
     int CaptionsWritten = 0;
-    SettingsScreen Screen{{Shared, Port, Timer, Ports, Clock, Dialogs}, [] {}, [this] { ++CaptionsWritten; }};
+    PressedNotice Bar;
+    SettingsScreen Screen{
+        {Shared, Port, Timer, Ports, Clock, Dialogs}, Bar, [] {}, [this] { ++CaptionsWritten; }};
 };
 
 TEST_F(SettingsScreenTest, WritesEachFileAsItIsReadAgain) {

@@ -17,6 +17,8 @@ public:
     // `english`: the language of this moment.
     EventGuard(Notice& notices, std::function<bool()> english);
 
+    Notice& Notices() { return notices; }
+
     // False when an error ended it.
     bool Run(const std::function<void()>& event);
 
