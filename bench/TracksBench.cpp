@@ -58,6 +58,25 @@ void ChooseAll(benchmark::State& state) {
 }
 BENCHMARK(ChooseAll)->Unit(benchmark::kMillisecond);
 
+// Half a million samples go and come back from the backup.
+void DeleteAndTakeBack(benchmark::State& state) {
+    Logged& logged = TheLogged();
+    TrackManager manager(logged.Shared, logged.Boxes, logged.LastDeed);
+    manager.Form_Load();
+    for (int i = 0; i < 150; ++i) manager.listTrack_MouseUp(i);
+    const int count = manager.TrackPointsSet.Count();
+    logged.Boxes.Answer = true;
+    for (auto _ : state) {
+        manager.cmdDelete_Click();
+        logged.Bar.Press();
+    }
+    if (manager.TrackPointsSet.Count() != count) state.SkipWithError("not all are back");
+    rusage used{};
+    getrusage(RUSAGE_SELF, &used);
+    state.SetLabel(std::to_string(used.ru_maxrss / 1024) + " MiB at most");
+}
+BENCHMARK(DeleteAndTakeBack)->Iterations(2)->Unit(benchmark::kMillisecond);
+
 void ExportAll(benchmark::State& state) {
     Logged& logged = TheLogged();
     TrackManager manager(logged.Shared, logged.Boxes, logged.LastDeed);

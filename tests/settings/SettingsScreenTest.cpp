@@ -43,6 +43,20 @@ protected:
         {Shared, Port, Timer, Ports, Clock, Dialogs}, Bar, [] {}, [this] { ++CaptionsWritten; }};
 };
 
+TEST_F(SettingsScreenTest, ADeletedCategoryIsOfferedInTheLanguageChosenUntilTheScreenIsLeft) {
+    Screen.Form_Activate();
+    Screen.CategoryList.tKategorie = "VOR";
+    Screen.CategoryList.cmdAdd_Click();
+    Screen.CategoryList.cmdDelete_Click();
+    Screen.OptEng_Click();
+    Screen.ApplyLanguage();
+    EXPECT_EQ(Bar.Text, "Category VOR deleted [&undo]");
+    Screen.Form_Deactivate();
+    EXPECT_EQ(Bar.Text, "");
+    Screen.ApplyLanguage();
+    EXPECT_FALSE(Bar.Press());
+}
+
 TEST_F(SettingsScreenTest, WritesEachFileAsItIsReadAgain) {
     Screen.Form_Activate();
     EXPECT_EQ(Screen.cmbTrack, "10");
