@@ -6,7 +6,6 @@
 #include "base/Format.h"
 #include "base/Numbers.h"
 #include "base/RuntimeError.h"
-#include "store/KeptRows.h"
 
 namespace ornivane {
 
@@ -190,12 +189,14 @@ std::optional<std::string> WaypointEditing::OtherTarget() const {
 }
 
 // The current row as it is now. `german`, `english`: what is going to be done with it.
-Undo::Deed WaypointEditing::KeepCurrent(const char* german, const char* english) {
+Undo::Deed WaypointEditing::KeepCurrent(const char* german, const char* english,
+                                        void (KeptRows::*putBack)() const) {
     const Value point = WaypointsSet.Get("PointID");
     const std::string name = Undo::NameOf(WaypointsSet);
     const KeptRows kept(shared.DataConn, "Waypoints", "PointID = ?", {point});
     return {"Wegpunkt " + name + " " + german, "Waypoint " + name + " " + english, shared.DataConn,
-            [kept] { kept.PutBack(); }, [this, point, category = cmbKat] { ShowAgain(point, category); }};
+            [kept, putBack] { (kept.*putBack)(); },
+            [this, point, category = cmbKat] { ShowAgain(point, category); }};
 }
 
 // The waypoint is current again, in the list that shows or else in the one in which it was current.
@@ -215,7 +216,7 @@ void WaypointEditing::ShowAgain(const Value& point, const std::string& category)
 
 bool WaypointEditing::cmdChange() {
     if (!CheckEntry("Bitte Name für den Wegpunkt eingeben")) return false;
-    Undo::Deed deed = KeepCurrent("geändert", "changed");
+    Undo::Deed deed = KeepCurrent("geändert", "changed", &KeptRows::PutBackOver);
     try {
         WaypointsSet.Set("Name", tWaypoint[1]);
         WaypointsSet.Set("Lat", NumberIn(tWaypoint[2]));
@@ -234,7 +235,7 @@ bool WaypointEditing::cmdChange() {
 void WaypointEditing::cmdDelete() {
     if (OnRow()) {
         const Flagged now(moving);
-        Undo::Deed deed = KeepCurrent("gelöscht", "deleted");
+        Undo::Deed deed = KeepCurrent("gelöscht", "deleted", &KeptRows::PutBack);
         WaypointsSet.Delete();
         undo.Offer(std::move(deed));
         if (WaypointsSet.Eof()) WaypointsSet.MoveLast(); // a list with rows stands on one

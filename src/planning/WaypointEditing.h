@@ -9,6 +9,7 @@
 #include "common/Variablen.h"
 #include "planning/PlanningOwner.h"
 #include "platform/Dialogs.h"
+#include "store/KeptRows.h"
 #include "store/Recordset.h"
 
 namespace ornivane {
@@ -91,7 +92,7 @@ private:
     void ShowCount();
     void ShowUnlessTyped();
     bool IsEdited() const;
-    Undo::Deed KeepCurrent(const char* german, const char* english);
+    Undo::Deed KeepCurrent(const char* german, const char* english, void (KeptRows::*putBack)() const);
     void ShowAgain(const Value& point, const std::string& category);
     std::array<std::string, 5> Entry() const;
 

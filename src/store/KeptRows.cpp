@@ -15,13 +15,13 @@ Statement Select(Connection& connection, const std::string& table, const std::st
     return select;
 }
 
-std::string InsertLike(const Statement& select, const std::string& table) {
+std::string IntoLike(const Statement& select, const std::string& table) {
     std::string names, places;
     for (int i = 0; i < select.ColumnCount(); ++i) {
         names += (i > 0 ? ", \"" : "\"") + select.ColumnName(i) + "\"";
         places += i > 0 ? ", ?" : "?";
     }
-    return "INSERT OR REPLACE INTO " + table + " (" + names + ") VALUES (" + places + ")";
+    return " INTO " + table + " (" + names + ") VALUES (" + places + ")";
 }
 
 } // namespace
@@ -30,21 +30,25 @@ KeptRows::KeptRows(Connection& of, const std::string& table, const std::string& 
                    const std::vector<Value>& parameters)
     : connection(&of) {
     Statement select = Select(of, table, where, parameters);
-    insert = InsertLike(select, table);
+    into = IntoLike(select, table);
     while (select.Step()) {
         std::vector<Value>& row = rows.emplace_back();
         for (int i = 0; i < select.ColumnCount(); ++i) row.push_back(select.ColumnValue(i));
     }
 }
 
-void KeptRows::PutBack() const {
-    for (const auto& row : rows) connection->Execute(insert, row);
+void KeptRows::PutBack() const { Write("INSERT"); }
+
+void KeptRows::PutBackOver() const { Write("INSERT OR REPLACE"); }
+
+void KeptRows::Write(const std::string& verb) const {
+    for (const auto& row : rows) connection->Execute(verb + into, row);
 }
 
 std::int64_t KeptRows::Copy(Connection& from, Connection& to, const std::string& table,
                             const std::string& where, const std::vector<Value>& parameters) {
     Statement select = Select(from, table, where, parameters);
-    Statement copy(to, InsertLike(select, table));
+    Statement copy(to, "INSERT" + IntoLike(select, table));
     std::int64_t count = 0;
     for (; select.Step(); ++count) {
         const StatementRun run(copy);

@@ -18,17 +18,19 @@ public:
     KeptRows(Connection& connection, const std::string& table, const std::string& where,
              const std::vector<Value>& parameters);
 
-    // Rows of a table with a key replace those that hold it now; the others are added. The transaction is the
-    // caller's. RuntimeError StoreError, DiskFull.
-    void PutBack() const;
+    // Both in a transaction of the caller's. RuntimeError StoreError, DiskFull.
+    void PutBack() const;     // rows that were deleted; a key that another row has by now is a StoreError
+    void PutBackOver() const; // rows that were changed: they have their key still, and are replaced
 
-    // The same from another store, without keeping the rows in memory. Returns how many they were.
+    // Deleted rows from another store, without keeping them in memory. Returns how many they were.
     static std::int64_t Copy(Connection& from, Connection& to, const std::string& table,
                              const std::string& where, const std::vector<Value>& parameters);
 
 private:
+    void Write(const std::string& verb) const;
+
     Connection* connection;
-    std::string insert;
+    std::string into; // an INSERT without its verb
     std::vector<std::vector<Value>> rows;
 };
 
