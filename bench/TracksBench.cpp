@@ -5,6 +5,7 @@
 #include <sys/resource.h>
 
 #include "support/FlightFolder.h"
+#include "support/PressedNotice.h"
 #include "support/ScriptedDialogs.h"
 #include "tracks/TrackManager.h"
 
@@ -28,6 +29,8 @@ struct Logged : FlightFolder {
         together.Commit();
     }
     ScriptedDialogs Boxes;
+    PressedNotice Bar;
+    Undo LastDeed{Bar, Shared, {}};
 };
 
 Logged& TheLogged() {
@@ -37,14 +40,14 @@ Logged& TheLogged() {
 
 void OpenManager(benchmark::State& state) {
     Logged& logged = TheLogged();
-    for (auto _ : state) TrackManager(logged.Shared, logged.Boxes).Form_Load();
+    for (auto _ : state) TrackManager(logged.Shared, logged.Boxes, logged.LastDeed).Form_Load();
 }
 BENCHMARK(OpenManager)->Unit(benchmark::kMillisecond);
 
 // One click with 299 tracks chosen already, and a screenful of the grid at its end.
 void ChooseAll(benchmark::State& state) {
     Logged& logged = TheLogged();
-    TrackManager manager(logged.Shared, logged.Boxes);
+    TrackManager manager(logged.Shared, logged.Boxes, logged.LastDeed);
     manager.Form_Load();
     for (int i = 0; i < 299; ++i) manager.listTrack_MouseUp(i);
     for (auto _ : state) {
@@ -55,9 +58,28 @@ void ChooseAll(benchmark::State& state) {
 }
 BENCHMARK(ChooseAll)->Unit(benchmark::kMillisecond);
 
+// Half a million samples go and come back from the backup.
+void DeleteAndTakeBack(benchmark::State& state) {
+    Logged& logged = TheLogged();
+    TrackManager manager(logged.Shared, logged.Boxes, logged.LastDeed);
+    manager.Form_Load();
+    for (int i = 0; i < 150; ++i) manager.listTrack_MouseUp(i);
+    const int count = manager.TrackPointsSet.Count();
+    logged.Boxes.Answer = true;
+    for (auto _ : state) {
+        manager.cmdDelete_Click();
+        logged.Bar.Press();
+    }
+    if (manager.TrackPointsSet.Count() != count) state.SkipWithError("not all are back");
+    rusage used{};
+    getrusage(RUSAGE_SELF, &used);
+    state.SetLabel(std::to_string(used.ru_maxrss / 1024) + " MiB at most");
+}
+BENCHMARK(DeleteAndTakeBack)->Iterations(2)->Unit(benchmark::kMillisecond);
+
 void ExportAll(benchmark::State& state) {
     Logged& logged = TheLogged();
-    TrackManager manager(logged.Shared, logged.Boxes);
+    TrackManager manager(logged.Shared, logged.Boxes, logged.LastDeed);
     manager.Form_Load();
     for (int i = 0; i < state.range(0); ++i) manager.listTrack_MouseUp(i);
     logged.Boxes.File = logged.Folder.Path() / "all.gpx";

@@ -90,6 +90,16 @@ std::size_t CharacterCount(std::string_view text) {
     return count;
 }
 
+std::string Shortened(std::string_view text, std::size_t characters) {
+    std::size_t count = 0, end = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if ((static_cast<unsigned char>(text[i]) & 0xC0) == 0x80) continue;
+        if (++count == characters) end = i;
+        if (count > characters) return std::string(text.substr(0, end)) + "…";
+    }
+    return std::string(text);
+}
+
 std::string LowerAscii(std::string_view text) {
     std::string lower(text);
     for (char& c : lower)

@@ -21,6 +21,9 @@ bool IsValidUtf8(std::string_view bytes);
 // How many characters (code points) the UTF-8 text has.
 std::size_t CharacterCount(std::string_view text);
 
+// At most so many characters, the last one "…" when some are left out. For names in messages and on buttons.
+std::string Shortened(std::string_view text, std::size_t characters);
+
 // The folder and file name of a path in lower-case ASCII, for look-ups that ignore case. Umlauts in names
 // compare as written.
 std::string LowerAscii(std::string_view text);

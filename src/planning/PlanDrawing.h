@@ -28,7 +28,8 @@ public:
     explicit PlanDrawing(const Rooms& rooms);
 
     // Nothing without a map or in a view without extent. The length of the route is a by-product: it stays as
-    // it was while the route is not drawn or has no points.
+    // it was while the route is not drawn or has no points (RouteEditing empties it when such a route is
+    // chosen).
     void RedrawPlan();
     // The picture of the last RedrawPlan, without what was drawn over it: while the cursor measures, it
     // follows the mouse, and nothing else on the map changes.

@@ -150,11 +150,7 @@ void PlanMap::DblClick(const Point& at) {
     ShowCursor(at);
     const double lat = CursorLat(), longitude = CursorLong();
     owner.RedrawPlan();
-    entry.tWaypoint[1].clear();
-    entry.tWaypoint[2] = lblLatx;
-    entry.tWaypoint[3] = lblLongx;
-    entry.tNS = lblNS;
-    entry.tEW = lblEW;
+    entry.BeginEntry(lblLatx, lblLongx, lblNS, lblEW);
     CallOffErrors([&] {
         const MapTransform transform = Transform();
         MapSymbols(surface, transform, SlideMap, {}).DrawPoint(lat, longitude, PointMode::PlanNewPoint, {});

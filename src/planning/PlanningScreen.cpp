@@ -5,7 +5,9 @@
 namespace ornivane {
 
 PlanningScreen::PlanningScreen(const PlanningScreenWorld& w, Form ofScreen)
-    : Waypoints(w.Shared, w.Messages, *this), Routes(w.Shared, w.Messages, Waypoints.WaypointsSet, *this),
+    : LastDeed(w.Notices, w.Shared, [this] { form.Undone(); }),
+      Waypoints(w.Shared, w.Messages, LastDeed, *this),
+      Routes(w.Shared, w.Messages, LastDeed, Waypoints.WaypointsSet, *this),
       Map({w.Shared, PlanMapsSet, w.picStorage, w.picMap, w.progBar, w.Messages, Waypoints}, *this),
       Airspace(w.Shared), Faults(w.Shared, [this](const std::string& text) { world.Notices.Show(text); }),
       Drawing({w.Shared, Map, Airspace, Routes, w.picStorage, w.picMap, Faults}), world(w),
@@ -14,10 +16,15 @@ PlanningScreen::PlanningScreen(const PlanningScreenWorld& w, Form ofScreen)
 void PlanningScreen::Form_Load() {
     Routes.Form_Load();
     Waypoints.Form_Load();
-    if (const auto height = ReadPlanningHeight(world.Shared.ProgramFolder)) Airspace.tLRHoehe = *height;
+    LoadSettings();
     Map.Form_Load();
     Routes.cmdshowRoute();
     Waypoints.ShowWaypoint();
+}
+
+// A missing file leaves the airspace off.
+void PlanningScreen::LoadSettings() {
+    if (const auto height = ReadPlanningHeight(world.Shared.ProgramFolder)) Airspace.tLRHoehe = *height;
 }
 
 void PlanningScreen::Form_Activate() {
@@ -29,6 +36,7 @@ void PlanningScreen::Form_Activate() {
 
 void PlanningScreen::Form_Deactivate() {
     Faults.Forget();
+    LastDeed.Withdraw();
     Map.Form_Deactivate();
     WritePlanningHeight(world.Shared.ProgramFolder, Airspace.tLRHoehe);
 }

@@ -3,6 +3,7 @@
 #include <functional>
 #include <string>
 
+#include "common/Undo.h"
 #include "common/Variablen.h"
 #include "planning/PlanAirspace.h"
 #include "planning/PlanDrawing.h"
@@ -33,6 +34,7 @@ public:
     struct Form {
         std::function<void()> Redrawn; // the map has a new picture: its state may be another one
         std::function<void()> FocusMap, FocusWaypoints, FocusRoutes, FocusEntry;
+        std::function<void()> Undone; // the lists are what they were before the last deed
     };
     PlanningScreen(const PlanningScreenWorld& world, Form form);
 
@@ -44,6 +46,7 @@ public:
     void CenterOnWaypoint() override { Map.CenterOnWaypoint(); }
     void RedrawPlan() override;
 
+    Undo LastDeed;
     WaypointEditing Waypoints;
     RouteEditing Routes;
     Recordset PlanMapsSet; // the current row is the map that shows; flight mode's is another one
@@ -53,6 +56,7 @@ public:
     PlanDrawing Drawing;
 
 private:
+    void LoadSettings();
     void RecallPlan() override { Drawing.RecallPlan(); }
     void FocusMap() override { form.FocusMap(); }
     void FocusWaypoints() override { form.FocusWaypoints(); }

@@ -5,6 +5,7 @@
 #include "base/Flagged.h"
 #include "base/Numbers.h"
 #include "base/RuntimeError.h"
+#include "store/KeptListRow.h"
 #include "store/Lists.h"
 
 namespace ornivane {
@@ -31,9 +32,9 @@ void StandAgain(Recordset& rows, int place) {
 
 } // namespace
 
-RouteEditing::RouteEditing(Variablen& variablen, Dialogs& messages, Recordset& waypointList,
+RouteEditing::RouteEditing(Variablen& variablen, Dialogs& messages, Undo& lastDeed, Recordset& waypointList,
                            PlanningOwner& screen)
-    : shared(variablen), dialogs(messages), waypoints(waypointList), owner(screen) {
+    : shared(variablen), dialogs(messages), undo(lastDeed), waypoints(waypointList), owner(screen) {
     RoutesSet.AddObserver(this);
 }
 
@@ -59,13 +60,26 @@ void RouteEditing::CurrentRowChanged() {
 void RouteEditing::RouteRowChanged() {
     if (!HasRoute() || RoutesSet.Get("RouteID").IsNull()) return;
     OpenPoints();
-    if (ShowRouteOn) owner.RedrawPlan();
+    ShowSelected();
 }
 
-// The keys stay with the waypoints, from which the next point is picked; the chart marks the chosen one.
-void RouteEditing::PointRowChanged() {
+// The length is written when a route with points is drawn: without any, that of another would stand here.
+void RouteEditing::ShowNoLengthWithoutPoints() {
+    if (RoutePointsSet.RecordCount() == 0) lblRouteDistanz.clear();
+}
+
+void RouteEditing::FocusWaypoints() {
     try {
         owner.FocusWaypoints();
+    } catch (const RuntimeError&) {
+        // the point is put in or taken out all the same
+    }
+}
+
+// The chart marks the chosen point.
+void RouteEditing::PointRowChanged() {
+    FocusWaypoints();
+    try {
         owner.RedrawPlan();
     } catch (const RuntimeError&) {
         // choosing a place to insert at does not depend on the picture
@@ -92,8 +106,6 @@ void RouteEditing::cmdNewRoute() {
     }
     {
         const Flagged now(moving);
-        // A gap that a deleted route left would put the new route before the selected one.
-        Renumber(shared.DataConn, Routes, {});
         InsertAfterCurrent(shared.DataConn, RoutesSet, Routes, {},
                            [&](Recordset& route) { route.Set("Name", name); });
     }
@@ -114,12 +126,13 @@ void RouteEditing::cmdRouteDelete() {
         return;
     }
     if (RoutePointsSet.IsOpen()) RoutePointsSet.Requery();
-    if (ShowRouteOn) owner.RedrawPlan();
+    ShowSelected();
 }
 
 void RouteEditing::DeleteRoute() {
     const Flagged now(moving);
     const int place = RoutesSet.AbsolutePosition();
+    Undo::Deed deed = KeepRoute();
     try {
         Transaction transaction(shared.DataConn);
         shared.DataConn.Execute("DELETE FROM GpsPoints WHERE RouteID = ?", {RoutesSet.Get("RouteID")});
@@ -129,7 +142,41 @@ void RouteEditing::DeleteRoute() {
         StandAgain(RoutesSet, place);
         throw;
     }
+    undo.Offer(std::move(deed));
     if (RoutesSet.Eof()) RoutesSet.MoveLast(); // a list with rows stands on one
+}
+
+// The selected route with all its points as they are now.
+Undo::Deed RouteEditing::KeepRoute() {
+    const Value route = RoutesSet.Get("RouteID");
+    const std::string name = Undo::NameOf(RoutesSet);
+    const KeptListRow row(shared.DataConn, "Route", "1", {}, RoutesSet.RowId());
+    const KeptRows points(shared.DataConn, "GpsPoints", "RouteID = ?", {route});
+    const int place = RoutePointsSet.IsOpen() ? RoutePointsSet.AbsolutePosition() : 0;
+    return {"Strecke " + name + " gelöscht", "Route " + name + " deleted", shared.DataConn,
+            [row, points] {
+                row.PutBack();
+                points.PutBack();
+            },
+            [this, route, place] {
+                SelectRoute(route);
+                if (place >= 1 && place <= RoutePointsSet.RecordCount())
+                    RoutePointsSet.SetAbsolutePosition(place);
+                ShowSelected();
+            }};
+}
+
+// The route and its points are read again; nothing is drawn.
+void RouteEditing::SelectRoute(const Value& route) {
+    const Flagged now(moving);
+    RoutesSet.Requery();
+    if (!RoutesSet.Find("RouteID", Comparison::Equal, route)) RoutesSet.MoveFirst();
+    OpenPoints();
+}
+
+void RouteEditing::ShowSelected() {
+    ShowNoLengthWithoutPoints();
+    if (ShowRouteOn) owner.RedrawPlan();
 }
 
 void RouteEditing::cmdAddwaypoint() {
@@ -139,6 +186,7 @@ void RouteEditing::cmdAddwaypoint() {
         point.Set("RouteID", route);
         for (const char* field : {"PointID", "Name", "Lat", "Long"}) point.Set(field, waypoints.Get(field));
     });
+    FocusWaypoints();
     owner.RedrawPlan();
 }
 
@@ -146,6 +194,7 @@ void RouteEditing::cmdDeleteWaypoint() {
     if (!RoutePointsSet.IsOpen() || RoutePointsSet.RecordCount() == 0) return;
     const int place = ToInt16(RoutePointsSet.AbsolutePosition());
     const Value route = RoutePointsSet.Get("RouteID");
+    Undo::Deed deed = KeepPoint(route);
     try {
         Transaction transaction(shared.DataConn);
         RoutePointsSet.Delete();
@@ -155,10 +204,27 @@ void RouteEditing::cmdDeleteWaypoint() {
         StandAgain(RoutePointsSet, place);
         throw;
     }
+    undo.Offer(std::move(deed));
     RoutePointsSet.Requery();
+    FocusWaypoints();
     if (RoutePointsSet.RecordCount() == 0) return; // the line of the route stays until the next redraw
     if (!RoutePointsSet.Find("Nummer", Comparison::Equal, place)) RoutePointsSet.MoveLast();
     owner.RedrawPlan();
+}
+
+// The current point as it is now, and the numbers of its route.
+Undo::Deed RouteEditing::KeepPoint(const Value& route) {
+    const std::string name = Undo::NameOf(RoutePointsSet);
+    const KeptListRow row(shared.DataConn, "GpsPoints", "RouteID = ?", {route}, RoutePointsSet.RowId());
+    return {"Streckenpunkt " + name + " gelöscht", "Route point " + name + " deleted", shared.DataConn,
+            [this, row] { pointBack = row.PutBack(); },
+            [this, route] {
+                SelectRoute(route);
+                while (!RoutePointsSet.Eof() && RoutePointsSet.RowId() != pointBack)
+                    RoutePointsSet.MoveNext();
+                FocusWaypoints();
+                owner.RedrawPlan();
+            }};
 }
 
 void RouteEditing::cmdshowRoute() {

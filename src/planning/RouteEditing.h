@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
+#include "common/Undo.h"
 #include "common/Variablen.h"
 #include "planning/PlanningOwner.h"
 #include "platform/Dialogs.h"
@@ -14,8 +16,9 @@ namespace ornivane {
 // controls that show them.
 class RouteEditing : private RecordsetObserver {
 public:
-    // `waypoints`: its current row is what cmdAddwaypoint copies.
-    RouteEditing(Variablen& shared, Dialogs& dialogs, Recordset& waypoints, PlanningOwner& owner);
+    // `undo`: takes back the last deletion of the screen. `waypoints`: its current row is what cmdAddwaypoint
+    // copies.
+    RouteEditing(Variablen& shared, Dialogs& dialogs, Undo& undo, Recordset& waypoints, PlanningOwner& owner);
     ~RouteEditing() override;
     RouteEditing(const RouteEditing&) = delete;
     RouteEditing& operator=(const RouteEditing&) = delete;
@@ -51,12 +54,20 @@ private:
     bool HasRoute() const;
     void OpenPoints();
     void DeleteRoute();
+    Undo::Deed KeepRoute();
+    Undo::Deed KeepPoint(const Value& route);
+    void SelectRoute(const Value& route);
+    void ShowSelected();
+    void ShowNoLengthWithoutPoints();
+    void FocusWaypoints(); // the keys stay with the waypoints, from which the next point is picked
 
     Variablen& shared;
     Dialogs& dialogs;
+    Undo& undo;
     Recordset& waypoints;
     PlanningOwner& owner;
-    bool moving = false; // a routine moves the list through rows that nobody is to see
+    std::int64_t pointBack = 0; // identity of the point that an undo has put back
+    bool moving = false;        // a routine moves the list through rows that nobody is to see
 };
 
 } // namespace ornivane

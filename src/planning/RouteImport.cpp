@@ -181,9 +181,8 @@ void RouteImport::CopyPoints() {
         "INSERT INTO GpsPoints (Nummer, RouteID, PointID, Name, Lat, Long) VALUES (?, ?, ?, ?, ?, ?)");
     double number = 0;
     for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
-        ++number; // also for a point that is not there: it leaves a gap
         if (const WaypointBook::Waypoint* point = waypoints.Find(rows.Text("Name")))
-            Insert(insert, {number, routeID, point->PointID, point->Name, point->Lat, point->Long});
+            Insert(insert, {++number, routeID, point->PointID, point->Name, point->Lat, point->Long});
     }
     transaction.Commit();
 }

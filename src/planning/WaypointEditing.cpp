@@ -18,8 +18,9 @@ std::string CoordinateText(double value, const LocaleText& locale) {
 
 } // namespace
 
-WaypointEditing::WaypointEditing(Variablen& variablen, Dialogs& messages, PlanningOwner& screen)
-    : shared(variablen), dialogs(messages), owner(screen), shown(Entry()) {
+WaypointEditing::WaypointEditing(Variablen& variablen, Dialogs& messages, Undo& lastDeed,
+                                 PlanningOwner& screen)
+    : shared(variablen), dialogs(messages), undo(lastDeed), owner(screen), shown(Entry()) {
     WaypointsSet.AddObserver(this);
 }
 
@@ -120,6 +121,15 @@ void WaypointEditing::CancelEntry() {
     }
     tWaypoint = {};
     shown = Entry();
+    shownPoint = {};
+}
+
+void WaypointEditing::BeginEntry(const std::string& lat, const std::string& longitude, const std::string& ns,
+                                 const std::string& ew) {
+    tWaypoint = {"", "", lat, longitude};
+    tNS = ns;
+    tEW = ew;
+    shownPoint = {}; // no waypoint of the list: a change would move one that nobody looked at
 }
 
 bool WaypointEditing::Refuse(int field, const char* german, const char* english) {
@@ -183,16 +193,40 @@ void WaypointEditing::InsertEntry() {
     if (!WaypointsSet.Find("Name", Comparison::Equal, name)) WaypointsSet.MoveFirst();
 }
 
+std::optional<std::string> WaypointEditing::OtherTarget() const {
+    if (!OnRow() || shownPoint == WaypointsSet.Get("PointID")) return std::nullopt;
+    return WaypointsSet.TextOrEmpty("Name");
+}
+
+// The current row as it is now. `german`, `english`: what is going to be done with it.
+Undo::Deed WaypointEditing::KeepCurrent(const char* german, const char* english,
+                                        void (KeptRows::*putBack)() const) {
+    const Value point = WaypointsSet.Get("PointID");
+    const std::string name = Undo::NameOf(WaypointsSet);
+    const KeptRows kept(shared.DataConn, "Waypoints", "PointID = ?", {point});
+    return {"Wegpunkt " + name + " " + german, "Waypoint " + name + " " + english, shared.DataConn,
+            [kept, putBack] { (kept.*putBack)(); },
+            [this, point, category = cmbKat] { ShowAgain(point, category); }};
+}
+
+// The waypoint is current again, in the list that shows or else in the one in which it was current.
+void WaypointEditing::ShowAgain(const Value& point, const std::string& category) {
+    {
+        const Flagged now(moving);
+        WaypointsSet.Requery();
+        if (!WaypointsSet.Find("PointID", Comparison::Equal, point)) {
+            FilterBy(category);
+            if (!WaypointsSet.Find("PointID", Comparison::Equal, point)) WaypointsSet.MoveFirst();
+        }
+        cmdNextEnabled = cmdPrevEnabled = true;
+    }
+    ShowUnlessTyped();
+    owner.CenterOnWaypoint();
+}
+
 bool WaypointEditing::cmdChange() {
     if (!CheckEntry("Bitte Name für den Wegpunkt eingeben")) return false;
-    // What was typed outlives a change of category, and then the list may stand on a waypoint that nobody
-    // meant.
-    if (OnRow() && shownPoint != WaypointsSet.Get("PointID")) {
-        dialogs.Message(shared.Text("Datenfehler", "Data error"),
-                        shared.Text("Die Liste steht auf einem anderen Wegpunkt als dem der Felder.",
-                                    "The list stands on another waypoint than that of the fields."));
-        return false;
-    }
+    Undo::Deed deed = KeepCurrent("geändert", "changed", &KeptRows::PutBackOver);
     try {
         WaypointsSet.Set("Name", tWaypoint[1]);
         WaypointsSet.Set("Lat", NumberIn(tWaypoint[2]));
@@ -202,6 +236,7 @@ bool WaypointEditing::cmdChange() {
         WaypointsSet.CancelUpdate(); // or the next step would write half of it
         throw;
     }
+    undo.Offer(std::move(deed));
     ShowWaypoint();
     owner.CenterOnWaypoint();
     return true;
@@ -210,7 +245,9 @@ bool WaypointEditing::cmdChange() {
 void WaypointEditing::cmdDelete() {
     if (OnRow()) {
         const Flagged now(moving);
+        Undo::Deed deed = KeepCurrent("gelöscht", "deleted", &KeptRows::PutBack);
         WaypointsSet.Delete();
+        undo.Offer(std::move(deed));
         if (WaypointsSet.Eof()) WaypointsSet.MoveLast(); // a list with rows stands on one
         cmdNextEnabled = cmdPrevEnabled = true;
         ShowCount();
@@ -275,16 +312,18 @@ void WaypointEditing::QuickFind(int key) {
 void WaypointEditing::ChooseCategory(const std::string& text) {
     {
         const Flagged now(moving);
-        Open(text);
+        FilterBy(text);
         cmdNextEnabled = cmdPrevEnabled = true;
-        // Fields of another waypoint would be written over this one by the next change.
-        ShowUnlessTyped();
-    }
-    if (tKat != cmbKat) {
-        tKatVisible = true;
-        tKat = cmbKat;
     }
     owner.FocusMap();
+}
+
+// The fields stay as they are: what is being typed outlives a look at another category.
+void WaypointEditing::FilterBy(const std::string& category) {
+    Open(category);
+    if (tKat == cmbKat) return;
+    tKatVisible = true;
+    tKat = cmbKat;
 }
 
 void WaypointEditing::tKat_Click() { tKatVisible = false; }

@@ -1,12 +1,15 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "common/Undo.h"
 #include "common/Variablen.h"
 #include "planning/PlanningOwner.h"
 #include "platform/Dialogs.h"
+#include "store/KeptRows.h"
 #include "store/Recordset.h"
 
 namespace ornivane {
@@ -21,7 +24,8 @@ public:
     // What QuickFind and the keys of the screen know keys by.
     static constexpr int KeyUp = 38, KeyDown = 40;
 
-    WaypointEditing(Variablen& shared, Dialogs& dialogs, PlanningOwner& owner);
+    // `undo`: takes back the last change or deletion of the screen.
+    WaypointEditing(Variablen& shared, Dialogs& dialogs, Undo& undo, PlanningOwner& owner);
     ~WaypointEditing() override;
     WaypointEditing(const WaypointEditing&) = delete;
     WaypointEditing& operator=(const WaypointEditing&) = delete;
@@ -38,12 +42,18 @@ public:
     void ShowWaypoint();
     // What was typed is given up: the current row again, or empty fields without one.
     void CancelEntry();
+    // A new waypoint at a position of the chart: its name is to be typed.
+    void BeginEntry(const std::string& lat, const std::string& longitude, const std::string& ns,
+                    const std::string& ew);
 
     // False when a message says what is wrong with the entry: it stays as typed.
     bool cmdNew();
-    // The hemisphere fields are not looked at, so a value without a minus sign becomes north or east.
-    // RuntimeError NoCurrentRecord without a waypoint.
+    // Writes the fields to the current row, whichever waypoint they were shown from. The hemisphere fields
+    // are not looked at, so a value without a minus sign becomes north or east. RuntimeError NoCurrentRecord
+    // without a waypoint.
     bool cmdChange();
+    // The waypoint that cmdChange would write, when it is not the one that the fields were shown from.
+    std::optional<std::string> OtherTarget() const;
     void cmdDelete(); // without a question; routes keep their copies
     void cmdNext();
     void cmdPrev();
@@ -82,13 +92,17 @@ private:
     bool IsTaken(const std::string& name);
     void InsertEntry();
     void Open(const std::string& category);
+    void FilterBy(const std::string& category);
     void ShowCount();
     void ShowUnlessTyped();
     bool IsEdited() const;
+    Undo::Deed KeepCurrent(const char* german, const char* english, void (KeptRows::*putBack)() const);
+    void ShowAgain(const Value& point, const std::string& category);
     std::array<std::string, 5> Entry() const;
 
     Variablen& shared;
     Dialogs& dialogs;
+    Undo& undo;
     PlanningOwner& owner;
     std::array<std::string, 5> shown; // what ShowWaypoint wrote last
     Value shownPoint;                 // and of which waypoint

@@ -6,6 +6,7 @@
 #include <QTableView>
 
 #include "platform/qt/Events.h"
+#include "platform/qt/FittedButton.h"
 
 namespace ornivane {
 
@@ -27,7 +28,7 @@ void frmListPanel::Do(const std::function<void()>& event) {
 }
 
 QPushButton* frmListPanel::Button(const char* name, const std::function<void()>& click) {
-    auto* button = new QPushButton(this);
+    auto* button = new FittedButton(this);
     button->setMinimumHeight(ButtonHeight);
     button->setStyleSheet("font-size: 14px; padding: 0 2px;");
     Wire(*button, name, click);

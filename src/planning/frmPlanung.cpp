@@ -81,6 +81,7 @@ void frmPlanung::MakeScreen() {
     form.FocusWaypoints = [this] { waypoints->FocusList(); };
     form.FocusRoutes = [this] { routes->FocusList(); };
     form.FocusEntry = [this] { waypoints->FocusEntry(); };
+    form.Undone = [this] { ShowState(); };
     screen = std::make_unique<PlanningScreen>(
         PlanningScreenWorld{shared, *picStorage, picMap->Surface(), *progress, dialogs, guard.Notices()},
         std::move(form));

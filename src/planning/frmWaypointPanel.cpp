@@ -209,6 +209,7 @@ void frmWaypointPanel::ShowState() {
     Show(*tEW, waypoints.tEW);
     Show(*tquickfind, waypoints.tquickfind);
     lblCount->setText(Q(waypoints.lblCount));
+    cmdChange->setText(ChangeCaption());
     Enable(*cmdNext, waypoints.cmdNextEnabled, *gridWaypoints);
     Enable(*cmdPrev, waypoints.cmdPrevEnabled, *gridWaypoints);
     ShowCategories();

@@ -59,6 +59,7 @@ private:
     bool FilterCategory(QEvent& event);
     void ShowCategories();
     void ApplyToolTips();
+    QString ChangeCaption() const;
 
     WaypointEditing& waypoints;
     std::function<void()> addToRoute;

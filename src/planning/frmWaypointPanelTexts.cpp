@@ -4,6 +4,7 @@
 #include <QPushButton>
 #include <QTableView>
 
+#include "base/Strings.h"
 #include "planning/frmWaypointPanel.h"
 #include "platform/qt/LampButton.h"
 #include "platform/qt/RecordsetModel.h"
@@ -16,10 +17,19 @@ void frmWaypointPanel::ApplyLanguage() {
     latCaption->setText(Text("Breitengrad", "Latitude"));
     longCaption->setText(Text("Längengrad", "Longitude"));
     cmdNew->setText(Text(" Wegpunkt hinzufügen ", " Add Waypoint "));
-    cmdChange->setText(Text(" Wegpunkt ändern ", " Change Waypoint "));
+    cmdChange->setText(ChangeCaption());
     cmdDelete->setText(Text(" Wegpunkt löschen ", " Delete Waypoint "));
     model->HeadersChanged();
     ApplyToolTips();
+}
+
+// With its waypoint, when that is not the one whose fields one sees.
+QString frmWaypointPanel::ChangeCaption() const {
+    constexpr std::size_t characters = 60;
+    const auto other = waypoints.OtherTarget();
+    if (!other) return Text(" Wegpunkt ändern ", " Change Waypoint ");
+    const QString name = QString::fromStdString(Shortened(*other, characters)).replace("&", "&&");
+    return Text(" Wegpunkt ändern: ", " Change Waypoint: ") + name + " ";
 }
 
 void frmWaypointPanel::ApplyToolTips() {

@@ -58,6 +58,14 @@ public:
     virtual ~Notice() = default;
     // Not repeated while the same text stands; goes away by a click.
     virtual void Show(const std::string& text) = 0;
+    // The same with a button, & before the letter that presses it with Alt. A text that is shown later hides
+    // it only as long as that one stands. A notice without buttons shows the text alone.
+    virtual void Offer(const std::string& text, const std::string& /*button*/,
+                       std::function<void()> /*press*/) {
+        Show(text);
+    }
+    // What was offered goes; a text that stands over it stays.
+    virtual void Withdraw() {}
 };
 
 class Progress {

@@ -1,6 +1,8 @@
 #include "settings/Categories.h"
 
 #include "store/Connection.h"
+#include "store/KeptColumn.h"
+#include "store/KeptListRow.h"
 #include "store/Lists.h"
 
 namespace ornivane {
@@ -12,7 +14,8 @@ constexpr const char* MoveWaypoints = "UPDATE Waypoints SET Kategorie = ? WHERE 
 
 } // namespace
 
-Categories::Categories(Variablen& variables, Dialogs& messages) : shared(variables), dialogs(messages) {}
+Categories::Categories(Variablen& variables, Dialogs& messages, Undo& lastDeed)
+    : shared(variables), dialogs(messages), undo(lastDeed) {}
 
 void Categories::Form_Load() {
     CategoriesSet.Open(shared.DataConn, "Select * from Kategorie Order by NUMMER ASC");
@@ -85,6 +88,7 @@ void Categories::cmdAdd_Click() {
 void Categories::cmdChange_Click() {
     if (!HasRow()) return;
     const int place = CategoriesSet.AbsolutePosition();
+    Undo::Deed deed = KeepChanged();
     try {
         Transaction transaction(shared.DataConn);
         shared.DataConn.Execute(MoveWaypoints, {tKategorie, CurrentName()});
@@ -95,12 +99,47 @@ void Categories::cmdChange_Click() {
         Reread(place); // the list must not show what the roll back has taken away
         throw;
     }
+    undo.Offer(std::move(deed));
+    GridRowChanged();
+}
+
+// The category as it is now, and of which waypoints it is. Only those that still have the new name get the
+// old one back: what was given to a waypoint since then stays.
+Undo::Deed Categories::KeepChanged() {
+    const std::int64_t row = CategoriesSet.RowId();
+    const KeptColumn name(shared.DataConn, "Kategorie", "Kategorie", "rowid = ?", {row});
+    const KeptColumn waypoints(shared.DataConn, "Waypoints", "Kategorie", "Kategorie = ?", {CurrentName()});
+    const std::string shown = Undo::NameOf(CategoriesSet, "Kategorie");
+    return {"Kategorie " + shown + " geändert", "Category " + shown + " changed", shared.DataConn,
+            [name, waypoints, present = tKategorie] {
+                name.PutBack();
+                waypoints.PutBackOver(present);
+            },
+            [this, row] { ShowAgain(row); }};
+}
+
+Undo::Deed Categories::KeepDeleted() {
+    const KeptListRow row(shared.DataConn, "Kategorie", "1", {}, CategoriesSet.RowId());
+    const KeptColumn waypoints(shared.DataConn, "Waypoints", "Kategorie", "Kategorie = ?", {CurrentName()});
+    const std::string shown = Undo::NameOf(CategoriesSet, "Kategorie");
+    return {"Kategorie " + shown + " gelöscht", "Category " + shown + " deleted", shared.DataConn,
+            [this, row, waypoints] {
+                rowBack = row.PutBack();
+                waypoints.PutBackOver("");
+            },
+            [this] { ShowAgain(rowBack); }};
+}
+
+void Categories::ShowAgain(std::int64_t rowId) {
+    CategoriesSet.Requery();
+    while (!CategoriesSet.Eof() && CategoriesSet.RowId() != rowId) CategoriesSet.MoveNext();
     GridRowChanged();
 }
 
 void Categories::cmdDelete_Click() {
     if (!HasRow()) return;
     const int place = CategoriesSet.AbsolutePosition();
+    Undo::Deed deed = KeepDeleted();
     try {
         Transaction transaction(shared.DataConn);
         shared.DataConn.Execute(MoveWaypoints, {"", CurrentName()});
@@ -111,6 +150,7 @@ void Categories::cmdDelete_Click() {
         Reread(place);
         throw;
     }
+    undo.Offer(std::move(deed));
     Reread(place); // the next one, or the new last one
     GridRowChanged();
 }

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
+#include "common/Undo.h"
 #include "common/Variablen.h"
 #include "platform/Dialogs.h"
 #include "store/Recordset.h"
@@ -12,7 +14,8 @@ namespace ornivane {
 // so renaming and deleting rewrite the waypoints; each command is one transaction.
 class Categories {
 public:
-    Categories(Variablen& shared, Dialogs& dialogs);
+    // `undo`: takes back the last change or deletion.
+    Categories(Variablen& shared, Dialogs& dialogs, Undo& undo);
 
     void Form_Load();
     // Rereads the list; stands where it stood.
@@ -39,9 +42,14 @@ private:
     // The row at this place, from 1, or the last one.
     void StandOn(int place);
     void Reread(int place);
+    Undo::Deed KeepChanged();
+    Undo::Deed KeepDeleted();
+    void ShowAgain(std::int64_t rowId);
 
     Variablen& shared;
     Dialogs& dialogs;
+    Undo& undo;
+    std::int64_t rowBack = 0; // identity of the category that an undo has put back
 };
 
 } // namespace ornivane

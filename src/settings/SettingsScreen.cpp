@@ -32,11 +32,12 @@ int IntervalIn(const std::string& text) {
 
 } // namespace
 
-SettingsScreen::SettingsScreen(SettingsWorld settingsWorld, std::function<void()> changed,
+SettingsScreen::SettingsScreen(SettingsWorld settingsWorld, Notice& notices, std::function<void()> changed,
                                std::function<void()> allCaptions)
     : Port(settingsWorld.MSComm1, settingsWorld.timerCheck, settingsWorld.Ports, settingsWorld.Messages,
-           settingsWorld.SystemClock, settingsWorld.Shared, std::move(changed)),
-      CategoryList(settingsWorld.Shared, settingsWorld.Messages), world(settingsWorld),
+           settingsWorld.SystemClock, settingsWorld.Shared, changed),
+      LastDeed(notices, settingsWorld.Shared, changed),
+      CategoryList(settingsWorld.Shared, settingsWorld.Messages, LastDeed), world(settingsWorld),
       languageChanged(std::move(allCaptions)) {}
 
 void SettingsScreen::Form_Activate() {
@@ -67,6 +68,7 @@ void SettingsScreen::ApplyLanguage() {
     frmLuftraum = world.Shared.Text("Luftraumdaten - Stand: ", "Airspace data - as of: ") +
                   ShownDate(world.Shared.LuftraumDate, world.Shared.EnglishUI == 1);
     Port.ApplyLanguage();
+    LastDeed.ApplyLanguage();
 }
 
 // Captions first: they are also keys, and must fit the language even when the file cannot be written.
@@ -97,6 +99,7 @@ bool SettingsScreen::cmdGetWaypoint_Click() {
 }
 
 void SettingsScreen::Form_Deactivate() {
+    LastDeed.Withdraw();
     TakeQnh();
     if (Frame4) TakeTrack();
     Port.Form_Deactivate();

@@ -28,7 +28,8 @@ struct SettingsWorld {
 class SettingsScreen {
 public:
     // `changed`: show the members. `languageChanged`: write every caption of the program anew.
-    SettingsScreen(SettingsWorld world, std::function<void()> changed, std::function<void()> languageChanged);
+    SettingsScreen(SettingsWorld world, Notice& notices, std::function<void()> changed,
+                   std::function<void()> languageChanged);
 
     void Form_Load() { CategoryList.Form_Load(); }
     void Form_Activate();
@@ -47,6 +48,7 @@ public:
     bool cmdGetWaypoint_Click();
 
     PortTest Port;
+    Undo LastDeed; // of the categories
     Categories CategoryList;
 
     static constexpr std::array<const char*, 5> Intervals{"10", "15", "20", "30", "60"}; // s

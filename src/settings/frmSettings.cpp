@@ -34,8 +34,9 @@ Tick* Choice(const char* name) {
 } // namespace
 
 frmSettings::frmSettings(const SettingsFormServices& formServices)
-    : services(formServices), logic(std::make_unique<SettingsScreen>(
-                                  services.World, [this] { ShowState(); }, services.LanguageChanged)) {
+    : services(formServices),
+      logic(std::make_unique<SettingsScreen>(
+          services.World, services.Guard.Notices(), [this] { ShowState(); }, services.LanguageChanged)) {
     setObjectName("frmSettings");
     setStyleSheet(parts::SectionStyle);
     port = new frmPortPanel(logic->Port, services.World.Ports, services.World.Shared, services.Guard);

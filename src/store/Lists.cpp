@@ -12,7 +12,8 @@ void Renumber(Connection& connection, const std::string& select, const std::vect
     Recordset rows;
     rows.Open(connection, select + " ORDER BY Nummer ASC", parameters);
     double number = 0;
-    for (; !rows.Eof(); rows.MoveNext()) rows.Set("Nummer", static_cast<int>(ToInt16(++number)));
+    for (; !rows.Eof(); rows.MoveNext())
+        if (rows.Get("Nummer") != Value(static_cast<double>(ToInt16(++number)))) rows.Set("Nummer", number);
     transaction.Commit();
 }
 
@@ -24,6 +25,7 @@ void InsertAfterCurrent(Connection& connection, Recordset& list, const std::stri
     const int target = place + 1;
     try {
         Transaction transaction(connection);
+        Renumber(connection, select, parameters);
         list.AddNew();
         list.Set("Nummer", isEmpty ? 1.0 : place + 0.3);
         setFields(list);

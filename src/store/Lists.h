@@ -18,7 +18,8 @@ void Renumber(Connection& connection, const std::string& select, const std::vect
 
 // A new row behind the current row of an open list (its Nummer is the place + 0.3 until it is renumbered; 1
 // in an empty list), with its fields set by the caller. `select` is the list's table and WHERE without an
-// order. Afterwards the list is requeried and stands on the new row. One transaction.
+// order. The list is renumbered before, too: a gap in the numbers would put the row before the current one.
+// Afterwards the list is requeried and stands on the new row. One transaction.
 void InsertAfterCurrent(Connection& connection, Recordset& list, const std::string& select,
                         const std::vector<Value>& parameters,
                         const std::function<void(Recordset&)>& setFields);

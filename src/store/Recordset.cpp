@@ -283,6 +283,8 @@ void Recordset::Delete() {
     s.Notify([](RecordsetObserver& observer) { observer.CurrentRowChanged(); });
 }
 
+std::int64_t Recordset::RowId() const { return state->CurrentRow().RowId; }
+
 Bookmark Recordset::CurrentBookmark() const {
     static_cast<void>(state->CurrentRow());
     return state->Order[static_cast<std::size_t>(state->Current)];

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -106,6 +107,8 @@ public:
     // The current row only. Then the next row is current, or Eof. A row that is only being added is dropped.
     void Delete();
 
+    // Identity of the current row in its table of the store; 0 in a detached recordset.
+    std::int64_t RowId() const;
     Bookmark CurrentBookmark() const;
     void GoTo(Bookmark bookmark); // RuntimeError NoCurrentRecord when that row is gone or filtered away
     // The value of a field in the row at a place (from 0), for grids: does not move.

@@ -1,13 +1,24 @@
 #include "tracks/TrackManager.h"
 
+#include <algorithm>
+
 #include "base/RuntimeError.h"
 #include "store/Backup.h"
+#include "store/KeptRows.h"
 #include "store/Recordset.h"
+#include "store/Statement.h"
 
 namespace ornivane {
 
-TrackManager::TrackManager(Variablen& variablen, Dialogs& dialogsOf)
-    : shared(variablen), dialogs(dialogsOf) {}
+namespace {
+
+const char* const Backup = "track.bak";
+const char* const OfTrack = "\"Index\" = ?";
+
+} // namespace
+
+TrackManager::TrackManager(Variablen& variablen, Dialogs& dialogsOf, Undo& lastDeed)
+    : shared(variablen), dialogs(dialogsOf), undo(lastDeed) {}
 
 void TrackManager::Form_Load() {
     TrackFormConn.Open(shared.ProgramFolder / "track.ovd", Connection::Mode::ReadWrite);
@@ -70,33 +81,82 @@ void TrackManager::cmdDelete_Click() {
     }
     if (!dialogs.AskYesNo(shared.Text("Achtung", "Attention"), message)) return;
     TrackPointsSet.Close(); // a statement that stands on a row would lock the store
-    BackupTrackStore();
+    const Choice before{indexes, TrackChosen, ListIndex};
+    const bool hasBackup = BackupTrackStore();
+    std::int64_t samples = 0;
     try {
-        DeleteTracks(indexes);
+        samples = DeleteTracks(indexes);
     } catch (...) {
         ShowTrackPoints();
         throw;
     }
+    if (hasBackup && !indexes.empty())
+        OfferUndo(before, samples);
+    else if (!indexes.empty())
+        undo.Refuse("Gelöscht; ohne Sicherung nicht rückgängig zu machen",
+                    "Deleted; without a backup it cannot be undone");
     TrackListSet.Requery();
     FillLists();
     ShowTrackPoints();
 }
 
-void TrackManager::BackupTrackStore() {
+bool TrackManager::BackupTrackStore() {
     try {
-        BackupStore(TrackFormConn, shared.ProgramFolder / "track.bak");
+        BackupStore(TrackFormConn, shared.ProgramFolder / Backup);
+        return true;
     } catch (const RuntimeError&) {
-        // The deletion was confirmed, and goes on without its backup.
+        return false; // the deletion was confirmed, and goes on without its backup
     }
 }
 
-void TrackManager::DeleteTracks(const std::vector<std::int64_t>& indexes) {
+std::int64_t TrackManager::DeleteTracks(const std::vector<std::int64_t>& indexes) {
     Transaction together(TrackFormConn);
+    std::int64_t samples = 0;
     for (const std::int64_t index : indexes) {
         TrackFormConn.Execute("DELETE FROM Track WHERE \"Index\" = ?", {index});
+        Statement changes(TrackFormConn, "SELECT changes()");
+        changes.Step();
+        samples += changes.Integer(0);
         TrackFormConn.Execute("DELETE FROM List WHERE \"Index\" = ?", {index});
     }
     together.Commit();
+    return samples;
+}
+
+void TrackManager::OfferUndo(const Choice& before, std::int64_t samples) {
+    const std::size_t count = before.Selected.size();
+    const std::string tracks =
+        count == 1 ? "Track " + std::to_string(before.Selected.front()) : std::to_string(count) + " Tracks";
+    undo.Offer({tracks + " gelöscht", tracks + " deleted", TrackFormConn,
+                [this, indexes = before.Selected, samples] { BringBack(indexes, samples); },
+                [this, before] { ShowAgain(before); }});
+}
+
+// From the backup, a row at a time: a year of flights has a million samples. They must be those that were
+// deleted, or some would be missing and nobody would know.
+void TrackManager::BringBack(const std::vector<std::int64_t>& indexes, std::int64_t samples) {
+    Connection backup;
+    backup.Open(shared.ProgramFolder / Backup, Connection::Mode::ReadOnly);
+    std::int64_t rows = 0, back = 0;
+    for (const std::int64_t index : indexes) {
+        rows += KeptRows::Copy(backup, TrackFormConn, "List", OfTrack, {index});
+        back += KeptRows::Copy(backup, TrackFormConn, "Track", OfTrack, {index});
+    }
+    if (rows != static_cast<std::int64_t>(indexes.size()) || back != samples)
+        throw RuntimeError(ErrorNumber::StoreError,
+                           std::string(Backup) + shared.Text(": nicht die gelöschten Tracks",
+                                                             ": not the tracks that were deleted"));
+}
+
+void TrackManager::ShowAgain(const Choice& before) {
+    TrackListSet.Requery();
+    FillLists();
+    for (Row& row : Rows)
+        row.Selected =
+            std::find(before.Selected.begin(), before.Selected.end(), row.Index) != before.Selected.end();
+    TrackChosen = before.TrackChosen;
+    ListIndex = before.ListIndex;
+    ShowTrackPoints();
 }
 
 void TrackManager::Export(GpxContent content) {

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "common/Undo.h"
 #include "common/Variablen.h"
 #include "platform/Dialogs.h"
 #include "store/Recordset.h"
@@ -22,7 +23,8 @@ public:
         bool Selected = false;
     };
 
-    TrackManager(Variablen& variablen, Dialogs& dialogs);
+    // `undo`: takes back the last deletion, from the backup that was made before it.
+    TrackManager(Variablen& variablen, Dialogs& dialogs, Undo& undo);
 
     // RuntimeError FileNotFound or StoreError when there is no track store.
     void Form_Load();
@@ -46,12 +48,23 @@ private:
     void FillLists();
     void ShowTrackPoints();
     std::vector<std::int64_t> SelectedIndexes() const;
-    void BackupTrackStore();
-    void DeleteTracks(const std::vector<std::int64_t>& indexes);
+    // What the user sees of the lists.
+    struct Choice {
+        std::vector<std::int64_t> Selected; // indexes
+        std::vector<bool> TrackChosen;
+        int ListIndex = -1;
+    };
+    bool BackupTrackStore();
+    // Returns how many samples they had.
+    std::int64_t DeleteTracks(const std::vector<std::int64_t>& indexes);
+    void OfferUndo(const Choice& before, std::int64_t samples);
+    void BringBack(const std::vector<std::int64_t>& indexes, std::int64_t samples);
+    void ShowAgain(const Choice& before);
     void Export(GpxContent content);
 
     Variablen& shared;
     Dialogs& dialogs;
+    Undo& undo;
     Connection TrackFormConn;
     Recordset TrackListSet;
     // What was chosen, by row. A deletion leaves it as it is, so that the first click on a row that moved up

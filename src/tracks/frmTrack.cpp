@@ -18,6 +18,7 @@
 #include "platform/qt/EnterKey.h"
 #include "platform/qt/Events.h"
 #include "platform/qt/Named.h"
+#include "platform/qt/QtNotice.h"
 
 namespace ornivane {
 
@@ -84,13 +85,17 @@ void TrackPointsModel::Renew() {
 }
 
 frmTrack::frmTrack(Variablen& variablen, EventGuard& guardOf, Dialogs& dialogs, QWidget* window)
-    : QDialog(window), shared(variablen), guard(guardOf), logic(variablen, dialogs),
+    : QDialog(window), shared(variablen), guard(guardOf), noticeBar(new QtNotice(this)),
+      lastDeed(*noticeBar, variablen, [this] { ShowState(); }), logic(variablen, dialogs, lastDeed),
       model(std::make_unique<TrackPointsModel>(logic.TrackPointsSet, variablen)) {
     setObjectName("frmTrack");
     setAttribute(Qt::WA_DeleteOnClose);
     setModal(true);
-    auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(10, 10, 10, 10);
+    auto* column = new QVBoxLayout(this);
+    auto* row = new QHBoxLayout;
+    column->addLayout(row, 1);
+    column->addWidget(noticeBar);
+    column->setContentsMargins(10, 10, 10, 10);
     row->setSpacing(12);
     auto* left = new QVBoxLayout;
     auto* right = new QVBoxLayout;

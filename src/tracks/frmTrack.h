@@ -18,6 +18,7 @@ class QTableView;
 namespace ornivane {
 
 class EventGuard;
+class QtNotice;
 
 // The chosen points as a table that reads what it shows.
 class TrackPointsModel : public QAbstractTableModel {
@@ -65,6 +66,8 @@ private:
 
     Variablen& shared;
     EventGuard& guard;
+    QtNotice* noticeBar; // the window's lies under this dialog
+    Undo lastDeed;
     TrackManager logic;
     std::unique_ptr<TrackPointsModel> model;
     int shownFilling = 0; // which reading of the list the controls show

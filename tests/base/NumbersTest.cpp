@@ -105,6 +105,9 @@ TEST(Strings, DecodesOldFilesAndKeepsUtf8) {
     EXPECT_FALSE(IsValidUtf8("\xE2\x82"));         // cut
     EXPECT_TRUE(IsValidUtf8(DecodeText("\xE2\x82")));
     EXPECT_EQ(CharacterCount("Köln 😀"), 6u);
+    EXPECT_EQ(Shortened("Köln 😀", 6), "Köln 😀");
+    EXPECT_EQ(Shortened("Köln 😀", 5), "Köln…");
+    EXPECT_EQ(Shortened("Köln 😀", 3), "Kö…");
 }
 
 TEST(RuntimeErrors, SpeakTheLanguageOfTheMoment) {

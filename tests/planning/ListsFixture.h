@@ -8,6 +8,7 @@
 #include "planning/WaypointEditing.h"
 #include "store/Statement.h"
 #include "support/FlightFolder.h"
+#include "support/PressedNotice.h"
 #include "support/ScriptedDialogs.h"
 
 namespace ornivane {
@@ -52,8 +53,10 @@ struct PlanningLists : FlightFolder {
 
     CountingScreen Screen;
     ScriptedDialogs Boxes;
-    WaypointEditing Points{Shared, Boxes, Screen};
-    RouteEditing Routes{Shared, Boxes, Points.WaypointsSet, Screen};
+    PressedNotice Bar;
+    Undo LastDeed{Bar, Shared, {}};
+    WaypointEditing Points{Shared, Boxes, LastDeed, Screen};
+    RouteEditing Routes{Shared, Boxes, LastDeed, Points.WaypointsSet, Screen};
 };
 
 } // namespace ornivane

@@ -100,7 +100,10 @@ TEST_F(PlanDrawingTest, DrawsTheSelectedRouteAndAddsUpItsLength) {
     EXPECT_EQ(Surface.Count("#000080"), 0);
     EXPECT_EQ(routes.lblRouteDistanz, " NM");
     routes.RoutesSet.MoveFirst();
-    routes.RoutesSet.MoveLast(); // without points the length stays as it was
+    routes.RoutesSet.MoveLast();
+    EXPECT_EQ(routes.lblRouteDistanz, "");
+    routes.lblRouteDistanz = "38 NM";
+    Screen->RedrawPlan(); // drawing a route without points leaves the length as it was
     EXPECT_EQ(routes.lblRouteDistanz, "38 NM");
     routes.picShowRoute();
     routes.RoutesSet.MoveFirst();

@@ -8,6 +8,7 @@
 #include "planning/PlanningScreen.h"
 #include "support/FlightFolder.h"
 #include "support/MapFakes.h"
+#include "support/PressedNotice.h"
 
 namespace ornivane {
 
@@ -18,7 +19,7 @@ protected:
     PlanningScreen& Start() {
         Screen = std::make_unique<PlanningScreen>(
             PlanningScreenWorld{Shared, Storage, Surface, ProgressBar, Boxes, Notices},
-            PlanningScreen::Form{[] {}, [] {}, [] {}, [] {}, [this] { ++EntryFocused; }});
+            PlanningScreen::Form{[] {}, [] {}, [] {}, [] {}, [this] { ++EntryFocused; }, [] {}});
         Screen->Form_Load();
         Screen->Form_Activate();
         return *Screen;
@@ -38,7 +39,7 @@ protected:
     DrawnSurface Surface;
     FakeProgress ProgressBar;
     ScriptedDialogs Boxes;
-    RecordedNotice Notices;
+    PressedNotice Notices;
     std::unique_ptr<PlanningScreen> Screen;
     int EntryFocused = 0;
 };

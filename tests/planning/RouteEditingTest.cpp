@@ -85,6 +85,47 @@ TEST_F(RouteEditingTest, PointsAreInsertedBehindTheCurrentOneAndBecomeCurrent) {
     EXPECT_EQ(Numbers("GpsPoints")[1], "2 aachen"); // a route keeps its copies
 }
 
+TEST_F(RouteEditingTest, APointComesBehindTheCurrentOneAlsoBesideAGap) {
+    AddRoute("A", {6.3, 7.0, 7.3});
+    Sql("UPDATE GpsPoints SET Nummer = Nummer * 3"); // as imports have left it
+    Load();
+    Routes.RoutePointsSet.MoveNext();
+    Add("Bonn");
+    EXPECT_THAT(Numbers("GpsPoints"), ElementsAre("1 P1", "2 P2", "3 Bonn", "4 P3"));
+    EXPECT_EQ(PlaceInRoute(), "3Bonn");
+}
+
+TEST_F(RouteEditingTest, AfterAPointWasPutInOrTakenOutTheKeysAreWithTheWaypoints) {
+    Load();
+    NewRoute("A");
+    NewRoute("B");
+    EXPECT_EQ(Screen.Asked["routes"], 1);
+    EXPECT_EQ(Screen.Asked["waypoints"], 0); // a new route is named, not yet filled
+    for (const char* name : {"Bonn", "Zug"}) Add(name);
+    EXPECT_EQ(Screen.Asked["waypoints"], 2);
+    for (int i = 0; i < 3; ++i) Routes.cmdDeleteWaypoint();
+    EXPECT_EQ(Screen.Asked["waypoints"], 4); // the third had nothing to delete
+}
+
+TEST_F(RouteEditingTest, ARouteWithoutPointsShowsNoLengthOfAnother) {
+    AddRoute("A", {6.3, 7.0});
+    Load();
+    Routes.lblRouteDistanz = "107 NM";
+    NewRoute("B");
+    EXPECT_EQ(Routes.lblRouteDistanz, "");
+    Routes.lblRouteDistanz = "107 NM";
+    Routes.RoutesSet.MoveFirst(); // has points: drawing writes it
+    EXPECT_EQ(Routes.lblRouteDistanz, "107 NM");
+    Routes.RoutesSet.MoveNext();
+    EXPECT_EQ(Routes.lblRouteDistanz, "");
+    Routes.RoutesSet.MoveFirst();
+    Routes.lblRouteDistanz = "107 NM";
+    Boxes.Answer = true;
+    Routes.cmdRouteDelete();
+    Routes.cmdRouteDelete();
+    EXPECT_EQ(Routes.lblRouteDistanz, ""); // there is no route any more
+}
+
 TEST_F(RouteEditingTest, DeletingAPointLeavesTheNextOneCurrentAndTheLastOneItsForerunner) {
     AddRoute("A", {6.3, 7.0, 7.3});
     Load();

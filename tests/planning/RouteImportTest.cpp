@@ -46,6 +46,12 @@ protected:
     Names Waypoints() { return Rows("SELECT Name, Lat, Long, Kategorie FROM Waypoints ORDER BY PointID"); }
 };
 
+TEST_F(RouteImportTest, APointThatIsNotThereLeavesNoGap) {
+    Import(Write("Tour.ovr", RouteFile(FileRow("Köln", "50", "6") + FileRow("Neu", "50", "7") +
+                                       FileRow("Ende", "51", "7") + "<r:row Name='nowhere'/>")));
+    EXPECT_THAT(Points("Tour"), ElementsAre("1 Köln 50.5162 6.57", "2 Ende 51.1 7.2"));
+}
+
 TEST_F(RouteImportTest, BringsBackTheSameRouteAfterAllOfItWasDeleted) {
     const Names names{"Süd \"<&>'", "Köln", "O'Hara", "Süd \"<&>'", "Ω"};
     AddWaypoint("Süd \"<&>'", 0.1 + 0.2, -1e-7);

@@ -161,12 +161,14 @@ TEST_F(WaypointEditingTest, QuickFindLandsOnTheFirstNameAtOrAfterTheText) {
     EXPECT_EQ(Screen.Asked["centre"], redraws + 1); // one redraw for a change of row, none without
 }
 
-TEST_F(WaypointEditingTest, ACategoryFiltersTheListAndKeepsWhatIsBeingTyped) {
+TEST_F(WaypointEditingTest, ACategoryFiltersTheListAndLeavesTheFieldsAlone) {
     EXPECT_THAT(Points.Categories, ElementsAre("Alle Wegpunkte", "Feld", "See"));
     Points.tKat_Click();
     Points.ChooseCategory("See");
     EXPECT_TRUE(Points.tKatVisible);
-    EXPECT_EQ(Points.tKat + ": " + Fields(), "See: Cork S33.5 W8.3, 1 / 2");
+    EXPECT_EQ(Points.tKat + ": " + Fields(), "See: aachen N50.4633 E6.0512, 1 / 2");
+    Points.cmdNext();
+    EXPECT_EQ(Fields(), "Zug N47.1 E8.31, 2 / 2");
     Type("Neu", "1", "2");
     Points.ChooseCategory("Feld");
     EXPECT_EQ(Fields(), "Neu N1 E2, 1 / 1");
@@ -174,7 +176,21 @@ TEST_F(WaypointEditingTest, ACategoryFiltersTheListAndKeepsWhatIsBeingTyped) {
     Points.ChooseCategory("Feld");
     EXPECT_EQ(Fields(), "Neu N1 E2, 0 / 0");
     EXPECT_EQ(Screen.Asked["map"], 3);
-    EXPECT_EQ(Screen.Asked["centre"], 0);
+    EXPECT_EQ(Screen.Asked["centre"], 1); // of the step
+}
+
+TEST_F(WaypointEditingTest, AChangeWritesTheTypedValuesToTheRowTheListStandsOn) {
+    Points.ChooseCategory("See"); // the fields show aachen
+    EXPECT_TRUE(Points.cmdChange());
+    EXPECT_THAT(Rows("SELECT PointID, Name, Lat FROM Waypoints WHERE PointID > 2"),
+                ElementsAre("3 aachen 50.4633", "4 aachen 50.4633"));
+    Points.ChooseCategory(WaypointEditing::AllWaypoints);
+    Type("bonn", "1", "2");
+    EXPECT_FALSE(Points.cmdNew());
+    EXPECT_TRUE(Points.cmdChange());
+    EXPECT_THAT(Rows("SELECT PointID, Name, Lat FROM Waypoints WHERE PointID = 1"),
+                ElementsAre("1 bonn 1.0"));
+    EXPECT_EQ(Boxes.Shown.size(), 1u); // of the duplicate name
 }
 
 TEST_F(WaypointEditingTest, ComingBackShowsAllWaypointsOnTheOneThatWasLookedAt) {

@@ -1,3 +1,5 @@
+#include <random>
+
 #include <gmock/gmock.h>
 
 #include "base/RuntimeError.h"
@@ -5,6 +7,7 @@
 #include "settings/CategoryManager.h"
 #include "store/Statement.h"
 #include "support/FlightFolder.h"
+#include "support/PressedNotice.h"
 #include "support/ScriptedDialogs.h"
 
 namespace ornivane {
@@ -41,7 +44,9 @@ protected:
     }
 
     ScriptedDialogs Dialogs;
-    Categories List{Shared, Dialogs};
+    PressedNotice Bar;
+    Undo LastDeed{Bar, Shared, {}};
+    Categories List{Shared, Dialogs, LastDeed};
 };
 
 TEST_F(CategoriesTest, AddsBehindTheCurrentRowWhatIsNotThereYet) {
@@ -92,6 +97,65 @@ TEST_F(CategoriesTest, DeletesWithoutItsWaypointsAndStandsOnTheNextOrLastRow) {
     List.tKategorie = "New";
     List.cmdAdd_Click();
     EXPECT_EQ(Stored(), "1 New, ");
+}
+
+TEST_F(CategoriesTest, AChangeIsTakenBackWithAllItsWaypointsAndNoOthers) {
+    const std::string before = Waypoints();
+    List.tKategorie = "Platz"; // both are one category then
+    List.cmdChange_Click();
+    EXPECT_EQ(Bar.Text, "Category Stadt changed [&undo]");
+    EXPECT_TRUE(Bar.Press());
+    EXPECT_EQ(Stored() + Waypoints(), "1 Stadt, 2 VOR, 3 Platz, " + before);
+    EXPECT_EQ(List.tKategorie, "Stadt");
+    List.tKategorie = "New";
+    List.cmdChange_Click();
+    StandOn(3);
+    List.tKategorie = "Added";
+    List.cmdAdd_Click();
+    Sql("UPDATE Waypoints SET Kategorie = 'Added' WHERE Name = 'Aachen'"); // another dialog has given it
+    Shared.EnglishUI = 0;
+    LastDeed.ApplyLanguage();
+    EXPECT_EQ(Bar.Text, "Kategorie Stadt geändert [&rückgängig]");
+    Bar.Press();
+    EXPECT_EQ(Stored(), "1 Stadt, 2 VOR, 3 Platz, 4 Added, ");
+    EXPECT_EQ(Waypoints(), "Bonn Stadt, Aachen Added, EDKB Platz, BONN , NTM VOR, ");
+    EXPECT_EQ(List.tKategorie, "Stadt");
+}
+
+// Any deed in any order, and some of them taken back, beside what the store was before the last one.
+TEST_F(CategoriesTest, AnySequenceOfDeedsIsTakenBackToWhatWasThere) {
+    Sql("PRAGMA synchronous = OFF");
+    std::mt19937 dice;
+    std::string before, present = Stored() + Waypoints();
+    int undone = 0;
+    for (int step = 0; step < 600; ++step) {
+        const unsigned deed = dice() % 4;
+        if (List.CategoriesSet.RecordCount() > 0)
+            StandOn(1 + static_cast<int>(dice() % static_cast<unsigned>(List.CategoriesSet.RecordCount())));
+        const std::string current = List.tKategorie;
+        if (deed == 0 || List.CategoriesSet.RecordCount() == 0) {
+            List.tKategorie = "K" + std::to_string(step);
+            List.cmdAdd_Click();
+            Shared.DataConn.Execute("UPDATE Waypoints SET Kategorie = ? WHERE PointID = ?",
+                                    {List.tKategorie, 1 + step % 5});
+            present = Stored() + Waypoints();
+            LastDeed.Withdraw();
+        } else if (deed == 3) {
+            List.Form_Activate();
+        } else {
+            before = present;
+            List.tKategorie = "K" + std::to_string(dice() % 10);
+            deed == 1 ? List.cmdChange_Click() : List.cmdDelete_Click();
+            present = Stored() + Waypoints();
+            if (dice() % 2 == 0) continue;
+            ASSERT_TRUE(Bar.Press());
+            ASSERT_EQ(Stored() + Waypoints(), before) << step;
+            ASSERT_EQ(List.tKategorie, current) << step;
+            present = before;
+            ++undone;
+        }
+    }
+    EXPECT_GT(undone, 100);
 }
 
 TEST_F(CategoriesTest, LeavesAllAsItWasWhenTheStoreRefuses) {

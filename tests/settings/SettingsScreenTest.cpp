@@ -7,6 +7,7 @@
 #include "common/SettingsFiles.h"
 #include "gps/GpsFakes.h"
 #include "settings/SettingsScreen.h"
+#include "support/PressedNotice.h"
 #include "support/SetClock.h"
 #include "support/TemporaryFolder.h"
 
@@ -38,8 +39,24 @@ protected:
     SetClock Clock;
     Variablen Shared;
     int CaptionsWritten = 0;
-    SettingsScreen Screen{{Shared, Port, Timer, Ports, Clock, Dialogs}, [] {}, [this] { ++CaptionsWritten; }};
+    PressedNotice Bar;
+    SettingsScreen Screen{
+        {Shared, Port, Timer, Ports, Clock, Dialogs}, Bar, [] {}, [this] { ++CaptionsWritten; }};
 };
+
+TEST_F(SettingsScreenTest, ADeletedCategoryIsOfferedInTheLanguageChosenUntilTheScreenIsLeft) {
+    Screen.Form_Activate();
+    Screen.CategoryList.tKategorie = "VOR";
+    Screen.CategoryList.cmdAdd_Click();
+    Screen.CategoryList.cmdDelete_Click();
+    Screen.OptEng_Click();
+    Screen.ApplyLanguage();
+    EXPECT_EQ(Bar.Text, "Category VOR deleted [&undo]");
+    Screen.Form_Deactivate();
+    EXPECT_EQ(Bar.Text, "");
+    Screen.ApplyLanguage();
+    EXPECT_FALSE(Bar.Press());
+}
 
 TEST_F(SettingsScreenTest, WritesEachFileAsItIsReadAgain) {
     Screen.Form_Activate();

@@ -13,6 +13,7 @@
 #include "store/Recordset.h"
 #include "store/Statement.h"
 #include "support/FlightFolder.h"
+#include "support/PressedNotice.h"
 #include "support/ScriptedDialogs.h"
 
 namespace ornivane {
@@ -61,7 +62,9 @@ protected:
 
     Connection Logger; // the recorder's connection stays open beside the manager's
     ScriptedDialogs Boxes;
-    TrackManager Manager{Shared, Boxes};
+    PressedNotice Bar;
+    Undo LastDeed{Bar, Shared, {}};
+    TrackManager Manager{Shared, Boxes, LastDeed};
 };
 
 TEST_F(TrackManagerTest, AClickTogglesAndThePointsFollowInOrder) {
@@ -125,6 +128,58 @@ TEST_F(TrackManagerTest, ADeletionGoesOnWithoutItsBackupButNeverHalfway) {
     EXPECT_EQ(Manager.lblRecords, "2 trackpoints");
 }
 
+TEST_F(TrackManagerTest, DeletedTracksComeBackFromTheBackupWithTheirChoice) {
+    const auto bytes = [this] {
+        std::string text;
+        for (Statement rows(Logger, "SELECT * FROM List JOIN Track USING (\"Index\") ORDER BY 1, 3");
+             rows.Step();)
+            for (int i = 0; i < rows.ColumnCount(); ++i) text += rows.ColumnValue(i).TextOrEmpty() + "|";
+        return text + Stored();
+    };
+    const std::string before = bytes();
+    Boxes.Answer = true;
+    Manager.cmdDelete_Click(); // nothing was chosen
+    EXPECT_FALSE(Bar.Press());
+    Manager.listTrack_MouseUp(2);
+    Manager.listTrack_MouseUp(0);
+    Manager.cmdDelete_Click();
+    EXPECT_EQ(Bar.Text, "2 Tracks deleted [&undo]");
+    Logger.Execute("INSERT INTO List (Name) VALUES ('later')");
+    Logger.Execute("DELETE FROM List WHERE Name = 'later'");
+    Manager.listTrack_MouseUp(0);
+    EXPECT_TRUE(Bar.Press());
+    EXPECT_EQ(bytes(), before);
+    EXPECT_EQ(Selected() + Manager.lblRecords, "1 4 2 trackpoints");
+    EXPECT_EQ(Manager.ListIndex, 0);
+    Manager.listTrack_MouseUp(0);
+    EXPECT_EQ(Selected(), "4 "); // chosen rows toggle as before
+    Manager.cmdDelete_Click();
+    EXPECT_EQ(Bar.Text, "Track 4 deleted [&undo]");
+}
+
+TEST_F(TrackManagerTest, ADeletionThatCannotBeTakenBackSaysSo) {
+    std::filesystem::create_directories(Folder.Path() / "track.bak" / "in the way");
+    Boxes.Answer = true;
+    Manager.listTrack_MouseUp(1);
+    Manager.cmdDelete_Click();
+    EXPECT_EQ(Bar.Text, "Deleted; without a backup it cannot be undone");
+    EXPECT_FALSE(Bar.Press());
+    std::filesystem::remove_all(Folder.Path() / "track.bak");
+    Manager.listTrack_MouseUp(0);
+    Manager.cmdDelete_Click();
+    // A backup that is another one by now brings nothing back, rather than a part.
+    Connection backup;
+    backup.Open(Folder.Path() / "track.bak", Connection::Mode::ReadWrite);
+    backup.Execute("DELETE FROM Track WHERE Number = 2");
+    EXPECT_TRUE(Bar.Press());
+    EXPECT_EQ(Stored(), "4 with 0");
+    EXPECT_NE(Bar.Text.find("not the tracks that were deleted"), std::string::npos) << Bar.Text;
+    EXPECT_EQ(Manager.lblRecords, "0 trackpoints");
+    backup.Execute("INSERT INTO Track VALUES (1, 2, 1, 1, 1, 'D', 'T')");
+    EXPECT_TRUE(Bar.Press());
+    EXPECT_EQ(Stored(), "1 4 with 2");
+}
+
 // No file may grow beyond so many bytes while this lives: what a full disk does to those who write.
 class FullDisk {
 public:
@@ -156,6 +211,7 @@ TEST_F(TrackManagerTest, AFullDiskAtADeletionLeavesTheStoreWhole) {
         EXPECT_THROW(Manager.cmdDelete_Click(), RuntimeError);
     }
     EXPECT_EQ(Stored(), "1 2 4 with 9001");
+    EXPECT_FALSE(Bar.Press());
     EXPECT_EQ(Manager.lblRecords, "9000 trackpoints");
     EXPECT_EQ(ReadWholeFile(Folder.Path() / "track.bak"), "the backup before");
     {
@@ -164,6 +220,14 @@ TEST_F(TrackManagerTest, AFullDiskAtADeletionLeavesTheStoreWhole) {
     }
     Manager.cmdDelete_Click();
     EXPECT_EQ(Stored(), "2 4 with 1");
+    {
+        const FullDisk full(64 * 1024);
+        EXPECT_TRUE(Bar.Press());
+    }
+    EXPECT_EQ(Stored(), "2 4 with 1");
+    EXPECT_NE(Bar.Text.find(", not undone: "), std::string::npos) << Bar.Text;
+    EXPECT_TRUE(Bar.Press());
+    EXPECT_EQ(Stored(), "1 2 4 with 9001");
 }
 
 TEST_F(TrackManagerTest, TheLoggerMayWriteMeanwhile) {
@@ -251,7 +315,7 @@ TEST_F(TrackManagerTest, AFileThatCannotBeWrittenIsLeftInSilence) {
 TEST_F(TrackManagerTest, WithoutAStoreThereIsNoManager) {
     Logger.Close();
     std::filesystem::remove(Folder.Path() / "track.ovd");
-    TrackManager other(Shared, Boxes);
+    TrackManager other(Shared, Boxes, LastDeed);
     EXPECT_THROW(other.Form_Load(), RuntimeError);
 }
 

@@ -1,0 +1,36 @@
+#include "store/KeptColumn.h"
+
+#include "store/Connection.h"
+#include "store/Statement.h"
+
+namespace ornivane {
+
+KeptColumn::KeptColumn(Connection& of, std::string inTable, std::string ofColumn, const std::string& where,
+                       const std::vector<Value>& parameters)
+    : connection(&of), table(std::move(inTable)), column(std::move(ofColumn)) {
+    Statement select(of, "SELECT rowid, " + column + " FROM " + table + " WHERE " + where + " ORDER BY " +
+                             column + " ASC");
+    for (std::size_t i = 0; i < parameters.size(); ++i) select.Bind(static_cast<int>(i) + 1, parameters[i]);
+    while (select.Step()) cells.push_back({select.Integer(0), select.ColumnValue(1)});
+}
+
+void KeptColumn::Leave(std::int64_t rowId) {
+    std::erase_if(cells, [rowId](const Cell& cell) { return cell.RowId == rowId; });
+}
+
+void KeptColumn::PutBack() const { Write({}, {}); }
+
+void KeptColumn::PutBackOver(const Value& present) const { Write(" AND " + column + " = ?", {present}); }
+
+void KeptColumn::Write(const std::string& condition, const std::vector<Value>& present) const {
+    Statement update(*connection, "UPDATE " + table + " SET " + column + " = ? WHERE rowid = ?" + condition);
+    for (const Cell& cell : cells) {
+        const StatementRun run(update);
+        update.Bind(1, cell.Content);
+        update.Bind(2, cell.RowId);
+        if (!present.empty()) update.Bind(3, present.front());
+        update.Step();
+    }
+}
+
+} // namespace ornivane

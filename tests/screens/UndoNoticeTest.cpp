@@ -1,0 +1,177 @@
+#include "screens/PlanningPanelsFixture.h"
+
+#include <QComboBox>
+#include <QMainWindow>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "support/FlightFolder.h"
+#include "tracks/frmTrack.h"
+
+namespace ornivane {
+namespace {
+
+// The planning screen over the notice, as the main window has them.
+class UndoNoticeTest : public PlanningPanelsTest {
+protected:
+    UndoNoticeTest() {
+        auto* centre = new QWidget;
+        auto* column = new QVBoxLayout(centre);
+        column->setContentsMargins(0, 0, 0, 0);
+        column->setSpacing(0);
+        column->addWidget(&Window, 1);
+        column->addWidget(&Notices);
+        Frame.setCentralWidget(centre);
+        Frame.resize(1024, 640);
+        Frame.show();
+        QApplication::setActiveWindow(&Frame);
+        Left->FocusEntry();
+    }
+    ~UndoNoticeTest() override {
+        for (QWidget* widget : std::initializer_list<QWidget*>{&Window, &Notices}) {
+            widget->hide();
+            widget->setParent(nullptr); // members of this test, not of the frame
+        }
+    }
+    QPushButton& UndoButton() { return *Notices.findChild<QPushButton*>("cmdNotice"); }
+    void Settle() { QCoreApplication::processEvents(); }
+    std::string Offer() {
+        Settle();
+        if (!Notices.isVisible()) return "";
+        return Notices.text().toStdString() + (UndoButton().isVisible() ? " +" : "");
+    }
+
+    QMainWindow Frame;
+};
+
+TEST_F(UndoNoticeTest, ADeletionIsTakenBackByMouseByKeysAndByItsLetter) {
+    const auto remove = [this] {
+        Click("cmdDelete");
+        EXPECT_EQ(Offer(), "Waypoint aachen deleted +");
+        EXPECT_EQ(Seen(), "Bonn 1 / 3");
+    };
+    remove();
+    EXPECT_EQ(Focus(), "tWaypoint1"); // the notice does not take the keys
+    QTest::mouseClick(&UndoButton(), Qt::LeftButton);
+    EXPECT_EQ(Offer(), "");
+    EXPECT_EQ(Seen() + Focus(), "aachen 1 / 4tWaypoint1");
+    remove();
+    for (int i = 0; i < 40 && Focus() != "cmdNotice"; ++i) Key(Qt::Key_Tab);
+    const QPointer<QWidget> before = QApplication::focusWidget();
+    Key(Qt::Key_Return);
+    EXPECT_EQ(Seen(), "aachen 1 / 4");
+    EXPECT_TRUE(QApplication::focusWidget() && QApplication::focusWidget()->isVisible());
+    EXPECT_NE(QApplication::focusWidget(), before);
+    remove();
+    QTest::keyClick(&Frame, Qt::Key_U, Qt::AltModifier);
+    QTest::qWait(150); // a button that a letter presses goes down and up again
+    EXPECT_EQ(Offer() + Seen(), "aachen 1 / 4");
+}
+
+TEST_F(UndoNoticeTest, ItLeavesTheFieldsInSightAndIsLargeEnoughForAFinger) {
+    Click("cmdDelete");
+    Settle();
+    EXPECT_EQ(Frame.size(), QSize(1024, 640));
+    EXPECT_GE(UndoButton().height(), 40);
+    EXPECT_GE(UndoButton().width(), 120);
+    EXPECT_TRUE(Notices.rect().contains(UndoButton().geometry()));
+    EXPECT_GE(Notices.contentsMargins().right(), UndoButton().width()) << "the text keeps clear of it";
+    const QRect bar(Notices.mapTo(&Frame, QPoint()), Notices.size());
+    for (const char* name : {"tWaypoint1", "tWaypoint3", "cmdNew", "cmdChange", "cmdDelete",
+                             "cmdDeleteWaypoint", "lblRouteDistanz", "cmbMaps", "gridWaypoints"}) {
+        auto& widget = Find<QWidget>(name);
+        const QRect place(widget.mapTo(&Frame, QPoint()), widget.size());
+        EXPECT_FALSE(bar.intersects(place)) << name;
+        EXPECT_TRUE(Frame.rect().contains(place)) << name;
+    }
+}
+
+TEST_F(UndoNoticeTest, AnErrorStandsOverTheOfferAndGivesItBack) {
+    Click("cmdDelete");
+    Notices.Show("An error");
+    EXPECT_EQ(Offer(), "An error");
+    QTest::mouseClick(&Notices, Qt::LeftButton, {}, {10, 10});
+    EXPECT_EQ(Offer(), "Waypoint aachen deleted +");
+    Click("cmdDelete");
+    EXPECT_EQ(Offer(), "Waypoint Bonn deleted +"); // the next one takes its place
+    Sql("CREATE TRIGGER Full BEFORE INSERT ON Waypoints BEGIN SELECT RAISE(ABORT, 'full'); END");
+    QTest::mouseClick(&UndoButton(), Qt::LeftButton);
+    EXPECT_NE(Offer().find("not undone"), std::string::npos) << Offer();
+    EXPECT_EQ(Seen(), "Cork 1 / 2");
+    Sql("DROP TRIGGER Full");
+    QTest::mouseClick(&UndoButton(), Qt::LeftButton);
+    EXPECT_EQ(Offer() + Seen(), "Bonn 1 / 3");
+    Click("cmdDelete");
+    Notices.Show("An error");
+    Window.Form_Deactivate();
+    EXPECT_EQ(Offer(), "An error"); // only the offer goes with the screen
+    QTest::mouseClick(&Notices, Qt::LeftButton, {}, {10, 10});
+    EXPECT_EQ(Offer(), "");
+}
+
+TEST_F(UndoNoticeTest, TheChangeButtonNamesTheRowItWritesAndKeepsItsPlace) {
+    auto& button = Find<QPushButton>("cmdChange");
+    const QRect place = button.geometry();
+    EXPECT_EQ(button.text(), " Change Waypoint ");
+    const QImage plain = button.grab().toImage();
+    auto& list = Find<QComboBox>("cmbKat");
+    const auto choose = [&](int entry) {
+        list.setCurrentIndex(entry);
+        emit list.activated(entry);
+        Settle();
+    };
+    choose(2);
+    EXPECT_EQ(button.text(), " Change Waypoint: Cork ");
+    EXPECT_EQ(Text("tWaypoint1"), "aachen");
+    EXPECT_NE(button.grab().toImage(), plain);
+    Shared.EnglishUI = 0;
+    Left->ApplyLanguage();
+    EXPECT_EQ(button.text(), " Wegpunkt ändern: Cork ");
+    choose(0);
+    EXPECT_EQ(button.text(), " Wegpunkt ändern ");
+    Sql("UPDATE Waypoints SET Name = 'Tom & " + std::string(300, 'W') + "' WHERE PointID = 4");
+    choose(2);
+    EXPECT_EQ(button.geometry(), place);
+    EXPECT_LT(button.text().size(), 100);
+    EXPECT_TRUE(button.text().startsWith(" Wegpunkt ändern: Tom && WWW"));
+}
+
+// The manager of tracks is a dialog of its own, whose buttons stay free.
+TEST(UndoNoticeOfTracks, StandsInTheDialogBesideItsButtons) {
+    FlightFolder folder;
+    CreateStore(folder.Folder.Path() / "track.ovd", StoreKind::Track);
+    Connection store;
+    store.Open(folder.Folder.Path() / "track.ovd", Connection::Mode::ReadWrite);
+    store.Execute("INSERT INTO List VALUES (3, 'one'), (5, 'two')");
+    store.Execute("INSERT INTO Track VALUES (3, 1, 50, 7, 300, 'D', 'T')");
+    folder.Shared.EnglishUI = 1;
+    QtNotice notices;
+    EventGuard guard(notices, [] { return true; });
+    ScriptedDialogs boxes;
+    boxes.Answer = true;
+    QWidget window;
+    window.resize(1024, 700);
+    auto* form = new frmTrack(folder.Shared, guard, boxes, &window);
+    form->Start();
+    auto* list = form->findChild<QWidget*>("listTrack");
+    QTest::keyClick(list, Qt::Key_Home);
+    QTest::keyClick(list, Qt::Key_Space);
+    QTest::mouseClick(form->findChild<QPushButton*>("cmdDelete"), Qt::LeftButton);
+    QCoreApplication::processEvents();
+    auto* bar = form->findChild<QtNotice*>("noticeBar");
+    ASSERT_TRUE(bar && bar->isVisible());
+    EXPECT_EQ(bar->text(), "Track 3 deleted");
+    EXPECT_FALSE(notices.isVisible());
+    const QRect place(bar->mapTo(form, QPoint()), bar->size());
+    for (const char* name : {"cmdDelete", "cmdExit", "cmdTrack"}) {
+        auto* button = form->findChild<QWidget*>(name);
+        EXPECT_FALSE(place.intersects(QRect(button->mapTo(form, QPoint()), button->size()))) << name;
+    }
+    QTest::mouseClick(bar->findChild<QPushButton*>("cmdNotice"), Qt::LeftButton);
+    EXPECT_FALSE(bar->isVisible());
+    EXPECT_EQ(form->findChild<QLabel*>("lblRecords")->text(), "1 trackpoint");
+    form->close();
+}
+
+} // namespace
+} // namespace ornivane
