@@ -7,6 +7,7 @@
 #include "base/RuntimeError.h"
 #include "common/Variablen.h"
 #include "platform/Dialogs.h"
+#include "store/Recordset.h"
 
 namespace ornivane {
 

@@ -75,8 +75,8 @@ protected:
         Catalogue = std::make_unique<MapData>(Shared, Preview, PreviewSurface, Boxes);
         Catalogue->Form_Load();
         Planning = std::make_unique<PlanningScreen>(
-            PlanningScreenWorld{Shared, PlanStorage, PlanSurface, ProgressBar, Boxes},
-            PlanningScreen::Form{[] {}, [] {}, [] {}, [] {}, [] {}});
+            PlanningScreenWorld{Shared, PlanStorage, PlanSurface, ProgressBar, Boxes, Notices},
+            PlanningScreen::Form{[] {}, [] {}, [] {}, [] {}, [] {}, [] {}});
         Planning->Form_Load();
     }
     int Random(int from, int to) { return std::uniform_int_distribution<int>(from, to)(Dice); }

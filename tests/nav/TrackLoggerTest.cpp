@@ -113,8 +113,8 @@ TEST_F(TrackLoggerTest, AClickThatStopsWritesTheSettingsAlsoOfARecordingByHand) 
 
 TEST_F(TrackLoggerTest, WithoutAFixAClickEndsTheAutomaticModeAndTheNextIntervalTheRecording) {
     TrackLogger& logger = Begin(true);
-    Screen->Readouts.SpeedReceived("90");
-    Screen->Readouts.FixLost();
+    Screen->Readouts.gps_SpeedReceived("90");
+    Screen->Readouts.gps_FixLost();
     logger.picRecord_Click();
     EXPECT_EQ(Buttons(), "running");
     EXPECT_FALSE(Shared.TrackAuto);
