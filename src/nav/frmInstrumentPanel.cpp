@@ -128,6 +128,15 @@ void frmInstrumentPanel::Pressed(Qt::MouseButton button) {
     if (instrument->frmKurs) enter(*tKurs, instrument->tKurs);
 }
 
+void frmInstrumentPanel::CancelEntry() {
+    guard.Run([this] {
+        Do([this] {
+            if (instrument->frmVOR) instrument->tVOR1_Escape();
+            if (instrument->frmKurs) instrument->tKurs_Escape();
+        });
+    });
+}
+
 // Both keys end here: a field would pass Enter on to the screen, where it begins a wind entry.
 bool frmInstrumentPanel::eventFilter(QObject* watched, QEvent* event) {
     const auto key = event->type() == QEvent::KeyPress ? static_cast<QKeyEvent*>(event)->key() : 0;

@@ -28,6 +28,8 @@ public:
     // state.
     void Attach(Instrument& instrument, std::function<void()> done, std::function<void()> changed);
 
+    // Escape, wherever the keys are: an open entry closes and takes nothing.
+    void CancelEntry();
     // The QNH is shown while airspace is, on a ground that tells how many airspaces there are.
     void ShowState(const std::string& qnh, bool qnhShows, Colour qnhGround);
     void ApplyLanguage();
