@@ -13,10 +13,15 @@ PlanningScreen::PlanningScreen(const PlanningScreenWorld& w, Form ofScreen)
 void PlanningScreen::Form_Load() {
     Routes.Form_Load();
     Waypoints.Form_Load();
-    if (const auto height = ReadPlanningHeight(world.Shared.ProgramFolder)) Airspace.tLRHoehe = *height;
+    LoadSettings();
     Map.Form_Load();
     Routes.cmdshowRoute();
     Waypoints.ShowWaypoint();
+}
+
+// The height whose airspace was shown last.
+void PlanningScreen::LoadSettings() {
+    if (const auto height = ReadPlanningHeight(world.Shared.ProgramFolder)) Airspace.tLRHoehe = *height;
 }
 
 void PlanningScreen::Form_Activate() {

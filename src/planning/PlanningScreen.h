@@ -51,6 +51,7 @@ public:
     PlanDrawing Drawing;
 
 private:
+    void LoadSettings();
     void RecallPlan() override { Drawing.RecallPlan(); }
     void FocusMap() override { form.FocusMap(); }
     void FocusWaypoints() override { form.FocusWaypoints(); }
