@@ -142,6 +142,7 @@ bool frmInstrumentPanel::eventFilter(QObject* watched, QEvent* event) {
     const auto key = event->type() == QEvent::KeyPress ? static_cast<QKeyEvent*>(event)->key() : 0;
     const bool isEnter = key == Qt::Key_Return || key == Qt::Key_Enter;
     if (!isEnter && key != Qt::Key_Escape) return QWidget::eventFilter(watched, event);
+    if (static_cast<QKeyEvent*>(event)->isAutoRepeat()) return true;
     const auto end = watched == tVOR1 ? (isEnter ? &Instrument::tVOR1_Enter : &Instrument::tVOR1_Escape)
                                       : (isEnter ? &Instrument::tKurs_Enter : &Instrument::tKurs_Escape);
     guard.Run([&] { Do([&] { (instrument->*end)(); }); });

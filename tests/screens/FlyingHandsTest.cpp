@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPushButton>
 
 #include "screens/FlyingFormFixture.h"
 
@@ -143,6 +144,12 @@ TEST_F(FlyingHandsTest, AKeyThatIsHeldCountsOnceAndOnlyWhereItWasPressed) {
     const std::string before = Flown();
     Repeat(Map(), Qt::Key_Up); // held since before an entry was closed
     EXPECT_EQ(Flown(), before);
+    OpenNextEntry();
+    QLineEdit& name = OpenNextEntry();
+    QTest::keyClick(&name, Qt::Key_K);
+    for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Return}) Repeat(name, key); // as what closed a message
+    EXPECT_EQ(name.text(), "k");
+    EXPECT_TRUE(Shows("frmVOR") && Text("lblVOR1") != "KBO");
 }
 
 TEST_F(FlyingHandsTest, AKeyThatIsLetGoOverAMessageIsForgotten) {
@@ -158,6 +165,28 @@ TEST_F(FlyingHandsTest, AKeyThatIsLetGoOverAMessageIsForgotten) {
     QTest::keyRelease(&Map(), Qt::Key_7);
     QTest::keyRelease(&Map(), Qt::Key_Escape);
     EXPECT_EQ(Entry(), "--- ---");
+}
+
+// Whatever dialog lies below: it neither acts nor closes by a key that closed the message over it.
+TEST_F(FlyingHandsTest, AKeyThatClosedAMessageDoesNothingBelowWhileItIsHeld) {
+    int pressed = 0;
+    QDialog below(&Form);
+    QPushButton act("act", &below);
+    act.setDefault(true);
+    QObject::connect(&act, &QPushButton::clicked, &below, [&] { ++pressed; });
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
+        below.open();
+        QMessageBox box(&below);
+        box.open();
+        QTest::keyPress(&box, key);
+        ASSERT_FALSE(box.isVisible());
+        Repeat(below, key);
+        Send(below, QEvent::KeyRelease, key, false);
+        EXPECT_TRUE(below.isVisible() && pressed == 0);
+        QTest::keyClick(&below, key);
+        EXPECT_TRUE(key == Qt::Key_Return ? pressed == 1 : !below.isVisible());
+        pressed = 0;
+    }
 }
 
 TEST_F(FlyingHandsTest, ADragThatEndsElsewhereIsNoClick) {

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "platform/Dialogs.h"
+#include "platform/qt/HeldKeyFilter.h"
 #include "platform/qt/SecondClickFilter.h"
 #include "platform/qt/WheelFilter.h"
 
@@ -51,6 +52,7 @@ private:
     EventGuard* guard = nullptr;
     WheelFilter wheel{*this};
     SecondClickFilter clicks{*this};
+    HeldKeyFilter keys{*this};
 };
 
 } // namespace ornivane
