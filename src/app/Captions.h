@@ -6,6 +6,8 @@
 
 namespace ornivane {
 
+inline constexpr const char* ProgramName = "Ornivane GPS";
+
 // The screens of the main window, in the order of the toolbar.
 enum class Mode { Flight, Planning, Settings, MapData, FlightPlan };
 inline constexpr std::array<Mode, 5> AllModes{Mode::Flight, Mode::Planning, Mode::Settings, Mode::MapData,

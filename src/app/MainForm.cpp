@@ -61,7 +61,7 @@ MainForm::MainForm(Variablen& variablenOf, Services servicesOf)
                },
                [this](const std::function<void()>& step) { return services.Guard->Run(step); }}) {
     setObjectName("Main");
-    setWindowTitle("Ornivane GPS");
+    setWindowTitle(ProgramName);
     setMinimumSize(SmallestSize);
     resize(SmallestSize);
     setContextMenuPolicy(Qt::NoContextMenu); // the toolbar cannot be hidden away
@@ -182,6 +182,14 @@ void MainForm::ShowState() {
     mnuExport->setEnabled(current == Mode::Planning);
     mnuImport->setEnabled(current == Mode::Planning);
     mnuLuftEin->setEnabled(current == Mode::Planning);
+    ShowCaption();
+}
+
+// The screen first: a row of windows shows only the beginning. The flying screen has no name of its own.
+void MainForm::ShowCaption() {
+    const QWidget* front = stack->currentWidget();
+    const QString caption = front ? front->windowTitle() : QString();
+    setWindowTitle(caption.isEmpty() ? ProgramName : caption + " – " + ProgramName);
 }
 
 void MainForm::toolMain_ButtonClick(const QString& caption) {
@@ -217,7 +225,7 @@ void MainForm::mnuUpdate_Click() {
         QueryUnload();
         return;
     }
-    services.Boxes->Message(windowTitle().toStdString(), "Datei fehlt");
+    services.Boxes->Message(ProgramName, "Datei fehlt");
 }
 
 void MainForm::TrackStoreUnavailable(const std::string& reason) {
@@ -231,7 +239,7 @@ void MainForm::AirspaceStoreUnavailable(const std::string& reason) {
 void MainForm::QueryUnload() {
     if (unloaded) return;
     unloaded = true;
-    screens.UnloadAll();
+    screens.UnloadAllForms(objectName().toStdString());
     services.Guard->Run([this] { services.Programs->EndSiblings(); });
     services.Ended();
 }

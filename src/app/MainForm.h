@@ -57,6 +57,7 @@ private:
     void toolMain_ButtonClick(const QString& caption);
     void ShowMode(Mode mode);
     void ShowState();
+    void ShowCaption();
 
     void mnuExport_Click();
     void mnuImport_Click();

@@ -31,10 +31,14 @@ std::vector<Screen*> ScreenSwitch::Loaded() const {
     return result;
 }
 
-void ScreenSwitch::UnloadAll() {
-    const std::optional<Mode> left = std::exchange(current, std::nullopt);
-    if (left) window.Guarded([&] { screens[*left]->Form_Deactivate(); });
-    for (Screen* screen : Loaded()) window.Guarded([&] { screen->Form_Unload(); });
+void ScreenSwitch::UnloadAllForms(const std::string& exceptName) {
+    const QString stays = QString::fromStdString(exceptName);
+    if (current && screens[*current]->objectName() != stays) {
+        Screen* left = screens[*std::exchange(current, std::nullopt)];
+        window.Guarded([&] { left->Form_Deactivate(); });
+    }
+    for (Screen* screen : Loaded())
+        if (screen->objectName() != stays) window.Guarded([&] { screen->Form_Unload(); });
 }
 
 } // namespace ornivane

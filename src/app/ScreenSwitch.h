@@ -3,6 +3,7 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "app/Captions.h"
@@ -29,9 +30,10 @@ public:
     std::optional<Mode> Current() const { return current; }
     // Those that were made, in the order of the toolbar.
     std::vector<Screen*> Loaded() const;
-    // The end of the program: the front screen stops, then every screen saves. An error in one does not keep
-    // the others from it.
-    void UnloadAll();
+    // The end of the program: the front screen stops, then every screen saves, except the form of the given
+    // name (whoever is ending already does not end itself again). An error in one does not keep the others
+    // from it.
+    void UnloadAllForms(const std::string& exceptName);
 
 private:
     Screen* Made(Mode mode);

@@ -44,7 +44,7 @@ frmAbout::frmAbout(const Variablen& shared, Shell& shell, QWidget* parent) : QDi
     setStyleSheet(TabStyle);
     resize(720, 560);
 
-    auto* title = new QLabel("Ornivane GPS");
+    auto* title = new QLabel(ProgramName);
     title->setObjectName("lblTitle");
     title->setStyleSheet("font-size: 28px; font-weight: bold");
     auto* version = new QLabel(QString("Version ") + QString::fromStdString(ProgramVersion()));

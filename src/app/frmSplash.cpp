@@ -79,7 +79,7 @@ frmSplash::frmSplash(Variablen& variablenOf, Web& webOf)
     : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint), variablen(variablenOf), web(webOf) {
     setObjectName("frmSplash");
     setFixedSize(SplashSize);
-    setWindowTitle("Ornivane GPS");
+    setWindowTitle(ProgramName);
     StyleLabel(lblVersion, "lblVersion", {40, 216, 300, 28}, "color: #d6e4f0; font-size: 18px");
     StyleLabel(lblUpdate, "lblUpdate", {40, 252, 300, 32},
                "color: #ffc83c; font-size: 20px; font-weight: bold");

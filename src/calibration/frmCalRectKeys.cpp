@@ -129,8 +129,10 @@ bool frmCalRect::EntryKey(std::size_t index, QObject* field, const QKeyEvent& ev
     return false;
 }
 
-// Arrows that no field, list or slider needs for itself move the picture.
+// Arrows that no field, list or slider needs for itself move the picture. Escape goes back one step each time
+// that it is pressed: held in a field, it would close the form with all that was entered.
 void frmCalRect::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && event->isAutoRepeat()) return;
     const auto arrow = ArrowOf(event->key());
     if (!arrow) return QDialog::keyPressEvent(event);
     if (loaded && !event->isAutoRepeat()) Click([&] { logic->ArrowDown(*arrow); });

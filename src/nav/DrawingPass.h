@@ -47,6 +47,8 @@ public:
     // The overlays only, over the picture that stands.
     void DrawOverlays();
 
+    bool IsRunning() const { return running; }
+
     bool picShowPoints = false; // only route points are shown
     // picShowPoints by its button: stays off without points or routes.
     void cmdShowPoints_Click();

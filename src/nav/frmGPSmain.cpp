@@ -64,7 +64,11 @@ void frmGPSmain::MakeScreen() {
                           services.SystemClock, *picStorage, picMap->Surface(), instruments->Card(),
                           instruments->Surface(), wind->Surface(), *progress, services.Messages,
                           services.Notices},
-        [this] { ShowState(); }, [this] { picMap->setFocus(); });
+        [this] { ShowState(); },
+        [this] {
+            // A route point that is passed is no press of a button: what is being typed keeps its keys.
+            if (!screen->Pass.IsRunning() || !IsTyping()) picMap->setFocus();
+        });
     instruments->Attach(
         screen->Instruments, screen->Qnh, [this] { picMap->setFocus(); }, [this] { ShowState(); });
     wind->Attach(screen->Wind);
@@ -135,10 +139,7 @@ void frmGPSmain::MakeLinkButtons(QBoxLayout& layout) {
     });
     row->addWidget(cmdMapScroll, 1);
     row->addWidget(record, 1);
-    cmdSet = Lamp("cmdSet", "settings", [this] {
-        frmSet->setVisible(!frmSet->isVisible());
-        if (!frmSet->isVisible()) screen->SaveFlightSet();
-    });
+    cmdSet = Lamp("cmdSet", "settings", [this] { ShowPanel(!frmSet->isVisible()); });
     row->addWidget(cmdSet, 1);
     layout.addLayout(row);
 }
@@ -194,6 +195,7 @@ void frmGPSmain::MakeRouteList(QBoxLayout& layout) {
     cmbRoute = Named(new QComboBox, "cmbRoute");
     cmbRoute->setMinimumHeight(40);
     cmbRoute->installEventFilter(this);
+    OpenByEnter(*cmbRoute);
     cmbRoute->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     connect(cmbRoute, &QComboBox::activated, this, [this](int index) {
         Click([&] { screen->Route.cmbRoute_Click(cmbRoute->itemText(index).toStdString()); });

@@ -69,6 +69,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
+    bool event(QEvent* event) override;
 
 private:
     void MakeMap(QGridLayout& layout);
@@ -91,6 +92,10 @@ private:
     void MapReleased(Qt::MouseButton button);
     bool HandleKey(const QKeyEvent& event);
     bool HandleKeyUp(const QKeyEvent& event);
+    bool CloseEntry();
+    bool IsTyping() const;
+    void OpenByEnter(QComboBox& list);
+    void ShowPanel(bool visible);
     void ShowRouteMask(bool visible);
 
     void ShowState();

@@ -1,10 +1,16 @@
 #include "nav/frmGPSmain.h"
 
 #include <QAbstractButton>
+#include <QAbstractSpinBox>
 #include <QComboBox>
+#include <QFrame>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 
+#include "nav/frmInstrumentPanel.h"
+#include "platform/qt/Clicked.h"
+#include "platform/qt/EnterKey.h"
 #include "platform/qt/Events.h"
 #include "platform/qt/SurfaceWidget.h"
 
@@ -24,15 +30,9 @@ int EntryCode(const QKeyEvent& event) {
 
 bool IsEntry(const QKeyEvent& event) { return EntryCode(event) != 0; }
 
-// Keys with a meaning of their own do not touch the entry of heading and airspeed: those of the map and the
-// route, the toolbar's, and those that move the focus or only change other keys.
-bool IsCommand(int key) {
+// Keys that are not this screen's: the toolbar's, and those that move the focus or only change other keys.
+bool LeadsOn(int key) {
     switch (key) {
-    case Qt::Key_Up:
-    case Qt::Key_Down:
-    case Qt::Key_Left:
-    case Qt::Key_Right:
-    case Qt::Key_Space:
     case Qt::Key_Tab:
     case Qt::Key_Backtab:
     case Qt::Key_Shift:
@@ -46,21 +46,30 @@ bool IsCommand(int key) {
     }
 }
 
+// Keys with a meaning of their own do not touch the entry of heading and airspeed.
+bool IsCommand(int key) {
+    const bool isArrow =
+        key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Left || key == Qt::Key_Right;
+    return isArrow || key == Qt::Key_Space || LeadsOn(key);
+}
+
 } // namespace
 
 bool frmGPSmain::eventFilter(QObject* watched, QEvent* event) {
     const auto type = event->type();
     if (type == QEvent::ToolTip) ShowLinkToolTips(); // as things stand now
     // The flying screen's keys mean the same wherever the focus is: a list that has it must not change chart
-    // or route by accident. Other keys are the control's own, and the space bar presses a button.
-    const auto* button = qobject_cast<QAbstractButton*>(watched);
+    // or route by accident. It opens by Enter, and takes letters then. The space bar presses a button; other
+    // keys are the control's own.
     const bool isKey = type == QEvent::KeyPress || type == QEvent::KeyRelease;
-    if (button && isKey && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Space) return false;
+    const int key = isKey ? static_cast<QKeyEvent*>(event)->key() : 0;
+    if (key == Qt::Key_Space && qobject_cast<QAbstractButton*>(watched)) return false;
     if (type == QEvent::KeyPress && HandleKey(*static_cast<QKeyEvent*>(event))) return true;
     if (type == QEvent::KeyRelease && HandleKeyUp(*static_cast<QKeyEvent*>(event))) return true;
+    if (isKey && qobject_cast<QComboBox*>(watched)) return !LeadsOn(key);
     if (watched == cmbRoute && (type == QEvent::FocusIn || type == QEvent::FocusOut))
         ShowRouteMask(type == QEvent::FocusIn);
-    if (watched == lblRoute && type == QEvent::MouseButtonRelease) {
+    if (watched == lblRoute && IsClick(*lblRoute, *event)) {
         services.Guard.Run([this] { screen->SetShowRoute(false); });
         return true;
     }
@@ -87,8 +96,41 @@ void frmGPSmain::keyReleaseEvent(QKeyEvent* event) {
     if (!HandleKeyUp(*event)) Screen::keyReleaseEvent(event);
 }
 
+// A key whose press went to another window is let go there, or its press was: neither half counts here.
+bool frmGPSmain::event(QEvent* event) {
+    if (event->type() == QEvent::WindowDeactivate || event->type() == QEvent::Hide) pressedKeys.clear();
+    return Screen::event(event);
+}
+
+void frmGPSmain::OpenByEnter(QComboBox& list) {
+    new EnterKey(list, [this, &list] {
+        if (!screen->IsEntering()) list.showPopup();
+    });
+}
+
+bool frmGPSmain::IsTyping() const {
+    const QWidget* focus = window()->focusWidget();
+    return qobject_cast<const QLineEdit*>(focus) || qobject_cast<const QAbstractSpinBox*>(focus);
+}
+
+// What lies open over the map goes, the entry of a name or a course before the panel of switches.
+bool frmGPSmain::CloseEntry() {
+    if (screen->IsEntering()) {
+        instruments->CancelEntry();
+        return true;
+    }
+    if (!frmSet->isVisible()) return false;
+    Click([this] { ShowPanel(false); });
+    picMap->setFocus();
+    return true;
+}
+
 bool frmGPSmain::HandleKey(const QKeyEvent& event) {
-    if (screen->IsEntering()) return false;
+    if (LeadsOn(event.key())) return false;
+    // Held since before it came here: its press was meant for an entry or a message that is gone now.
+    if (event.isAutoRepeat() && !pressedKeys.contains(event.key())) return true;
+    if (event.key() == Qt::Key_Escape && CloseEntry()) return true;
+    if (screen->IsEntering()) return true; // nothing else happens, wherever the keys are
     pressedKeys.insert(event.key());
     const auto step = [&](void (RouteFollowing::*to)()) {
         // A key that is held would run through the route to its end.

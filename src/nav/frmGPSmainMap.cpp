@@ -76,6 +76,7 @@ void frmGPSmain::MakeBottom(QGridLayout& layout) {
     cmbMaps = Named(new QComboBox, "cmbMaps");
     cmbMaps->setMinimumHeight(44);
     cmbMaps->installEventFilter(this);
+    OpenByEnter(*cmbMaps);
     cmbMaps->setMinimumWidth(130);
     cmbMaps->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     connect(cmbMaps, &QComboBox::activated, this, [this](int index) {
@@ -137,6 +138,11 @@ void frmGPSmain::MakePanel() {
     lblLegend->setTextFormat(Qt::RichText);
     column->addWidget(lblLegend);
     frmSet->hide();
+}
+
+void frmGPSmain::ShowPanel(bool visible) {
+    frmSet->setVisible(visible);
+    if (!visible) screen->SaveFlightSet();
 }
 
 void frmGPSmain::MakeStageButtons(QBoxLayout& layout) {

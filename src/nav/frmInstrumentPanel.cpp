@@ -161,6 +161,16 @@ void frmInstrumentPanel::EndEntry(const QObject* field, bool isEnter) {
     (instrument->*end)();
 }
 
+void frmInstrumentPanel::CancelEntry() {
+    guard.Run([this] {
+        Do([this] {
+            if (instrument->frmVOR) instrument->tVOR1_Escape();
+            if (instrument->frmKurs) instrument->tKurs_Escape();
+            if (qnh->frmEnterQNH) qnh->tEnterQNH_Escape();
+        });
+    });
+}
+
 // Both keys end here: a field would pass Enter on to the screen, where it begins a wind entry.
 bool frmInstrumentPanel::eventFilter(QObject* watched, QEvent* event) {
     if (watched == lblQNH && event->type() == QEvent::MouseButtonPress) {

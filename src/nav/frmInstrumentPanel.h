@@ -31,6 +31,8 @@ public:
     void Attach(Instrument& instrument, QnhReadout& qnh, std::function<void()> done,
                 std::function<void()> changed);
 
+    // Escape, wherever the keys are: an open entry closes and takes nothing.
+    void CancelEntry();
     // The QNH is shown while airspace is, on a ground that tells how many airspaces there are.
     void ShowState(bool qnhShows, Colour qnhGround);
     void ApplyLanguage();

@@ -22,7 +22,7 @@ void PlanningScreen::Form_Load() {
     Waypoints.ShowWaypoint();
 }
 
-// A missing file leaves the airspace off.
+// The height whose airspace was shown last; a missing file leaves the airspace off.
 void PlanningScreen::LoadSettings() {
     if (const auto height = ReadPlanningHeight(world.Shared.ProgramFolder)) Airspace.tLRHoehe = *height;
 }

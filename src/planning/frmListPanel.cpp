@@ -72,16 +72,17 @@ bool frmListPanel::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease) {
         const auto& key = *static_cast<QKeyEvent*>(event);
         if (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return false;
-        return event->type() == QEvent::KeyPress ? KeyPressed(watched, key.key())
+        return event->type() == QEvent::KeyPress ? KeyPressed(watched, key.key(), key.isAutoRepeat())
                                                  : KeyReleased(watched, key.key(), key.isAutoRepeat());
     }
     return QWidget::eventFilter(watched, event);
 }
 
-bool frmListPanel::KeyPressed(QObject* watched, int key) {
+// One that is held since before it came here, as the Enter that closed a message, is no press.
+bool frmListPanel::KeyPressed(QObject* watched, int key, bool isHeld) {
     const bool isPush = IsEnter(key) && qobject_cast<QAbstractButton*>(watched);
     if (!isPush && !TakesKey(watched, key)) return false;
-    pressedKeys.insert(key);
+    if (!isHeld) pressedKeys.insert(key);
     return true;
 }
 

@@ -48,7 +48,7 @@ protected:
     EventGuard& guard;
 
 private:
-    bool KeyPressed(QObject* watched, int key);
+    bool KeyPressed(QObject* watched, int key, bool isHeld);
     bool KeyReleased(QObject* watched, int key, bool isHeld);
 
     std::function<void()> changed;

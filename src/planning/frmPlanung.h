@@ -64,7 +64,7 @@ private:
     void MapPressed(QPointF at, Qt::MouseButton button);
     void MapMoved(QPointF at, Qt::MouseButtons held);
     void MapReleased(Qt::MouseButton button);
-    bool MapKeyPressed(int key);
+    bool MapKeyPressed(int key, bool isHeld);
     bool MapKeyReleased(int key, bool isHeld);
 
     void ShowState();

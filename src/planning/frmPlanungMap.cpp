@@ -70,15 +70,16 @@ bool frmPlanung::eventFilter(QObject* watched, QEvent* event) {
     if (type == QEvent::KeyPress || type == QEvent::KeyRelease) {
         const auto& key = *static_cast<QKeyEvent*>(event);
         if (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return false;
-        return type == QEvent::KeyPress ? MapKeyPressed(key.key())
+        return type == QEvent::KeyPress ? MapKeyPressed(key.key(), key.isAutoRepeat())
                                         : MapKeyReleased(key.key(), key.isAutoRepeat());
     }
     return Screen::eventFilter(watched, event);
 }
 
-bool frmPlanung::MapKeyPressed(int key) {
+// One that is held since before it came here, as the Enter that closed a message, is no press.
+bool frmPlanung::MapKeyPressed(int key, bool isHeld) {
     if (!IsEnter(key) && !IsStep(key)) return false;
-    pressedKeys.insert(key);
+    if (!isHeld) pressedKeys.insert(key);
     return true;
 }
 

@@ -4,10 +4,10 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
-#include <QMouseEvent>
 #include <QPushButton>
 #include <QTableView>
 
+#include "platform/qt/Clicked.h"
 #include "platform/qt/FittedText.h"
 #include "platform/qt/GridBinding.h"
 #include "platform/qt/LampButton.h"
@@ -100,8 +100,7 @@ void frmRoutePanel::MakeDrawing(QBoxLayout& layout) {
 }
 
 bool frmRoutePanel::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == lblRouteDistanz && event->type() == QEvent::MouseButtonRelease &&
-        static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
+    if (watched == lblRouteDistanz && IsClick(*lblRouteDistanz, *event)) {
         Do([this] { routes.picShowRoute(); });
         return true;
     }

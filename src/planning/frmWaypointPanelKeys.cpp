@@ -2,10 +2,10 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMouseEvent>
 #include <QTableView>
 
 #include "planning/frmWaypointPanel.h"
+#include "platform/qt/Clicked.h"
 
 namespace ornivane {
 
@@ -73,9 +73,8 @@ bool frmWaypointPanel::eventFilter(QObject* watched, QEvent* event) {
         if (EmptyField(watched)) return true;
         break;
     case QEvent::MouseButtonRelease:
-        if (static_cast<QMouseEvent*>(event)->button() != Qt::LeftButton) break;
-        if (watched == tNS) Do([this] { waypoints.tNS_Click(); });
-        if (watched == tEW) Do([this] { waypoints.tEW_Click(); });
+        if (watched == tNS && IsClick(*tNS, *event)) Do([this] { waypoints.tNS_Click(); });
+        if (watched == tEW && IsClick(*tEW, *event)) Do([this] { waypoints.tEW_Click(); });
         break;
     default:
         if (watched == cmbKat && FilterCategory(*event)) return true;
@@ -107,8 +106,6 @@ bool frmWaypointPanel::FilterCategory(QEvent& event) {
         if (static_cast<QFocusEvent&>(event).reason() != Qt::PopupFocusReason)
             Do([this] { waypoints.cmbKat_LostFocus(); });
         return false;
-    case QEvent::Wheel:
-        return true; // nobody means to filter by a turn of the wheel over the panel
     default:
         return false;
     }

@@ -239,6 +239,7 @@ void frmSettings::ApplyLanguage() {
     };
     logic->ApplyLanguage();
     lblTitle->setText(text("Einstellungen", "Settings"));
+    setWindowTitle(lblTitle->text());
     frmLanguage->setTitle(text("Sprache", "Language"));
     OptGer->setText("Deutsch");
     OptEng->setText("English");

@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <memory>
+
+#include "platform/qt/Events.h"
+#include "platform/qt/Theme.h"
 
 namespace {
 
@@ -10,7 +12,8 @@ class QtEnvironment : public testing::Environment {
 public:
     void SetUp() override {
         qputenv("QT_QPA_PLATFORM", "offscreen");
-        application = std::make_unique<QApplication>(argumentCount, arguments);
+        application = std::make_unique<ornivane::GuardedApplication>(argumentCount, arguments);
+        ornivane::Theme::Apply(*application, false);
     }
     void TearDown() override { application.reset(); }
 
@@ -18,7 +21,7 @@ private:
     int argumentCount = 1;
     char name[9] = "test_app";
     char* arguments[2] = {name, nullptr};
-    std::unique_ptr<QApplication> application;
+    std::unique_ptr<ornivane::GuardedApplication> application;
 };
 
 [[maybe_unused]] const auto* const registered = testing::AddGlobalTestEnvironment(new QtEnvironment);

@@ -76,9 +76,19 @@ TEST_F(ScreenSwitching, UnloadsEveryScreenAtTheEndThoughOneFails) {
     screens.Show(Mode::Flight);
     screens.Show(Mode::Settings);
     Calls();
-    screens.UnloadAll();
+    screens.UnloadAllForms("Main");
     EXPECT_THAT(Calls(), ElementsAre("Settings deactivate", "Flight unload", "Settings unload"));
     EXPECT_EQ(errors, 2);
+}
+
+TEST_F(ScreenSwitching, LeavesTheExceptedFormAloneWhenTheOthersAreUnloaded) {
+    screens.Show(Mode::Flight);
+    screens.Show(Mode::Settings);
+    for (const auto& screen : made) screen->setObjectName(screen == made[0] ? "frmGPSmain" : "frmSettings");
+    Calls();
+    screens.UnloadAllForms("frmSettings");
+    EXPECT_THAT(Calls(), ElementsAre("Flight unload"));
+    EXPECT_EQ(screens.Current(), Mode::Settings);
 }
 
 } // namespace ornivane::test

@@ -153,6 +153,21 @@ TEST_F(CalibrationFormsTest, AClickHitsThePixelUnderThePointerAndADragIsNone) {
     EXPECT_FALSE(form.isVisible());
 }
 
+TEST_F(CalibrationFormsTest, AnEscapeThatIsHeldLeavesTheFieldButNotTheForm) {
+    frmCalRect& form = OpenCalibration("scan.jpg");
+    auto& map = Find<SurfaceWidget>(form, "picMap");
+    QTest::mouseClick(&map, Qt::LeftButton, {}, {100, 100});
+    QTest::keyClick(&map, '5');
+    QTest::keyPress(form.focusWidget(), Qt::Key_Escape);
+    EXPECT_EQ(form.focusWidget(), &map);
+    QKeyEvent again(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier, QString(), true);
+    QApplication::sendEvent(&map, &again);
+    EXPECT_TRUE(form.isVisible());
+    QTest::keyRelease(&map, Qt::Key_Escape);
+    QTest::keyClick(&map, Qt::Key_Escape);
+    EXPECT_FALSE(form.isVisible());
+}
+
 TEST_F(CalibrationFormsTest, TheCatalogueIsEditedAndTickedByKeyboard) {
     auto& list = Find<QListWidget>(*Form, "listKarten");
     EXPECT_EQ(list.count(), 4);

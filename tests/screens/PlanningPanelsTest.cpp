@@ -219,5 +219,28 @@ TEST_F(PlanningPanelsTest, TheRouteIsShownByOneButtonAndHiddenByItsLitTwinOrTheL
     EXPECT_EQ(visible(), "show");
 }
 
+TEST_F(PlanningPanelsTest, AnEnterThatIsHeldAndADragThatEndsElsewhereDoNothing) {
+    const auto send = [](QWidget& to, QEvent::Type type, bool isHeld) {
+        QKeyEvent event(type, Qt::Key_Return, Qt::NoModifier, QString(), isHeld);
+        QApplication::sendEvent(&to, &event);
+    };
+    Boxes.Inputs = {"Tour"};
+    Click("cmdNewRoute");
+    for (QWidget* list : {static_cast<QWidget*>(&Find<QTableView>("gridWaypoints")), Map}) {
+        send(*list, QEvent::KeyPress, true); // it closed a message, and is still down
+        send(*list, QEvent::KeyRelease, false);
+    }
+    EXPECT_THAT(Numbers("GpsPoints"), IsEmpty());
+    auto& hemisphere = Find<QLineEdit>("tNS");
+    const std::string before = Text("tNS");
+    QTest::mousePress(&hemisphere, Qt::LeftButton);
+    QTest::mouseRelease(&hemisphere, Qt::LeftButton, {}, {-30, 60});
+    EXPECT_EQ(Text("tNS"), before);
+    auto& length = Find<QLabel>("lblRouteDistanz");
+    QTest::mousePress(&length, Qt::LeftButton);
+    QTest::mouseRelease(&length, Qt::LeftButton, {}, {-30, -60});
+    EXPECT_TRUE(RouteRoom.ShowRouteOn);
+}
+
 } // namespace
 } // namespace ornivane

@@ -7,6 +7,9 @@
 #include <utility>
 
 #include "platform/Dialogs.h"
+#include "platform/qt/HeldKeyFilter.h"
+#include "platform/qt/SecondClickFilter.h"
+#include "platform/qt/WheelFilter.h"
 
 namespace ornivane {
 
@@ -39,7 +42,8 @@ private:
     std::function<bool()> isEnglish;
 };
 
-// The last resort: what no guard has caught is shown as well, and never ends the program.
+// The program's application, with what holds for every event of every window: what no guard has caught is
+// shown as well and never ends the program, and a hand that slips changes nothing.
 class GuardedApplication : public QApplication {
 public:
     using QApplication::QApplication;
@@ -48,6 +52,9 @@ public:
 
 private:
     EventGuard* guard = nullptr;
+    WheelFilter wheel{*this};
+    SecondClickFilter clicks{*this};
+    HeldKeyFilter keys{*this};
 };
 
 } // namespace ornivane

@@ -2,8 +2,8 @@
 
 #include <QGridLayout>
 #include <QLabel>
-#include <QMouseEvent>
 
+#include "platform/qt/Clicked.h"
 #include "platform/qt/FittedText.h"
 
 namespace ornivane {
@@ -59,7 +59,7 @@ void ReadoutLabel::Show(const QString& valueText, const QString& unitText) {
 }
 
 void ReadoutLabel::mouseReleaseEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) emit Clicked();
+    if (IsClick(*this, *event)) emit Clicked();
 }
 
 } // namespace ornivane

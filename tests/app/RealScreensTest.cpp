@@ -1,0 +1,149 @@
+#include <gtest/gtest.h>
+
+#include <QDialog>
+#include <QLineEdit>
+#include <QMenu>
+#include <QTabBar>
+#include <QTest>
+#include <QTimer>
+#include <QToolButton>
+#include <QWheelEvent>
+#include <memory>
+
+#include "Fakes.h"
+#include "Stores.h"
+#include "app/MainForm.h"
+#include "calibration/frmCalibrate.h"
+#include "flightplan/frmFlugPlan.h"
+#include "gps/GpsFakes.h"
+#include "nav/frmGPSmain.h"
+#include "planning/frmPlanung.h"
+#include "settings/frmSettings.h"
+#include "support/SetClock.h"
+
+namespace ornivane::test {
+
+// The main window with the screens that the pilot sees.
+class RealScreensTest : public testing::Test {
+protected:
+    RealScreensTest() {
+        MakeStores(folder.Path());
+        variablen.ProgramFolder = folder.Path();
+        MainForm::Services services;
+        services.Boxes = &boxes;
+        services.Guard = &guard;
+        services.Programs = &programs;
+        services.Links = &links;
+        services.MakeScreen = [this](Mode mode) { return Make(mode); };
+        services.Ended = [] {};
+        form = std::make_unique<MainForm>(variablen, services);
+    }
+    Screen* Make(Mode mode) {
+        switch (mode) {
+        case Mode::Flight:
+            return new frmGPSmain(
+                {variablen, port, timer, trackTimer, ports, clock, boxes, notices, guard, nullptr});
+        case Mode::Planning:
+            return new frmPlanung(variablen, boxes, guard);
+        case Mode::Settings:
+            return new frmSettings({{variablen, settingsPort, settingsTimer, ports, clock, boxes},
+                                    guard,
+                                    [this] { form->ApplyLanguage(); },
+                                    {}});
+        case Mode::MapData:
+            return new frmCalibrate(variablen, guard, boxes);
+        case Mode::FlightPlan:
+            break;
+        }
+        return new frmFlugPlan({variablen, guard, boxes, notices, [] {}});
+    }
+    template <typename Widget>
+    Widget& Find(const char* name) {
+        auto* widget = form->findChild<Widget*>(name);
+        if (!widget) throw std::runtime_error(std::string("no widget ") + name);
+        return *widget;
+    }
+    void Click(const char* name, Qt::MouseButton button = Qt::LeftButton) {
+        QTest::mouseClick(&Find<QWidget>(name), button);
+    }
+    void Key(Qt::Key key) {
+        form->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
+        QTest::keyClick(form->focusWidget(), key);
+    }
+    std::string Title() { return form->windowTitle().toStdString(); }
+
+    TemporaryFolder folder;
+    Variablen variablen;
+    ScriptedDialogs boxes;
+    FakePort port, settingsPort;
+    FakeTimer timer, trackTimer, settingsTimer;
+    FakePortList ports;
+    SetClock clock;
+    RecordedNotice notices;
+    EventGuard guard{notices, [this] { return variablen.EnglishUI == 1; }};
+    ScriptedProcesses programs;
+    RecordedShell links;
+    std::unique_ptr<MainForm> form;
+};
+
+TEST_F(RealScreensTest, TheWindowsTitleTellsTheScreenInTheLanguageOfThisMoment) {
+    ASSERT_TRUE(form->Form_Load());
+    const std::pair<const char*, std::array<const char*, 2>> screens[] = {
+        {"button1", {"Ornivane GPS", "Ornivane GPS"}},
+        {"button3", {"Planung – Ornivane GPS", "Plan mode – Ornivane GPS"}},
+        {"button5", {"Einstellungen – Ornivane GPS", "Settings – Ornivane GPS"}},
+        {"button7", {"Kartendaten – Ornivane GPS", "Map Data – Ornivane GPS"}},
+        {"button9", {"Flugplan – Ornivane GPS", "Flightplan – Ornivane GPS"}}};
+    for (std::size_t english = 0; english < 2; ++english) {
+        for (const auto& [button, titles] : screens) {
+            Click(button);
+            EXPECT_EQ(Title(), titles[english]);
+        }
+        Click("button5");
+        Click("OptEng");
+        EXPECT_EQ(Title(), screens[2].second[1]); // at once
+    }
+}
+
+TEST_F(RealScreensTest, TheToolbarsKeysWorkWhileANameIsEnteredAndItsLettersStay) {
+    ASSERT_TRUE(form->Form_Load());
+    Click("Kurskreisel");
+    Click("Kurskreisel", Qt::RightButton);
+    auto& name = Find<QLineEdit>("tVOR1");
+    QTest::keyClicks(&name, "kb");
+    Key(Qt::Key_F1); // in front already
+    Key(Qt::Key_F9);
+    EXPECT_EQ(form->focusWidget(), &name);
+    const std::pair<Qt::Key, const char*> screens[] = {{Qt::Key_F2, "frmPlanung"},
+                                                       {Qt::Key_F3, "frmSettings"},
+                                                       {Qt::Key_F4, "frmCalibrate"},
+                                                       {Qt::Key_F5, "frmFlugPlan"}};
+    for (const auto& [key, screen] : screens) {
+        Key(key);
+        EXPECT_TRUE(Find<QWidget>(screen).isVisible()) << screen;
+        Key(Qt::Key_F1);
+        EXPECT_TRUE(name.isVisible() && name.text() == "kb") << screen;
+    }
+    bool opened = false;
+    QTimer::singleShot(0, form.get(), [&] { // the menu waits for its answer
+        opened = Find<QMenu>("mnuMain").isVisible();
+        QTest::keyClick(&Find<QMenu>("mnuMain"), Qt::Key_Escape);
+    });
+    Key(Qt::Key_F10);
+    EXPECT_TRUE(opened && name.isVisible());
+    Key(Qt::Key_Escape);
+    EXPECT_FALSE(name.isVisible());
+}
+
+TEST_F(RealScreensTest, TheWheelTurnsNoPageOfTheAboutBox) {
+    ASSERT_TRUE(form->Form_Load());
+    Find<QAction>("mnuabout").trigger();
+    auto& bar = *Find<QDialog>("frmAbout").findChild<QTabBar*>();
+    QWheelEvent wheel({9, 9}, bar.mapToGlobal(QPointF(9, 9)), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&bar, &wheel);
+    EXPECT_EQ(bar.currentIndex(), 0);
+}
+
+} // namespace ornivane::test
