@@ -56,7 +56,7 @@ void ChartView::InitializeData() {
         Refuse();
         return;
     }
-    failed = false;
+    shows = true;
     refused.erase(Name());
     progress.SetValue(100);
     progress.SetVisible(false);
@@ -77,7 +77,7 @@ void ChartView::TakeInRow() {
 
 void ChartView::Refuse() {
     const std::string name = Name();
-    failed = true;
+    shows = false;
     refused.insert(name);
     surface.Cls();
     surface.Refresh();
@@ -107,7 +107,8 @@ void ChartView::updateMapInfo() {
     list.Open(shared.DataConn, "SELECT * From Maps Where Active <> 0 Order by NAME ASC");
     MapNames.clear();
     // What was refused may have been mended; the chart of this moment has just been tried.
-    std::erase_if(refused, [this](const std::string& name) { return !failed || name != Name(); });
+    std::erase_if(refused,
+                  [this](const std::string& name) { return HasMap() || !HasRows() || name != Name(); });
     if (list.RecordCount() == 0) return;
     for (; !list.Eof(); list.MoveNext()) MapNames.push_back(list.Text("Name"));
     if (HasRows()) cmbMaps = Name();

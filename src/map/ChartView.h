@@ -28,7 +28,7 @@ public:
     bool HasRows() const; // of the list
     // A chart shows. One that could not be shown counts as none: what was drawn or chosen on the geometry of
     // the chart before it would be at another place.
-    bool HasMap() const { return HasRows() && !failed; }
+    bool HasMap() const { return HasRows() && shows; }
     std::string MapError() const; // for the blank sheet of a chart that could not be shown
     // Could not be shown when it was last tried, since the list was last made.
     bool IsRefused(const std::string& name) const { return refused.contains(name); }
@@ -93,7 +93,7 @@ private:
     MapScale scale;     // of the row that was taken in
     std::string loaded; // path, size and time of the image in picStorage
     std::optional<TakenIn> taken;
-    bool failed = false; // the current row could not be shown
+    bool shows = false; // what was taken in last
     std::set<std::string> refused;
 };
 

@@ -1,11 +1,45 @@
 #include "platform/qt/QtNotice.h"
 
 #include <QApplication>
+#include <QLayout>
 #include <QMessageBox>
 #include <QMouseEvent>
-#include <algorithm>
+
+#include "platform/qt/NoticePlace.h"
 
 namespace ornivane {
+
+namespace {
+
+constexpr int MostTexts = 3;
+const QString Bullet = QString::fromUtf8("• ");
+constexpr int LongestText = 800, LongestWord = 40; // characters
+
+// A damaged value may be of any length and without a blank, where lines can break.
+QString Readable(QString text) {
+    if (text.size() > LongestText) text = text.left(LongestText) + QChar(0x2026);
+    int word = 0;
+    for (int i = 0; i < text.size(); ++i) {
+        word = text[i].isSpace() ? 0 : word + 1;
+        if (word <= LongestWord) continue;
+        text.insert(i, QChar(0x200B)); // of no width
+        word = 0;
+    }
+    return text;
+}
+
+// A modal dialog takes the clicks of the window behind it and may hide the bar there. A message box goes in a
+// moment, and the bar is there then.
+QWidget* DialogOver(const QWidget& notice) {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        const bool isDialog = window->isModal() && !qobject_cast<QMessageBox*>(window);
+        if (isDialog && window->isVisible() && window->layout() && !window->isAncestorOf(&notice))
+            return window;
+    }
+    return nullptr;
+}
+
+} // namespace
 
 QtNotice::QtNotice(QWidget* parent) : QLabel(parent) {
     setObjectName("noticeBar");
@@ -17,28 +51,40 @@ QtNotice::QtNotice(QWidget* parent) : QLabel(parent) {
     hide();
 }
 
+void QtNotice::StandIn(QWidget& window) { new NoticePlace(*this, window); }
+
 void QtNotice::Show(const std::string& text) {
-    setText(QString::fromStdString(text));
+    setText(Joined(Readable(QString::fromStdString(text))));
     show();
-    // A modal dialog hides the window's bar and takes its clicks.
-    QWidget* dialog = QApplication::activeModalWidget();
-    if (dialog && !dialog->isAncestorOf(this) && !qobject_cast<QMessageBox*>(dialog)) ShowOver(*dialog);
+    if (QWidget* dialog = DialogOver(*this)) ShowOver(*dialog);
+}
+
+// What has just happened comes last; the same text does not come twice.
+QString QtNotice::Joined(const QString& text) {
+    standing.removeAll(text);
+    standing.append(text);
+    if (standing.size() > MostTexts) standing.removeFirst();
+    return standing.size() == 1 ? text : Bullet + standing.join('\n' + Bullet);
 }
 
 void QtNotice::ShowOver(QWidget& dialog) {
     auto* over = dialog.findChild<QtNotice*>(objectName(), Qt::FindDirectChildrenOnly);
-    if (!over) over = new QtNotice(&dialog);
+    if (!over) {
+        over = new QtNotice(&dialog);
+        over->StandIn(dialog);
+    }
     over->below = this;
     over->setText(text());
-    const int height = std::max(over->minimumHeight(), over->heightForWidth(dialog.width()));
-    over->setGeometry(0, dialog.height() - height, dialog.width(), height);
-    over->raise();
     over->show();
 }
 
 void QtNotice::mousePressEvent(QMouseEvent* event) {
+    standing.clear();
     hide();
-    if (below) below->hide();
+    if (below) {
+        below->standing.clear();
+        below->hide();
+    }
     event->accept();
 }
 

@@ -2,15 +2,19 @@
 
 #include <QLabel>
 #include <QPointer>
+#include <QStringList>
 
 #include "platform/Dialogs.h"
 
 namespace ornivane {
 
-// The bar at the bottom of the window. A new text replaces the one that stands; a click takes it away.
+// The bar at the bottom of the window, with all the lines of its texts: a new one joins those that stand, a
+// click takes all of them away.
 class QtNotice : public QLabel, public Notice {
 public:
     explicit QtNotice(QWidget* parent = nullptr);
+    // At the bottom of this window from now on; it has a layout.
+    void StandIn(QWidget& window);
     void Show(const std::string& text) override;
 
 protected:
@@ -18,7 +22,9 @@ protected:
 
 private:
     void ShowOver(QWidget& dialog);
+    QString Joined(const QString& text);
 
+    QStringList standing;
     QPointer<QtNotice> below; // in the window under the dialog over which this one stands
 };
 
