@@ -73,6 +73,29 @@ TEST_F(NoticeTest, GrowsWithADialogAndNeverLiesOnItsButtons) {
     EXPECT_FALSE(Bar->isVisible());
 }
 
+// Rather an older text waits in the window than that a button is out of reach.
+TEST_F(NoticeTest, InADialogAsHighAsTheScreenTheNewestTextComesFirst) {
+    Window.show();
+    QDialog dialog(&Window);
+    auto* rows = new QVBoxLayout(&dialog);
+    auto* button = new QPushButton("OK");
+    auto* filled = new QWidget;
+    filled->setMinimumSize(600, Window.screen()->availableGeometry().height() - 260);
+    rows->addWidget(filled);
+    rows->addWidget(button);
+    dialog.open();
+    for (const char* first : {"1", "2", "3"}) {
+        Bar->Show(first + Long);
+        QTest::qWait(0);
+        auto* over = dialog.findChild<QtNotice*>("noticeBar");
+        EXPECT_TRUE(over->text().contains(first + QString("What happened")));
+        EXPECT_GE(over->contentsRect().height(), HeightOfLines(*over));
+        const QRect place(button->mapTo(&dialog, QPoint()), button->size());
+        EXPECT_FALSE(place.intersects(over->geometry())) << first;
+    }
+    EXPECT_TRUE(Bar->text().contains("2What happened"));
+}
+
 TEST_F(NoticeTest, ABoxOverADialogDoesNotKeepTheNoticeFromTheDialog) {
     Window.show();
     QDialog dialog(&Window);

@@ -51,6 +51,11 @@ int NoticePlace::HeightOfContents() const {
     return least - layout.contentsMargins().bottom() + ownMargin;
 }
 
+bool NoticePlace::HasRoom() const {
+    const int growth = qobject_cast<QDialog*>(&host) ? MostGrowth() : 0;
+    return HeightOfContents() + HeightOfNotice() <= host.height() - grown + growth;
+}
+
 void NoticePlace::Place() {
     if (placing || !host.layout()) return;
     const Flagged now(placing);

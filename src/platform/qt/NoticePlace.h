@@ -6,13 +6,16 @@ class QWidget;
 
 namespace ornivane {
 
-// Keeps a notice at the bottom of a window, as high as its lines need, and nothing of the window under it:
+// Keeps a notice at the bottom of a window, as high as its lines need, with nothing of the window under it:
 // the window's contents give way as far as they can, and then a dialog grows. Only a main window that is too
 // small for both loses its lowest rows to the notice, until a click takes that away.
 class NoticePlace : public QObject {
 public:
     // The host has a layout. The notice becomes its child; both are watched from now on.
     NoticePlace(QWidget& notice, QWidget& host);
+
+    // There is room for the text that the notice has now, without covering anything.
+    bool HasRoom() const;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

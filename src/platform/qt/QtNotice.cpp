@@ -13,7 +13,7 @@ namespace {
 
 constexpr int MostTexts = 3;
 const QString Bullet = QString::fromUtf8("• ");
-constexpr int LongestText = 800, LongestWord = 40; // characters
+constexpr int LongestText = 400, LongestWord = 40; // characters
 
 // A damaged value may be of any length and without a blank, where lines can break.
 QString Readable(QString text) {
@@ -26,6 +26,10 @@ QString Readable(QString text) {
         word = 0;
     }
     return text;
+}
+
+QString Joined(const QStringList& texts) {
+    return texts.size() == 1 ? texts.front() : Bullet + texts.join('\n' + Bullet);
 }
 
 // A modal dialog takes the clicks of the window behind it and may hide the bar there. A message box goes in a
@@ -51,20 +55,17 @@ QtNotice::QtNotice(QWidget* parent) : QLabel(parent) {
     hide();
 }
 
-void QtNotice::StandIn(QWidget& window) { new NoticePlace(*this, window); }
-
-void QtNotice::Show(const std::string& text) {
-    setText(Joined(Readable(QString::fromStdString(text))));
-    show();
-    if (QWidget* dialog = DialogOver(*this)) ShowOver(*dialog);
-}
+void QtNotice::StandIn(QWidget& window) { place = new NoticePlace(*this, window); }
 
 // What has just happened comes last; the same text does not come twice.
-QString QtNotice::Joined(const QString& text) {
-    standing.removeAll(text);
-    standing.append(text);
+void QtNotice::Show(const std::string& text) {
+    const QString readable = Readable(QString::fromStdString(text));
+    standing.removeAll(readable);
+    standing.append(readable);
     if (standing.size() > MostTexts) standing.removeFirst();
-    return standing.size() == 1 ? text : Bullet + standing.join('\n' + Bullet);
+    setText(Joined(standing));
+    show();
+    if (QWidget* dialog = DialogOver(*this)) ShowOver(*dialog);
 }
 
 void QtNotice::ShowOver(QWidget& dialog) {
@@ -74,17 +75,24 @@ void QtNotice::ShowOver(QWidget& dialog) {
         over->StandIn(dialog);
     }
     over->below = this;
-    over->setText(text());
+    QStringList texts = standing;
+    over->setText(Joined(texts));
     over->show();
+    // Older texts come to sight in the window when the dialog is closed.
+    while (texts.size() > 1 && !over->place->HasRoom()) {
+        texts.removeFirst();
+        over->setText(Joined(texts));
+    }
+}
+
+void QtNotice::Dismiss() {
+    standing.clear();
+    hide();
 }
 
 void QtNotice::mousePressEvent(QMouseEvent* event) {
-    standing.clear();
-    hide();
-    if (below) {
-        below->standing.clear();
-        below->hide();
-    }
+    if (below) below->Dismiss();
+    Dismiss();
     event->accept();
 }
 

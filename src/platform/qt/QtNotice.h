@@ -8,6 +8,8 @@
 
 namespace ornivane {
 
+class NoticePlace;
+
 // The bar at the bottom of the window, with all the lines of its texts: a new one joins those that stand, a
 // click takes all of them away.
 class QtNotice : public QLabel, public Notice {
@@ -22,9 +24,10 @@ protected:
 
 private:
     void ShowOver(QWidget& dialog);
-    QString Joined(const QString& text);
+    void Dismiss();
 
     QStringList standing;
+    NoticePlace* place = nullptr;
     QPointer<QtNotice> below; // in the window under the dialog over which this one stands
 };
 
