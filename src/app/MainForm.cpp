@@ -10,6 +10,7 @@
 #include "app/frmAbout.h"
 #include "app/frmInfo.h"
 #include "common/SettingsFiles.h"
+#include "platform/qt/QtNotice.h"
 
 namespace ornivane {
 
@@ -75,7 +76,7 @@ MainForm::MainForm(Variablen& variablenOf, Services servicesOf)
     stack = new QStackedWidget;
     stack->setObjectName("screens");
     layout->addWidget(stack, 1);
-    if (services.NoticeBar) layout->addWidget(services.NoticeBar);
+    if (services.NoticeBar) services.NoticeBar->StandIn(*centre);
     setCentralWidget(centre);
     ApplyLanguage();
 }

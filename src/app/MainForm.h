@@ -17,6 +17,8 @@
 
 namespace ornivane {
 
+class QtNotice;
+
 // The main window, "Main": toolbar, small menu, the screens, and the notice at the bottom.
 class MainForm : public QMainWindow, private Hints {
     Q_OBJECT
@@ -25,7 +27,7 @@ public:
     struct Services {
         Dialogs* Boxes = nullptr;
         EventGuard* Guard = nullptr;
-        QWidget* NoticeBar = nullptr; // put at the bottom of the window; may be missing
+        QtNotice* NoticeBar = nullptr; // put at the bottom of the window; may be missing
         Processes* Programs = nullptr;
         Shell* Links = nullptr;
         std::function<Screen*(Mode)> MakeScreen;

@@ -116,7 +116,8 @@ void ChartView::updateMapInfo() {
     list.Open(shared.DataConn, "SELECT * From Maps Where Active <> 0 Order by NAME ASC");
     MapNames.clear();
     // What was refused may have been mended; the chart of this moment has just been tried.
-    std::erase_if(refused, [this](const std::string& name) { return HasMap() || name != Name(); });
+    std::erase_if(refused,
+                  [this](const std::string& name) { return HasMap() || !HasRows() || name != Name(); });
     if (list.RecordCount() == 0) return;
     for (; !list.Eof(); list.MoveNext()) MapNames.push_back(list.Text("Name"));
     if (HasRows()) cmbMaps = Name();

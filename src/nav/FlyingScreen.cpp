@@ -1,6 +1,7 @@
 #include "nav/FlyingScreen.h"
 
 #include <algorithm>
+#include <exception>
 
 #include "base/Numbers.h"
 #include "base/RuntimeError.h"
@@ -63,20 +64,27 @@ void FlyingScreen::Form_Activate() {
     Qnh.Form_Activate();
     Wind.RedrawArrow();
     world.progBar.SetVisible(true);
-    // A damaged row or a store that another program holds must not keep the receiver from coming back.
-    try {
-        Instruments.Redraw();
+    // Each for itself: a damaged row or a store that another program holds must keep neither the chart nor
+    // the receiver from coming back.
+    std::exception_ptr first;
+    const auto step = [&first](const std::function<void()>& run) {
+        try {
+            run();
+        } catch (...) {
+            if (!first) first = std::current_exception();
+        }
+    };
+    step([this] { Instruments.Redraw(); });
+    step([this] {
         if (Flags.ShowRoute) Route.RefreshRouteList();
-        ShowLastMap();
-        // Before the first redraw: without a position yet the map opens at the route's first point, and a
-        // position off the chart would switch centring off.
-        Route.Activate();
-        if (Map.HasMap()) Map.ApplyZoom();
-    } catch (...) {
-        ActivateLink();
-        throw;
-    }
+    });
+    step([this] { ShowLastMap(); });
+    // Before the first redraw: without a position yet the map opens at the route's first point, and a
+    // position off the chart would switch centring off.
+    step([this] { Route.Activate(); });
+    step([this] { Map.ApplyZoom(); });
     ActivateLink();
+    if (first) std::rethrow_exception(first);
 }
 
 void FlyingScreen::ActivateLink() {

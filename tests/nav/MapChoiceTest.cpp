@@ -92,6 +92,20 @@ TEST_F(MapChoiceTest, AChartThatCannotBeShownIsABlankSheetUntilAnotherOneIsChose
     EXPECT_EQ(screen.Map.View, (SourceRect{0, 0, 1000, 500})); // nothing was remembered of the other's view
 }
 
+TEST_F(MapChoiceTest, ADamagedRouteKeepsNeitherTheChartNorTheReceiverAway) {
+    AddRoute("R", {6.3, 7.3});
+    FlyingScreen& screen = Start();
+    screen.Route.cmbRoute_Click("R");
+    screen.SetShowRoute(true);
+    screen.Form_Unload();
+    Sql("UPDATE GpsPoints SET Lat = 'north' WHERE Nummer = 2");
+    EXPECT_THROW(Start(), RuntimeError); // shown by the form
+    EXPECT_TRUE(Screen->Map.HasMap());
+    EXPECT_EQ(Screen->Map.MapNames.size(), 2u);
+    EXPECT_GT(Surface.Source.Width, 0);
+    EXPECT_NE(Notices.Shown.back().find("(data.ovd, R, P2: north)"), std::string::npos);
+}
+
 TEST_F(MapChoiceTest, DamagedMemoriesAreReplacedAndLongNamesForgone) {
     WriteFileAtomically(Folder.Path() / "position.crm", "<xml><broken");
     const std::string longName(31, 'x');

@@ -111,13 +111,25 @@ TEST_F(TrackFormTest, EveryControlIsReachedByTabAndExplained) {
 TEST_F(TrackFormTest, AnErrorIsToldOverTheDialog) {
     Connection store;
     store.Open(Folder.Path() / "track.ovd", Connection::Mode::ReadWrite);
-    store.Execute("CREATE TRIGGER refuse BEFORE DELETE ON List BEGIN SELECT RAISE(ABORT, 'no'); END");
+    store.Execute("CREATE TRIGGER refuse BEFORE DELETE ON List BEGIN SELECT RAISE(ABORT, 'refused'); END");
     ClickRow("listTrack", 1);
     Boxes.Answer = true;
     QTest::mouseClick(&Find<QPushButton>("cmdDelete"), Qt::LeftButton);
     auto& notice = Find<QLabel>("noticeBar");
     EXPECT_TRUE(notice.isVisible() && Form->rect().contains(notice.geometry()));
     EXPECT_EQ(notice.text(), Notices.text());
+    Notices.Show(
+        "A second one, which does not hide the first and is long enough for more than one line in this "
+        "dialog, because it tells what happened, where it happened, why it happened and what can be "
+        "done about it.");
+    QTest::qWait(0);
+    EXPECT_TRUE(notice.text().contains("refused")) << notice.text().toStdString();
+    EXPECT_GE(notice.height(), notice.heightForWidth(notice.width()));
+    for (const QPushButton* button : Form->findChildren<QPushButton*>()) {
+        const QRect onForm(button->mapTo(Form, QPoint()), button->size());
+        EXPECT_FALSE(button->isVisible() && onForm.intersects(notice.geometry()))
+            << button->objectName().toStdString();
+    }
     QTest::mouseClick(&notice, Qt::LeftButton);
     EXPECT_FALSE(notice.isVisible() || Notices.isVisible());
 }

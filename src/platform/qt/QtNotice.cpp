@@ -1,20 +1,53 @@
 #include "platform/qt/QtNotice.h"
 
 #include <QApplication>
+#include <QLayout>
 #include <QMessageBox>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <algorithm>
 
 #include "platform/qt/EnterKey.h"
+#include "platform/qt/NoticePlace.h"
 
 namespace ornivane {
 
 namespace {
 
-// Pixels.
-constexpr int Margin = 8, LeastHeight = 44;
-constexpr int LeastButtonWidth = 150, ButtonGap = 2; // for gloves
+constexpr int MostTexts = 3;
+constexpr int Margin = 8, LeastHeight = 44;          // pixels
+constexpr int LeastButtonWidth = 150, ButtonGap = 2; // pixels, for gloves
+const QString Bullet = QString::fromUtf8("• ");
+constexpr int LongestText = 400, LongestWord = 40; // characters
+
+// A damaged value may be of any length and without a blank, where lines can break.
+QString Readable(QString text) {
+    if (text.size() > LongestText) text = text.left(LongestText) + QChar(0x2026);
+    int word = 0;
+    for (int i = 0; i < text.size(); ++i) {
+        word = text[i].isSpace() ? 0 : word + 1;
+        if (word <= LongestWord) continue;
+        text.insert(i, QChar(0x200B)); // of no width
+        word = 0;
+    }
+    return text;
+}
+
+QString Joined(const QStringList& texts) {
+    if (texts.isEmpty()) return {};
+    return texts.size() == 1 ? texts.front() : Bullet + texts.join('\n' + Bullet);
+}
+
+// A modal dialog takes the clicks of the window behind it and may hide the bar there. A message box goes in a
+// moment, and the bar is there then.
+QWidget* DialogOver(const QWidget& notice) {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        const bool isDialog = window->isModal() && !qobject_cast<QMessageBox*>(window);
+        if (isDialog && window->isVisible() && window->layout() && !window->isAncestorOf(&notice))
+            return window;
+    }
+    return nullptr;
+}
 
 } // namespace
 
@@ -42,22 +75,27 @@ void QtNotice::MakeButton() {
     new EnterKey(*cmdNotice, [this] { cmdNotice->click(); });
 }
 
+void QtNotice::StandIn(QWidget& window) { place = new NoticePlace(*this, window); }
+
+// What has just happened comes last; the same text does not come twice.
 void QtNotice::Show(const std::string& text) {
+    const QString readable = Readable(QString::fromStdString(text));
+    standing.removeAll(readable);
+    standing.append(readable);
+    if (standing.size() > MostTexts) standing.removeFirst();
     ShowButton(false);
-    setText(QString::fromStdString(text));
+    setText(Joined(standing));
     show();
-    // A modal dialog hides the window's bar and takes its clicks.
-    QWidget* dialog = QApplication::activeModalWidget();
-    if (dialog && !dialog->isAncestorOf(this) && !qobject_cast<QMessageBox*>(dialog)) ShowOver(*dialog);
+    if (QWidget* dialog = DialogOver(*this)) ShowOver(*dialog);
 }
 
 void QtNotice::Offer(const std::string& text, const std::string& button, std::function<void()> press) {
-    offered = {QString::fromStdString(text), QString::fromStdString(button), std::move(press)};
+    offered = {Readable(QString::fromStdString(text)), QString::fromStdString(button), std::move(press)};
     ShowOffer();
 }
 
 void QtNotice::ShowOffer() {
-    setText(offered->Text);
+    setText(Joined(standing + QStringList(offered->Text)));
     cmdNotice->setText(offered->Button);
     ShowButton(true);
     show();
@@ -83,7 +121,9 @@ void QtNotice::Withdraw() {
     const bool stands = cmdNotice->isVisibleTo(this);
     ShowButton(false);
     offered.reset();
-    if (stands) hide();
+    if (!stands) return; // a text that came later goes on standing
+    setText(Joined(standing));
+    if (standing.isEmpty()) hide();
 }
 
 void QtNotice::Press() {
@@ -93,26 +133,37 @@ void QtNotice::Press() {
 
 void QtNotice::ShowOver(QWidget& dialog) {
     auto* over = dialog.findChild<QtNotice*>(objectName(), Qt::FindDirectChildrenOnly);
-    if (!over) over = new QtNotice(&dialog);
+    if (!over) {
+        over = new QtNotice(&dialog);
+        over->StandIn(dialog);
+    }
     over->below = this;
+    QStringList texts = standing;
     over->ShowButton(false);
-    over->setText(text());
-    const int height = std::max(over->minimumHeight(), over->heightForWidth(dialog.width()));
-    over->setGeometry(0, dialog.height() - height, dialog.width(), height);
-    over->raise();
+    over->setText(Joined(texts));
     over->show();
+    // Older texts come to sight in the window when the dialog is closed.
+    while (over->place && texts.size() > 1 && !over->place->HasRoom()) {
+        texts.removeFirst();
+        over->setText(Joined(texts));
+    }
 }
 
 // A text that stood over an offer gives it back.
-void QtNotice::mousePressEvent(QMouseEvent* event) {
-    const bool wasText = !cmdNotice->isVisibleTo(this);
-    if (offered && wasText) {
+void QtNotice::Dismiss() {
+    const bool stood = !standing.isEmpty();
+    standing.clear();
+    if (offered && stood) {
         ShowOffer();
-    } else {
-        Withdraw();
-        hide();
+        return;
     }
-    if (below) below->hide();
+    Withdraw();
+    hide();
+}
+
+void QtNotice::mousePressEvent(QMouseEvent* event) {
+    if (below) below->Dismiss();
+    Dismiss();
     event->accept();
 }
 

@@ -2,6 +2,7 @@
 
 #include <QLabel>
 #include <QPointer>
+#include <QStringList>
 #include <functional>
 #include <optional>
 
@@ -11,10 +12,16 @@ class QPushButton;
 
 namespace ornivane {
 
-// The bar at the bottom of the window. A new text replaces the one that stands; a click takes it away.
+class NoticePlace;
+
+// The bar at the bottom of the window, with all the lines of its texts: a new one joins those that stand, a
+// click takes all of them away. What is offered with a button comes last and stays until it is clicked away
+// by itself.
 class QtNotice : public QLabel, public Notice {
 public:
     explicit QtNotice(QWidget* parent = nullptr);
+    // At the bottom of this window from now on; it has a layout.
+    void StandIn(QWidget& window);
     void Show(const std::string& text) override;
     // The button is reached by mouse, finger, Tab and its letter with Alt, and never takes the focus by
     // itself.
@@ -31,12 +38,15 @@ private:
         std::function<void()> Press;
     };
     void ShowOver(QWidget& dialog);
+    void Dismiss();
     void MakeButton();
     void ShowButton(bool shows);
     void ShowOffer();
     void Press();
 
-    QPointer<QtNotice> below; // in the window under the dialog over which this one stands
+    QStringList standing;
+    NoticePlace* place = nullptr; // none where a layout places it
+    QPointer<QtNotice> below;     // in the window under the dialog over which this one stands
     QPushButton* cmdNotice = nullptr;
     QPointer<QWidget> focusBefore; // where the keys were before Tab led to the button
     std::optional<Offered> offered;

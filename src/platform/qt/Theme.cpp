@@ -44,7 +44,7 @@ QProgressBar::chunk { background: %LIT; }
 #noticeBar { background: %NOTICE; color: %NOTEXT; font-weight: bold; }
 #lblStatus { background: %BASE; color: %TEXT; border: 2px solid %BORDER; border-radius: 6px; padding: 8px 12px; font-size: 18px; font-weight: bold; }
 #tLR { background: %BASE; color: %TEXT; border: 2px solid %BORDER; border-radius: 6px; padding: 4px 10px; font-size: 18px; font-weight: bold; }
-#lblNoMap { color: %TEXT; font-size: 20px; }
+#lblNoMap { background: %BASE; color: %TEXT; border: 2px solid %BORDER; border-radius: 6px; font-size: 20px; }
 #tNextMap { background: #c00000; color: #ffffff; font-family: Arial, 'DejaVu Sans'; font-size: 18px; font-weight: bold; padding: 8px 12px; }
 #LblMapNumber { background: %BASE; color: %TEXT; border: 2px solid %BORDER; font-size: 18px; font-weight: bold; padding: 6px 10px; }
 #tRoute { background: %BASE; color: %TEXT; border: 2px dashed %FOCUS; border-radius: 6px; padding: 0 8px; font-weight: bold; }
