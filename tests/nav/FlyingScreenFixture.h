@@ -7,9 +7,9 @@
 
 #include "base/Format.h"
 #include "geo/NavigationMaths.h"
+#include "gps/GpsFakes.h"
 #include "nav/FlyingScreen.h"
 #include "support/FlightFolder.h"
-#include "gps/GpsFakes.h"
 #include "support/IdleLink.h"
 #include "support/MapFakes.h"
 
