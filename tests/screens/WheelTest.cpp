@@ -192,7 +192,6 @@ TEST_F(WheelTest, ChangesNothingOnTheGroundAndInNoDialog) {
 }
 
 TEST_F(WheelTest, ChangesNothingInTheCatalogueNorWhileCalibrating) {
-    Shared.MapsSet.Open(Shared.DataConn, "SELECT * FROM Maps WHERE Active = 1 ORDER BY Name");
     frmCalibrate catalogue(Shared, Guard, Dialogs);
     TurnOverEach(Show(catalogue));
     QTest::mouseClick(&In<QWidget>(catalogue, "cmdCalibrate"), Qt::LeftButton);

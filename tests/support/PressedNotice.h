@@ -12,7 +12,7 @@ namespace ornivane {
 struct PressedNotice : Notice {
     std::string Text;
     std::vector<std::string> Shown; // all texts without a button, in their order
-    std::function<void()> OnPress; // empty without a button
+    std::function<void()> OnPress;  // empty without a button
 
     void Show(const std::string& text) override {
         Text = text;
