@@ -217,7 +217,7 @@ TEST_F(RouteImportTest, RefusesANameThatIsLongerThanItsFieldAndSaysWhy) {
         ElementsAre(std::string(NotRead) +
                         "\nZeile 3: Der Name hat 8388608 Zeichen, möglich sind 255: xxxxxxxxxxxxxxxxxxxx...",
                     "Datenimport|Strecke: Long wurde hinzugefügt"));
-    EXPECT_THAT(Points("Long"), ElementsAre("2 Ende 51.1 7.2"));
+    EXPECT_THAT(Points("Long"), ElementsAre("1 Ende 51.1 7.2"));
     Shared.EnglishUI = 1;
     Import(Write("Long.ovr", RouteFile(FileRow(longest + "u", "1", "2"))));
     EXPECT_THAT(

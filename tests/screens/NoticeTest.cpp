@@ -50,6 +50,7 @@ TEST_F(NoticeTest, GrowsWithADialogAndNeverLiesOnItsButtons) {
     ASSERT_TRUE(over && over->isVisible());
     const auto isWhole = [&] {
         for (QPushButton* button : dialog.findChildren<QPushButton*>()) {
+            if (button->isHidden()) continue; // the notice has one of its own
             const QRect place(button->mapTo(&dialog, QPoint()), button->size());
             EXPECT_FALSE(place.intersects(over->geometry())) << button->text().toStdString();
             EXPECT_GE(place.height(), button->minimumSizeHint().height());
