@@ -5,6 +5,7 @@
 #include "base/Flagged.h"
 #include "base/Format.h"
 #include "base/Numbers.h"
+#include "base/RuntimeError.h"
 #include "common/SettingsFiles.h"
 #include "geo/NavigationMaths.h"
 
@@ -208,8 +209,13 @@ RouteFollowing::Place RouteFollowing::CurrentPlace() {
         place.Nummer = RoutePointsSet.Get("Nummer");
         place.PointID = RoutePointsSet.Get("PointID");
     }
-    Position target;
-    if (ActiveTarget(target)) place.Target = target;
+    if (RoutePointsSet.IsOpen()) place.Points = RoutePointsSet.RecordCount();
+    try {
+        Position target;
+        if (ActiveTarget(target)) place.Target = target;
+    } catch (const RuntimeError&) {
+        // The lists are read anew all the same: the row may have been mended.
+    }
     return place;
 }
 
@@ -265,7 +271,7 @@ void RouteFollowing::Activate() {
     }
     ReturnTo(before);
     const Place now = CurrentPlace();
-    if (!isSame || now.Nummer != before.Nummer) EnableSteps();
+    if (!isSame || now.Nummer != before.Nummer || now.Points != before.Points) EnableSteps();
     if (now.Target != before.Target) owner.TargetChosen();
     RefreshRouteList();
 }
