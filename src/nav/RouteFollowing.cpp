@@ -1,6 +1,7 @@
 #include "nav/RouteFollowing.h"
 
 #include <algorithm>
+#include <exception>
 
 #include "base/Flagged.h"
 #include "base/Format.h"
@@ -56,11 +57,17 @@ void RouteFollowing::cmbRoute_Click(const std::string& name) {
     if (RoutePointsSet.RecordCount() == 0) SwitchOff();
     EnableSteps();
     owner.TargetChosen();
-    RefreshRouteList();
+    std::exception_ptr damage;
+    try {
+        RefreshRouteList();
+    } catch (const RuntimeError&) {
+        damage = std::current_exception(); // the route is chosen all the same
+    }
     owner.UpdateMap();
     // Last: a folder that cannot be written must not keep the new route from the screen.
     const std::string map = owner.MapName();
     if (!map.empty()) WriteLastChoice(shared.ProgramFolder, {map, cmbRoute});
+    if (damage) std::rethrow_exception(damage);
 }
 
 void RouteFollowing::HideFrameUnless(bool stays) {
@@ -172,6 +179,9 @@ bool RouteFollowing::ActiveTarget(Position& target) {
 
 void RouteFollowing::RefreshRouteList() {
     if (!HasRoutes() || RoutesSet.Eof()) return;
+    // A damaged point ends this, and what stands here then must not be that of another route.
+    lblRoute.clear();
+    lblRemDist.clear();
     if (!legs.IsPrepared())
         legs = Statement(shared.DataConn,
                          "SELECT Nummer, Lat, Long From GpsPoints WHERE RouteID = ? ORDER BY Nummer ASC");

@@ -2,6 +2,7 @@
 #include <functional>
 #include <random>
 
+#include "common/SettingsFiles.h"
 #include "nav/FlyingScreenFixture.h"
 
 namespace ornivane {
@@ -209,6 +210,22 @@ TEST_F(RouteFollowingTest, APointThatWasDamagedIsReadAnewOnceItIsMended) {
     LeaveAndComeBack("UPDATE GpsPoints SET Lat = 50.3 WHERE Nummer = 1");
     EXPECT_EQ(screen.Route.RoutePointsSet.Number("Lat"), 50.3);
     EXPECT_EQ(screen.Route.RouteNames.size(), 2u);
+}
+
+TEST_F(RouteFollowingTest, ARouteWithADamagedPointShowsNoLengthOfAnotherAndStaysChosen) {
+    AddRoute("R", {6.3, 7.0});
+    AddRoute("S", {6.4, 6.5, 7.0});
+    Sql("UPDATE GpsPoints SET Long = 'east' WHERE Nummer = 3");
+    RouteFollowing& route = Start().Route;
+    route.cmbRoute_Click("R");
+    route.cmdActivateGoto_Click();
+    StandAt(6.4);
+    EXPECT_FALSE(route.lblRoute.empty() || route.lblRemDist.empty());
+    const std::string distance = Screen->State.lblDistanz;
+    EXPECT_THROW(route.cmbRoute_Click("S"), RuntimeError);
+    EXPECT_EQ(route.lblRoute + route.lblRemDist, "");
+    EXPECT_NE(Screen->State.lblDistanz, distance); // the target is that of S
+    EXPECT_EQ(ReadLastChoice(Folder.Path()).Route, "S");
 }
 
 TEST_F(RouteFollowingTest, AFlownRouteThatIsGoneIsNotFlownOnAndThatIsTold) {
