@@ -22,4 +22,9 @@ void EnterQnh(Variablen& shared, const std::string& text, const Date& today) {
     }
 }
 
+std::string QnhText(const Variablen& shared) {
+    const auto typed = ParseNumber(shared.tQNH);
+    return typed && Round(*typed) == shared.QNH ? shared.tQNH : std::to_string(shared.QNH);
+}
+
 } // namespace ornivane

@@ -11,4 +11,8 @@ namespace ornivane {
 // anything else is the standard pressure. The entry field of the settings holds what counts then.
 void EnterQnh(Variablen& shared, const std::string& text, const Date& today);
 
+// What an entry field shows of the QNH in force, to be typed over or left: the text as it was typed while it
+// is that QNH, or its whole number. 1049.6 is a QNH, and rounded it would be none.
+std::string QnhText(const Variablen& shared);
+
 } // namespace ornivane

@@ -1,7 +1,6 @@
 #include "common/SettingsFiles.h"
 
 #include <algorithm>
-#include <string_view>
 
 #include "base/AtomicFile.h"
 #include "base/Numbers.h"
@@ -42,11 +41,14 @@ std::optional<ComSettings> ReadComSettings(const path& folder) {
     SettingsReader reader = Reader(folder, "data.crm");
     ComSettings settings;
     if (!Take(settings.Port, reader.Text()) || !Take(settings.Baud, reader.Text())) return std::nullopt;
-    const auto isNumberUpTo = [](std::string_view text, double most) {
+    // The digits alone: who edits the file writes " 9600" or "9600.0", and no port is set by that.
+    const auto takeNumberUpTo = [](std::string& text, double most) {
         const auto number = ParsePlainNumber(text);
-        return number && *number >= 1 && *number <= most && Int(*number) == *number;
+        if (!number || *number < 1 || *number > most || Int(*number) != *number) return false;
+        text = std::to_string(static_cast<int>(*number));
+        return true;
     };
-    if (!isNumberUpTo(settings.Port, 32767) || !isNumberUpTo(settings.Baud, 4e6)) return std::nullopt;
+    if (!takeNumberUpTo(settings.Port, 32767) || !takeNumberUpTo(settings.Baud, 4e6)) return std::nullopt;
     return settings;
 }
 

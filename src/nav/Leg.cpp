@@ -41,8 +41,9 @@ void Leg::UpdateLeg(const Position& target, const Position& current, bool isDire
     const double distance = d * 60 * 180 / Pi;
     if (IsPassed(distance, isDirect)) pass();
     // Also behind a step of the route, which is no choice of the pilot: the next point is compared with this
-    // distance.
-    isNewTarget = false;
+    // distance. A position that is not the aircraft's now is no first one: the step to the real one may look
+    // like a passing.
+    if (state.HadPosition && !state.NoFix) isNewTarget = false;
     state.lblDistanz = Format(distance, "###0.0", locale) + " NM";
     LastDistance = distance;
 

@@ -36,7 +36,7 @@ private:
     const LocaleText& locale;
     const Clock& clock;
     std::function<void()> aDayAway;
-    bool isNewTarget = true; // chosen since the last calculation
+    bool isNewTarget = true; // chosen since the last calculation with a fix
     bool toldADay = false;
 };
 

@@ -1,10 +1,12 @@
 #include "nav/RouteFollowing.h"
 
 #include <algorithm>
+#include <exception>
 
 #include "base/Flagged.h"
 #include "base/Format.h"
 #include "base/Numbers.h"
+#include "base/RuntimeError.h"
 #include "common/SettingsFiles.h"
 #include "geo/NavigationMaths.h"
 
@@ -55,11 +57,17 @@ void RouteFollowing::cmbRoute_Click(const std::string& name) {
     if (RoutePointsSet.RecordCount() == 0) SwitchOff();
     EnableSteps();
     owner.TargetChosen();
-    RefreshRouteList();
+    std::exception_ptr damage;
+    try {
+        RefreshRouteList();
+    } catch (const RuntimeError&) {
+        damage = std::current_exception(); // the route is chosen all the same
+    }
     owner.UpdateMap();
     // Last: a folder that cannot be written must not keep the new route from the screen.
     const std::string map = owner.MapName();
     if (!map.empty()) WriteLastChoice(shared.ProgramFolder, {map, cmbRoute});
+    if (damage) std::rethrow_exception(damage);
 }
 
 void RouteFollowing::HideFrameUnless(bool stays) {
@@ -171,6 +179,9 @@ bool RouteFollowing::ActiveTarget(Position& target) {
 
 void RouteFollowing::RefreshRouteList() {
     if (!HasRoutes() || RoutesSet.Eof()) return;
+    // A damaged point ends this, and what stands here then must not be that of another route.
+    lblRoute.clear();
+    lblRemDist.clear();
     if (!legs.IsPrepared())
         legs = Statement(shared.DataConn,
                          "SELECT Nummer, Lat, Long From GpsPoints WHERE RouteID = ? ORDER BY Nummer ASC");
@@ -208,8 +219,13 @@ RouteFollowing::Place RouteFollowing::CurrentPlace() {
         place.Nummer = RoutePointsSet.Get("Nummer");
         place.PointID = RoutePointsSet.Get("PointID");
     }
-    Position target;
-    if (ActiveTarget(target)) place.Target = target;
+    if (RoutePointsSet.IsOpen()) place.Points = RoutePointsSet.RecordCount();
+    try {
+        Position target;
+        if (ActiveTarget(target)) place.Target = target;
+    } catch (const RuntimeError&) {
+        // The lists are read anew all the same: the row may have been mended.
+    }
     return place;
 }
 
@@ -265,7 +281,7 @@ void RouteFollowing::Activate() {
     }
     ReturnTo(before);
     const Place now = CurrentPlace();
-    if (!isSame || now.Nummer != before.Nummer) EnableSteps();
+    if (!isSame || now.Nummer != before.Nummer || now.Points != before.Points) EnableSteps();
     if (now.Target != before.Target) owner.TargetChosen();
     RefreshRouteList();
 }

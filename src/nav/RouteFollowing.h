@@ -77,7 +77,8 @@ private:
     // Where the lists stood when the screen was left.
     struct Place {
         Value RouteID, Nummer, PointID; // Null where there was none
-        std::optional<Position> Target; // decimal degrees
+        int Points = 0;                 // of the route
+        std::optional<Position> Target; // decimal degrees; none behind a damaged row
     };
 
     void OpenPoints();

@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QLineEdit>
 
+#include "common/Qnh.h"
 #include "platform/qt/Events.h"
 
 namespace ornivane {
@@ -146,7 +147,7 @@ void frmInstrumentPanel::Pressed(Qt::MouseButton button) {
 // With the value that holds, to be typed over.
 void frmInstrumentPanel::AskQnh() {
     Do([this] { qnh->lblQNH_Click(); });
-    tEnterQNH->setText(QString::number(shared.QNH));
+    tEnterQNH->setText(Q(QnhText(shared)));
     tEnterQNH->selectAll();
     tEnterQNH->setFocus();
 }

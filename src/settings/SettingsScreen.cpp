@@ -45,9 +45,7 @@ void SettingsScreen::Form_Activate() {
     Frame4 = shared.TrackConn.IsOpen();
     frmLuftraumShows = shared.LuftraumConn.IsOpen();
     // A QNH of today is shown, or a mere look at this screen would end it.
-    // What was typed stays as it is when it is that QNH: 1049.6 is one, and rounded it would be none.
-    const auto typed = ParseNumber(shared.tQNH);
-    if (IsQnhOfToday() && !(typed && Round(*typed) == shared.QNH)) shared.tQNH = std::to_string(shared.QNH);
+    if (IsQnhOfToday()) shared.tQNH = QnhText(shared);
     if (Frame4) ReadTrack();
     ApplyLanguage();
     Port.Form_Activate();

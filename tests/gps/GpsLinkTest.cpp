@@ -292,6 +292,13 @@ TEST_F(GpsLinkTest, FliesABaudRateThatNoListOffers) {
     EXPECT_EQ(Port.Settings, "115200,n,8,1");
     Link.Form_Deactivate();
     EXPECT_EQ(ReadComSettings(Folder.Path()), (ComSettings{"7", "115200"}));
+    // By hand into the file: what is a whole number is one for the port, too.
+    for (const char* baud : {" 9600 ", "9600.0", "+9600", "9.6e3"}) {
+        WriteComSettings(Folder.Path(), {"07", baud});
+        Link.LoadSavedCom();
+        EXPECT_EQ(Link.Settings, "9600,n,8,1") << baud;
+        EXPECT_EQ(Link.ComPort, 7);
+    }
 }
 
 TEST_F(GpsLinkTest, MakesTheSettingsFileAnewWhenItCannotBeRead) {

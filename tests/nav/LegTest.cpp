@@ -9,6 +9,10 @@ namespace {
 
 class LegTest : public testing::Test {
 protected:
+    LegTest() {
+        State.NoFix = false;
+        State.HadPosition = true;
+    }
     // Along the meridian 7° E, the given number of miles north of 50° N, towards 51° N.
     void FlyAt(double miles, bool direct = false) {
         Leg.UpdateLeg({51, 7}, {50 + miles / 60, 7}, direct, [this] { ++Passed; });

@@ -2,6 +2,7 @@
 #include <functional>
 #include <random>
 
+#include "common/SettingsFiles.h"
 #include "nav/FlyingScreenFixture.h"
 
 namespace ornivane {
@@ -12,6 +13,7 @@ protected:
     // Stands at 50.5° N and this longitude, in decimal degrees, and redraws.
     void StandAt(double longitude, double lat = 50.5) {
         Screen->State.HadPosition = true;
+        Screen->State.NoFix = false;
         Screen->State.CurLat = lat;
         Screen->State.CurLong = longitude;
         Screen->UpdateMap();
@@ -67,6 +69,25 @@ TEST_F(RouteFollowingTest, TheFirstCalculationForATargetChosenByHandNeverPassesI
         EXPECT_TRUE(route.RouteActive) << c.What;
         EXPECT_EQ(Screen->State.lblDistanz, "1.9 NM") << c.What;
     }
+}
+
+TEST_F(RouteFollowingTest, APositionThatIsNotTheAircraftsSaysNothingOfPassing) {
+    AddRoute("R", {6.30, 6.34, 6.42});
+    RouteFollowing& route = Start().Route; // the map opens at P1
+    route.cmdActivateGoto_Click();
+    route.cmdNext_Click(); // P2, 2.5 NM from there
+    Fly(50.5, 6.49);       // on the apron, 0.4 NM further away
+    EXPECT_EQ(Row(), 2);
+    EXPECT_EQ(Screen->State.lblDistanz, "2.9 NM");
+
+    Screen->Readouts.gps_FixLost();
+    route.cmdNext_Click(); // P3 is chosen while nobody knows where the aircraft is
+    route.cmdPrev_Click();
+    Screen->Readouts.gps_FixObtained();
+    StandAt(6.48);
+    EXPECT_EQ(Row(), 2);
+    StandAt(6.47); // now it has grown from one position to the next
+    EXPECT_EQ(Row(), 3);
 }
 
 TEST_F(RouteFollowingTest, WhateverTheHandDoesAndWhereverTheRowIsTheOneThatWasChosen) {
@@ -180,6 +201,33 @@ TEST_F(RouteFollowingTest, APointThatHasMovedInTheRouteIsFoundByItsWaypoint) {
     EXPECT_EQ(Row(), 1);
 }
 
+TEST_F(RouteFollowingTest, APointThatWasDamagedIsReadAnewOnceItIsMended) {
+    AddRoute("R", {6.3, 7.0});
+    FlyingScreen& screen = Start();
+    screen.State.HadPosition = true;
+    EXPECT_THROW(LeaveAndComeBack("UPDATE GpsPoints SET Lat = 'north' WHERE Nummer = 1"), RuntimeError);
+    AddRoute("S", {6.4});
+    LeaveAndComeBack("UPDATE GpsPoints SET Lat = 50.3 WHERE Nummer = 1");
+    EXPECT_EQ(screen.Route.RoutePointsSet.Number("Lat"), 50.3);
+    EXPECT_EQ(screen.Route.RouteNames.size(), 2u);
+}
+
+TEST_F(RouteFollowingTest, ARouteWithADamagedPointShowsNoLengthOfAnotherAndStaysChosen) {
+    AddRoute("R", {6.3, 7.0});
+    AddRoute("S", {6.4, 6.5, 7.0});
+    Sql("UPDATE GpsPoints SET Long = 'east' WHERE Nummer = 3");
+    RouteFollowing& route = Start().Route;
+    route.cmbRoute_Click("R");
+    route.cmdActivateGoto_Click();
+    StandAt(6.4);
+    EXPECT_FALSE(route.lblRoute.empty() || route.lblRemDist.empty());
+    const std::string distance = Screen->State.lblDistanz;
+    EXPECT_THROW(route.cmbRoute_Click("S"), RuntimeError);
+    EXPECT_EQ(route.lblRoute + route.lblRemDist, "");
+    EXPECT_NE(Screen->State.lblDistanz, distance); // the target is that of S
+    EXPECT_EQ(ReadLastChoice(Folder.Path()).Route, "S");
+}
+
 TEST_F(RouteFollowingTest, AFlownRouteThatIsGoneIsNotFlownOnAndThatIsTold) {
     const char* const deeds[] = {
         "UPDATE Route SET Name = 'Renamed' WHERE Name = 'R'",
@@ -246,6 +294,9 @@ TEST_F(RouteFollowingTest, AStepButtonAtAnEndWorksAgainAfterAnyChangeOfRow) {
     route.cmdNext_Click();
     LeaveAndComeBack(""); // the same row, still at both ends
     EXPECT_FALSE(route.cmdPrevEnabled || route.cmdNextEnabled);
+    LeaveAndComeBack(
+        "INSERT INTO GpsPoints SELECT 2, RouteID, 9, 'P9', 50.3, 6.5 FROM Route WHERE Name = 'S'");
+    EXPECT_TRUE(enabled()); // behind the same row stands another one now
     LeaveAndComeBack("DELETE FROM Route WHERE Name = 'S'");
     EXPECT_TRUE(enabled());
 }

@@ -119,6 +119,19 @@ TEST_F(FlyingEntriesTest, TheQnhIsEnteredAtItsReadoutByMouseOrKeys) {
     EXPECT_EQ(Shared.QNH, 1020);
     EXPECT_EQ(Shared.tQNH, "1020");
 
+    for (const char* text : {"1049,6", "1049.6"}) { // 1050 as a whole number, and that would be none
+        Click("lblQNH");
+        field.selectAll();
+        Keys(field, text);
+        QTest::keyClick(&field, Qt::Key_Return);
+        Click("lblQNH");
+        QTest::keyClick(&field, Qt::Key_Return); // a mere look
+        EXPECT_EQ(Text("lblQNH"), "QNH 1050") << text;
+    }
+    Click("lblQNH");
+    Keys(field, "1020");
+    QTest::keyClick(&field, Qt::Key_Return);
+
     readout.setFocus();
     QTest::keyClick(&readout, Qt::Key_Return);
     ASSERT_TRUE(Shows("frmEnterQNH"));
