@@ -1,6 +1,7 @@
 #include "screens/PlanningPanelsFixture.h"
 
 #include <QComboBox>
+#include <QDialog>
 #include <QMainWindow>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -171,6 +172,31 @@ TEST(UndoNoticeOfTracks, StandsInTheDialogBesideItsButtons) {
     EXPECT_FALSE(bar->isVisible());
     EXPECT_EQ(form->findChild<QLabel*>("lblRecords")->text(), "1 trackpoint");
     form->close();
+}
+
+// A text of the window comes over the dialog's own offer, and both are seen.
+TEST(UndoNoticeOfTracks, ATextOfTheWindowGivesTheOfferBack) {
+    QWidget window;
+    window.setLayout(new QVBoxLayout);
+    auto* below = new QtNotice;
+    below->StandIn(window);
+    window.show();
+    QDialog dialog(&window);
+    auto* bar = new QtNotice(&dialog);
+    (new QVBoxLayout(&dialog))->addWidget(bar);
+    dialog.open();
+    bool pressed = false;
+    bar->Offer("Track 3 deleted", "undo", [&] { pressed = true; });
+    below->Show("The track is not stored");
+    EXPECT_EQ(bar->text(), "The track is not stored");
+    QTest::mouseClick(bar, Qt::LeftButton, {}, {10, 10});
+    EXPECT_EQ(bar->text(), "Track 3 deleted");
+    ASSERT_TRUE(bar->isVisible());
+    below->Show("The track is not stored");
+    bar->Offer("Track 5 deleted", "undo", [&] { pressed = true; });
+    EXPECT_EQ(bar->text().toStdString(), "• The track is not stored\n• Track 5 deleted");
+    QTest::mouseClick(bar->findChild<QPushButton*>("cmdNotice"), Qt::LeftButton);
+    EXPECT_TRUE(pressed);
 }
 
 } // namespace
