@@ -18,7 +18,7 @@ ChartView::ChartView(Variablen& variablen, Recordset& list, Picture& picStorage,
 
 bool ChartView::HasRows() const { return maps.IsOpen() && maps.RecordCount() > 0; }
 
-std::string ChartView::Name() const { return maps.Text("Name"); }
+std::string ChartView::Name() const { return maps.TextOrEmpty("Name"); }
 
 void ChartView::LoadPicture() {
     const auto file = FindFileIgnoringCase(shared.ProgramFolder / "Karten", Name());
@@ -108,7 +108,10 @@ void ChartView::ChartsChanged() {
     const std::string chart = maps.Eof() ? std::string() : maps.TextOrEmpty("Name");
     maps.Requery();
     FindMap(chart);
-    if (!HasRows()) viewIsOf.reset(); // the screen will come back without a map
+    if (HasRows()) return;
+    // The screen will come back without a map, or with one that has to be taken in anew.
+    viewIsOf.reset();
+    taken.reset();
 }
 
 void ChartView::updateMapInfo() {
@@ -119,7 +122,7 @@ void ChartView::updateMapInfo() {
     std::erase_if(refused,
                   [this](const std::string& name) { return HasMap() || !HasRows() || name != Name(); });
     if (list.RecordCount() == 0) return;
-    for (; !list.Eof(); list.MoveNext()) MapNames.push_back(list.Text("Name"));
+    for (; !list.Eof(); list.MoveNext()) MapNames.push_back(list.TextOrEmpty("Name"));
     if (HasRows()) cmbMaps = Name();
 }
 

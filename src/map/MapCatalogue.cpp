@@ -1,10 +1,22 @@
 #include "map/MapCatalogue.h"
 
 #include "base/Numbers.h"
+#include "base/RuntimeError.h"
 #include "geo/NavigationMaths.h"
 #include "store/Connection.h"
 
 namespace ornivane {
+
+namespace {
+
+// RuntimeError also for an extent of so many degrees that nothing would be left of the scale.
+double PixelsPerTenth(double pixels, double degrees) {
+    const double perTenth = CheckedDivide(pixels, degrees * 10.0);
+    if (perTenth == 0) throw RuntimeError(ErrorNumber::Overflow);
+    return perTenth;
+}
+
+} // namespace
 
 MapFrame MapCatalogue::FrameOf(const Recordset& row) {
     return {row.Number("Unten"),  row.Number("Oben"),   row.Number("Links"),
@@ -14,8 +26,8 @@ MapFrame MapCatalogue::FrameOf(const Recordset& row) {
 MapScale MapCatalogue::ScaleOf(const MapFrame& frame) {
     const double west = ToDecimalDegrees(frame.Links), east = ToDecimalDegrees(frame.Rechts);
     const double south = ToDecimalDegrees(frame.Unten), north = ToDecimalDegrees(frame.Oben);
-    const double perTenthLong = CheckedDivide(frame.Breite, (east - west) * 10.0);
-    return {west, south, frame.Höhe, CheckedDivide(frame.Höhe, (north - south) * 10.0), perTenthLong};
+    return {west, south, frame.Höhe, PixelsPerTenth(frame.Höhe, north - south),
+            PixelsPerTenth(frame.Breite, east - west)};
 }
 
 std::vector<std::string> MapCatalogue::Covering(const Position& position) {

@@ -27,7 +27,7 @@ public:
     // was announced; while no chart can be shown it is as if the aircraft were at the edge. True when the map
     // was changed: what was painted belongs to the old one.
     bool Search(const Position& aircraft, const Point& mapPoint);
-    // Nothing is announced in a pass that ends without a search.
+    // Nothing is announced in a pass that ends without a search, nor while the catalogue is empty.
     void HideNext();
     // Steps to the next map by hand and redraws. Nothing while automatic switching is off.
     void Step();

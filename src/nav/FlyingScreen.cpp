@@ -50,6 +50,7 @@ void FlyingScreen::SaveFlightSet() { WriteDisplayFlags(world.Shared.ProgramFolde
 void FlyingScreen::ShowLastMap() {
     MapsSet.Requery();
     if (!Map.HasRows()) {
+        Ring.HideNext();
         Map.updateMapInfo();
         world.picMap.Cls();
         world.picMap.Refresh();

@@ -257,7 +257,12 @@ void frmGPSmain::Form_Activate() {
         loaded = true;
     }
     PlaceOverMap();
-    screen->Form_Activate();
+    try {
+        screen->Form_Activate();
+    } catch (...) {
+        ApplyLanguage(); // what could be read shows all the same
+        throw;
+    }
     ApplyLanguage();
 }
 
@@ -330,7 +335,7 @@ void frmGPSmain::ShowMapControls() {
     SlideMap->setValue(map.SlideMap);
     SlideMap->setEnabled(map.HasMap());
     FillCombo(*cmbMaps, map.MapNames, map.cmbMaps);
-    lblNoMap->setVisible(!map.HasMap());
+    lblNoMap->setVisible(loaded && !map.HasMap()); // before that nobody knows
     if (!map.HasMap()) lblNoMap->setText(WhyNoMap());
     cmdKartezentrieren->SetLit(map.picKartezentrieren);
     cmdSet->SetLit(frmSet->isVisible());

@@ -92,6 +92,24 @@ TEST_F(MapChoiceTest, AChartThatCannotBeShownIsABlankSheetUntilAnotherOneIsChose
     EXPECT_EQ(screen.Map.View, (SourceRect{0, 0, 1000, 500})); // nothing was remembered of the other's view
 }
 
+TEST_F(MapChoiceTest, AFrameTooLargeForAnyScaleIsToldToo) {
+    Sql("UPDATE Maps SET Oben = 1e308, Unten = -1e308 WHERE Name = 'Zulu.JPG'");
+    FlyingScreen& screen = Start();
+    screen.Map.cmbMaps_Click("Zulu.JPG");
+    EXPECT_EQ(Boxes.Shown.size(), 1u);
+    EXPECT_FALSE(screen.Map.HasMap());
+}
+
+TEST_F(MapChoiceTest, AChartWithoutANameKeepsNoOtherAway) {
+    Sql("INSERT INTO Maps (Name, Oben, Unten, Links, Rechts, Breite, \"Höhe\", Active) VALUES "
+        "(NULL, 51, 50, 6, 8, 2000, 1000, 1)");
+    FlyingScreen& screen = Start();
+    EXPECT_EQ(screen.Map.MapNames.size(), 3u);
+    screen.Map.cmbMaps_Click("alpha.jpg");
+    EXPECT_EQ(screen.Map.Name(), "alpha.jpg");
+    EXPECT_TRUE(screen.Map.HasMap());
+}
+
 TEST_F(MapChoiceTest, ADamagedRouteKeepsNeitherTheChartNorTheReceiverAway) {
     AddRoute("R", {6.3, 7.3});
     FlyingScreen& screen = Start();

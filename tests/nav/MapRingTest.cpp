@@ -98,6 +98,25 @@ TEST_F(MapRingTest, LeavesAChartThatCannotBeShownByItself) {
     EXPECT_EQ(Surface.Count("circle"), 1);
 }
 
+TEST_F(MapRingTest, AnnouncesNoChartThatHasLeftTheCatalogue) {
+    FlyingScreen& screen = Start();
+    Redraw(7.0);
+    screen.Ring.cmdMapScroll_Click();
+    ASSERT_EQ(Next(), "anna.jpg 1 / 3");
+    screen.Form_Deactivate();
+    Sql("UPDATE Maps SET Active = 0");
+    Shared.ChartsChanged.Raise();
+    screen.Form_Activate();
+    EXPECT_EQ(Next(), "- -");
+    screen.Ring.Step();
+    screen.Form_Deactivate();
+    Sql("UPDATE Maps SET Active = 1 WHERE Name = 'Berta.jpg'");
+    Shared.ChartsChanged.Raise();
+    screen.Form_Activate();
+    EXPECT_EQ(screen.Map.Name(), "Berta.jpg");
+    EXPECT_EQ(Next(), "- -"); // the only one
+}
+
 TEST_F(MapRingTest, StepsByHandAroundTheRing) {
     FlyingScreen& screen = Start();
     screen.Ring.Step(); // off

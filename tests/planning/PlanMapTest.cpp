@@ -209,5 +209,22 @@ TEST_F(PlanMapTest, AChartThatCannotBeShownIsToldOnceAndIsABlankSheetUntilAnothe
     EXPECT_EQ(Surface.Count("[ Alpha ]"), 1);
 }
 
+TEST_F(PlanMapTest, AChartThatWasOutOfTheCatalogueForAMomentShowsAgain) {
+    Sql("UPDATE Maps SET Active = 0 WHERE Name <> 'alpha.jpg'");
+    PlanMap& map = Start().Map;
+    map.SetSlide(30);
+    const SourceRect view = map.View;
+    Screen->Form_Deactivate();
+    for (const int active : {0, 1}) { // the tick is taken and set again
+        Shared.DataConn.Execute("UPDATE Maps SET Active = ? WHERE Name = 'alpha.jpg'", {active});
+        Shared.ChartsChanged.Raise();
+    }
+    const int paints = Surface.Paints;
+    Screen->Form_Activate();
+    EXPECT_TRUE(map.HasMap());
+    EXPECT_EQ(map.View, view);
+    EXPECT_GT(Surface.Paints, paints);
+}
+
 } // namespace
 } // namespace ornivane

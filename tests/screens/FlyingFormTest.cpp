@@ -6,6 +6,7 @@
 #include <QTableView>
 
 #include "base/Format.h"
+#include "base/RuntimeError.h"
 #include "common/SettingsFiles.h"
 #include "geo/NavigationMaths.h"
 #include "nav/frmStageButton.h"
@@ -213,6 +214,26 @@ TEST_F(FlyingFormTest, AStageButtonKeepsTheKeysFromStageToStage) {
         QTest::keyClick(window.focusWidget(), Qt::Key_Space);
         EXPECT_EQ(window.focusWidget()->objectName(), name);
     }
+}
+
+// While the first chart is being decoded nobody knows yet whether there is one that can be shown.
+TEST_F(FlyingFormTest, NoChartCountsAsMissingBeforeItWasTried) {
+    EXPECT_TRUE(Find<QLabel>("lblNoMap").isHidden());
+    Sql("DELETE FROM Maps");
+    Show();
+    EXPECT_FALSE(Find<QLabel>("lblNoMap").isHidden());
+}
+
+TEST_F(FlyingFormTest, ADamagedRouteKeepsTheNewLanguageFromNothing) {
+    Show();
+    Click("cmdshowRoute");
+    Form.Form_Deactivate();
+    Shared.EnglishUI = 1 - Shared.EnglishUI;
+    const QString before = Find<QWidget>("cmdShowPoints").toolTip();
+    Shared.DataConn.Execute("ALTER TABLE Route RENAME COLUMN Name TO Damaged");
+    EXPECT_THROW(Form.Form_Activate(), RuntimeError); // shown by the window
+    EXPECT_NE(Find<QWidget>("cmdShowPoints").toolTip(), before);
+    EXPECT_TRUE(Form.Logic().Map.HasMap());
 }
 
 } // namespace

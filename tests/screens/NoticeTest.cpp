@@ -5,6 +5,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include "platform/qt/SurfaceWidget.h"
 #include "screens/FlyingFormFixture.h"
 
 namespace ornivane {
@@ -146,6 +147,39 @@ TEST_F(FlyingFormTest, TheNoticeShowsAllItsLinesAndTheFormGivesWayNoFurtherThanI
     QTest::qWait(0);
     EXPECT_EQ(Form.size(), whole);
     Form.setParent(nullptr);
+    delete window;
+}
+
+// What is told in the middle of a redraw makes the map lower, but not before the redraw has ended.
+TEST_F(FlyingFormTest, ANoticeLeavesTheRedrawThatItComesFromWhole) {
+    auto* window = new QWidget; // the fixture's form and notice outlive it
+    auto* rows = new QVBoxLayout(window);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->addWidget(&Form);
+    Notices.StandIn(*window);
+    window->resize(1024, 700);
+    window->show();
+    Form.Form_Activate();
+    FlyingScreen& screen = Form.Logic();
+    Fix();
+    screen.SetShowRoute(true);
+    ASSERT_FALSE(Notices.isVisibleTo(window));
+    const auto picture = [this] { return Find<SurfaceWidget>("picMap").Surface().Image().copy(); };
+    const QImage before = picture();
+    Sql("UPDATE GpsPoints SET Lat = 'north' WHERE Nummer = 2");
+    screen.UpdateMap();
+    EXPECT_TRUE(Notices.isVisibleTo(window));
+    const QImage told = picture();
+    screen.UpdateMap();
+    EXPECT_EQ(told.size(), before.size());
+    EXPECT_EQ(told, picture());
+    QTest::qWait(0);
+    const QImage lower = picture();
+    EXPECT_LT(lower.height(), before.height());
+    screen.UpdateMap();
+    EXPECT_EQ(lower, picture());
+    Form.setParent(nullptr);
+    Notices.setParent(nullptr);
     delete window;
 }
 

@@ -6,6 +6,7 @@
 #include <QRadioButton>
 #include <QSlider>
 #include <QTest>
+#include <QVBoxLayout>
 
 #include <gtest/gtest.h>
 
@@ -225,6 +226,32 @@ TEST_F(PlanningFormTest, AChoiceOfMapsAndTheLanguageShowAtOnce) {
     EXPECT_TRUE(Find<QLabel>("lblNoMap").isVisible());
     EXPECT_FALSE(Find<QSlider>("SlideMap").isEnabled());
     EXPECT_EQ(maps.count(), 0);
+}
+
+TEST_F(PlanningFormTest, WhatIsToldInARedrawLeavesItsPointsInTheirPlaces) {
+    auto* window = new QWidget; // the fixture's form and notice outlive it
+    auto* rows = new QVBoxLayout(window);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->addWidget(&Form);
+    Notices.StandIn(*window);
+    window->resize(1024, 700);
+    window->show();
+    QTest::qWait(0);
+    Form.Logic().Map.SetSlide(100); // the whole chart: its scale is that of the view's height
+    const int height = Picture().height();
+    Sql("UPDATE GpsPoints SET Lat = 'north' WHERE Nummer = 2");
+    Form.Logic().RedrawPlan();
+    EXPECT_TRUE(Notices.isVisibleTo(window));
+    for (const bool settled : {false, true}) {
+        if (settled) QTest::qWait(0);
+        const QImage told = Picture();
+        Form.Logic().RedrawPlan();
+        EXPECT_EQ(told, Picture()) << settled;
+    }
+    EXPECT_LT(Picture().height(), height);
+    Form.setParent(nullptr);
+    Notices.setParent(nullptr);
+    delete window;
 }
 
 } // namespace

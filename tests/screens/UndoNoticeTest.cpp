@@ -1,6 +1,7 @@
 #include "screens/PlanningPanelsFixture.h"
 
 #include <QComboBox>
+#include <QDialog>
 #include <QMainWindow>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -20,7 +21,7 @@ protected:
         column->setContentsMargins(0, 0, 0, 0);
         column->setSpacing(0);
         column->addWidget(&Window, 1);
-        column->addWidget(&Notices);
+        Notices.StandIn(*centre);
         Frame.setCentralWidget(centre);
         Frame.resize(1024, 640);
         Frame.show();
@@ -72,10 +73,11 @@ TEST_F(UndoNoticeTest, ItLeavesTheFieldsInSightAndIsLargeEnoughForAFinger) {
     Click("cmdDelete");
     Settle();
     EXPECT_EQ(Frame.size(), QSize(1024, 640));
+    EXPECT_EQ(Notices.mapTo(&Frame, QPoint(0, Notices.height())).y(), Frame.height());
     EXPECT_GE(UndoButton().height(), 40);
     EXPECT_GE(UndoButton().width(), 120);
     EXPECT_TRUE(Notices.rect().contains(UndoButton().geometry()));
-    EXPECT_GE(Notices.contentsMargins().right(), UndoButton().width()) << "the text keeps clear of it";
+    EXPECT_GE(UndoButton().x(), Notices.contentsRect().right()) << "the text keeps clear of it";
     const QRect bar(Notices.mapTo(&Frame, QPoint()), Notices.size());
     for (const char* name : {"tWaypoint1", "tWaypoint3", "cmdNew", "cmdChange", "cmdDelete",
                              "cmdDeleteWaypoint", "lblRouteDistanz", "cmbMaps", "gridWaypoints"}) {
@@ -84,6 +86,27 @@ TEST_F(UndoNoticeTest, ItLeavesTheFieldsInSightAndIsLargeEnoughForAFinger) {
         EXPECT_FALSE(bar.intersects(place)) << name;
         EXPECT_TRUE(Frame.rect().contains(place)) << name;
     }
+}
+
+TEST_F(UndoNoticeTest, UnderOtherTextsItsLinesAndItsButtonAreWhole) {
+    for (const char* first : {"One: ", "Two: "})
+        Notices.Show(first + std::string(30, 'w') +
+                     " what happened and why, and what can be done about it. " + std::string(39, 'x') +
+                     " and a few more words until the line is full, and over");
+    Click("cmdDelete");
+    Settle();
+    EXPECT_EQ(Notices.text().count(QChar('\n')), 2);
+    EXPECT_TRUE(Notices.text().endsWith("Waypoint aachen deleted"));
+    const QRect lines = Notices.fontMetrics().boundingRect(
+        0, 0, Notices.contentsRect().width() - 2 * Notices.margin(), 10000, Qt::TextWordWrap, Notices.text());
+    EXPECT_GE(Notices.contentsRect().height(), lines.height());
+    EXPECT_TRUE(Notices.rect().contains(UndoButton().geometry()));
+    EXPECT_GE(UndoButton().x(), Notices.contentsRect().right());
+    EXPECT_GE(Window.height(), Window.minimumSizeHint().height());
+    QTest::mouseClick(&UndoButton(), Qt::LeftButton);
+    Settle();
+    EXPECT_EQ(Notices.text().count(QChar('\n')), 1); // the texts before it go on standing
+    EXPECT_EQ(Seen(), "aachen 1 / 4");
 }
 
 TEST_F(UndoNoticeTest, AnErrorStandsOverTheOfferAndGivesItBack) {
@@ -171,6 +194,31 @@ TEST(UndoNoticeOfTracks, StandsInTheDialogBesideItsButtons) {
     EXPECT_FALSE(bar->isVisible());
     EXPECT_EQ(form->findChild<QLabel*>("lblRecords")->text(), "1 trackpoint");
     form->close();
+}
+
+// A text of the window comes over the dialog's own offer, and both are seen.
+TEST(UndoNoticeOfTracks, ATextOfTheWindowGivesTheOfferBack) {
+    QWidget window;
+    window.setLayout(new QVBoxLayout);
+    auto* below = new QtNotice;
+    below->StandIn(window);
+    window.show();
+    QDialog dialog(&window);
+    auto* bar = new QtNotice(&dialog);
+    (new QVBoxLayout(&dialog))->addWidget(bar);
+    dialog.open();
+    bool pressed = false;
+    bar->Offer("Track 3 deleted", "undo", [&] { pressed = true; });
+    below->Show("The track is not stored");
+    EXPECT_EQ(bar->text(), "The track is not stored");
+    QTest::mouseClick(bar, Qt::LeftButton, {}, {10, 10});
+    EXPECT_EQ(bar->text(), "Track 3 deleted");
+    ASSERT_TRUE(bar->isVisible());
+    below->Show("The track is not stored");
+    bar->Offer("Track 5 deleted", "undo", [&] { pressed = true; });
+    EXPECT_EQ(bar->text().toStdString(), "• The track is not stored\n• Track 5 deleted");
+    QTest::mouseClick(bar->findChild<QPushButton*>("cmdNotice"), Qt::LeftButton);
+    EXPECT_TRUE(pressed);
 }
 
 } // namespace

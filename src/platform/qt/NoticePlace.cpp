@@ -34,8 +34,19 @@ bool NoticePlace::eventFilter(QObject* watched, QEvent* event) {
     const bool concernsHost = type == QEvent::Resize || type == QEvent::LayoutRequest;
     const bool concernsNotice = type == QEvent::ShowToParent || type == QEvent::HideToParent ||
                                 type == QEvent::ContentsRectChange || type == QEvent::FontChange;
-    if (watched == &host ? concernsHost : concernsNotice) Place();
+    if (watched == &host) {
+        if (concernsHost) Place();
+    } else if (concernsNotice) {
+        PlaceSoon();
+    }
     return false;
+}
+
+// A notice may come from the middle of a redraw, and a map that became lower there would be drawn half for
+// the one size and half for the other.
+void NoticePlace::PlaceSoon() {
+    QMetaObject::invokeMethod(
+        this, [this] { Place(); }, Qt::QueuedConnection);
 }
 
 int NoticePlace::HeightOfNotice() const {

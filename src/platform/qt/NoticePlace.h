@@ -22,6 +22,7 @@ protected:
 
 private:
     void Place();
+    void PlaceSoon();
     void Grow(int height);
     int MostGrowth() const;
     int HeightOfContents() const;

@@ -77,16 +77,23 @@ void QtNotice::MakeButton() {
 
 void QtNotice::StandIn(QWidget& window) { place = new NoticePlace(*this, window); }
 
-// What has just happened comes last; the same text does not come twice.
 void QtNotice::Show(const std::string& text) {
-    const QString readable = Readable(QString::fromStdString(text));
-    standing.removeAll(readable);
-    standing.append(readable);
+    Join(Readable(QString::fromStdString(text)));
+    ShowTexts();
+    if (QWidget* dialog = DialogOver(*this)) ShowOver(*dialog);
+}
+
+// What has just happened comes last; the same text does not come twice.
+void QtNotice::Join(const QString& text) {
+    standing.removeAll(text);
+    standing.append(text);
     if (standing.size() > MostTexts) standing.removeFirst();
+}
+
+void QtNotice::ShowTexts() {
     ShowButton(false);
     setText(Joined(standing));
     show();
-    if (QWidget* dialog = DialogOver(*this)) ShowOver(*dialog);
 }
 
 void QtNotice::Offer(const std::string& text, const std::string& button, std::function<void()> press) {
@@ -138,14 +145,12 @@ void QtNotice::ShowOver(QWidget& dialog) {
         over->StandIn(dialog);
     }
     over->below = this;
-    QStringList texts = standing;
-    over->ShowButton(false);
-    over->setText(Joined(texts));
-    over->show();
+    for (const QString& text : standing) over->Join(text);
+    over->ShowTexts();
     // Older texts come to sight in the window when the dialog is closed.
-    while (over->place && texts.size() > 1 && !over->place->HasRoom()) {
-        texts.removeFirst();
-        over->setText(Joined(texts));
+    while (over->place && over->standing.size() > 1 && !over->place->HasRoom()) {
+        over->standing.removeFirst();
+        over->ShowTexts();
     }
 }
 

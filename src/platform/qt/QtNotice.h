@@ -37,6 +37,8 @@ private:
         QString Text, Button;
         std::function<void()> Press;
     };
+    void Join(const QString& text);
+    void ShowTexts();
     void ShowOver(QWidget& dialog);
     void Dismiss();
     void MakeButton();
