@@ -167,9 +167,21 @@ TEST(UndoNoticeOfTracks, StandsInTheDialogBesideItsButtons) {
         auto* button = form->findChild<QWidget*>(name);
         EXPECT_FALSE(place.intersects(QRect(button->mapTo(form, QPoint()), button->size()))) << name;
     }
-    QTest::mouseClick(bar->findChild<QPushButton*>("cmdNotice"), Qt::LeftButton);
+    auto* undo = bar->findChild<QPushButton*>("cmdNotice");
+    notices.Offer("Category See deleted", "undo", [] {}); // of the window behind, as the error is
+    notices.Show("An error");                             // which gives back both offers
+    EXPECT_EQ(bar->text(), "An error");
+    EXPECT_FALSE(undo->isVisible());
+    QTest::mouseClick(bar, Qt::LeftButton, {}, {10, 10});
+    EXPECT_EQ(bar->text(), "Track 3 deleted");
+    ASSERT_TRUE(bar->isVisible() && undo->isVisible());
+    QTest::mouseClick(undo, Qt::LeftButton);
     EXPECT_FALSE(bar->isVisible());
     EXPECT_EQ(form->findChild<QLabel*>("lblRecords")->text(), "1 trackpoint");
+    QTest::mouseClick(form->findChild<QPushButton*>("cmdDelete"), Qt::LeftButton);
+    QTest::mouseClick(bar, Qt::LeftButton, {}, {10, 10}); // away with this offer alone
+    EXPECT_FALSE(bar->isVisible());
+    EXPECT_EQ(notices.text(), "Category See deleted");
     form->close();
 }
 
