@@ -88,6 +88,7 @@ void Categories::cmdAdd_Click() {
 void Categories::cmdChange_Click() {
     if (!HasRow()) return;
     const int place = CategoriesSet.AbsolutePosition();
+    const bool isOther = tKategorie != CurrentName();
     Undo::Deed deed = KeepChanged();
     try {
         Transaction transaction(shared.DataConn);
@@ -99,7 +100,7 @@ void Categories::cmdChange_Click() {
         Reread(place); // the list must not show what the roll back has taken away
         throw;
     }
-    undo.Offer(std::move(deed));
+    if (isOther) undo.Offer(std::move(deed)); // the same again must not take the offer before away
     GridRowChanged();
 }
 
