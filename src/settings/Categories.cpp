@@ -4,6 +4,7 @@
 #include "store/KeptColumn.h"
 #include "store/KeptListRow.h"
 #include "store/Lists.h"
+#include "store/Statement.h"
 
 namespace ornivane {
 
@@ -104,17 +105,28 @@ void Categories::cmdChange_Click() {
     GridRowChanged();
 }
 
+bool Categories::IsCategory(const std::string& name) const {
+    Statement row(shared.DataConn, "SELECT 1 FROM Kategorie WHERE Kategorie = ?");
+    row.Bind(1, name);
+    return row.Step();
+}
+
 // The category as it is now, and of which waypoints it is. Only those that still have the new name get the
-// old one back: what was given to a waypoint since then stays.
+// old one back: what was given to a waypoint since then stays. When no category has the new name any more,
+// those that got it since then follow; those that had it before have it still.
 Undo::Deed Categories::KeepChanged() {
     const std::int64_t row = CategoriesSet.RowId();
     const KeptColumn name(shared.DataConn, "Kategorie", "Kategorie", "rowid = ?", {row});
     const KeptColumn waypoints(shared.DataConn, "Waypoints", "Kategorie", "Kategorie = ?", {CurrentName()});
+    const KeptColumn strays(shared.DataConn, "Waypoints", "Kategorie", "Kategorie = ?", {tKategorie});
     const std::string shown = Undo::NameOf(CategoriesSet, "Kategorie");
     return {"Kategorie " + shown + " geändert", "Category " + shown + " changed", shared.DataConn,
-            [name, waypoints, present = tKategorie] {
+            [this, name, waypoints, strays, before = CurrentName(), present = tKategorie] {
                 name.PutBack();
                 waypoints.PutBackOver(present);
+                if (present.empty() || IsCategory(present)) return;
+                shared.DataConn.Execute(MoveWaypoints, {before, present});
+                strays.PutBackOver(before);
             },
             [this, row] { ShowAgain(row); }};
 }

@@ -123,6 +123,25 @@ TEST_F(CategoriesTest, AChangeIsTakenBackWithAllItsWaypointsAndNoOthers) {
     EXPECT_EQ(List.tKategorie, "Stadt");
 }
 
+// A waypoint that got the new name meanwhile would be in a category that is no more.
+TEST_F(CategoriesTest, WaypointsThatCameIntoARenamedCategoryGoBackWithIt) {
+    Sql("UPDATE Waypoints SET Kategorie = 'Gone' WHERE Name = 'NTM'"); // of a category that is in no list
+    List.tKategorie = "Gone";
+    List.cmdChange_Click();
+    Sql("UPDATE Waypoints SET Kategorie = 'Gone' WHERE Name = 'EDKB'");
+    EXPECT_TRUE(Bar.Press());
+    EXPECT_EQ(Waypoints(), "Bonn Stadt, Aachen stadt, EDKB Stadt, BONN , NTM Gone, ");
+    List.tKategorie = "Platz"; // which is another one
+    List.cmdChange_Click();
+    Sql("UPDATE Waypoints SET Kategorie = 'Platz' WHERE PointID = 4");
+    EXPECT_TRUE(Bar.Press());
+    EXPECT_EQ(Waypoints(), "Bonn Stadt, Aachen stadt, EDKB Stadt, BONN Platz, NTM Gone, ");
+    List.tKategorie.clear();
+    List.cmdChange_Click();
+    EXPECT_TRUE(Bar.Press());
+    EXPECT_EQ(Waypoints(), "Bonn Stadt, Aachen stadt, EDKB Stadt, BONN Platz, NTM Gone, ");
+}
+
 // Any deed in any order, and some of them taken back, beside what the store was before the last one.
 TEST_F(CategoriesTest, AnySequenceOfDeedsIsTakenBackToWhatWasThere) {
     Sql("PRAGMA synchronous = OFF");
