@@ -105,10 +105,17 @@ void Categories::cmdChange_Click() {
     GridRowChanged();
 }
 
-bool Categories::IsCategory(const std::string& name) const {
-    Statement row(shared.DataConn, "SELECT 1 FROM Kategorie WHERE Kategorie = ?");
+std::int64_t Categories::CountOf(const std::string& name) const {
+    Statement rows(shared.DataConn, "SELECT count(*) FROM Kategorie WHERE Kategorie = ?");
+    rows.Bind(1, name);
+    rows.Step();
+    return rows.Integer(0);
+}
+
+std::int64_t Categories::RowOf(const std::string& name) const {
+    Statement row(shared.DataConn, "SELECT rowid FROM Kategorie WHERE Kategorie = ?");
     row.Bind(1, name);
-    return row.Step();
+    return row.Step() ? row.Integer(0) : 0;
 }
 
 // The category as it is now, and of which waypoints it is. Only those that still have the new name get the
@@ -124,20 +131,22 @@ Undo::Deed Categories::KeepChanged() {
             [this, name, waypoints, strays, before = CurrentName(), present = tKategorie] {
                 name.PutBack();
                 waypoints.PutBackOver(present);
-                if (present.empty() || IsCategory(present)) return;
+                if (present.empty() || CountOf(present) > 0) return;
                 shared.DataConn.Execute(MoveWaypoints, {before, present});
                 strays.PutBackOver(before);
             },
             [this, row] { ShowAgain(row); }};
 }
 
+// A category that was added again meanwhile does not come back beside itself; its waypoints do.
 Undo::Deed Categories::KeepDeleted() {
     const KeptListRow row(shared.DataConn, "Kategorie", "1", {}, CategoriesSet.RowId());
     const KeptColumn waypoints(shared.DataConn, "Waypoints", "Kategorie", "Kategorie = ?", {CurrentName()});
     const std::string shown = Undo::NameOf(CategoriesSet, "Kategorie");
     return {"Kategorie " + shown + " gelöscht", "Category " + shown + " deleted", shared.DataConn,
-            [this, row, waypoints] {
-                rowBack = row.PutBack();
+            [this, row, waypoints, name = CurrentName(), count = CountOf(CurrentName())] {
+                const bool isThere = count > 0 && CountOf(name) >= count; // a damaged one has no name
+                rowBack = isThere ? RowOf(name) : row.PutBack();
                 waypoints.PutBackOver("");
             },
             [this] { ShowAgain(rowBack); }};

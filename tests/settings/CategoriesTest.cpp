@@ -142,6 +142,22 @@ TEST_F(CategoriesTest, WaypointsThatCameIntoARenamedCategoryGoBackWithIt) {
     EXPECT_EQ(Waypoints(), "Bonn Stadt, Aachen stadt, EDKB Stadt, BONN Platz, NTM Gone, ");
 }
 
+TEST_F(CategoriesTest, ADeletedCategoryThatWasAddedAgainDoesNotComeBackTwice) {
+    const std::string before = Waypoints();
+    List.cmdDelete_Click();
+    List.tKategorie = "stadt";
+    List.cmdAdd_Click();
+    EXPECT_TRUE(Bar.Press());
+    EXPECT_EQ(Stored(), "1 VOR, 2 stadt, 3 Platz, ");
+    EXPECT_EQ(Waypoints() + List.tKategorie, before + "stadt");
+    Sql("UPDATE Kategorie SET Kategorie = NULL WHERE Nummer = 1");
+    List.Form_Activate();
+    StandOn(1);
+    List.cmdDelete_Click();
+    EXPECT_TRUE(Bar.Press());
+    EXPECT_EQ(Stored(), "1 Null, 2 stadt, 3 Platz, ");
+}
+
 // Any deed in any order, and some of them taken back, beside what the store was before the last one.
 TEST_F(CategoriesTest, AnySequenceOfDeedsIsTakenBackToWhatWasThere) {
     Sql("PRAGMA synchronous = OFF");
