@@ -33,6 +33,7 @@ public:
     static std::string NameOf(const Recordset& rows, const char* field = "Name");
 
     void Offer(Deed deed);
+    bool Stands() const { return deed.has_value(); } // an offer can still be taken
     // Something was done that cannot be taken back: says so, and ends the offer before.
     void Refuse(const char* german, const char* english);
     // The screen is left.

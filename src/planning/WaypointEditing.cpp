@@ -227,16 +227,21 @@ void WaypointEditing::ShowAgain(const Value& point, const std::string& category)
 bool WaypointEditing::cmdChange() {
     if (!CheckEntry("Bitte Name für den Wegpunkt eingeben")) return false;
     Undo::Deed deed = KeepCurrent("geändert", "changed", &KeptRows::PutBackOver);
+    bool isOther = false;
+    const auto set = [&](const char* field, const Value& value) {
+        isOther = isOther || WaypointsSet.Get(field) != value;
+        WaypointsSet.Set(field, value);
+    };
     try {
-        WaypointsSet.Set("Name", tWaypoint[1]);
-        WaypointsSet.Set("Lat", NumberIn(tWaypoint[2]));
-        WaypointsSet.Set("Long", NumberIn(tWaypoint[3]));
+        set("Name", tWaypoint[1]);
+        set("Lat", NumberIn(tWaypoint[2]));
+        set("Long", NumberIn(tWaypoint[3]));
         WaypointsSet.Update();
     } catch (...) {
         WaypointsSet.CancelUpdate(); // or the next step would write half of it
         throw;
     }
-    undo.Offer(std::move(deed));
+    if (isOther) undo.Offer(std::move(deed)); // the same again must not take the offer before away
     ShowWaypoint();
     owner.CenterOnWaypoint();
     return true;

@@ -12,6 +12,7 @@
 #include "platform/qt/GridBinding.h"
 #include "platform/qt/LampButton.h"
 #include "platform/qt/RecordsetModel.h"
+#include "platform/qt/SingleClick.h"
 
 namespace ornivane {
 
@@ -43,6 +44,7 @@ frmRoutePanel::frmRoutePanel(QWidget* parent, RouteEditing& toShow, const Variab
             [this] { Do([this] { routes.PointRowChanged(); }); });
     cmdAddwaypoint = Button("cmdAddwaypoint", [this] { routes.cmdAddwaypoint(); });
     cmdDeleteWaypoint = Button("cmdDeleteWaypoint", [this] { routes.cmdDeleteWaypoint(); });
+    new SingleClick(*cmdDeleteWaypoint);
     column->addWidget(route.Grid, 2);
     column->addWidget(cmdNewRoute);
     column->addWidget(cmdRouteDelete);

@@ -12,6 +12,7 @@
 #include "platform/qt/GridBinding.h"
 #include "platform/qt/LampButton.h"
 #include "platform/qt/RecordsetModel.h"
+#include "platform/qt/SingleClick.h"
 
 namespace ornivane {
 
@@ -177,6 +178,7 @@ void frmWaypointPanel::MakeButtons(QBoxLayout& layout) {
         if (!waypoints.cmdChange()) FocusFaulty();
     });
     cmdDelete = Button("cmdDelete", [this] { waypoints.cmdDelete(); });
+    for (QPushButton* button : {cmdChange, cmdDelete}) new SingleClick(*button);
     row->addWidget(cmdChange, 1);
     row->addWidget(cmdDelete, 1);
     layout.addLayout(row);

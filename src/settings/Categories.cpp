@@ -4,6 +4,7 @@
 #include "store/KeptColumn.h"
 #include "store/KeptListRow.h"
 #include "store/Lists.h"
+#include "store/Statement.h"
 
 namespace ornivane {
 
@@ -88,6 +89,7 @@ void Categories::cmdAdd_Click() {
 void Categories::cmdChange_Click() {
     if (!HasRow()) return;
     const int place = CategoriesSet.AbsolutePosition();
+    const bool isOther = tKategorie != CurrentName();
     Undo::Deed deed = KeepChanged();
     try {
         Transaction transaction(shared.DataConn);
@@ -99,32 +101,52 @@ void Categories::cmdChange_Click() {
         Reread(place); // the list must not show what the roll back has taken away
         throw;
     }
-    undo.Offer(std::move(deed));
+    if (isOther) undo.Offer(std::move(deed)); // the same again must not take the offer before away
     GridRowChanged();
 }
 
+std::int64_t Categories::CountOf(const std::string& name) const {
+    Statement rows(shared.DataConn, "SELECT count(*) FROM Kategorie WHERE Kategorie = ?");
+    rows.Bind(1, name);
+    rows.Step();
+    return rows.Integer(0);
+}
+
+std::int64_t Categories::RowOf(const std::string& name) const {
+    Statement row(shared.DataConn, "SELECT rowid FROM Kategorie WHERE Kategorie = ?");
+    row.Bind(1, name);
+    return row.Step() ? row.Integer(0) : 0;
+}
+
 // The category as it is now, and of which waypoints it is. Only those that still have the new name get the
-// old one back: what was given to a waypoint since then stays.
+// old one back: what was given to a waypoint since then stays. When no category has the new name any more,
+// those that got it since then follow; those that had it before have it still.
 Undo::Deed Categories::KeepChanged() {
     const std::int64_t row = CategoriesSet.RowId();
     const KeptColumn name(shared.DataConn, "Kategorie", "Kategorie", "rowid = ?", {row});
     const KeptColumn waypoints(shared.DataConn, "Waypoints", "Kategorie", "Kategorie = ?", {CurrentName()});
+    const KeptColumn strays(shared.DataConn, "Waypoints", "Kategorie", "Kategorie = ?", {tKategorie});
     const std::string shown = Undo::NameOf(CategoriesSet, "Kategorie");
     return {"Kategorie " + shown + " geändert", "Category " + shown + " changed", shared.DataConn,
-            [name, waypoints, present = tKategorie] {
+            [this, name, waypoints, strays, before = CurrentName(), present = tKategorie] {
                 name.PutBack();
                 waypoints.PutBackOver(present);
+                if (present.empty() || CountOf(present) > 0) return;
+                shared.DataConn.Execute(MoveWaypoints, {before, present});
+                strays.PutBackOver(before);
             },
             [this, row] { ShowAgain(row); }};
 }
 
+// A category that was added again meanwhile does not come back beside itself; its waypoints do.
 Undo::Deed Categories::KeepDeleted() {
     const KeptListRow row(shared.DataConn, "Kategorie", "1", {}, CategoriesSet.RowId());
     const KeptColumn waypoints(shared.DataConn, "Waypoints", "Kategorie", "Kategorie = ?", {CurrentName()});
     const std::string shown = Undo::NameOf(CategoriesSet, "Kategorie");
     return {"Kategorie " + shown + " gelöscht", "Category " + shown + " deleted", shared.DataConn,
-            [this, row, waypoints] {
-                rowBack = row.PutBack();
+            [this, row, waypoints, name = CurrentName(), count = CountOf(CurrentName())] {
+                const bool isThere = count > 0 && CountOf(name) >= count; // a damaged one has no name
+                rowBack = isThere ? RowOf(name) : row.PutBack();
                 waypoints.PutBackOver("");
             },
             [this] { ShowAgain(rowBack); }};

@@ -42,6 +42,8 @@ private:
     // The row at this place, from 1, or the last one.
     void StandOn(int place);
     void Reread(int place);
+    std::int64_t CountOf(const std::string& name) const;
+    std::int64_t RowOf(const std::string& name) const;
     Undo::Deed KeepChanged();
     Undo::Deed KeepDeleted();
     void ShowAgain(std::int64_t rowId);

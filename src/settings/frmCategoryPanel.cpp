@@ -11,6 +11,7 @@
 #include "platform/qt/Events.h"
 #include "platform/qt/GridBinding.h"
 #include "platform/qt/RecordsetModel.h"
+#include "platform/qt/SingleClick.h"
 #include "settings/frmParts.h"
 
 namespace ornivane {
@@ -37,6 +38,7 @@ frmCategoryPanel::frmCategoryPanel(Categories& categories, const Variablen& vari
     cmdAdd = CommandButton("cmdAdd", [this] { list.cmdAdd_Click(); });
     cmdChange = CommandButton("cmdChange", [this] { list.cmdChange_Click(); });
     cmdDelete = CommandButton("cmdDelete", [this] { list.cmdDelete_Click(); });
+    for (QPushButton* button : {cmdChange, cmdDelete}) new SingleClick(*button);
     cmdManager = CommandButton("cmdManager", ways.ShowManager);
     cmdGetWaypoint = CommandButton("cmdGetWaypoint", ways.ShowGetWaypoints);
 

@@ -1,6 +1,8 @@
 #include "tracks/TrackManager.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 
 #include "base/RuntimeError.h"
 #include "store/Backup.h"
@@ -13,12 +15,15 @@ namespace ornivane {
 namespace {
 
 const char* const Backup = "track.bak";
+const char* const KeptBackup = "track.undo";
 const char* const OfTrack = "\"Index\" = ?";
 
 } // namespace
 
 TrackManager::TrackManager(Variablen& variablen, Dialogs& dialogsOf, Undo& lastDeed)
-    : shared(variablen), dialogs(dialogsOf), undo(lastDeed) {}
+    : shared(variablen), dialogs(dialogsOf), undo(lastDeed), undoFrom(Backup) {}
+
+TrackManager::~TrackManager() { DropKeptBackup(); }
 
 void TrackManager::Form_Load() {
     TrackFormConn.Open(shared.ProgramFolder / "track.ovd", Connection::Mode::ReadWrite);
@@ -82,6 +87,7 @@ void TrackManager::cmdDelete_Click() {
     if (!dialogs.AskYesNo(shared.Text("Achtung", "Attention"), message)) return;
     TrackPointsSet.Close(); // a statement that stands on a row would lock the store
     const Choice before{indexes, TrackChosen, ListIndex};
+    KeepBackup();
     const bool hasBackup = BackupTrackStore();
     std::int64_t samples = 0;
     try {
@@ -98,6 +104,25 @@ void TrackManager::cmdDelete_Click() {
     TrackListSet.Requery();
     FillLists();
     ShowTrackPoints();
+}
+
+// A deletion of nothing and one that fails make a new backup, too: what the one before deleted can still be
+// brought back.
+void TrackManager::KeepBackup() {
+    if (!undo.Stands() || undoFrom == KeptBackup) return;
+    std::error_code error;
+    std::filesystem::copy_file(shared.ProgramFolder / Backup, shared.ProgramFolder / KeptBackup,
+                               std::filesystem::copy_options::overwrite_existing, error);
+    if (error)
+        DropKeptBackup();
+    else
+        undoFrom = KeptBackup;
+}
+
+void TrackManager::DropKeptBackup() {
+    std::error_code ignored;
+    std::filesystem::remove(shared.ProgramFolder / KeptBackup, ignored);
+    undoFrom = Backup;
 }
 
 bool TrackManager::BackupTrackStore() {
@@ -124,6 +149,7 @@ std::int64_t TrackManager::DeleteTracks(const std::vector<std::int64_t>& indexes
 }
 
 void TrackManager::OfferUndo(const Choice& before, std::int64_t samples) {
+    DropKeptBackup();
     const std::size_t count = before.Selected.size();
     const std::string tracks =
         count == 1 ? "Track " + std::to_string(before.Selected.front()) : std::to_string(count) + " Tracks";
@@ -136,7 +162,7 @@ void TrackManager::OfferUndo(const Choice& before, std::int64_t samples) {
 // deleted, or some would be missing and nobody would know.
 void TrackManager::BringBack(const std::vector<std::int64_t>& indexes, std::int64_t samples) {
     Connection backup;
-    backup.Open(shared.ProgramFolder / Backup, Connection::Mode::ReadOnly);
+    backup.Open(shared.ProgramFolder / undoFrom, Connection::Mode::ReadOnly);
     std::int64_t rows = 0, back = 0;
     for (const std::int64_t index : indexes) {
         rows += KeptRows::Copy(backup, TrackFormConn, "List", OfTrack, {index});
@@ -144,8 +170,8 @@ void TrackManager::BringBack(const std::vector<std::int64_t>& indexes, std::int6
     }
     if (rows != static_cast<std::int64_t>(indexes.size()) || back != samples)
         throw RuntimeError(ErrorNumber::StoreError,
-                           std::string(Backup) + shared.Text(": nicht die gelöschten Tracks",
-                                                             ": not the tracks that were deleted"));
+                           std::string(undoFrom) + shared.Text(": nicht die gelöschten Tracks",
+                                                               ": not the tracks that were deleted"));
 }
 
 void TrackManager::ShowAgain(const Choice& before) {

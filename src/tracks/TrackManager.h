@@ -25,6 +25,9 @@ public:
 
     // `undo`: takes back the last deletion, from the backup that was made before it.
     TrackManager(Variablen& variablen, Dialogs& dialogs, Undo& undo);
+    ~TrackManager();
+    TrackManager(const TrackManager&) = delete;
+    TrackManager& operator=(const TrackManager&) = delete;
 
     // RuntimeError FileNotFound or StoreError when there is no track store.
     void Form_Load();
@@ -54,6 +57,8 @@ private:
         std::vector<bool> TrackChosen;
         int ListIndex = -1;
     };
+    void KeepBackup();
+    void DropKeptBackup();
     bool BackupTrackStore();
     // Returns how many samples they had.
     std::int64_t DeleteTracks(const std::vector<std::int64_t>& indexes);
@@ -65,6 +70,7 @@ private:
     Variablen& shared;
     Dialogs& dialogs;
     Undo& undo;
+    const char* undoFrom; // the file that has what the last deletion deleted
     Connection TrackFormConn;
     Recordset TrackListSet;
     // What was chosen, by row. A deletion leaves it as it is, so that the first click on a row that moved up

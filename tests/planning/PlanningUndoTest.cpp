@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "planning/ListsFixture.h"
+#include "planning/RouteImport.h"
 
 namespace ornivane {
 namespace {
@@ -234,6 +235,7 @@ public:
     void DeleteRoute();
     void AddPoint();
     void DeletePoint();
+    void Import();
     void TakeBack();
     void LookElsewhere();
     void Compare(int step);
@@ -327,6 +329,33 @@ void RandomPlanning::DeletePoint() {
     };
 }
 
+// A route through a new waypoint and the current one.
+void RandomPlanning::Import() {
+    const bool hasWaypoints = !Expected.Waypoints.empty();
+    const std::string name = "R" + std::to_string(Expected.NextRoute);
+    Recordset file;
+    file.AppendField({"Name", FieldType::Text});
+    file.AppendField({"Lat", FieldType::Double});
+    file.AppendField({"Long", FieldType::Double});
+    file.OpenDetached();
+    Texts points{"N" + std::to_string(Expected.NextPoint)};
+    if (HasWaypoint()) points.push_back(CurrentName());
+    for (const std::string& point : points) {
+        file.AddNew();
+        file.Set("Name", point);
+        file.Set("Lat", 10.0);
+        file.Set("Long", 20.0);
+        file.Update();
+    }
+    Boxes.File = Folder.Path() / (name + ".ovr");
+    file.Save(*Boxes.File);
+    RouteImport(Shared, Boxes, {[this] { Points.ReadAgain(); }, &Routes.RoutesSet, &Routes.RoutePointsSet})
+        .GetRoute();
+    if (hasWaypoints) Expected.Waypoints[Expected.NextPoint++] = points.front() + " 10.0 ";
+    Expected.Routes.push_back({Expected.NextRoute++, name, hasWaypoints ? points : Texts()});
+    EXPECT_EQ(Routes.RoutesSet.Text("Name"), name);
+}
+
 void RandomPlanning::TakeBack() {
     ASSERT_EQ(Bar.Press(), static_cast<bool>(Reverse));
     if (!Reverse) return;
@@ -399,7 +428,7 @@ TEST_F(RandomPlanning, AnySequenceOfDeedsLeavesStoreAndListsAsASimpleModelHasThe
         &RandomPlanning::AddPoint,    &RandomPlanning::AddPoint,       &RandomPlanning::DeletePoint,
         &RandomPlanning::DeletePoint, &RandomPlanning::TakeBack,       &RandomPlanning::TakeBack,
         &RandomPlanning::TakeBack,    &RandomPlanning::LookElsewhere,  &RandomPlanning::Move,
-        &RandomPlanning::Move};
+        &RandomPlanning::Import};
     for (int step = 0; step < 1500 && !HasFatalFailure(); ++step) {
         (this->*deeds[static_cast<std::size_t>(Random(static_cast<int>(std::size(deeds))))])();
         Compare(step);

@@ -35,6 +35,16 @@ protected:
         }
     }
     QPushButton& UndoButton() { return *Notices.findChild<QPushButton*>("cmdNotice"); }
+    static void DoubleClick(QWidget& button) {
+        QTest::mouseClick(&button, Qt::LeftButton);
+        const QPointF at = button.rect().center();
+        for (const auto type : {QEvent::MouseButtonDblClick, QEvent::MouseButtonRelease}) {
+            const bool isUp = type == QEvent::MouseButtonRelease;
+            QMouseEvent event(type, at, button.mapToGlobal(at), Qt::LeftButton,
+                              isUp ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(&button, &event);
+        }
+    }
     void Settle() { QCoreApplication::processEvents(); }
     std::string Offer() {
         Settle();
@@ -132,6 +142,31 @@ TEST_F(UndoNoticeTest, AnErrorStandsOverTheOfferAndGivesItBack) {
     EXPECT_EQ(Offer(), "");
 }
 
+// A hand that clicks twice by habit does once what can be taken back once.
+TEST_F(UndoNoticeTest, ADoubleClickDeletesAndChangesOnce) {
+    AddRoute("A", {6.3, 7.0, 7.3});
+    RouteRoom.RoutesSet.Requery();
+    const auto store = [this] {
+        return std::vector{Rows("SELECT * FROM Waypoints ORDER BY PointID"),
+                           Rows("SELECT * FROM GpsPoints ORDER BY Nummer")};
+    };
+    const auto before = store();
+    for (const char* name : {"cmdDelete", "cmdDeleteWaypoint", "cmdChange"}) {
+        WaypointRoom.tWaypoint[2] = "-47.5"; // shows without its sign once it is stored
+        DoubleClick(Find<QWidget>(name));
+        EXPECT_NE(store(), before) << name;
+        QTest::mouseClick(&UndoButton(), Qt::LeftButton);
+        EXPECT_EQ(store(), before) << name;
+    }
+    // What is written a second time as it stands there changes nothing, and leaves what there is to undo.
+    WaypointRoom.tWaypoint[1] = "Other";
+    Click("cmdChange");
+    Click("cmdChange");
+    EXPECT_EQ(Offer(), "Waypoint aachen changed +");
+    QTest::mouseClick(&UndoButton(), Qt::LeftButton);
+    EXPECT_EQ(store(), before);
+}
+
 TEST_F(UndoNoticeTest, TheChangeButtonNamesTheRowItWritesAndKeepsItsPlace) {
     auto& button = Find<QPushButton>("cmdChange");
     const QRect place = button.geometry();
@@ -190,9 +225,21 @@ TEST(UndoNoticeOfTracks, StandsInTheDialogBesideItsButtons) {
         auto* button = form->findChild<QWidget*>(name);
         EXPECT_FALSE(place.intersects(QRect(button->mapTo(form, QPoint()), button->size()))) << name;
     }
-    QTest::mouseClick(bar->findChild<QPushButton*>("cmdNotice"), Qt::LeftButton);
+    auto* undo = bar->findChild<QPushButton*>("cmdNotice");
+    notices.Offer("Category See deleted", "undo", [] {}); // of the window behind, as the error is
+    notices.Show("An error");                             // which gives back both offers
+    EXPECT_EQ(bar->text(), "An error");
+    EXPECT_FALSE(undo->isVisible());
+    QTest::mouseClick(bar, Qt::LeftButton, {}, {10, 10});
+    EXPECT_EQ(bar->text(), "Track 3 deleted");
+    ASSERT_TRUE(bar->isVisible() && undo->isVisible());
+    QTest::mouseClick(undo, Qt::LeftButton);
     EXPECT_FALSE(bar->isVisible());
     EXPECT_EQ(form->findChild<QLabel*>("lblRecords")->text(), "1 trackpoint");
+    QTest::mouseClick(form->findChild<QPushButton*>("cmdDelete"), Qt::LeftButton);
+    QTest::mouseClick(bar, Qt::LeftButton, {}, {10, 10}); // away with this offer alone
+    EXPECT_FALSE(bar->isVisible());
+    EXPECT_EQ(notices.text(), "Category See deleted");
     form->close();
 }
 

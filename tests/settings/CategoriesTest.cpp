@@ -104,6 +104,7 @@ TEST_F(CategoriesTest, AChangeIsTakenBackWithAllItsWaypointsAndNoOthers) {
     List.tKategorie = "Platz"; // both are one category then
     List.cmdChange_Click();
     EXPECT_EQ(Bar.Text, "Category Stadt changed [&undo]");
+    List.cmdChange_Click(); // a second time changes nothing
     EXPECT_TRUE(Bar.Press());
     EXPECT_EQ(Stored() + Waypoints(), "1 Stadt, 2 VOR, 3 Platz, " + before);
     EXPECT_EQ(List.tKategorie, "Stadt");
@@ -120,6 +121,41 @@ TEST_F(CategoriesTest, AChangeIsTakenBackWithAllItsWaypointsAndNoOthers) {
     EXPECT_EQ(Stored(), "1 Stadt, 2 VOR, 3 Platz, 4 Added, ");
     EXPECT_EQ(Waypoints(), "Bonn Stadt, Aachen Added, EDKB Platz, BONN , NTM VOR, ");
     EXPECT_EQ(List.tKategorie, "Stadt");
+}
+
+// A waypoint that got the new name meanwhile would be in a category that is no more.
+TEST_F(CategoriesTest, WaypointsThatCameIntoARenamedCategoryGoBackWithIt) {
+    Sql("UPDATE Waypoints SET Kategorie = 'Gone' WHERE Name = 'NTM'"); // of a category that is in no list
+    List.tKategorie = "Gone";
+    List.cmdChange_Click();
+    Sql("UPDATE Waypoints SET Kategorie = 'Gone' WHERE Name = 'EDKB'");
+    EXPECT_TRUE(Bar.Press());
+    EXPECT_EQ(Waypoints(), "Bonn Stadt, Aachen stadt, EDKB Stadt, BONN , NTM Gone, ");
+    List.tKategorie = "Platz"; // which is another one
+    List.cmdChange_Click();
+    Sql("UPDATE Waypoints SET Kategorie = 'Platz' WHERE PointID = 4");
+    EXPECT_TRUE(Bar.Press());
+    EXPECT_EQ(Waypoints(), "Bonn Stadt, Aachen stadt, EDKB Stadt, BONN Platz, NTM Gone, ");
+    List.tKategorie.clear();
+    List.cmdChange_Click();
+    EXPECT_TRUE(Bar.Press());
+    EXPECT_EQ(Waypoints(), "Bonn Stadt, Aachen stadt, EDKB Stadt, BONN Platz, NTM Gone, ");
+}
+
+TEST_F(CategoriesTest, ADeletedCategoryThatWasAddedAgainDoesNotComeBackTwice) {
+    const std::string before = Waypoints();
+    List.cmdDelete_Click();
+    List.tKategorie = "stadt";
+    List.cmdAdd_Click();
+    EXPECT_TRUE(Bar.Press());
+    EXPECT_EQ(Stored(), "1 VOR, 2 stadt, 3 Platz, ");
+    EXPECT_EQ(Waypoints() + List.tKategorie, before + "stadt");
+    Sql("UPDATE Kategorie SET Kategorie = NULL WHERE Nummer = 1");
+    List.Form_Activate();
+    StandOn(1);
+    List.cmdDelete_Click();
+    EXPECT_TRUE(Bar.Press());
+    EXPECT_EQ(Stored(), "1 Null, 2 stadt, 3 Platz, ");
 }
 
 // Any deed in any order, and some of them taken back, beside what the store was before the last one.
@@ -145,6 +181,7 @@ TEST_F(CategoriesTest, AnySequenceOfDeedsIsTakenBackToWhatWasThere) {
         } else {
             before = present;
             List.tKategorie = "K" + std::to_string(dice() % 10);
+            if (List.tKategorie == current) List.tKategorie += " again";
             deed == 1 ? List.cmdChange_Click() : List.cmdDelete_Click();
             present = Stored() + Waypoints();
             if (dice() % 2 == 0) continue;

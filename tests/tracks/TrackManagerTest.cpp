@@ -151,10 +151,21 @@ TEST_F(TrackManagerTest, DeletedTracksComeBackFromTheBackupWithTheirChoice) {
     EXPECT_EQ(bytes(), before);
     EXPECT_EQ(Selected() + Manager.lblRecords, "1 4 2 trackpoints");
     EXPECT_EQ(Manager.ListIndex, 0);
+    Manager.cmdDelete_Click();
+    for (int i = 0; i < 2; ++i) Manager.cmdDelete_Click(); // of nothing, which makes a backup as well
+    EXPECT_EQ(Boxes.Shown.back(), "Attention|No tracks selected");
+    EXPECT_EQ(Bar.Text, "2 Tracks deleted [&undo]");
+    Manager.SelectAll();
+    Logger.Execute("CREATE TRIGGER refuse BEFORE DELETE ON List BEGIN SELECT RAISE(ABORT, 'no'); END");
+    EXPECT_THROW(Manager.cmdDelete_Click(), RuntimeError); // nor does one that fails
+    EXPECT_TRUE(Bar.Press());
+    EXPECT_EQ(bytes(), before);
+    Logger.Execute("DROP TRIGGER refuse");
     Manager.listTrack_MouseUp(0);
     EXPECT_EQ(Selected(), "4 "); // chosen rows toggle as before
     Manager.cmdDelete_Click();
     EXPECT_EQ(Bar.Text, "Track 4 deleted [&undo]");
+    EXPECT_FALSE(std::filesystem::exists(Folder.Path() / "track.undo"));
 }
 
 TEST_F(TrackManagerTest, ADeletionThatCannotBeTakenBackSaysSo) {

@@ -156,7 +156,7 @@ void QtNotice::ShowOver(QWidget& dialog) {
 
 // A text that stood over an offer gives it back.
 void QtNotice::Dismiss() {
-    const bool stood = !standing.isEmpty();
+    const bool stood = !standing.isEmpty() || !cmdNotice->isVisibleTo(this);
     standing.clear();
     if (offered && stood) {
         ShowOffer();
@@ -168,6 +168,7 @@ void QtNotice::Dismiss() {
 
 void QtNotice::mousePressEvent(QMouseEvent* event) {
     if (below) below->Dismiss();
+    below = nullptr; // a click on what this one offers leaves the other in peace
     Dismiss();
     event->accept();
 }
