@@ -59,6 +59,8 @@ function(ornivane_test folder)
     add_executable(test_${folder} ${sources})
     target_include_directories(test_${folder} PRIVATE ${PROJECT_SOURCE_DIR}/tests ${PROJECT_SOURCE_DIR})
     target_link_libraries(test_${folder} PRIVATE ornivane_flags ${ARG_DEPENDS} GTest::gtest GTest::gmock GTest::gtest_main)
+    # What is tested is compiled as what users run; the tests around it are compiled in half the time.
+    target_compile_options(test_${folder} PRIVATE -O0 -g1)
     target_compile_definitions(test_${folder} PRIVATE SOURCE_DIR="${PROJECT_SOURCE_DIR}" BINARY_DIR="${PROJECT_BINARY_DIR}")
     gtest_discover_tests(test_${folder} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300
       ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
