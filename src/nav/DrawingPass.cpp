@@ -9,9 +9,8 @@
 
 namespace ornivane {
 
-DrawingPass::DrawingPass(const DrawingPassRooms& passRooms, std::function<void(const RuntimeError&)> report)
-    : rooms(passRooms), reportError(std::move(report)), waypoints(passRooms.Shared.DataConn),
-      airfields(passRooms.Shared.AirfieldConn) {}
+DrawingPass::DrawingPass(const DrawingPassRooms& passRooms)
+    : rooms(passRooms), waypoints(passRooms.Shared.DataConn), airfields(passRooms.Shared.AirfieldConn) {}
 
 void DrawingPass::Pass(const std::function<void()>& steps) {
     // Stepping to the next point inside a pass moves the grid's row, which asks for a redraw: one redraw is
@@ -140,13 +139,8 @@ void DrawingPass::DrawActiveLeg(MapSymbols* symbols) {
     if (!rooms.Route.ActiveTarget(target)) return;
     const Position current{rooms.State.CurLat, rooms.State.CurLong};
     if (symbols) symbols->DrawLeg(current, target, Blue);
-    try {
-        rooms.ActiveLeg.UpdateLeg(target, current, rooms.Route.GotoActive,
-                                  [this] { rooms.Route.cmdNext_Click(); });
-    } catch (const RuntimeError& error) {
-        reportError(error);
-        throw;
-    }
+    rooms.ActiveLeg.UpdateLeg(target, current, rooms.Route.GotoActive,
+                              [this] { rooms.Route.cmdNext_Click(); });
     rooms.Route.RefreshRouteList();
 }
 

@@ -37,8 +37,7 @@ struct DrawingPassRooms {
 // kept from one redraw to the next. All navigation values are recomputed here and nowhere else.
 class DrawingPass {
 public:
-    // `report` is told of an error of the leg calculation, which ends the pass.
-    DrawingPass(const DrawingPassRooms& rooms, std::function<void(const RuntimeError&)> report);
+    explicit DrawingPass(const DrawingPassRooms& rooms);
 
     // The single entry into a redraw. Does nothing without maps and while a pass is running. While the map
     // cannot be shown the sheet stays blank, and what a pass computes is computed all the same. Any error
@@ -72,7 +71,6 @@ private:
     void DrawWaypoints(MapSymbols& symbols, const MapTransform& transform);
 
     DrawingPassRooms rooms;
-    std::function<void(const RuntimeError&)> reportError;
     WaypointWindow waypoints;
     AirfieldBook airfields;
     Statement routePoints;

@@ -21,8 +21,7 @@ FlyingScreen::FlyingScreen(const FlyingScreenWorld& w, std::function<void()> sta
       Airspace(w.Shared, State, Flags, [this] { UpdateMap(); }),
       Qnh(w.Shared, w.SystemClock, [this] { UpdateMap(); }),
       Faults(w.Shared, [this](const std::string& text) { world.Notices.Show(text); }),
-      Pass({w.Shared, State, Flags, Map, Ring, Route, ActiveLeg, Airspace, Faults, w.picStorage, w.picMap},
-           [this](const RuntimeError& error) { Faults.Tell(DrawingFaults::Layer::Whole, error); }),
+      Pass({w.Shared, State, Flags, Map, Ring, Route, ActiveLeg, Airspace, Faults, w.picStorage, w.picMap}),
       world(w), changed(std::move(stateChanged)), focusMap(std::move(focusOnMap)),
       chartsChanged(w.Shared.ChartsChanged, [this] { Map.ChartsChanged(); }) {
     Link.SetInterpreter(gps);

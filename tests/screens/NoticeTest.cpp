@@ -7,6 +7,7 @@
 
 #include "platform/qt/SurfaceWidget.h"
 #include "screens/FlyingFormFixture.h"
+#include "screens/WindowAround.h"
 
 namespace ornivane {
 namespace {
@@ -125,14 +126,8 @@ TEST_F(NoticeTest, SeveralTextsStandTogetherUntilAClickAndNoneTwice) {
 
 // At the smallest size of the window, below the toolbar.
 TEST_F(FlyingFormTest, TheNoticeShowsAllItsLinesAndTheFormGivesWayNoFurtherThanItCan) {
-    auto* window = new QWidget; // the fixture's form outlives it
-    auto* rows = new QVBoxLayout(window);
-    rows->setContentsMargins(0, 0, 0, 0);
-    rows->addWidget(&Form);
     auto* bar = new QtNotice;
-    bar->StandIn(*window);
-    window->resize(1024, 646);
-    window->show();
+    QWidget* window = WindowAround(Form, *bar, 646);
     Form.Form_Activate();
     const QSize whole = Form.size();
     for (const std::string& text : {std::string("Short."), Long, Long + "!", Long + "?"}) {
@@ -152,13 +147,7 @@ TEST_F(FlyingFormTest, TheNoticeShowsAllItsLinesAndTheFormGivesWayNoFurtherThanI
 
 // What is told in the middle of a redraw makes the map lower, but not before the redraw has ended.
 TEST_F(FlyingFormTest, ANoticeLeavesTheRedrawThatItComesFromWhole) {
-    auto* window = new QWidget; // the fixture's form and notice outlive it
-    auto* rows = new QVBoxLayout(window);
-    rows->setContentsMargins(0, 0, 0, 0);
-    rows->addWidget(&Form);
-    Notices.StandIn(*window);
-    window->resize(1024, 700);
-    window->show();
+    QWidget* window = WindowAround(Form, Notices, 700);
     Form.Form_Activate();
     FlyingScreen& screen = Form.Logic();
     Fix();

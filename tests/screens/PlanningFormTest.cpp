@@ -17,6 +17,7 @@
 #include "platform/qt/LampButton.h"
 #include "platform/qt/QtNotice.h"
 #include "platform/qt/SurfaceWidget.h"
+#include "screens/WindowAround.h"
 #include "support/FlightFolder.h"
 #include "support/ScriptedDialogs.h"
 
@@ -229,13 +230,7 @@ TEST_F(PlanningFormTest, AChoiceOfMapsAndTheLanguageShowAtOnce) {
 }
 
 TEST_F(PlanningFormTest, WhatIsToldInARedrawLeavesItsPointsInTheirPlaces) {
-    auto* window = new QWidget; // the fixture's form and notice outlive it
-    auto* rows = new QVBoxLayout(window);
-    rows->setContentsMargins(0, 0, 0, 0);
-    rows->addWidget(&Form);
-    Notices.StandIn(*window);
-    window->resize(1024, 700);
-    window->show();
+    QWidget* window = WindowAround(Form, Notices, 700);
     QTest::qWait(0);
     Form.Logic().Map.SetSlide(100); // the whole chart: its scale is that of the view's height
     const int height = Picture().height();
