@@ -31,11 +31,11 @@ struct Sky : Flight {
         OpenAirfields();
         Screen->Form_Deactivate();
         Screen->Form_Activate();
-        Screen->State.CurLat = 49.4;
-        Screen->State.CurLong = 17.3;
-        Screen->State.lblAlt = "5000";
+        Screen->State.CurLat = Latitude(49.4);
+        Screen->State.CurLong = Longitude(17.3);
+        Screen->State.lblAlt = Readout(5000, Formats::Feet);
         Screen->Map.InitializeData();
-        Screen->Map.cmdKartezentrieren_Click();
+        Screen->cmdKartezentrieren_Click();
     }
     // 360 airspaces of 14 points.
     void OpenAirspace() {
@@ -89,9 +89,9 @@ Sky& TheSky() {
 void Redraws(benchmark::State& state, const DisplayFlags& flags) {
     Sky& sky = TheSky();
     sky.Screen->Flags = flags;
-    sky.Screen->Map.SetSlide(static_cast<int>(state.range(0)));
+    sky.Screen->SetSlide(static_cast<int>(state.range(0)));
     for (auto _ : state) {
-        sky.Screen->State.CurLong += 0.00001;
+        sky.Screen->State.CurLong = Longitude(sky.Screen->State.CurLong.Degrees() + 0.00001);
         sky.Screen->UpdateMap();
     }
 }

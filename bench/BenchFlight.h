@@ -69,13 +69,13 @@ struct Flight : ChartFolder {
         Screen = std::make_unique<FlyingScreen>(
             FlyingScreenWorld{Shared, Port, CheckTimer, TrackTimer, Clock, Chart, Surface, Card, Dial, Wind,
                               ProgressBar, Boxes, Notices},
-            [] {}, [] {});
+            [] {}, [](FocusBy) {});
         Screen->Form_Load();
         Screen->Form_Activate();
         Screen->Readouts.gps_FixObtained();
-        Screen->State.CurLat = 50;
-        Screen->State.CurLong = 9;
-        Screen->Map.cmdKartezentrieren_Click();
+        Screen->State.CurLat = Latitude(50);
+        Screen->State.CurLong = Longitude(9);
+        Screen->cmdKartezentrieren_Click();
     }
 
     IdlePort Port;

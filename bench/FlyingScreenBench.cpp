@@ -35,14 +35,13 @@ struct Cockpit : ChartFolder {
         Form->Form_Activate();
         FlyingScreen& screen = Form->Logic();
         screen.Readouts.gps_FixObtained();
-        screen.Link.picGPSCheck[1].Visible = true;
         screen.Readouts.gps_BearingReceived("090");
-        screen.State.CurLat = 50;
-        screen.State.CurLong = 9;
+        screen.State.CurLat = Latitude(50);
+        screen.State.CurLong = Longitude(9);
         screen.State.HadPosition = true;
-        screen.Map.cmdKartezentrieren_Click();
+        screen.cmdKartezentrieren_Click();
         screen.SetShowRoute(true);
-        screen.Route.cmdActivateGoto_Click();
+        screen.cmdActivateGoto_Click();
         screen.Instruments.lblVOR1 = "Punkt 5000";
         QApplication::processEvents();
     }
@@ -56,7 +55,7 @@ struct Cockpit : ChartFolder {
     SetClock Clock;
     ScriptedDialogs Boxes;
     QtNotice Notices;
-    EventGuard Guard{Notices, [] { return true; }};
+    EventGuard Guard{Notices, Shared};
     std::unique_ptr<frmGPSmain> Form;
 };
 
@@ -80,14 +79,14 @@ void StepToNextPoint(benchmark::State& state) {
     Screen().Route.RoutePointsSet.SetAbsolutePosition(1000);
     bool forwards = true;
     for (auto _ : state) {
-        forwards ? Screen().Route.cmdNext_Click() : Screen().Route.cmdPrev_Click();
+        forwards ? Screen().cmdNext_Click() : Screen().cmdPrev_Click();
         forwards = !forwards;
         TheCockpit().Painted();
     }
 }
 
 void RefreshRouteList(benchmark::State& state) {
-    for (auto _ : state) Screen().Route.RefreshRouteList();
+    for (auto _ : state) Screen().RefreshRouteList();
 }
 
 // A letter typed into the search of the VOR.
@@ -103,16 +102,16 @@ void IncrementalSearch(benchmark::State& state) {
 void Redraw(benchmark::State& state) {
     FlyingScreen& screen = Screen();
     screen.Flags.ShowNames = state.range(1) != 0;
-    screen.Map.SetSlide(static_cast<int>(state.range(0)));
+    screen.SetSlide(static_cast<int>(state.range(0)));
     for (auto _ : state) {
-        screen.State.CurLong += 0.00001;
+        screen.State.CurLong = Longitude(screen.State.CurLong.Degrees() + 0.00001);
         screen.UpdateMap();
         TheCockpit().Painted();
     }
 }
 
 void TurnInstrument(benchmark::State& state) {
-    constexpr const char* modes[] = {"Kurs", "VOR", "HSI"};
+    constexpr DialMode modes[] = {DialMode::Heading, DialMode::Vor, DialMode::Hsi};
     Instrument& dial = Screen().Instruments;
     dial.InstrumentMode = modes[state.range(0)];
     dial.lblKurs = "045";
@@ -131,7 +130,7 @@ void ReceiveReadouts(benchmark::State& state) {
         screen.Readouts.gps_BearingReceived(std::to_string(track++ % 360));
         screen.Readouts.gps_SpeedReceived(std::to_string(100 + track % 9));
         screen.Readouts.gps_AltitudeReceived(std::to_string(500 + track % 9));
-        screen.Route.RefreshRouteList();
+        screen.RefreshRouteList();
         TheCockpit().Form->ApplyLanguage();
         TheCockpit().Painted();
     }
@@ -142,12 +141,12 @@ void LogSample(benchmark::State& state) {
     Cockpit& cockpit = TheCockpit();
     TrackLogger& logger = Screen().Logger;
     if (!logger.IsRunning()) {
-        logger.cmdRecord_Click();
+        Screen().cmdRecord_Click();
         cockpit.Shared.TrackConn.Execute("PRAGMA synchronous = OFF");
-        for (int i = 0; i < 100000; ++i) logger.timeTrack_Timer();
+        for (int i = 0; i < 100000; ++i) logger.timeTrack_Timer(true);
         cockpit.Shared.TrackConn.Execute("PRAGMA synchronous = FULL");
     }
-    for (auto _ : state) logger.timeTrack_Timer();
+    for (auto _ : state) logger.timeTrack_Timer(true);
     state.counters["samples"] = static_cast<double>(logger.TrackSampleCount);
 }
 

@@ -4,10 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "gps/NmeaInterpreter.h"
-#include "gps/SentenceFraming.h"
-#include "gps/TalkerTwins.h"
-#include "gps/WholeLines.h"
+#include "gps/NmeaSink.h"
+#include "support/SetClock.h"
 
 namespace ornivane {
 namespace {
@@ -62,14 +60,11 @@ constexpr std::int64_t SentencesInBurst = 7;
 struct Stream {
     Counter Heard;
     NmeaInterpreter gps{Heard};
-    SentenceFraming framing{gps};
-    WholeLines lines;
-    TalkerTwins twins;
+    SetClock Clock;
+    Language German;
+    NmeaSink Sink{gps, Clock, German};
 
-    void Receive(std::string_view chunk) {
-        for (const WholeLines::Piece& piece : lines.Take(chunk))
-            if (piece.IsSentences) framing.HandleInput(twins.Turn(piece.Bytes, 0));
-    }
+    void Receive(std::string_view chunk) { Sink.HandleInput(chunk); }
 };
 
 void BurstDeliveredWhole(benchmark::State& state) {

@@ -57,7 +57,7 @@ struct Desk {
     std::unique_ptr<ChartFolder> Made;
     ScriptedDialogs Boxes;
     QtNotice Notices;
-    EventGuard Guard{Notices, [] { return true; }};
+    EventGuard Guard{Notices, Own};
     std::unique_ptr<frmPlanung> Form;
     SurfaceWidget* Map = nullptr;
 };
@@ -87,10 +87,11 @@ void Drag(benchmark::State& state) {
 void MoveWhileMeasuring(benchmark::State& state) {
     Desk& desk = TheDesk();
     desk.Zoom(state);
-    desk.Form->Logic().Map.cmdMessen_Click();
+    PlanningScreen& screen = desk.Form->Logic();
+    screen.Act(screen.Map.cmdMessen_Click());
     double x = 100;
     for (auto _ : state) desk.Mouse(QEvent::MouseMove, x = x < 900 ? x + 7 : 100, 400, Qt::NoButton);
-    desk.Form->Logic().Map.picMessen_Click();
+    screen.Act(screen.Map.picMessen_Click());
 }
 
 void StepToTheNextWaypoint(benchmark::State& state) {

@@ -11,8 +11,6 @@
 #include "planning/ListsFixture.h"
 #include "planning/frmRoutePanel.h"
 #include "planning/frmWaypointPanel.h"
-#include "platform/qt/Events.h"
-#include "platform/qt/QtNotice.h"
 #include "platform/qt/Theme.h"
 
 namespace {
@@ -41,14 +39,26 @@ struct Planning : PlanningLists {
         AddRoute("R", std::vector<double>(100, 7.0));
         Load();
         auto* row = new QHBoxLayout(&Window);
-        Left = new frmWaypointPanel(
-            &Window, Points, Shared, Guard, [this] { Routes.cmdAddwaypoint(); }, [] {});
+        const auto run = [this](const frmListPanel::Event& event) {
+            event();
+            ShowState();
+        };
+        const auto addCurrent = [this] { return Routes.cmdAddwaypoint(Points.Current()); };
+        Left = new frmWaypointPanel(&Window, Points, Shared, run, addCurrent);
+        Left->ApplyLanguage();
         row->addWidget(Left);
-        row->addWidget(new frmRoutePanel(
-            &Window, Routes, Shared, Guard, [] {}, [] {}));
+        Right = new frmRoutePanel(&Window, Routes, Shared, run, addCurrent);
+        row->addWidget(Right);
         Window.resize(1024, 1000);
         Window.show();
         Paint();
+    }
+    void ShowState() {
+        Left->Show(Points, Points.OtherTarget());
+        Left->ShowSelection();
+        if (!Right) return; // the panels are being made
+        Right->Show(Routes);
+        Right->ShowSelection();
     }
     void Paint() {
         Application().processEvents();
@@ -60,10 +70,9 @@ struct Planning : PlanningLists {
         emit field->textEdited(text);
     }
 
-    QtNotice Notices;
-    EventGuard Guard{Notices, [] { return true; }};
     QWidget Window;
     frmWaypointPanel* Left = nullptr;
+    frmRoutePanel* Right = nullptr;
 };
 
 Planning& Lists() {
@@ -99,7 +108,7 @@ void Category(benchmark::State& state) {
     std::size_t i = 0;
     for (auto _ : state) {
         lists.Points.ChooseCategory(names[i++ % 2]);
-        lists.Left->ShowState();
+        lists.ShowState();
         lists.Paint();
     }
     lists.Points.FillCategories();
@@ -109,7 +118,7 @@ void Activation(benchmark::State& state) {
     Planning& lists = Lists();
     for (auto _ : state) {
         lists.Points.FillCategories();
-        lists.Left->ShowState();
+        lists.ShowState();
         lists.Paint();
     }
 }
@@ -120,7 +129,7 @@ void AddAndDelete(benchmark::State& state) {
         lists.Points.tWaypoint = {"", "Mzz new", "47.4", "8.3"};
         lists.Points.cmdNew();
         lists.Points.cmdDelete();
-        lists.Left->ShowState();
+        lists.ShowState();
         lists.Paint();
     }
 }
@@ -128,7 +137,7 @@ void AddAndDelete(benchmark::State& state) {
 void AddRoutePoint(benchmark::State& state) {
     Planning& lists = Lists();
     for (auto _ : state) {
-        lists.Routes.cmdAddwaypoint();
+        lists.AddCurrent();
         lists.Routes.cmdDeleteWaypoint();
         lists.Paint();
     }

@@ -23,7 +23,7 @@ Flight& TheFlight() {
 
 void Zoom(Flight& flight, int slider, bool names) {
     flight.Screen->Map.SlideMap = slider;
-    flight.Screen->Map.ApplyZoom();
+    flight.Screen->ApplyZoom();
     flight.Screen->SetShowNames(names);
 }
 
@@ -32,7 +32,8 @@ void Redraw(benchmark::State& state) {
     Flight& flight = TheFlight();
     Zoom(flight, static_cast<int>(state.range(0)), state.range(1) != 0);
     for (auto _ : state) {
-        flight.Screen->State.CurLong += 0.00001; // the aircraft moves, and the view with it
+        flight.Screen->State.CurLong = Longitude(flight.Screen->State.CurLong.Degrees() +
+                                                 0.00001); // the aircraft moves, and the view with it
         flight.Screen->UpdateMap();
     }
 }

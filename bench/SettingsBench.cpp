@@ -5,6 +5,7 @@
 
 #include <numeric>
 
+#include "common/Variablen.h"
 #include "settings/AirfieldTransfer.h"
 #include "settings/CategoryManager.h"
 #include "store/Schema.h"
@@ -71,7 +72,7 @@ std::vector<std::size_t> All(std::size_t count) {
 
 // A list of countries, a transfer of all of them, expected to end with this message.
 void Transfer(benchmark::State& state, World& world, const std::string& expected) {
-    AirfieldTransfer transfer(world.Shared, world.Dialogs);
+    AirfieldTransfer transfer(world.Shared, world.Shared, world.Dialogs);
     transfer.Form_Load();
     transfer.cmdTransfer_Click(All(transfer.listAP.size()));
     if (world.Dialogs.Shown.back() != expected) state.SkipWithError("another count");
@@ -97,7 +98,7 @@ void ImportAgain(benchmark::State& state) {
 void AssignAll(benchmark::State& state) {
     World world;
     Transfer(state, world, "69899 Flughäfen hinzugefügt|Es wurden 69899 Flughäfen hinzugefügt.");
-    CategoryManager manager(world.Shared, world.Dialogs);
+    CategoryManager manager(world.Shared.DataConn, world.Dialogs);
     manager.Form_Load();
     for (auto _ : state) {
         manager.cmbKategorie = manager.cmbKategorie == "A" ? "B" : "A";

@@ -40,14 +40,15 @@ Logged& TheLogged() {
 
 void OpenManager(benchmark::State& state) {
     Logged& logged = TheLogged();
-    for (auto _ : state) TrackManager(logged.Shared, logged.Boxes, logged.LastDeed).Form_Load();
+    for (auto _ : state)
+        TrackManager(logged.Shared, logged.Shared, logged.Boxes, logged.LastDeed).Form_Load();
 }
 BENCHMARK(OpenManager)->Unit(benchmark::kMillisecond);
 
 // One click with 299 tracks chosen already, and a screenful of the grid at its end.
 void ChooseAll(benchmark::State& state) {
     Logged& logged = TheLogged();
-    TrackManager manager(logged.Shared, logged.Boxes, logged.LastDeed);
+    TrackManager manager(logged.Shared, logged.Shared, logged.Boxes, logged.LastDeed);
     manager.Form_Load();
     for (int i = 0; i < 299; ++i) manager.listTrack_MouseUp(i);
     for (auto _ : state) {
@@ -61,7 +62,7 @@ BENCHMARK(ChooseAll)->Unit(benchmark::kMillisecond);
 // Half a million samples go and come back from the backup.
 void DeleteAndTakeBack(benchmark::State& state) {
     Logged& logged = TheLogged();
-    TrackManager manager(logged.Shared, logged.Boxes, logged.LastDeed);
+    TrackManager manager(logged.Shared, logged.Shared, logged.Boxes, logged.LastDeed);
     manager.Form_Load();
     for (int i = 0; i < 150; ++i) manager.listTrack_MouseUp(i);
     const int count = manager.TrackPointsSet.Count();
@@ -79,7 +80,7 @@ BENCHMARK(DeleteAndTakeBack)->Iterations(2)->Unit(benchmark::kMillisecond);
 
 void ExportAll(benchmark::State& state) {
     Logged& logged = TheLogged();
-    TrackManager manager(logged.Shared, logged.Boxes, logged.LastDeed);
+    TrackManager manager(logged.Shared, logged.Shared, logged.Boxes, logged.LastDeed);
     manager.Form_Load();
     for (int i = 0; i < state.range(0); ++i) manager.listTrack_MouseUp(i);
     logged.Boxes.File = logged.Folder.Path() / "all.gpx";

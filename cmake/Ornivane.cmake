@@ -35,6 +35,7 @@ function(ornivane_library name)
     add_library(${name} INTERFACE)
     target_link_libraries(${name} INTERFACE ornivane_flags ${ARG_DEPENDS})
   endif()
+  set_property(GLOBAL APPEND PROPERTY ORNIVANE_LOGIC ${name})
 endfunction()
 
 # ornivane_forms(name DEPENDS ...): the forms of src/<name>, its frm*.cpp, as the library <name>_forms.

@@ -19,8 +19,8 @@ void Require(bool condition) {
 }
 
 void RequirePlace(const Position& position) {
-    Require(std::fabs(position.Lat) <= 90 && std::fabs(position.Long) <= 180);
-    Require(std::isfinite(StoredCoordinate(position.Lat) + StoredCoordinate(position.Long)));
+    Require(std::fabs(position.Lat.Degrees()) <= 90 && std::fabs(position.Long.Degrees()) <= 180);
+    Require(std::isfinite(StoredNumber(position.Lat) + StoredNumber(position.Long)));
 }
 
 void RequireDrawable(const Airspace& airspace) {

@@ -1,42 +1,41 @@
 #!/usr/bin/env bash
-# check-includes.sh ROOT: does every file under ROOT/src include only what its folder may look at?
+# check-includes.sh ROOT LAYERS: does every file under ROOT/src and ROOT/tools include only what its target links?
+# LAYERS is what cmake/Layers.cmake wrote: lines of a target, its folder and what it links itself. A folder may
+# include itself and the folders of those libraries; a form (frm*) those of its folder's library as well.
 # Prints each slip as file:line and fails when there is one.
 set -euo pipefail
 
-root=${1:?"usage: check-includes.sh ROOT"}
-cd "$root/src"
+root=${1:?"usage: check-includes.sh ROOT LAYERS"}
+layers=$(realpath "${2:?"usage: check-includes.sh ROOT LAYERS"}")
+cd "$root"
 
-# Which folders a folder may include, itself always. The screens (nav and its siblings) do not know each other:
-# what they share lies below them. The forms of a screen may also use platform/qt.
+# A circle of static libraries links; it must not be there all the same.
+awk '{ for (i = 3; i <= NF; i++) if ($i !~ /::/) print $1, $i }' "$layers" | tsort >/dev/null
+
 awk '
-BEGIN {
-    allowed["base"] = ""
-    allowed["platform"] = "base"
-    allowed["geo"] = ""
-    allowed["store"] = "base"
-    allowed["common"] = "base platform geo store"
-    allowed["gps"] = "base platform geo store common"
-    allowed["map"] = "base platform geo store common gps"
-    screen = "base platform geo store common gps map"
-    allowed["nav"] = allowed["planning"] = allowed["flightplan"] = allowed["calibration"] = allowed["tracks"] = screen
-    allowed["settings"] = screen
-    allowed["app"] = screen " platform/qt nav planning flightplan calibration tracks settings"
-    allowed["platform/qt"] = "platform base store common"
-}
 function slip(text) { print FILENAME ":" FNR ": " text; slips++ }
-function holds(list, item) { return index(" " list " ", " " item " ") > 0 }
 
+FILENAME == ARGV[1] {
+    folderOf[$1] = $2
+    known[$2]
+    forms = $1 ~ /_forms$/
+    for (i = 3; i <= NF; i++) links[$2, forms, $i]
+    next
+}
 FNR == 1 {
-    file = FILENAME
-    sub(/^\.\//, "", file)
-    folder = file
+    folder = FILENAME
+    sub(/^(src|tools)\//, "", folder)
+    form = folder ~ /(^|\/)frm[^\/]*$/
     sub(/\/[^\/]*$/, "", folder)
-    while (!(folder in allowed) && sub(/\/[^\/]*$/, "", folder)) {}
-    name = file
-    sub(/.*\//, "", name)
-    form = name ~ /^frm/
-    mayUseQt = form || folder == "app" || folder == "platform/qt"
-    if (!(folder in allowed)) slip("a folder without a place in the order")
+    if (!(folder in known)) slip("a folder that no target is made of")
+    delete mayInclude
+    mayUseQt = 0
+    for (key in links) {
+        split(key, part, SUBSEP)
+        if (part[1] != folder || part[2] > form) continue
+        if (part[3] in folderOf) mayInclude[folderOf[part[3]]]
+        if (part[3] ~ /^Qt6::/ || part[3] == "platform_qt") mayUseQt = 1
+    }
 }
 !/^[ \t]*#[ \t]*include/ { next }
 {
@@ -44,22 +43,17 @@ FNR == 1 {
     sub(/^[ \t]*#[ \t]*include[ \t]*/, "", target)
     isQt = target ~ /^<(Q[A-Z]|Qt[A-Z]|private\/q)/ || target ~ /^"Q[A-Z]/
     if (isQt && !mayUseQt) slip("Qt below the forms: " target)
-    if (folder == "geo" && target !~ /^</ && target !~ /^"geo\//) slip("geo uses the standard library only: " target)
     if (target !~ /^"/) next
 
     sub(/^"/, "", target)
     sub(/".*/, "", target)
-    if (target !~ /\//) {
-        if (target !~ /^(moc_.*\.cpp|.*\.moc)$/) slip("includes are named from src/ on: " target)
+    if (target ~ /\.\./ || (target !~ /\// && target !~ /^(moc_.*\.cpp|.*\.moc)$/)) {
+        slip("includes are named from src/ or tools/ on: " target)
         next
     }
-    if (target ~ /\.\./) { slip("includes are named from src/ on: " target); next }
     to = target
-    sub(/\/[^\/]*$/, "", to)
-    while (!(to in allowed) && sub(/\/[^\/]*$/, "", to)) {}
-    if (to == folder || holds(allowed[folder], to)) next
-    if (form && to == "platform/qt") next
+    if (!sub(/\/[^\/]*$/, "", to) || to == folder || to in mayInclude) next
     slip(folder " must not include " target)
 }
 END { exit slips > 0 }
-' $(find . -type f \( -name "*.h" -o -name "*.cpp" \) | sort)
+' "$layers" $(find src tools -type f \( -name "*.h" -o -name "*.cpp" \) | sort)

@@ -29,10 +29,4 @@ Bilingual ModeCaption(Mode mode) { return TextsOf(mode).Caption; }
 
 Bilingual ModeTooltip(Mode mode) { return TextsOf(mode).Tooltip; }
 
-std::optional<Mode> ModeOfCaption(std::string_view caption, bool english) {
-    for (const Mode mode : AllModes)
-        if (caption == ModeCaption(mode).In(english)) return mode;
-    return std::nullopt;
-}
-
 } // namespace ornivane

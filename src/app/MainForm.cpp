@@ -26,11 +26,6 @@ QMenu::item:selected { background: palette(highlight); color: palette(highlighte
 QMenu::item:disabled { color: palette(mid); font-style: italic; }
 )";
 
-void Caption(QAction* action, Bilingual text, Bilingual tip, bool english) {
-    action->setText(text.In(english));
-    action->setToolTip(tip.In(english));
-}
-
 // Focus by the Tab key only: a click must not take the keys away from the flying screen.
 QToolButton* ToolbarButton(const QString& name) {
     auto* button = new QToolButton;
@@ -42,7 +37,7 @@ QToolButton* ToolbarButton(const QString& name) {
     return button;
 }
 
-// A lit button is bold. Its neighbours must not move for that: the pilot's finger knows their places.
+// A lit button is bold. Its neighbours must not move for that: the pilot presses them by their place.
 void KeepWidthWhenLit(QToolButton& button) {
     button.ensurePolished();
     QFont bold = button.font();
@@ -53,8 +48,8 @@ void KeepWidthWhenLit(QToolButton& button) {
 
 } // namespace
 
-MainForm::MainForm(Variablen& variablenOf, Services servicesOf)
-    : variablen(variablenOf), services(std::move(servicesOf)),
+MainForm::MainForm(Variablen& shared, Services programServices)
+    : variablen(shared), services(std::move(programServices)),
       screens({services.MakeScreen,
                [this](Screen* screen) {
                    if (stack->indexOf(screen) < 0) stack->addWidget(screen);
@@ -93,8 +88,7 @@ void MainForm::MakeToolbar() {
         // Numbered as the places of the toolbar are, separators included.
         QToolButton* button = ToolbarButton(QString("button%1").arg(2 * number - 1));
         button->setCheckable(true);
-        services.Guard->Connect(button, &QToolButton::clicked,
-                                [this, button] { toolMain_ButtonClick(button->text()); });
+        services.Guard->Connect(button, &QToolButton::clicked, [this, mode] { toolMain_ButtonClick(mode); });
         auto* key = new QShortcut(QKeySequence(Qt::Key_F1 + number - 1), this);
         connect(key, &QShortcut::activated, button, &QToolButton::click);
         toolMain->addWidget(button);
@@ -143,35 +137,52 @@ QAction* MainForm::AddEntry(const char* name, void (MainForm::*handler)()) {
 }
 
 bool MainForm::Form_Load() {
-    if (!StoreOpening(variablen, *services.Boxes, *this).Run()) return false;
+    const StoreOpening::Result stores = StoreOpening(variablen, *services.Boxes).Run();
+    if (stores.MustEnd) return false;
+    if (stores.TrackFailure) frmInfo::ForTrackStore(variablen, *services.Links, *stores.TrackFailure, this);
+    if (stores.AirspaceFailure)
+        frmInfo::ForAirspaceStore(variablen, *services.Links, *stores.AirspaceFailure, this);
     // A program folder that cannot be written costs the update tool its knowledge, and nobody the flight.
     services.Guard->Run([this] { WriteVersion(variablen.ProgramFolder, ProgramVersion()); });
     mnuUpdate->setVisible(variablen.UpdateAvailable);
     ApplyLanguage();
     showMaximized();
-    ShowMode(Mode::Flight);
+    toolMain_ButtonClick(Mode::Flight);
     for (frmInfo* hint : findChildren<frmInfo*>()) hint->show(); // above the window, so after it
     return true;
 }
 
 void MainForm::ApplyLanguage() {
-    const bool english = variablen.EnglishUI == 1;
-    if (services.SetLanguage) services.SetLanguage(english);
+    if (services.SetLanguage) services.SetLanguage(variablen);
+    const auto show = [this](auto* control, Bilingual text, Bilingual tip) {
+        control->setText(text.In(variablen));
+        control->setToolTip(tip.In(variablen));
+    };
     for (const auto& [mode, button] : buttons) {
-        button->setText(ModeCaption(mode).In(english));
+        show(button, ModeCaption(mode), ModeTooltip(mode));
         KeepWidthWhenLit(*button);
-        button->setToolTip(ModeTooltip(mode).In(english));
     }
-    cmdNight->setText(captions::Night.In(english));
+    show(cmdNight, {"Nacht", "Night"},
+         {"Dunkle Farben für die Nacht, die Karte bleibt wie sie ist (F9)",
+          "Dark colours for the night, the chart stays as it is (F9)"});
     KeepWidthWhenLit(*cmdNight);
-    cmdNight->setToolTip(captions::NightTip.In(english));
-    cmdMenu->setText(captions::Menu.In(english));
-    cmdMenu->setToolTip(captions::MenuTip.In(english));
-    Caption(mnuUpdate, captions::Update, captions::UpdateTip, english);
-    Caption(mnuExport, captions::Export, captions::ExportTip, english);
-    Caption(mnuImport, captions::Import, captions::ImportTip, english);
-    Caption(mnuLuftEin, captions::Airspace, captions::AirspaceTip, english);
-    Caption(mnuabout, captions::About, captions::AboutTip, english);
+    show(cmdMenu, {"Menü", "Menu"},
+         {"Strecken austauschen, Luftraumanzeige, Über das Programm (F10)",
+          "Exchange routes, airspace view, about the program (F10)"});
+    show(mnuUpdate, captions::Update,
+         {"Das Update-Programm starten; Ornivane GPS wird dazu beendet",
+          "Start the update program; this ends Ornivane GPS"});
+    show(mnuExport, {"Strecke exportieren", "Export Route"},
+         {"Eine Strecke als Datei speichern (im Bildschirm Planung)",
+          "Save a route to a file (on the planning screen)"});
+    show(mnuImport, {"Strecke importieren", "Import Route"},
+         {"Eine Strecke aus einer Datei einlesen (im Bildschirm Planung)",
+          "Read a route from a file (on the planning screen)"});
+    show(mnuLuftEin, {"Luftraumanzeige", "Airspace View"},
+         {"Wählen, welche Lufträume die Planungskarte zeigt (im Bildschirm Planung)",
+          "Choose which airspaces the planning map shows (on the planning screen)"});
+    show(mnuabout, captions::About,
+         {"Version und Herkunft des Programms", "Version and origin of the program"});
     for (frmInfo* hint : findChildren<frmInfo*>()) hint->ApplyLanguage();
     for (Screen* screen : screens.Loaded()) services.Guard->Run([&] { screen->ApplyLanguage(); });
     ShowState();
@@ -193,15 +204,9 @@ void MainForm::ShowCaption() {
     setWindowTitle(caption.isEmpty() ? ProgramName : caption + " – " + ProgramName);
 }
 
-void MainForm::toolMain_ButtonClick(const QString& caption) {
-    const auto mode = ModeOfCaption(caption.toStdString(), variablen.EnglishUI == 1);
-    if (mode) ShowMode(*mode);
-    ShowState();
-}
-
-void MainForm::ShowMode(Mode mode) {
+void MainForm::toolMain_ButtonClick(Mode mode) {
     screens.Show(mode);
-    ShowState();
+    ShowState(); // also when that mode was in front: a click has switched its button off
     // A screen that knows where its keys belong has taken the focus already.
     QWidget* front = stack->currentWidget();
     if (front && !front->isAncestorOf(focusWidget())) front->setFocus();
@@ -227,14 +232,6 @@ void MainForm::mnuUpdate_Click() {
         return;
     }
     services.Boxes->Message(ProgramName, "Datei fehlt");
-}
-
-void MainForm::TrackStoreUnavailable(const std::string& reason) {
-    frmInfo::ForTrackStore(variablen, *services.Links, reason, this);
-}
-
-void MainForm::AirspaceStoreUnavailable(const std::string& reason) {
-    frmInfo::ForAirspaceStore(variablen, *services.Links, reason, this);
 }
 
 void MainForm::QueryUnload() {

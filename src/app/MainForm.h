@@ -8,7 +8,6 @@
 #include <functional>
 #include <map>
 
-#include "app/Hints.h"
 #include "app/ScreenSwitch.h"
 #include "common/Variablen.h"
 #include "platform/Dialogs.h"
@@ -19,8 +18,9 @@ namespace ornivane {
 
 class QtNotice;
 
-// The main window, "Main": toolbar, small menu, the screens, and the notice at the bottom.
-class MainForm : public QMainWindow, private Hints {
+// The main window, "Main": toolbar, small menu, the screens, and the notice at the bottom. The program owns
+// it.
+class MainForm : public QMainWindow {
     Q_OBJECT
 public:
     // What the window needs of the system, and how its screens are made.
@@ -35,11 +35,11 @@ public:
         std::function<void()> ImportRoute;
         std::function<void()> ShowAirspaceSettings; // of the planning screen
         std::function<void(bool night)> SetNight;
-        std::function<void(bool english)> SetLanguage; // of texts that are not the program's own
-        std::function<void()> Ended;                   // everything is saved, the program may exit
+        std::function<void(const Language&)> SetLanguage; // of texts that are not the program's own
+        std::function<void()> Ended;                      // everything is saved, the program may exit
     };
 
-    MainForm(Variablen& variablen, Services services);
+    MainForm(Variablen& shared, Services programServices);
     ~MainForm() override;
 
     // Opens the stores and shows the flying screen. False when the program must end.
@@ -56,8 +56,7 @@ private:
     void MakeToolbar();
     void MakeMenu();
     QAction* AddEntry(const char* name, void (MainForm::*handler)());
-    void toolMain_ButtonClick(const QString& caption);
-    void ShowMode(Mode mode);
+    void toolMain_ButtonClick(Mode mode);
     void ShowState();
     void ShowCaption();
 
@@ -66,9 +65,6 @@ private:
     void mnuLuftEin_Click();
     void mnuabout_Click();
     void mnuUpdate_Click();
-
-    void TrackStoreUnavailable(const std::string& reason) override;
-    void AirspaceStoreUnavailable(const std::string& reason) override;
 
     Variablen& variablen;
     Services services;

@@ -19,9 +19,8 @@ constexpr int FailedToStart = 1; // exit status
 
 } // namespace
 
-Program::Program(GuardedApplication& applicationOf, const std::filesystem::path& folder)
-    : application(applicationOf), notices(new QtNotice),
-      guard(*notices, [this] { return variablen.EnglishUI == 1; }), ports(PortDevices(folder)),
+Program::Program(GuardedApplication& guarded, const std::filesystem::path& folder)
+    : application(guarded), notices(new QtNotice), guard(*notices, variablen), ports(PortDevices(folder)),
       MSComm1(PortDevices(folder)), timerCheck(guard), timeTrack(guard), settingsPort(PortDevices(folder)),
       settingsTimer(guard), main(std::make_unique<MainForm>(variablen, MainServices())),
       endSignals([this] { EndAsked(); }) {
@@ -76,7 +75,7 @@ MainForm::Services Program::MainServices() {
         if (planning) planning->ShowAirspaceSettings();
     };
     services.SetNight = [this](bool night) { Theme::Apply(application, night); };
-    services.SetLanguage = [this](bool english) { qtTexts.SetLanguage(english); };
+    services.SetLanguage = [this](const Language& language) { qtTexts.SetLanguage(language); };
     services.Ended = [this] { application.exit(0); };
     return services;
 }

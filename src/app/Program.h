@@ -22,11 +22,12 @@ namespace ornivane {
 
 class frmPlanung;
 
-// The running program: the shared state, the real system behind the seams, and the windows in their order.
+// The running program: the shared state, the implementations of the platform's interfaces, and the windows in
+// the order in which they appear. main owns it.
 class Program {
 public:
     // The folder is where stores, charts and settings are.
-    Program(GuardedApplication& application, const std::filesystem::path& folder);
+    Program(GuardedApplication& guarded, const std::filesystem::path& folder);
     ~Program();
 
     // Shows the splash; everything else follows from there.

@@ -2,7 +2,7 @@
 
 namespace ornivane {
 
-ScreenSwitch::ScreenSwitch(Window windowOf) : window(std::move(windowOf)) {}
+ScreenSwitch::ScreenSwitch(Window mainWindow) : window(std::move(mainWindow)) {}
 
 Screen* ScreenSwitch::Made(Mode mode) {
     Screen*& screen = screens[mode];

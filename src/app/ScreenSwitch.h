@@ -22,7 +22,7 @@ public:
         std::function<bool(const std::function<void()>&)> Guarded;
     };
 
-    explicit ScreenSwitch(Window window);
+    explicit ScreenSwitch(Window mainWindow);
 
     // Nothing happens for the mode that is in front already. A screen that cannot be made leaves the one in
     // front where it is.

@@ -25,7 +25,7 @@ int Milliseconds(int seconds) {
 
 void ReadStartSettings(Variablen& variablen) {
     const std::filesystem::path& folder = variablen.ProgramFolder;
-    variablen.EnglishUI = ReadLanguage(folder) == 1 ? 1 : 0;
+    variablen.Choose(ReadLanguage(folder).value_or(0));
     variablen.SymbolType = Int16OrZero(ReadSymbol(folder).value_or(0));
 
     TrackSettings track;

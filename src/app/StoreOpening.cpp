@@ -2,7 +2,6 @@
 
 #include <span>
 
-#include "app/Captions.h"
 #include "base/RuntimeError.h"
 #include "store/Recordset.h"
 #include "store/Statement.h"
@@ -52,72 +51,71 @@ Date ReleaseDate(Connection& connection) {
 
 } // namespace
 
-StoreOpening::StoreOpening(Variablen& variablenOf, Dialogs& dialogsOf, Hints& hintsOf)
-    : variablen(variablenOf), dialogs(dialogsOf), hints(hintsOf) {}
+StoreOpening::StoreOpening(Variablen& shared, Dialogs& messages) : variablen(shared), dialogs(messages) {}
 
-bool StoreOpening::Run() {
+StoreOpening::Result StoreOpening::Run() {
     OpenAirfields();
-    if (!OpenData()) return false;
-    OpenTrack();
-    OpenAirspace();
-    return true;
+    Result result;
+    result.MustEnd = !OpenData();
+    if (result.MustEnd) return result;
+    result.TrackFailure = OpenTrack();
+    result.AirspaceFailure = OpenAirspace();
+    return result;
 }
 
+std::string StoreOpening::Reason(const RuntimeError& error) const {
+    return error.Number() == ErrorNumber::FileNotFound ? "" : DescribeError(error, variablen);
+}
+
+// Airfields are an extra that many installations do not have; the flag tells the screens.
 void StoreOpening::OpenAirfields() {
-    variablen.AirfieldStoreOpen = false;
-    try {
+    const auto failure = ErrorOf([this] {
         variablen.AirfieldConn.Open(variablen.ProgramFolder / "ovdata.ovd", Connection::Mode::ReadOnly);
         RequireTables(variablen.AirfieldConn, AirfieldTables);
-        variablen.AirfieldStoreOpen = true;
-    } catch (const RuntimeError&) {
-        variablen.AirfieldConn.Close();
-        // Airfields are an extra that many installations do not have; the flag tells the screens.
-    }
+    });
+    variablen.AirfieldStoreOpen = !failure;
+    if (failure) variablen.AirfieldConn.Close();
 }
 
 bool StoreOpening::OpenData() {
-    const bool english = variablen.EnglishUI == 1;
-    try {
+    const auto failure = ErrorOf([this] {
         variablen.DataConn.Open(variablen.ProgramFolder / "data.ovd", Connection::Mode::ReadWrite);
         RequireTables(variablen.DataConn, DataTables);
-        return true;
-    } catch (const RuntimeError& error) {
-        variablen.DataConn.Close();
-        std::string text = variablen.Text("Die Datei - data.ovd - wurde nicht im Programmordner gefunden.",
-                                          "File - data.ovd - was not found.");
-        if (error.Number() != ErrorNumber::FileNotFound) text += "\n" + DescribeError(error, english);
-        dialogs.MessageAndWait(DataErrorTitle.In(english), text);
-        return false;
-    }
+    });
+    if (!failure) return true;
+    variablen.DataConn.Close();
+    std::string text = variablen.Text("Die Datei - data.ovd - wurde nicht im Programmordner gefunden.",
+                                      "File - data.ovd - was not found.");
+    if (const std::string reason = Reason(*failure); !reason.empty()) text += "\n" + reason;
+    dialogs.MessageAndWait(variablen.Text("Datenfehler", "Data error"), text);
+    return false;
 }
 
-void StoreOpening::OpenTrack() {
-    try {
+std::optional<std::string> StoreOpening::OpenTrack() {
+    const auto failure = ErrorOf([this] {
         variablen.TrackConn.Open(variablen.ProgramFolder / "track.ovd", Connection::Mode::ReadWrite);
         RequireTables(variablen.TrackConn, TrackTables);
-    } catch (const RuntimeError& error) {
-        variablen.TrackConn.Close();
-        variablen.TrackEnabled = false;
-        variablen.TrackInterval = 0;
-        variablen.TrackAuto = false;
-        const bool missing = error.Number() == ErrorNumber::FileNotFound;
-        hints.TrackStoreUnavailable(missing ? "" : DescribeError(error, variablen.EnglishUI == 1));
-    }
+    });
+    if (!failure) return std::nullopt;
+    variablen.TrackConn.Close();
+    variablen.TrackEnabled = false;
+    variablen.TrackInterval = 0;
+    variablen.TrackAuto = false;
+    return Reason(*failure);
 }
 
-void StoreOpening::OpenAirspace() {
-    try {
+std::optional<std::string> StoreOpening::OpenAirspace() {
+    const auto failure = ErrorOf([this] {
         variablen.LuftraumDate = BeforeOpening;
         variablen.LuftraumConn.Open(variablen.ProgramFolder / "Luftraum.ovd", Connection::Mode::ReadOnly);
         variablen.LuftraumDate = AfterOpening;
         RequireTables(variablen.LuftraumConn, AirspaceTables);
         variablen.LuftraumDate = ReleaseDate(variablen.LuftraumConn);
-    } catch (const RuntimeError& error) {
-        // Closed also when only its date could not be read: an open store means airspace on every screen.
-        variablen.LuftraumConn.Close();
-        const bool missing = error.Number() == ErrorNumber::FileNotFound;
-        hints.AirspaceStoreUnavailable(missing ? "" : DescribeError(error, variablen.EnglishUI == 1));
-    }
+    });
+    if (!failure) return std::nullopt;
+    // Closed also when only its date could not be read: an open store means airspace on every screen.
+    variablen.LuftraumConn.Close();
+    return Reason(*failure);
 }
 
 } // namespace ornivane

@@ -35,12 +35,11 @@ QTextBrowser* Page(const char* name, const QString& html, Shell& shell) {
 
 } // namespace
 
-frmAbout::frmAbout(const Variablen& shared, Shell& shell, QWidget* parent) : QDialog(parent) {
-    const bool english = shared.EnglishUI == 1;
+frmAbout::frmAbout(const Language& language, Shell& shell, QWidget* parent) : QDialog(parent) {
     setObjectName("frmAbout");
     setAttribute(Qt::WA_DeleteOnClose);
     setModal(true);
-    setWindowTitle(captions::About.In(english));
+    setWindowTitle(captions::About.In(language));
     setStyleSheet(TabStyle);
     resize(720, 560);
 
@@ -53,10 +52,10 @@ frmAbout::frmAbout(const Variablen& shared, Shell& shell, QWidget* parent) : QDi
     auto* tabs = new QTabWidget;
     tabs->setObjectName("tabs");
     for (const AboutPage& page : AboutPages())
-        tabs->addTab(Page(page.Name, page.Html.In(english), shell), page.Title.In(english));
-    auto* close = new QPushButton(captions::Close.In(english));
+        tabs->addTab(Page(page.Name, page.Html.In(language), shell), page.Title.In(language));
+    auto* close = new QPushButton(captions::Close.In(language));
     close->setObjectName("cmdClose");
-    close->setToolTip(captions::CloseTip.In(english));
+    close->setToolTip(captions::CloseTip.In(language));
     close->setMinimumHeight(PressHeight);
     close->setDefault(true);
     connect(close, &QPushButton::clicked, this, &QDialog::close);

@@ -2,7 +2,7 @@
 
 #include <QDialog>
 
-#include "common/Variablen.h"
+#include "base/Language.h"
 #include "platform/System.h"
 
 namespace ornivane {
@@ -12,7 +12,7 @@ class frmAbout : public QDialog {
     Q_OBJECT
 
 public:
-    frmAbout(const Variablen& shared, Shell& shell, QWidget* parent);
+    frmAbout(const Language& language, Shell& shell, QWidget* parent);
 };
 
 } // namespace ornivane

@@ -62,19 +62,19 @@ QPushButton* Button(const char* name) {
 
 } // namespace
 
-frmInfo* frmInfo::ForTrackStore(const Variablen& variablen, Shell& shell, const std::string& reason,
+frmInfo* frmInfo::ForTrackStore(const Language& language, Shell& shell, const std::string& reason,
                                 QWidget* parent) {
-    return new frmInfo(TrackTexts, variablen, shell, reason, parent);
+    return new frmInfo(TrackTexts, language, shell, reason, parent);
 }
 
-frmInfo* frmInfo::ForAirspaceStore(const Variablen& variablen, Shell& shell, const std::string& reason,
+frmInfo* frmInfo::ForAirspaceStore(const Language& language, Shell& shell, const std::string& reason,
                                    QWidget* parent) {
-    return new frmInfo(AirspaceTexts, variablen, shell, reason, parent);
+    return new frmInfo(AirspaceTexts, language, shell, reason, parent);
 }
 
-frmInfo::frmInfo(const Texts& hint, const Variablen& variables, Shell& shell, const std::string& reason,
+frmInfo::frmInfo(const Texts& hint, const Language& shownIn, Shell& shell, const std::string& reason,
                  QWidget* parent)
-    : QDialog(parent), texts(hint), variablen(variables), isMissing(reason.empty()) {
+    : QDialog(parent), texts(hint), language(shownIn), isMissing(reason.empty()) {
     setObjectName(texts.Name);
     setModal(false);
     setAttribute(Qt::WA_DeleteOnClose);
@@ -99,15 +99,14 @@ frmInfo::frmInfo(const Texts& hint, const Variablen& variables, Shell& shell, co
 }
 
 void frmInfo::ApplyLanguage() {
-    const bool english = variablen.EnglishUI == 1;
-    setWindowTitle(Title.In(english));
-    Label1->setText((isMissing ? texts.Missing : texts.Unusable).In(english));
-    Label2->setText(texts.Purpose.In(english));
-    Label3->setText(Download.In(english));
-    Label4->setText(Restart.In(english));
-    lblLink->setToolTip(LinkTip.In(english));
-    cmdClose->setText(captions::Close.In(english));
-    cmdClose->setToolTip(CloseTip.In(english));
+    setWindowTitle(Title.In(language));
+    Label1->setText((isMissing ? texts.Missing : texts.Unusable).In(language));
+    Label2->setText(texts.Purpose.In(language));
+    Label3->setText(Download.In(language));
+    Label4->setText(Restart.In(language));
+    lblLink->setToolTip(LinkTip.In(language));
+    cmdClose->setText(captions::Close.In(language));
+    cmdClose->setToolTip(CloseTip.In(language));
 }
 
 } // namespace ornivane

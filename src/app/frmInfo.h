@@ -3,7 +3,7 @@
 #include <QDialog>
 #include <string>
 
-#include "common/Variablen.h"
+#include "base/Language.h"
 #include "platform/System.h"
 
 class QLabel;
@@ -19,20 +19,20 @@ public:
     struct Texts;
 
     // frmInfo1 about track.ovd, frmInfo3 about Luftraum.ovd. The reason is empty when the file is missing.
-    static frmInfo* ForTrackStore(const Variablen& variablen, Shell& shell, const std::string& reason,
+    static frmInfo* ForTrackStore(const Language& language, Shell& shell, const std::string& reason,
                                   QWidget* parent);
-    static frmInfo* ForAirspaceStore(const Variablen& variablen, Shell& shell, const std::string& reason,
+    static frmInfo* ForAirspaceStore(const Language& language, Shell& shell, const std::string& reason,
                                      QWidget* parent);
 
     // Every caption in the language of this moment; the reason stays in the words of the system.
     void ApplyLanguage();
 
 private:
-    frmInfo(const Texts& texts, const Variablen& variablen, Shell& shell, const std::string& reason,
+    frmInfo(const Texts& hint, const Language& shownIn, Shell& shell, const std::string& reason,
             QWidget* parent);
 
     const Texts& texts;
-    const Variablen& variablen;
+    const Language& language;
     bool isMissing;
     QLabel *Label1 = nullptr, *Label2 = nullptr, *Label3 = nullptr, *Label4 = nullptr;
     QPushButton *lblLink = nullptr, *cmdClose = nullptr;

@@ -2,7 +2,7 @@
 
 #include <QDialog>
 
-#include "common/Variablen.h"
+#include "base/Language.h"
 #include "platform/System.h"
 
 namespace ornivane {
@@ -11,7 +11,7 @@ namespace ornivane {
 class frmInfo2 : public QDialog {
     Q_OBJECT
 public:
-    frmInfo2(const Variablen& variablen, Shell& shell, QWidget* parent);
+    frmInfo2(const Language& language, Shell& shell, QWidget* parent);
 };
 
 } // namespace ornivane

@@ -75,8 +75,8 @@ void StyleLabel(QLabel& label, const char* name, const QRect& place, const char*
 
 } // namespace
 
-frmSplash::frmSplash(Variablen& variablenOf, Web& webOf)
-    : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint), variablen(variablenOf), web(webOf) {
+frmSplash::frmSplash(Variablen& shared, Web& updateServer)
+    : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint), variablen(shared), web(updateServer) {
     setObjectName("frmSplash");
     setFixedSize(SplashSize);
     setWindowTitle(ProgramName);
@@ -93,9 +93,8 @@ frmSplash::frmSplash(Variablen& variablenOf, Web& webOf)
 void frmSplash::Form_Load() {
     Timer1.start(ShownMilliseconds);
     ReadStartSettings(variablen);
-    const bool english = variablen.EnglishUI == 1;
-    setToolTip(english ? "Click to continue" : "Klicken zum Fortfahren");
-    lblUpdate.setText(captions::Update.In(english));
+    setToolTip(variablen.Text("Klicken zum Fortfahren", "Click to continue"));
+    lblUpdate.setText(captions::Update.In(variablen));
     lblUpdate.hide();
     lblVersion.setText("Version " + QString::fromStdString(ProgramVersion()));
 }

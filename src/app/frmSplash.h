@@ -15,7 +15,7 @@ namespace ornivane {
 class frmSplash : public QWidget {
     Q_OBJECT
 public:
-    frmSplash(Variablen& variablen, Web& web);
+    frmSplash(Variablen& shared, Web& updateServer);
 
     // Called once, after two seconds or a click.
     void OnEnd(std::function<void()> callback) { ended = std::move(callback); }

@@ -26,13 +26,13 @@ Decimal DecimalOf(double value) {
 }
 
 // The digits of the whole part and of `places` decimals, rounded half away from zero.
-std::string RoundedDigits(Decimal decimal, int places) {
+std::string RoundedDigits(Decimal decimal, std::size_t places) {
     if (decimal.Whole < 0) {
         decimal.Digits.insert(0, static_cast<std::size_t>(-decimal.Whole), '0');
         decimal.Whole = 0;
     }
     std::string digits = "0" + decimal.Digits; // room for a carry
-    const auto keep = static_cast<std::size_t>(decimal.Whole + 1 + places);
+    const auto keep = static_cast<std::size_t>(decimal.Whole) + 1 + places;
     if (digits.size() <= keep) {
         digits.append(keep - digits.size(), '0');
         return digits;
@@ -59,7 +59,7 @@ std::string Format(double value, std::string_view picture, const LocaleText& loc
         point == std::string_view::npos ? std::string_view{} : picture.substr(point + 1);
     const std::size_t places = fractionPicture.size();
 
-    const std::string digits = RoundedDigits(DecimalOf(value), static_cast<int>(places));
+    const std::string digits = RoundedDigits(DecimalOf(value), places);
     std::string whole = digits.substr(0, digits.size() - places);
     std::string fraction = digits.substr(digits.size() - places);
     const bool isZero = digits.find_first_not_of('0') == std::string::npos;

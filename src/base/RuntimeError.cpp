@@ -3,6 +3,8 @@
 #include <array>
 #include <utility>
 
+#include "base/Language.h"
+
 namespace ornivane {
 
 namespace {
@@ -50,9 +52,9 @@ RuntimeError Located(const std::string& place, const RuntimeError& error) {
     return RuntimeError(error.Number(), error.Detail().empty() ? place : place + ": " + error.Detail());
 }
 
-std::string DescribeError(const RuntimeError& error, bool english) {
+std::string DescribeError(const RuntimeError& error, const Language& language) {
     const ErrorText& text = TextOf(error.Number());
-    std::string result = std::string(english ? text.English : text.German) + " (" +
+    std::string result = std::string(language.Text(text.German, text.English)) + " (" +
                          std::to_string(static_cast<int>(error.Number())) + ")";
     if (!error.Detail().empty()) result += ": " + error.Detail();
     return result;

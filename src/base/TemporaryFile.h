@@ -8,8 +8,9 @@ namespace ornivane {
 // there, so that nobody ever meets half of it. Gone with this object unless it was given its name.
 class TemporaryFile {
 public:
-    // RuntimeError PathNotFound, PermissionDenied, DiskFull, DeviceError, with the target's name.
-    explicit TemporaryFile(const std::filesystem::path& target);
+    // RuntimeError PathNotFound, PermissionDenied, DiskFull, DeviceError, with the name of the file that it
+    // will be.
+    explicit TemporaryFile(const std::filesystem::path& of);
     ~TemporaryFile();
     TemporaryFile(const TemporaryFile&) = delete;
     TemporaryFile& operator=(const TemporaryFile&) = delete;

@@ -1,9 +1,9 @@
 #include "calibration/CatalogueBackup.h"
 
 #include "base/RuntimeError.h"
+#include "map/MapCatalogue.h"
 #include "store/Backup.h"
 #include "store/Connection.h"
-#include "store/Recordset.h"
 
 namespace ornivane {
 
@@ -11,26 +11,22 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* ChartNames = "SELECT Name FROM Maps ORDER BY Name";
-
 // Every chart of the backup is in the store as well.
 bool MayReplace(const fs::path& backup, Connection& store) {
     std::error_code error;
     if (!fs::exists(fs::symlink_status(backup, error))) return true;
-    try {
+    bool allPresent = true;
+    const auto unreadable = ErrorOf([&] {
         Connection kept;
         kept.Open(backup, Connection::Mode::ReadOnly);
         Recordset charts, present;
-        charts.Open(kept, ChartNames);
-        present.Open(store, ChartNames);
-        for (; !charts.Eof(); charts.MoveNext()) {
-            present.MoveFirst();
-            if (!present.Find("Name", Comparison::Equal, charts.Get("Name"))) return false;
-        }
-        return true;
-    } catch (const RuntimeError&) {
-        return false; // not ours, or damaged: perhaps somebody can still save something of it
-    }
+        MapCatalogue(kept).OpenAll(charts);
+        MapCatalogue(store).OpenAll(present);
+        for (; !charts.Eof() && allPresent; charts.MoveNext())
+            allPresent = MapCatalogue::StandOn(present, MapCatalogue::NameOf(charts));
+    });
+    // One that is not ours, or damaged, is kept: perhaps somebody can still save something of it.
+    return allPresent && !unreadable;
 }
 
 } // namespace

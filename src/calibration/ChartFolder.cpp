@@ -81,20 +81,20 @@ void ReadLatData(const fs::path& folder, LatData& data) {
     const auto bytes = file ? ReadWholeFile(*file) : std::nullopt;
     if (!bytes) return;
     SettingsReader reader(*bytes);
-    const auto read = [&reader](int& to) {
+    const auto read = [&reader](auto& to) {
         const auto value = reader.WholeNumber();
         if (!value || *value < 0 || *value > 1) return false;
-        to = *value;
+        to = static_cast<std::remove_reference_t<decltype(to)>>(*value);
         return true;
     };
-    for (int& hemisphere : data.Hemispheres)
+    for (Hemisphere& hemisphere : data.Hemispheres)
         if (!read(hemisphere)) return;
     read(data.Preview);
 }
 
 void WriteLatData(const fs::path& folder, const LatData& data) {
     SettingsWriter writer;
-    for (const int hemisphere : data.Hemispheres) writer.WholeNumber(hemisphere);
+    for (const Hemisphere hemisphere : data.Hemispheres) writer.WholeNumber(static_cast<int>(hemisphere));
     writer.WholeNumber(data.Preview);
     WriteFileAtomically(folder / LatDataFile, writer.Bytes());
 }

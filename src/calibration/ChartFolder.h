@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "map/MapCatalogue.h"
+
 namespace ornivane {
 
 // The files of the folder of charts: the images, and beside each the text file that keeps its frame when the
@@ -19,19 +21,19 @@ namespace ornivane {
 std::optional<std::vector<std::string>> GetFiles(const std::filesystem::path& folder,
                                                  std::string_view pattern);
 
-// Edges in the order of the catalogue: Unten, Oben, Links, Rechts; DegMinValue.
-using FrameEdges = std::array<double, 4>;
-
 // Empty when there is none, or it has fewer than four lines. A line that is no number reads as 0.
 std::optional<FrameEdges> ReadSideFile(const std::filesystem::path& folder, const std::string& map);
 // RuntimeError when it cannot be written.
 void WriteSideFile(const std::filesystem::path& folder, const std::string& map, const FrameEdges& edges);
 
-// What the catalogue's screen remembers: the hemisphere of each edge (0 N or E, 1 S or W), and the preview's
-// switch. LatData.crm in the folder of charts.
+// In the order of the boxes that offer them; LatData.crm has 0 and 1.
+enum class Hemisphere { NorthOrEast, SouthOrWest };
+
+// What the catalogue's screen remembers: the hemisphere of each edge, and the preview's switch. LatData.crm
+// in the folder of charts.
 struct LatData {
-    std::array<int, 4> Hemispheres{};
-    int Preview = 0;
+    std::array<Hemisphere, 4> Hemispheres{};
+    bool Preview = false;
     bool operator==(const LatData&) const = default;
 };
 

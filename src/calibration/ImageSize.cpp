@@ -3,8 +3,8 @@
 #include <array>
 #include <fstream>
 
-#include "base/RuntimeError.h"
 #include "base/Strings.h"
+#include "platform/PictureFormats.h"
 
 namespace ornivane {
 
@@ -19,50 +19,64 @@ std::int32_t LittleEndian(const unsigned char* bytes) {
     return static_cast<std::int32_t>(value);
 }
 
-// The bytes of a scan; the end of the file is an error, because the scan itself never asks for it.
+// The bytes of a JPEG. What is damaged reads as 0 from then on: the scan itself never asks for the end of the
+// file.
 class ByteReader {
 public:
     explicit ByteReader(std::istream& from) : file(from) {}
 
+    bool IsDamaged() const { return damaged; }
     int Next() {
-        const int byte = file.get();
-        if (byte == std::istream::traits_type::eof()) throw RuntimeError(ErrorNumber::InvalidCall);
-        return byte;
+        const int byte = damaged ? 0 : file.get();
+        damaged = damaged || byte == std::istream::traits_type::eof();
+        return damaged ? 0 : byte;
     }
-    // Two bytes, high one first, as a whole number of 16 bits.
-    int Word(int high, int low) const {
-        if (high >= 128) throw RuntimeError(ErrorNumber::Overflow);
-        return high * 256 + low;
+    // Two bytes, the high one first; 32,768 and more is damage.
+    int Word() {
+        const int high = Next();
+        low = Next();
+        damaged = damaged || high >= 128;
+        return damaged ? 0 : high * 256 + low;
     }
+    int LowByte() const { return low; } // of the last word
     void Skip(int count) {
-        if (count < 0) throw RuntimeError(ErrorNumber::InvalidCall);
-        file.ignore(count);
-        if (file.gcount() < count) throw RuntimeError(ErrorNumber::InvalidCall);
+        if (count > 0 && !damaged) file.ignore(count);
+        damaged = damaged || count < 0 || (count > 0 && file.gcount() < count);
     }
 
 private:
     std::istream& file;
+    bool damaged = false;
+    int low = 0;
 };
 
 ImageSize FrameSize(ByteReader& bytes) {
     bytes.Skip(3); // length and precision
-    const int heightHigh = bytes.Next(), heightLow = bytes.Next();
-    const int widthHigh = bytes.Next(), widthLow = bytes.Next();
-    const int height = bytes.Word(heightHigh, heightLow);
-    return {bytes.Word(widthHigh, widthLow), height};
+    const int height = bytes.Word();
+    return {bytes.Word(), height};
 }
 
-ImageSize ScanJpeg(ByteReader& bytes, int current) {
-    for (;;) {
-        while (current != 0xFF) current = bytes.Next();
+ImageSize ScanJpeg(ByteReader& bytes) {
+    int current = 0xD8;
+    while (!bytes.IsDamaged()) {
+        while (current != 0xFF && !bytes.IsDamaged()) current = bytes.Next();
         const int marker = bytes.Next();
         if (marker >= MarkerFirstFrame && marker <= MarkerLastFrame) return FrameSize(bytes);
         if (marker == MarkerScan) return {};
-        const int high = bytes.Next();
-        current = bytes.Next();
-        bytes.Skip(bytes.Word(high, current) - 2);
+        bytes.Skip(bytes.Word() - 2);
+        current = bytes.LowByte();
     }
+    return {};
 }
+
+// What the ending of a file's name decides.
+struct SizeReader {
+    SizeReading (*Read)(std::istream&, ImageSize&);
+    SizeReading Unopened; // of a file that cannot be opened
+};
+constexpr std::array<SizeReader, PictureFormats.size()> Readers{
+    {{ReadBmpSize, SizeReading::Kept}, {ReadJpegSize, SizeReading::Damaged}}};
+constexpr std::size_t Jpeg = 1;
 
 } // namespace
 
@@ -80,24 +94,24 @@ SizeReading ReadBmpSize(std::istream& file, ImageSize& size) {
 
 SizeReading ReadJpegSize(std::istream& file, ImageSize& size) {
     if (file.get() != 0xFF || file.get() != 0xD8) return SizeReading::Kept;
-    try {
-        ByteReader bytes(file);
-        size = ScanJpeg(bytes, 0xD8);
-        return SizeReading::Read;
-    } catch (const RuntimeError&) {
-        return SizeReading::Damaged;
-    }
+    ByteReader bytes(file);
+    const ImageSize found = ScanJpeg(bytes);
+    if (bytes.IsDamaged()) return SizeReading::Damaged;
+    size = found;
+    return SizeReading::Read;
 }
 
-bool IsBmpName(std::string_view name) {
-    return name.size() >= 3 && LowerAscii(name.substr(name.size() - 3)) == "bmp";
+std::size_t FormatOfName(std::string_view name) {
+    const std::string ending = LowerAscii(name.size() < 3 ? name : name.substr(name.size() - 3));
+    for (std::size_t i = 0; i < PictureFormats.size(); ++i)
+        if (ending == PictureFormats[i].Ending) return i;
+    return Jpeg;
 }
 
-SizeReading ReadImageSize(const std::filesystem::path& path, ImageSize& size) {
-    const bool bmp = IsBmpName(path.filename().string());
-    std::ifstream file(path, std::ios::binary);
-    if (!file) return bmp ? SizeReading::Kept : SizeReading::Damaged;
-    return bmp ? ReadBmpSize(file, size) : ReadJpegSize(file, size);
+SizeReading ReadImageSize(const std::filesystem::path& file, ImageSize& size) {
+    const SizeReader& reader = Readers[FormatOfName(file.filename().string())];
+    std::ifstream stream(file, std::ios::binary);
+    return stream ? reader.Read(stream, size) : reader.Unopened;
 }
 
 } // namespace ornivane

@@ -28,13 +28,14 @@ SizeReading ReadBmpSize(std::istream& file, ImageSize& size);
 // any frame is 0 x 0. What does not begin as a JPEG is kept. Damaged: a segment, width or height of 32,768
 // and more, a segment length below 2, a file that ends within the scan.
 //
-// Charts of many users passed this scan or were refused by it, and their catalogues say so; it stays as it
-// always was. After a segment has been skipped, the low byte of its length is still the one looked at: if
-// that is FF, the next byte, really the FF of a marker, is taken for the marker itself.
+// The scan decides which charts a catalogue takes, and existing catalogues were made by it, so it keeps its
+// one mistake: after a segment has been skipped, the low byte of its length is the next one looked at. If
+// that is FF, the byte behind it, really the FF of a marker, is taken for the marker itself.
 SizeReading ReadJpegSize(std::istream& file, ImageSize& size);
 
-// The last three characters decide which reader a file gets: "BMP" in any case, else the one for JPEG.
-bool IsBmpName(std::string_view name);
+// Index into PictureFormats by the last three characters of a name, upper and lower case being the same; what
+// is none of the formats is read as a JPEG.
+std::size_t FormatOfName(std::string_view name);
 
 // By the file's name. A file that cannot be opened is damaged when it should be a JPEG, else kept.
 SizeReading ReadImageSize(const std::filesystem::path& file, ImageSize& size);

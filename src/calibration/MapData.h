@@ -7,6 +7,7 @@
 #include "calibration/ChartFolder.h"
 #include "calibration/ImageSize.h"
 #include "common/Variablen.h"
+#include "map/MapCatalogue.h"
 #include "platform/Dialogs.h"
 #include "platform/PictureSurface.h"
 #include "store/Recordset.h"
@@ -17,16 +18,16 @@ namespace ornivane {
 enum class EdgeState { NotStored, Stored };
 
 // The catalogue of charts: which images exist, their size and frame, which of them flight and planning use.
-// The only writer of the table Maps. Members carry the names of the controls that show them; the edges travel
-// in the order Unten, Oben, Links, Rechts.
+// Nothing else writes the table Maps. Members carry the names of the controls that show them; the edges are
+// in the order of FrameEdges. The form frmCalibrate owns it.
 class MapData {
 public:
-    struct Entry {
+    struct Entry { // of the list
         std::string Name;
         bool Selected = false; // the tick
     };
 
-    MapData(Variablen& variablen, Picture& picStorage, PictureSurface& picMap, Dialogs& dialogs);
+    MapData(Variablen& variablen, Picture& picStorage, PictureSurface& picMap, Dialogs& messages);
 
     void Form_Load();
     void Form_Deactivate();
@@ -57,9 +58,8 @@ public:
     std::string SelectedName() const;
     std::filesystem::path ChartsFolder() const { return shared.ProgramFolder / "Karten"; }
 
-    // How many metres on the ground a pixel is across and down in the middle of the frame, and how far they
-    // differ: a mistyped edge shows there. Says so when the size that shows is that of another chart. Empty
-    // while frame or size are no numbers.
+    // The FrameCheck of what stands in the fields. Says so when the size that shows is that of another chart.
+    // Empty while frame or size are no numbers.
     std::string ScaleText() const;
     // Where the rows are kept that the last refill dropped all together; empty when it did not.
     std::string BackupText() const;
@@ -71,7 +71,7 @@ public:
     int ListIndex = -1;
     std::string tPath;
     std::array<std::string, 4> tKarten; // magnitudes, as typed
-    std::array<int, 4> cmbLatLong{};    // 0 N or E, 1 S or W
+    std::array<Hemisphere, 4> cmbLatLong{};
     std::array<EdgeState, 4> EdgeStates{};
     std::string lblBreite, lblHoehe;
     bool chkVorschau = false;
@@ -83,28 +83,27 @@ private:
     void DropRowsWithoutImage();
     void ReadSize(const std::string& name);
     void ShowSize(const ImageSize& size);
-    void SetSize(const std::string& name, bool isNew);
+    ImageSize ShownSize() const; // 0 for what is no number
     void MarkUnlikeRow();
     bool ShowPreview(const std::string& name);
+    void ShowFrame(const std::string& name);
     void ShowRow();
     void ShowWithoutRow(const std::string& name);
-    bool LoadMapSideFile(const std::string& name);
+    void ShowEdges(const FrameEdges& edges);
     void LoadLatData();
-    bool FindRow(const std::string& name);
     bool EdgesAreNumbers() const;
     void ReportBadData();
     FrameEdges SignedEdges() const;
-    void WriteRow(const std::string& name, const FrameEdges& edges, bool flip);
-    void SetRow(const std::string& name, const FrameEdges& edges, bool flip);
+    void WriteRow(const std::string& name, MapCatalogue::Tick tick);
     void RowWritten();
     void RequeryActiveMaps();
-    void OpenRows();
     void ShowNothing();
     void EmptyEdges();
     void SetEdgeStates(EdgeState state) { EdgeStates.fill(state); }
     void Remember(const LatData& data) const;
 
     Variablen& shared;
+    MapCatalogue catalogue;
     Picture& storage;
     PictureSurface& surface;
     Dialogs& dialogs;

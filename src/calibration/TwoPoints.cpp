@@ -6,6 +6,7 @@
 
 #include "base/Numbers.h"
 #include "base/RuntimeError.h"
+#include "data/Waypoints.h"
 #include "geo/NavigationMaths.h"
 
 namespace ornivane {
@@ -27,12 +28,10 @@ std::size_t Place(ArrowKey key) { return static_cast<std::size_t>(key); }
 
 } // namespace
 
-TwoPoints::TwoPoints(Variablen& variablen, MapData& frmCalibrate, Picture& picStorage, PictureSurface& picMap,
-                     Timer& timArr, Dialogs& dialogsOf, Owner& ownerOf)
-    : shared(variablen), catalogue(frmCalibrate), storage(picStorage), surface(picMap), timer(timArr),
-      dialogs(dialogsOf), owner(ownerOf) {
+TwoPoints::TwoPoints(const World& world)
+    : language(world.Texts), dataConn(world.DataConn), catalogue(world.Catalogue), storage(world.picStorage),
+      surface(world.picMap), timer(world.timArr), dialogs(world.Messages) {
     Points[0].cmdSaveEnabled = true; // disabled is how a point says that it is done
-    timer.OnTimer([this] { timArr_Timer(); });
 }
 
 void TwoPoints::Form_Load() {
@@ -54,16 +53,13 @@ void TwoPoints::Form_Load() {
 // Now, and not when all coordinates have been entered: saving will refuse the height.
 void TwoPoints::SayTopDown() {
     if (MapHeight >= 0) return;
-    const std::string height = std::to_string(MapHeight);
     dialogs.Message(
-        shared.Text("Datenfehler", "Data error"),
-        catalogue.SelectedName() +
-            (shared.Text(" ist von oben nach unten gespeichert (Höhe ",
-                         " is stored from the top down (height ") +
-             height +
-             shared.Text("). Die Kalibrierung kann nicht gespeichert werden: Bitte das Bild in der üblichen "
-                         "Reihenfolge neu speichern.",
-                         "). Its calibration cannot be stored: save the image again in the usual order.")));
+        language.Text("Datenfehler", "Data error"),
+        language.Text("%1 ist von oben nach unten gespeichert (Höhe %2). Die Kalibrierung kann nicht "
+                      "gespeichert werden: Bitte das Bild in der üblichen Reihenfolge neu speichern.",
+                      "%1 is stored from the top down (height %2). Its calibration cannot be stored: save "
+                      "the image again in the usual order.",
+                      {catalogue.SelectedName(), std::to_string(MapHeight)}));
 }
 
 void TwoPoints::ReadSizes() {
@@ -103,7 +99,7 @@ void TwoPoints::Draw_Picture() {
     surface.Refresh();
 }
 
-std::string TwoPoints::NumberAsText(double value) const { return NumberText(value, shared.Locale); }
+std::string TwoPoints::NumberAsText(double value) const { return NumberText(value, language.Locale); }
 
 // The only place where a pointer becomes pixels of the image. Also after the picture moved under a resting
 // pointer, so that what stands in the fields is always what lies under the cross-hair.
@@ -112,25 +108,23 @@ void TwoPoints::ShowPixel() {
     ty = NumberAsText(Single(CheckedDivide(CrossY, CheckedDivide(surface.ScaleHeight(), View.SH)) + View.SY));
 }
 
-void TwoPoints::MouseDown(double x, double y) {
-    DragX = x;
-    DragY = y;
-}
+void TwoPoints::MouseDown(const Point& at) { drag = at; }
 
-void TwoPoints::MouseMove(double x, double y, bool leftHeld) {
+void TwoPoints::MouseMove(const Point& at, bool leftHeld) {
     if (leftHeld) {
-        View = Dragged(View, Sizes, x - DragX, y - DragY);
-        MouseDown(x, y);
+        View = Dragged(View, Sizes, at.X - drag.X, at.Y - drag.Y);
+        MouseDown(at);
     }
-    CrossX = x;
-    CrossY = y;
+    CrossX = at.X;
+    CrossY = at.Y;
     Draw_Picture();
     ShowPixel();
 }
 
 void TwoPoints::MoveCross(double dx, double dy) {
-    MouseMove(std::min(std::max(CrossX + dx, 0.0), surface.ScaleWidth() - 1),
-              std::min(std::max(CrossY + dy, 0.0), surface.ScaleHeight() - 1), false);
+    MouseMove({std::min(std::max(CrossX + dx, 0.0), surface.ScaleWidth() - 1),
+               std::min(std::max(CrossY + dy, 0.0), surface.ScaleHeight() - 1)},
+              false);
 }
 
 void TwoPoints::picMap_Click() {
@@ -212,7 +206,6 @@ void TwoPoints::timArr_Timer() {
     if (held[Place(ArrowKey::Down)]) Pan(0, -down);
     if (held[Place(ArrowKey::Left)]) Pan(across, 0);
     if (held[Place(ArrowKey::Right)]) Pan(-across, 0);
-    owner.Moved();
 }
 
 void TwoPoints::Pan(double dx, double dy) {
@@ -226,9 +219,7 @@ void TwoPoints::Pan(double dx, double dy) {
 
 void TwoPoints::FindWaypoint(std::size_t index) {
     CalibrationPoint& point = Points[index];
-    point.WaypointFindSet.Open(shared.DataConn,
-                               "SELECT * FROM Waypoints WHERE ? <> '' AND STARTSWITH(Name, ?) ORDER BY Name",
-                               {point.tQuickfind, point.tQuickfind});
+    Waypoints(dataConn).OpenBeginningWith(point.WaypointFindSet, point.tQuickfind);
     if (point.WaypointFindSet.RecordCount() == 0) {
         point.tLat.clear();
         point.tLong.clear();
@@ -243,10 +234,10 @@ void TwoPoints::gridWay_RowChanged(std::size_t index) {
     point.tLong = NumberAsText(point.WaypointFindSet.Number("Long"));
 }
 
-void TwoPoints::cmdSave_Click(std::size_t index) {
+bool TwoPoints::cmdSave_Click(std::size_t index) {
     CalibrationPoint& point = Points[index];
-    if (point.Colour != PointColour::ToEnter) return;
-    if (!ParseNumber(point.tLat) || !ParseNumber(point.tLong)) return;
+    if (point.Colour != PointColour::ToEnter) return false;
+    if (!ParseNumber(point.tLat) || !ParseNumber(point.tLong)) return false;
     point.Lat = point.tLat;
     point.Long = point.tLong;
     point.Colour = PointColour::Accepted;
@@ -256,7 +247,7 @@ void TwoPoints::cmdSave_Click(std::size_t index) {
     point.tQuickfindEnabled = false;
     point.cmdSaveEnabled = false;
     point.gridWayEnabled = false;
-    if (index == 1) ApplyCalibration();
+    return index == 1 && ApplyCalibration();
 }
 
 } // namespace ornivane

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "calibration/MapData.h"
+#include "geo/Position.h"
 #include "map/Viewport.h"
 #include "platform/PictureSurface.h"
 #include "platform/Timer.h"
@@ -17,7 +18,7 @@ enum class PointColour { None, ToEnter, Accepted }; // as the form was drawn; ye
 // their number. Pixels and coordinates are kept as texts, because the calculation reads and writes texts.
 struct CalibrationPoint {
     bool frmVisible = false;
-    std::string tLat, tLong; // as typed, DegMinValue
+    std::string tLat, tLong; // as typed: whole degrees and minutes / 100
     PointColour Colour = PointColour::None;
     bool FieldsEnabled = true; // tLat and tLong
     std::string Lat, Long;     // accepted
@@ -34,19 +35,20 @@ enum class TypedInto { Nothing, Lat1, Lat2, Quickfind1, Quickfind2 };
 enum class ArrowKey { Left, Up, Right, Down };
 
 // Finds the frame of a chart from two points of it: two linear scales, north up, no rotation. Works on the
-// entry selected in the catalogue and saves through it.
+// entry selected in the catalogue and saves through it. The form frmCalRect owns it.
 class TwoPoints {
 public:
-    // What is needed of the form.
-    class Owner {
-    public:
-        virtual ~Owner() = default;
-        virtual void Unload() = 0; // finished: the form closes
-        virtual void Moved() = 0;  // the picture moved by itself
+    // What of the program and of the form it works with. `dataConn` has the waypoints.
+    struct World {
+        const Language& Texts;
+        Connection& DataConn;
+        MapData& Catalogue;
+        Picture& picStorage;
+        PictureSurface& picMap;
+        Timer& timArr; // runs while an arrow is held
+        Dialogs& Messages;
     };
-
-    TwoPoints(Variablen& variablen, MapData& frmCalibrate, Picture& picStorage, PictureSurface& picMap,
-              Timer& timArr, Dialogs& dialogs, Owner& owner);
+    explicit TwoPoints(const World& world);
 
     // Loads the image and sets up the view. RuntimeError DivisionByZero for an image without size or one that
     // cannot be loaded.
@@ -55,9 +57,9 @@ public:
     void Form_Resize();
     void Draw_Picture();
 
-    void MouseDown(double x, double y);
+    void MouseDown(const Point& at);
     // Pans while the left button is held; always moves the cross-hair.
-    void MouseMove(double x, double y, bool leftHeld);
+    void MouseMove(const Point& at, bool leftHeld);
     // Takes the pixel under the cross-hair for the open point.
     void picMap_Click();
     // A character typed while the picture has the focus.
@@ -67,8 +69,9 @@ public:
     void SlideMap_Click(int value);
     void ArrowDown(ArrowKey key);
     void ArrowUp(ArrowKey key);
-    // The keys are somebody else's now; where an arrow is let go will not be told.
+    // Another control has the keys now: no release of an arrow will be told.
     void ArrowsGone();
+    void timArr_Timer(); // moves the picture by the arrows that are held
     // Moves the cross-hair by view pixels, for those without a pointer.
     void MoveCross(double dx, double dy);
 
@@ -77,7 +80,8 @@ public:
     void FindWaypoint2() { FindWaypoint(1); }
     // index 0 or 1: the first or the second point.
     void gridWay_RowChanged(std::size_t index);
-    void cmdSave_Click(std::size_t index);
+    // True when that finished the calibration: the form closes.
+    bool cmdSave_Click(std::size_t index);
 
     std::int32_t MapWidth = 0, MapHeight = 0; // pixels, from the image's header
     ViewSizes Sizes;
@@ -88,8 +92,9 @@ public:
     double ClickX = 0, ClickY = 0; // 0, 0 is none
     std::array<CalibrationPoint, 2> Points;
     std::size_t tLat2Caret = 0;
-    // The result, DegMinValue.
-    double Links = 1, Rechts = 2, Oben = 2, Unten = 1;
+    // The result.
+    StoredLongitude Links{1}, Rechts{2};
+    StoredLatitude Oben{2}, Unten{1};
 
 private:
     void SayTopDown();
@@ -97,24 +102,23 @@ private:
     void ShowPixel();
     void OpenPoint(std::size_t index);
     void FindWaypoint(std::size_t index);
-    void timArr_Timer();
     void Pan(double dx, double dy);
     bool ConvertLongitudes();
     bool ConvertLatitudes();
-    void ApplyCalibration();
+    bool ApplyCalibration();
     void SayTooClose();
     void SayCalibrated();
     void StoreResult();
     std::string NumberAsText(double value) const;
 
-    Variablen& shared;
+    const Language& language;
+    Connection& dataConn;
     MapData& catalogue;
     Picture& storage;
     PictureSurface& surface;
     Timer& timer;
     Dialogs& dialogs;
-    Owner& owner;
-    double DragX = 0, DragY = 0;
+    Point drag;                 // where the last step of a drag ended
     std::array<bool, 4> held{}; // by ArrowKey
 };
 

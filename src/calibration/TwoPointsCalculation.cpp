@@ -4,7 +4,6 @@
 
 #include "base/Numbers.h"
 #include "calibration/TwoPoints.h"
-#include "geo/NavigationMaths.h"
 
 namespace ornivane {
 
@@ -20,33 +19,36 @@ double Distance(const std::string& a, const std::string& b) { return std::abs(Nu
 // whoever enters the second point anew gets a scale that is off, and sees it in the text beside the message.
 bool TwoPoints::ConvertLongitudes() {
     auto& [first, second] = Points;
-    for (CalibrationPoint& point : Points) point.Long = NumberAsText(ToDecimalDegrees(NumberIn(point.Long)));
+    for (CalibrationPoint& point : Points)
+        point.Long = NumberAsText(ToDecimalDegrees(StoredLongitude(NumberIn(point.Long))).Degrees());
     if (Distance(first.tx, second.tx) < LeastPixels) return false;
     const double x1 = NumberIn(first.tx);
     const double degX = CheckedDivide(NumberIn(second.Long) - NumberIn(first.Long), NumberIn(second.tx) - x1);
-    Links = NumberIn(first.Long) - x1 * degX;
-    Rechts = Links + MapWidth * degX;
-    Links = ToDegMinValue(Links);
-    Rechts = ToDegMinValue(Rechts);
+    const double west = NumberIn(first.Long) - x1 * degX;
+    Links = ToDegMinValue(Longitude(west));
+    Rechts = ToDegMinValue(Longitude(west + MapWidth * degX));
     return true;
 }
 
 bool TwoPoints::ConvertLatitudes() {
     auto& [first, second] = Points;
-    for (CalibrationPoint& point : Points) point.Lat = NumberAsText(ToDecimalDegrees(NumberIn(point.Lat)));
+    for (CalibrationPoint& point : Points)
+        point.Lat = NumberAsText(ToDecimalDegrees(StoredLatitude(NumberIn(point.Lat))).Degrees());
     if (Distance(first.ty, second.ty) < LeastPixels) return false;
     const double y1 = NumberIn(first.ty);
     // Downwards in the image is southwards: normally negative.
     const double degY = CheckedDivide(NumberIn(second.Lat) - NumberIn(first.Lat), NumberIn(second.ty) - y1);
-    Oben = NumberIn(first.Lat) - y1 * degY;
-    Unten = Oben + MapHeight * degY;
-    Oben = ToDegMinValue(Oben);
-    Unten = ToDegMinValue(Unten);
+    const double north = NumberIn(first.Lat) - y1 * degY;
+    Oben = ToDegMinValue(Latitude(north));
+    Unten = ToDegMinValue(Latitude(north + MapHeight * degY));
     return true;
 }
 
-void TwoPoints::ApplyCalibration() {
-    if (!ConvertLongitudes()) return SayTooClose();
+bool TwoPoints::ApplyCalibration() {
+    if (!ConvertLongitudes()) {
+        SayTooClose();
+        return false;
+    }
     if (!ConvertLatitudes()) {
         SayTooClose();
         CalibrationPoint& second = Points[1];
@@ -55,33 +57,34 @@ void TwoPoints::ApplyCalibration() {
         second.cmdSaveEnabled = true;
         second.tQuickfindEnabled = true;
         second.gridWayEnabled = true;
-        return;
+        return false;
     }
-    const std::array edges = {Unten, Oben, Links, Rechts};
+    const std::array edges = {Unten.Value(), Oben.Value(), Links.Value(), Rechts.Value()};
     std::array<std::string, 4> texts;
     for (std::size_t i = 0; i < edges.size(); ++i) texts[i] = NumberAsText(Round(edges[i], 3));
     catalogue.TakeFrame(texts, {MapWidth, MapHeight});
     SayCalibrated();
     StoreResult();
-    owner.Unload();
+    return true;
 }
 
 void TwoPoints::SayTooClose() {
     dialogs.MessageAndWait(
-        shared.Text("Datenfehler", "Points too close"),
-        shared.Text("Bitte andere Koordinatenpunkte aussuchen...", "Please choose other coordinates..."));
+        language.Text("Datenfehler", "Points too close"),
+        language.Text("Bitte andere Koordinatenpunkte aussuchen...", "Please choose other coordinates..."));
 }
 
 void TwoPoints::SayCalibrated() {
     const bool farApart = MapWidth / 2.0 <= Distance(Points[0].tx, Points[1].tx) &&
                           MapHeight / 2.0 <= Distance(Points[0].ty, Points[1].ty);
     const char* text =
-        farApart ? shared.Text("Karte wurde kalibriert.", "Map calibrated")
-                 : shared.Text("Karte wurde kalibriert. Für ein besseres Ergebnis zwei Punkte auswählen, die "
-                               "weiter auseinander liegen...",
-                               "Map calibrated. For a better result please use two points which are further "
-                               "apart...");
-    dialogs.MessageWithDetails(shared.Text("Karte kalibriert", "Map calibrated"), text,
+        farApart
+            ? language.Text("Karte wurde kalibriert.", "Map calibrated")
+            : language.Text("Karte wurde kalibriert. Für ein besseres Ergebnis zwei Punkte auswählen, die "
+                            "weiter auseinander liegen...",
+                            "Map calibrated. For a better result please use two points which are further "
+                            "apart...");
+    dialogs.MessageWithDetails(language.Text("Karte kalibriert", "Map calibrated"), text,
                                catalogue.ScaleText());
 }
 

@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QSlider>
 #include <QTableView>
 #include <QVBoxLayout>
@@ -15,6 +16,7 @@
 #include <cmath>
 
 #include "base/Flagged.h"
+#include "base/RuntimeError.h"
 #include "platform/qt/EnterKey.h"
 #include "platform/qt/Events.h"
 #include "platform/qt/GridBinding.h"
@@ -36,21 +38,20 @@ QString Shown(const std::string& text) { return QString::fromStdString(text); }
 
 QString Numbered(const char* name, std::size_t index) { return name + QString::number(index + 1); }
 
-// Shows the wait cursor as long as it lives.
-class Waiting {
-public:
-    Waiting() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~Waiting() { QApplication::restoreOverrideCursor(); }
-    Waiting(const Waiting&) = delete;
-    Waiting& operator=(const Waiting&) = delete;
-};
+QPushButton* Button(const QString& name) {
+    auto* button = new QPushButton;
+    button->setObjectName(name);
+    button->setMinimumHeight(ButtonHeight);
+    button->setFocusPolicy(Qt::TabFocus);
+    button->setAutoDefault(false);
+    return button;
+}
 
 } // namespace
 
-frmCalRect::frmCalRect(Variablen& variablen, EventGuard& guardOf, Dialogs& dialogs, MapData& catalogueOf,
-                       DecodedPictures* pictures, QWidget* window)
-    : QDialog(window), shared(variablen), guard(guardOf), catalogue(catalogueOf),
-      picStorage(std::make_unique<QtPicture>(pictures)), timArr(std::make_unique<QtTimer>(guardOf)) {
+frmCalRect::frmCalRect(const Services& services, MapData& frmCalibrate, QWidget* window)
+    : QDialog(window), language(services.Texts), guard(services.Guard), catalogue(frmCalibrate),
+      picStorage(std::make_unique<QtPicture>(services.Pictures)), timArr(std::make_unique<QtTimer>(guard)) {
     setObjectName("frmCalRect");
     setAttribute(Qt::WA_DeleteOnClose);
     setModal(true);
@@ -64,8 +65,12 @@ frmCalRect::frmCalRect(Variablen& variablen, EventGuard& guardOf, Dialogs& dialo
     row->addLayout(left, 1);
     row->addWidget(panel);
     MakeMap(*left);
-    logic = std::make_unique<TwoPoints>(shared, catalogue, *picStorage, picMap->Surface(), *timArr, dialogs,
-                                        *this);
+    logic = std::make_unique<TwoPoints>(TwoPoints::World{language, services.DataConn, catalogue, *picStorage,
+                                                         picMap->Surface(), *timArr, services.Messages});
+    timArr->OnTimer([this] {
+        logic->timArr_Timer();
+        ShowState();
+    });
     MakePanel(*right);
     EnterKey::PressesButtonsOf(*this);
     ApplyLanguage();
@@ -76,18 +81,18 @@ frmCalRect::frmCalRect(Variablen& variablen, EventGuard& guardOf, Dialogs& dialo
 frmCalRect::~frmCalRect() = default;
 
 QString frmCalRect::Text(const char* german, const char* english) const {
-    return QString::fromUtf8(shared.Text(german, english));
+    return QString::fromUtf8(language.Text(german, english));
 }
 
 void frmCalRect::Start() {
-    try {
-        open();
-        const Waiting now;
-        logic->Form_Load();
-    } catch (...) {
-        close();
-        throw;
-    }
+    RestoreOnError(
+        [this] {
+            open();
+            QApplication::setOverrideCursor(Qt::WaitCursor);
+            const auto after = qScopeGuard(QApplication::restoreOverrideCursor);
+            logic->Form_Load();
+        },
+        [this] { close(); });
     loaded = true;
     picMap->setFocus();
     Click([this] { logic->Draw_Picture(); });
@@ -112,15 +117,15 @@ void frmCalRect::MakeMap(QBoxLayout& layout) {
         pressedAt = at;
         dragged = false;
         Click([&] {
-            logic->MouseDown(at.x(), at.y());
-            logic->MouseMove(at.x(), at.y(), false);
+            logic->MouseDown({at.x(), at.y()});
+            logic->MouseMove({at.x(), at.y()}, false);
         });
     });
     guard.Connect(picMap, &SurfaceWidget::Moved, [this](QPointF at, Qt::MouseButtons held) {
         if (!loaded) return;
         const bool left = held & Qt::LeftButton;
         if (left && (at - pressedAt).manhattanLength() > DragBegins) dragged = true;
-        Click([&] { logic->MouseMove(at.x(), at.y(), left && dragged); });
+        Click([&] { logic->MouseMove({at.x(), at.y()}, left && dragged); });
     });
     guard.Connect(picMap, &SurfaceWidget::Released,
                   [this](QPointF at, Qt::MouseButton button) { Released(at, button); });
@@ -158,10 +163,7 @@ void frmCalRect::MakePanel(QBoxLayout& layout) {
     MakeEntry(1, layout);
     layout.addStretch(1);
     MakePixels(layout);
-    cmdExit = Named(new QPushButton, "cmdExit");
-    cmdExit->setMinimumHeight(ButtonHeight);
-    cmdExit->setFocusPolicy(Qt::TabFocus);
-    cmdExit->setAutoDefault(false);
+    cmdExit = Button("cmdExit");
     guard.Connect(cmdExit, &QPushButton::clicked, [this] { Unload(); });
     layout.addWidget(cmdExit);
 }
@@ -189,11 +191,7 @@ void frmCalRect::MakeEntry(std::size_t index, QBoxLayout& layout) {
     new EnterKey(*entry.tLat, [&entry] { entry.tLong->setFocus(); });
     for (QWidget* last : std::initializer_list<QWidget*>{entry.tLong, entry.tQuickfind, entry.gridWay})
         new EnterKey(*last, [this, index] { Save(index); });
-    entry.cmdSave = new QPushButton;
-    entry.cmdSave->setObjectName(Numbered("cmdSave", index));
-    entry.cmdSave->setMinimumHeight(ButtonHeight);
-    entry.cmdSave->setFocusPolicy(Qt::TabFocus);
-    entry.cmdSave->setAutoDefault(false);
+    entry.cmdSave = Button(Numbered("cmdSave", index));
     guard.Connect(entry.cmdSave, &QPushButton::clicked, [this, index] { Save(index); });
     column->addWidget(entry.cmdSave);
     layout.addWidget(entry.frmP, 4);
@@ -263,9 +261,11 @@ void frmCalRect::Click(const std::function<void()>& event) {
     if (!closing) ShowState();
 }
 
-// Afterwards the hand is where it began: over the picture, for the next point.
+// Afterwards the focus is where it began: on the picture, for the next point.
 void frmCalRect::Save(std::size_t index) {
-    Click([&] { logic->cmdSave_Click(index); });
+    Click([&] {
+        if (logic->cmdSave_Click(index)) Unload();
+    });
     if (!closing && logic->Points[index].Colour == PointColour::Accepted) picMap->setFocus();
 }
 

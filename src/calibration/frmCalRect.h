@@ -28,12 +28,19 @@ class RecordsetModel;
 class SurfaceWidget;
 
 // Calibrates the selected chart by two points. Deletes itself when it closes.
-class frmCalRect : public QDialog, public TwoPoints::Owner {
+class frmCalRect : public QDialog {
     Q_OBJECT
 
 public:
-    frmCalRect(Variablen& shared, EventGuard& guard, Dialogs& dialogs, MapData& catalogue,
-               DecodedPictures* pictures, QWidget* window);
+    // What of the program it works with. `Pictures`: the images of all screens; may be missing.
+    struct Services {
+        const Language& Texts;
+        Connection& DataConn;
+        EventGuard& Guard;
+        Dialogs& Messages;
+        DecodedPictures* Pictures;
+    };
+    frmCalRect(const Services& services, MapData& frmCalibrate, QWidget* window);
     ~frmCalRect() override;
 
     // Shows the form and loads the image. RuntimeError for an image without size; the form closes then.
@@ -58,9 +65,7 @@ private:
         std::unique_ptr<GridBinding> Binding;
     };
 
-    void Unload() override;
-    void Moved() override { ShowState(); }
-
+    void Unload();
     void MakeMap(QBoxLayout& layout);
     void MakePanel(QBoxLayout& layout);
     void MakePixels(QBoxLayout& layout);
@@ -79,7 +84,7 @@ private:
     void ApplyLanguage();
     QString Text(const char* german, const char* english) const;
 
-    Variablen& shared;
+    const Language& language;
     EventGuard& guard;
     MapData& catalogue;
     std::unique_ptr<QtPicture> picStorage;

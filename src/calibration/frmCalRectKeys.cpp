@@ -72,7 +72,7 @@ bool frmCalRect::SlideByMouse(const QMouseEvent& event) {
     return true;
 }
 
-// What is typed while the hand points at the spot. True when the key was one of the picture's.
+// A key that was pressed while the picture has the focus. True when it was one of the picture's.
 bool frmCalRect::MapKey(const QKeyEvent& event) {
     const int key = event.key();
     if (const auto arrow = ArrowOf(key)) {

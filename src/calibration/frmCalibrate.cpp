@@ -15,6 +15,7 @@
 
 #include "base/Flagged.h"
 #include "calibration/frmCalRect.h"
+#include "platform/PictureFormats.h"
 #include "platform/qt/EnterKey.h"
 #include "platform/qt/Events.h"
 #include "platform/qt/GridBinding.h"
@@ -28,12 +29,12 @@ namespace {
 
 constexpr int ButtonHeight = 44;
 constexpr QSize LargestPreview(1200, 900); // logical pixels, on a large screen
-// The colours say whether the catalogue has it; dark letters on both, by day and by night.
+// The colours tell whether the catalogue has the value; dark letters on both, by day and by night.
 constexpr const char* NotStoredStyle = "background: #ffff80; color: #101418";
 constexpr const char* StoredStyle = "background: #c0c0ff; color: #101418";
 constexpr int RowHeight = 40;
 
-// Ticks as large as a finger needs them: a style sheet draws them over the text of a list.
+// Ticks large enough for a finger. A style sheet cannot do it: it draws them over the text of a list.
 class LargeTicks : public QProxyStyle {
 public:
     explicit LargeTicks(QObject* owner) : QProxyStyle("Fusion") { setParent(owner); }
@@ -57,9 +58,9 @@ QString Shown(const std::string& text) { return QString::fromStdString(text); }
 
 } // namespace
 
-frmCalibrate::frmCalibrate(Variablen& variablen, EventGuard& guardOf, Dialogs& dialogsOf,
-                           DecodedPictures* picturesOf)
-    : shared(variablen), guard(guardOf), dialogs(dialogsOf), pictures(picturesOf),
+frmCalibrate::frmCalibrate(Variablen& variablen, EventGuard& eventGuard, Dialogs& messages,
+                           DecodedPictures* decoded)
+    : shared(variablen), guard(eventGuard), dialogs(messages), pictures(decoded),
       picStorage(std::make_unique<QtPicture>()) {
     setObjectName("frmCalibrate");
     picStorage->ReduceTo(LargestPreview);
@@ -107,7 +108,7 @@ void frmCalibrate::MakeList(QBoxLayout& layout) {
         pressedSelected = false; // a tick shows its map, too
         if (!showing) Click([&] { logic->listKarten_ItemCheck(listKarten->row(item)); });
     });
-    // The list tells of another choice by itself, but not of a click on the one that stands.
+    // The list signals a change of the current row, but not a click on the row that is current already.
     listKarten->viewport()->installEventFilter(this);
     guard.Connect(listKarten, &QListWidget::itemClicked, [this](QListWidgetItem* item) {
         if (pressedSelected) Click([&] { logic->listKarten_Click(listKarten->row(item)); });
@@ -173,7 +174,7 @@ void frmCalibrate::MakeEdges(QBoxLayout& layout) {
         cmbLatLong[i]->addItems({Edges[i].First, Edges[i].Second});
         guard.Connect(cmbLatLong[i], &QComboBox::activated, [this, i](int index) {
             Click([&] {
-                logic->cmbLatLong[i] = index;
+                logic->cmbLatLong[i] = static_cast<Hemisphere>(index);
                 logic->tKarten_Click(i);
             });
         });
@@ -226,7 +227,7 @@ void frmCalibrate::Click(const std::function<void()>& event) {
 
 void frmCalibrate::cmdCalibrate_Click() {
     if (logic->SelectedName().empty()) return;
-    auto* form = new frmCalRect(shared, guard, dialogs, *logic, pictures, window());
+    auto* form = new frmCalRect({shared, shared.DataConn, guard, dialogs, pictures}, *logic, window());
     connect(form, &QDialog::finished, this, [this] { ShowState(); });
     form->Start();
 }
@@ -305,7 +306,7 @@ void frmCalibrate::ShowList() {
 void frmCalibrate::ShowEdges() {
     for (std::size_t i = 0; i < tKarten.size(); ++i) {
         if (tKarten[i]->text() != Shown(logic->tKarten[i])) tKarten[i]->setText(Shown(logic->tKarten[i]));
-        cmbLatLong[i]->setCurrentIndex(logic->cmbLatLong[i]);
+        cmbLatLong[i]->setCurrentIndex(static_cast<int>(logic->cmbLatLong[i]));
         const char* style = logic->EdgeStates[i] == EdgeState::Stored ? StoredStyle : NotStoredStyle;
         if (tKarten[i]->styleSheet() == style) continue;
         tKarten[i]->setStyleSheet(style);
@@ -334,8 +335,11 @@ void frmCalibrate::ApplyLanguage() {
 }
 
 void frmCalibrate::ApplyToolTips() {
-    tPath->setToolTip(Text("In diesen Ordner gehören die Bilder (BMP, JPG)",
-                           "The images (BMP, JPG) belong into this folder"));
+    QStringList formats;
+    for (const PictureFormat& format : PictureFormats) formats << QString(format.Ending).toUpper();
+    tPath->setToolTip(
+        Text("In diesen Ordner gehören die Bilder (%1)", "The images (%1) belong into this folder")
+            .arg(formats.join(", ")));
     listKarten->setToolTip(
         Text("Alle Bilder des Ordners; ein Haken macht die Karte für Flug und Planung aktiv",
              "All images of the folder; a tick makes the map active for flight and planning"));

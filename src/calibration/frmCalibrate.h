@@ -31,8 +31,9 @@ class frmCalibrate : public Screen {
     Q_OBJECT
 
 public:
-    // `pictures`: of all screens; may be missing.
-    frmCalibrate(Variablen& shared, EventGuard& guard, Dialogs& dialogs, DecodedPictures* pictures = nullptr);
+    // `decoded`: the images of all screens; may be missing.
+    frmCalibrate(Variablen& variablen, EventGuard& eventGuard, Dialogs& messages,
+                 DecodedPictures* decoded = nullptr);
     ~frmCalibrate() override;
 
     void Form_Activate() override;

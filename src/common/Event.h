@@ -8,10 +8,10 @@ namespace ornivane {
 // What one screen tells all others, without knowing them.
 class Event {
 public:
-    // Hears the event for as long as it lives. The event lives longer.
+    // Its action runs at each event from its making to its end. The event must outlast it.
     class Listener {
     public:
-        Listener(Event& event, std::function<void()> action);
+        Listener(Event& of, std::function<void()> does);
         ~Listener();
         Listener(const Listener&) = delete;
         Listener& operator=(const Listener&) = delete;

@@ -10,21 +10,21 @@ constexpr double LowestQnh = 950, HighestQnh = 1050; // hPa, the highest exclude
 
 } // namespace
 
-void EnterQnh(Variablen& shared, const std::string& text, const Date& today) {
+void EnterQnh(DayQnh& qnh, const std::string& text, const Date& today) {
     const auto entered = ParseNumber(text);
     if (entered && *entered >= LowestQnh && *entered < HighestQnh) {
-        shared.QNH = ToInt16(*entered);
-        shared.QNHDate = today;
-        shared.tQNH = text;
+        qnh.QNH = ToInt16(*entered);
+        qnh.QNHDate = today;
+        qnh.tQNH = text;
     } else {
-        shared.QNH = StandardPressure;
-        shared.tQNH = std::to_string(StandardPressure);
+        qnh.QNH = StandardPressure;
+        qnh.tQNH = std::to_string(StandardPressure);
     }
 }
 
-std::string QnhText(const Variablen& shared) {
-    const auto typed = ParseNumber(shared.tQNH);
-    return typed && Round(*typed) == shared.QNH ? shared.tQNH : std::to_string(shared.QNH);
+std::string QnhText(const DayQnh& qnh) {
+    const auto typed = ParseNumber(qnh.tQNH);
+    return typed && Round(*typed) == qnh.QNH ? qnh.tQNH : std::to_string(qnh.QNH);
 }
 
 } // namespace ornivane

@@ -35,6 +35,8 @@ std::array<bool*, 7> InOrder(DisplayFlags& flags) {
             &flags.ShowNames,    &flags.ShowAirfields,    &flags.ShowAirfieldText};
 }
 
+const char* const DialModes[] = {"Kurs", "VOR", "HSI"}; // in the order of DialMode
+
 } // namespace
 
 std::optional<ComSettings> ReadComSettings(const path& folder) {
@@ -58,12 +60,17 @@ void WriteComSettings(const path& folder, const ComSettings& settings) {
 
 bool ReadInstrumentSettings(const path& folder, InstrumentSettings& settings) {
     SettingsReader reader = Reader(folder, "VOR.crm");
-    return Take(settings.Vor, reader.Text()) && Take(settings.Mode, reader.Text()) &&
-           Take(settings.Course, reader.Text());
+    std::string mode;
+    if (!Take(settings.Vor, reader.Text()) || !Take(mode, reader.Text())) return false;
+    settings.Mode = mode == DialModes[1]   ? DialMode::Vor
+                    : mode == DialModes[2] ? DialMode::Hsi
+                                           : DialMode::Heading;
+    return Take(settings.Course, reader.Text());
 }
 
 void WriteInstrumentSettings(const path& folder, const InstrumentSettings& settings) {
-    Write(folder, "VOR.crm", SettingsWriter().Text(settings.Vor).Text(settings.Mode).Text(settings.Course));
+    const char* const mode = DialModes[static_cast<std::size_t>(settings.Mode)];
+    Write(folder, "VOR.crm", SettingsWriter().Text(settings.Vor).Text(mode).Text(settings.Course));
 }
 
 bool ReadDisplayFlags(const path& folder, DisplayFlags& flags) {

@@ -23,10 +23,11 @@ struct ComSettings {
 std::optional<ComSettings> ReadComSettings(const std::filesystem::path& folder);
 void WriteComSettings(const std::filesystem::path& folder, const ComSettings& settings);
 
-// VOR.crm: the instrument.
+// VOR.crm: the instrument. An unknown mode is read as the heading indicator.
+enum class DialMode { Heading, Vor, Hsi };
 struct InstrumentSettings {
     std::string Vor;
-    std::string Mode = "Kurs";
+    DialMode Mode = DialMode::Heading;
     std::string Course;
     bool operator==(const InstrumentSettings&) const = default;
 };

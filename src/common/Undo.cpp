@@ -4,8 +4,8 @@
 
 namespace ornivane {
 
-Undo::Undo(Notice& bar, const Variablen& variablen, std::function<void()> stateChanged)
-    : notices(bar), shared(variablen), changed(std::move(stateChanged)) {}
+Undo::Undo(Notice& bar, const Language& shownIn, std::function<void()> stateChanged)
+    : notices(bar), language(shownIn), changed(std::move(stateChanged)) {}
 
 std::string Undo::NameOf(const Recordset& rows, const char* field) {
     constexpr std::size_t characters = 40;
@@ -19,7 +19,7 @@ void Undo::Offer(Deed done) {
 
 void Undo::Refuse(const char* german, const char* english) {
     Withdraw();
-    notices.Show(shared.Text(german, english));
+    notices.Show(language.Text(german, english));
 }
 
 void Undo::Withdraw() {
@@ -29,38 +29,33 @@ void Undo::Withdraw() {
 }
 
 void Undo::ApplyLanguage() {
-    if (deed) ShowOffer(shared.EnglishUI == 1 ? deed->English : deed->German);
+    if (deed) ShowOffer(language.Text(deed->German.c_str(), deed->English.c_str()));
 }
 
 // The & marks the letter that presses the button together with Alt.
 void Undo::ShowOffer(const std::string& text) {
-    notices.Offer(text, shared.Text("&rückgängig", "&undo"), [this] { Run(); });
+    notices.Offer(text, language.Text("&rückgängig", "&undo"), [this] { Run(); });
 }
 
 void Undo::Run() {
     if (!deed) return;
-    try {
+    const auto takeBack = [this] {
         Transaction transaction(deed->Store);
         deed->TakeBack();
         transaction.Commit();
-    } catch (const RuntimeError& error) {
-        ShowOffer(Failure(error));
-        return;
-    }
+    };
+    if (const auto error = ErrorOf(takeBack)) return ShowOffer(Failure(*error));
     const auto show = std::move(deed->Show);
     Withdraw();
-    try {
-        show();
-    } catch (const RuntimeError& error) {
-        notices.Show(DescribeError(error, shared.EnglishUI == 1)); // what is stored is stored
-    }
+    // What is stored is stored, also when it cannot be shown.
+    if (const auto error = ErrorOf(show)) notices.Show(DescribeError(*error, language));
     if (changed) changed();
 }
 
 std::string Undo::Failure(const RuntimeError& error) const {
-    return (shared.EnglishUI == 1 ? deed->English + ", not undone: "
-                                  : deed->German + ", nicht rückgängig gemacht: ") +
-           DescribeError(error, shared.EnglishUI == 1);
+    return language.Text((deed->German + ", nicht rückgängig gemacht: ").c_str(),
+                         (deed->English + ", not undone: ").c_str()) +
+           DescribeError(error, language);
 }
 
 } // namespace ornivane

@@ -4,9 +4,10 @@
 #include <optional>
 #include <string>
 
+#include "base/Language.h"
 #include "base/RuntimeError.h"
-#include "common/Variablen.h"
 #include "platform/Dialogs.h"
+#include "store/Connection.h"
 #include "store/Recordset.h"
 
 namespace ornivane {
@@ -24,15 +25,15 @@ public:
         std::function<void()> Show; // afterwards: reads the lists again
     };
 
-    // `changed`: runs after an undo, to show the state.
-    Undo(Notice& notices, const Variablen& shared, std::function<void()> changed);
+    // `stateChanged`: runs after an undo, to show the state.
+    Undo(Notice& bar, const Language& shownIn, std::function<void()> stateChanged);
     Undo(const Undo&) = delete;
     Undo& operator=(const Undo&) = delete;
 
     // The name of the current row for the texts of a deed, short enough for the notice.
     static std::string NameOf(const Recordset& rows, const char* field = "Name");
 
-    void Offer(Deed deed);
+    void Offer(Deed done);
     bool Stands() const { return deed.has_value(); } // an offer can still be taken
     // Something was done that cannot be taken back: says so, and ends the offer before.
     void Refuse(const char* german, const char* english);
@@ -47,7 +48,7 @@ private:
     std::string Failure(const RuntimeError& error) const;
 
     Notice& notices;
-    const Variablen& shared;
+    const Language& language;
     std::function<void()> changed;
     std::optional<Deed> deed;
 };

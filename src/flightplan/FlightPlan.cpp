@@ -3,41 +3,31 @@
 #include <algorithm>
 
 #include "base/FileNames.h"
-#include "base/Format.h"
 #include "base/Numbers.h"
 #include "base/Paths.h"
+#include "base/Readout.h"
 #include "base/RuntimeError.h"
 #include "base/Strings.h"
 #include "common/SettingsFiles.h"
-#include "geo/NavigationMaths.h"
+#include "common/StoredPositions.h"
+#include "data/RoutePoints.h"
+#include "data/Routes.h"
+#include "geo/GreatCircle.h"
 
 namespace ornivane {
 
 namespace {
 
 constexpr std::array<const char*, PlanEntryCount> DefaultEntries{"0", "20", "120", "0", "0"};
-constexpr std::array EditedFields = {"VAR", "FFh", "TAS", "Windrichtung", "Windstärke"};
-constexpr int FirstEditedColumn = 2, DirectionColumn = 5, SpeedColumn = 6;
-
-struct PointOfRoute {
-    double Lat, Long; // decimal degrees
-};
-
-PointOfRoute PointOf(const Recordset& points) {
-    return {ToDecimalDegrees(points.Number("Lat")), ToDecimalDegrees(points.Number("Long"))};
-}
+constexpr std::array AllEntries{PlanEntry::tVAR, PlanEntry::tFF, PlanEntry::tSpeed, PlanEntry::tWinddir,
+                                PlanEntry::tWindspeed};
 
 // Legs that have no length (both ends in one place, or a coordinate of exactly 0) have no course: theirs is
 // that of the leg before.
-double LegOf(const PointOfRoute& from, const PointOfRoute& to, double& course) {
-    const double distance = CalcRouteDist(to.Lat, to.Long, from.Lat, from.Long);
-    if ((from.Lat == to.Lat && from.Long == to.Long) || from.Lat == 0 || to.Lat == 0 || from.Long == 0 ||
-        to.Long == 0)
-        return distance;
-    const double latA = DegToRad(from.Lat), longA = DegToRad(from.Long);
-    const double latB = DegToRad(to.Lat), longB = DegToRad(to.Long);
-    course = TrueCourse(latA, longA, latB, longB, AngleBetween(latA, longA, latB, longB));
-    return distance;
+double LegOf(const Position& from, const Position& to, double& course) {
+    const auto leg = PlannedLeg(from, to);
+    if (leg) course = leg->TrueCourse;
+    return leg ? leg->DistanceNM : 0;
 }
 
 bool IsPlan(const Recordset& rows) {
@@ -46,13 +36,22 @@ bool IsPlan(const Recordset& rows) {
             return LowerAscii(field.Name) == LowerAscii(name);
         });
     };
-    return has("Id") && std::all_of(EditedFields.begin(), EditedFields.end(), has);
+    return has("Id") && std::all_of(AllEntries.begin(), AllEntries.end(),
+                                    [&](PlanEntry entry) { return has(LegInputs::FieldOf(entry)); });
+}
+
+// Whether an entry field or its column takes the number.
+bool IsInRange(PlanEntry entry, double value) {
+    using enum PlanEntry;
+    return (entry == tVAR || value >= 0) && (entry != tSpeed || value > 0) &&
+           (entry != tWinddir || value <= 360);
 }
 
 } // namespace
 
-FlightPlan::FlightPlan(Variablen& variablen, Dialogs& dialogsOf, Notice& noticesOf)
-    : shared(variablen), dialogs(dialogsOf), notices(noticesOf) {}
+FlightPlan::FlightPlan(const Language& texts, const Settings& program, Connection& dataConn,
+                       Dialogs& messages, Notice& bar)
+    : language(texts), settings(program), data(dataConn), dialogs(messages), notices(bar) {}
 
 void FlightPlan::Form_Load() {
     // First of all, or a store that fails would make the defaults take the place of what was kept.
@@ -60,16 +59,16 @@ void FlightPlan::Form_Load() {
     OpenRoutes();
 }
 
-void FlightPlan::OpenRoutes() { RoutesSet.Open(shared.DataConn, "SELECT * FROM Route ORDER BY Nummer"); }
+void FlightPlan::OpenRoutes() { Routes(data).Open(RoutesSet); }
 
 void FlightPlan::ReadEntries() {
-    const auto kept = ReadFlightPlanEntries(shared.ProgramFolder);
+    const auto kept = ReadFlightPlanEntries(settings.ProgramFolder);
     if (std::all_of(kept.begin(), kept.end(), [](const auto& entry) { return entry.has_value(); })) {
         std::transform(kept.begin(), kept.end(), Entries.begin(), [](const auto& entry) { return *entry; });
         return;
     }
     std::copy(DefaultEntries.begin(), DefaultEntries.end(), Entries.begin());
-    WriteFlightPlanEntries(shared.ProgramFolder, Entries);
+    WriteFlightPlanEntries(settings.ProgramFolder, Entries);
 }
 
 void FlightPlan::Form_Activate() {
@@ -77,46 +76,39 @@ void FlightPlan::Form_Activate() {
         RoutesSet.Requery();
     else
         OpenRoutes();
-    Routes.clear();
+    RouteNames.clear();
     ListIndex = -1;
     if (RoutesSet.RecordCount() == 0) return;
-    for (; !RoutesSet.Eof(); RoutesSet.MoveNext()) Routes.push_back(RoutesSet.TextOrEmpty("Name"));
+    for (; !RoutesSet.Eof(); RoutesSet.MoveNext()) RouteNames.push_back(RoutesSet.TextOrEmpty("Name"));
     // The first route's error must not keep the pilot from the route that he was working on.
-    std::exception_ptr failed;
-    const auto choose = [this, &failed](std::size_t place) {
-        try {
-            cmbRoute_Click(static_cast<int>(place));
-            failed = nullptr;
-        } catch (const RuntimeError&) {
-            failed = std::current_exception();
-        }
-    };
-    choose(0);
-    for (std::size_t i = 1; i < Routes.size(); ++i)
-        if (Routes[i] == LastRoute) choose(i);
+    std::optional<RuntimeError> failed;
+    for (int i = 0; i < static_cast<int>(RouteNames.size()); ++i)
+        if (i == 0 || RouteNames[static_cast<std::size_t>(i)] == LastRoute)
+            failed = ErrorOf([&] { cmbRoute_Click(i); });
     if (ListIndex < 0) ListIndex = PlaceOf(tDatei); // the plan that still shows
-    if (failed) std::rethrow_exception(failed);
+    if (failed) throw *failed;
 }
 
 int FlightPlan::PlaceOf(const std::string& route) const {
-    const auto at = std::find(Routes.begin(), Routes.end(), route);
-    return at == Routes.end() ? -1 : static_cast<int>(at - Routes.begin());
+    const auto at = std::find(RouteNames.begin(), RouteNames.end(), route);
+    return at == RouteNames.end() ? -1 : static_cast<int>(at - RouteNames.begin());
 }
 
 void FlightPlan::Form_Deactivate() {
     LastRoute = RouteName();
-    SavePlanOrTell();
-    WriteFlightPlanEntries(shared.ProgramFolder, Entries);
+    // Leaving the screen must not fail with it; the plan is still there afterwards.
+    if (const auto error = ErrorOf([this] { SavePlan(); })) Tell(*error);
+    WriteFlightPlanEntries(settings.ProgramFolder, Entries);
 }
 
 void FlightPlan::Form_QueryUnload() { SavePlan(); }
 
 std::string FlightPlan::RouteName() const {
-    return ListIndex < 0 ? std::string() : Routes[static_cast<std::size_t>(ListIndex)];
+    return ListIndex < 0 ? std::string() : RouteNames[static_cast<std::size_t>(ListIndex)];
 }
 
 void FlightPlan::cmbRoute_Click(int index) {
-    if (index < 0 || index >= static_cast<int>(Routes.size())) return;
+    if (index < 0 || index >= static_cast<int>(RouteNames.size())) return;
     SaveBeforeAnother();
     ListIndex = index;
     CalcPlan(false);
@@ -140,62 +132,44 @@ void FlightPlan::SavePlan() {
 // Edits that cannot be saved keep the plan that has them: another one would take its place. They never can
 // under a name that is none for a file.
 void FlightPlan::SaveBeforeAnother() {
-    try {
-        SavePlan();
-    } catch (const RuntimeError& error) {
-        if (hasEdits && error.Number() != ErrorNumber::BadFileName) throw;
-        notices.Show(DescribeError(error, shared.EnglishUI == 1));
-    }
+    const auto error = ErrorOf([this] { SavePlan(); });
+    if (!error) return;
+    if (hasEdits && error->Number() != ErrorNumber::BadFileName) throw *error;
+    Tell(*error);
 }
 
-// Leaving the screen must not fail with it; the plan is still there afterwards.
-void FlightPlan::SavePlanOrTell() {
-    try {
-        SavePlan();
-    } catch (const RuntimeError& error) {
-        notices.Show(DescribeError(error, shared.EnglishUI == 1));
-    }
-}
+void FlightPlan::Tell(const RuntimeError& error) { notices.Show(DescribeError(error, language)); }
 
 // A file that is no plan counts as none; that is told, because the next save replaces it.
 void FlightPlan::LoadSavedPlan() {
     SavedPlanSet = Recordset();
     const std::string name = RouteName();
     const auto file = PlanFolder() / name;
-    try {
-        CheckFileName(name);
-        if (name.empty() || !FileExists(file)) return;
-        SavedPlanSet.OpenFile(file);
-        if (!IsPlan(SavedPlanSet)) throw RuntimeError(ErrorNumber::FieldNotFound);
-    } catch (const RuntimeError& error) {
-        SavedPlanSet = Recordset();
-        if (error.Number() == ErrorNumber::BadFileName) return; // it can have no file
-        notices.Show(shared.Text("Der gespeicherte Flugplan ist beschädigt und zählt nicht: ",
-                                 "The saved flight plan is damaged and does not count: ") +
-                     name);
-    }
+    if (name.empty() || !IsFileName(name) || !FileExists(file)) return; // such a name can have no file
+    const auto error = ErrorOf([&] { SavedPlanSet.OpenFile(file); });
+    if (!error && IsPlan(SavedPlanSet)) return;
+    SavedPlanSet = Recordset();
+    notices.Show(language.Text("Der gespeicherte Flugplan ist beschädigt und zählt nicht: %1",
+                               "The saved flight plan is damaged and does not count: %1", {name}));
 }
 
 double FlightPlan::Number(PlanEntry entry) const {
     return NumberIn(Entries[static_cast<std::size_t>(entry)]);
 }
 
-bool FlightPlan::WindFits(double direction, double speed) const {
-    return WindText(direction, speed, shared.Locale).size() <= WindSize;
+bool FlightPlan::WindFits(const LegInputs& inputs) const {
+    return WindText(inputs, language.Locale).size() <= WindSize;
 }
 
 // The last one that is wrong. Of a wind that is too long for its field it is the longer part.
 std::optional<PlanEntry> FlightPlan::WrongEntry() const {
     using enum PlanEntry;
     std::optional<PlanEntry> wrong;
-    for (std::size_t i = 0; i < PlanEntryCount; ++i) {
-        const auto entry = static_cast<PlanEntry>(i);
-        const auto value = ParseNumber(Entries[i]);
-        const bool right = value && (entry == tVAR || *value >= 0) && (entry != tSpeed || *value > 0) &&
-                           (entry != tWinddir || *value <= 360);
-        if (!right) wrong = entry;
+    for (const PlanEntry entry : AllEntries) {
+        const auto value = ParseNumber(Entries[static_cast<std::size_t>(entry)]);
+        if (!value || !IsInRange(entry, *value)) wrong = entry;
     }
-    if (wrong || WindFits(Number(tWinddir), Number(tWindspeed))) return wrong;
+    if (wrong || WindFits(EnteredInputs())) return wrong;
     const auto length = [this](PlanEntry entry) { return NumberText(Number(entry)).size(); };
     return length(tWinddir) > length(tWindspeed) ? tWinddir : tWindspeed;
 }
@@ -215,8 +189,7 @@ bool FlightPlan::EntriesAreRight() {
 bool FlightPlan::OpenRoutePoints(const std::string& route) {
     RoutesSet.MoveFirst();
     if (!RoutesSet.Find("Name", Comparison::Equal, route)) throw RuntimeError(ErrorNumber::NoCurrentRecord);
-    RoutePointsSet.Open(shared.DataConn, "SELECT * FROM GpsPoints WHERE RouteID = ? ORDER BY Nummer",
-                        {RoutesSet.Get("RouteID")});
+    RoutePoints(data).Open(RoutePointsSet, RoutesSet.Get("RouteID"));
     return RoutePointsSet.RecordCount() > 0;
 }
 
@@ -236,7 +209,7 @@ void FlightPlan::CalcPlan(bool recalcAll) {
     FillPlan(PlanSet, rows);
     tDatei = route;
     hasEdits = false;
-    lblDistanz = NumberText(Round(sums.Distance, 1), shared.Locale) + " NM";
+    lblDistanz = NumberText(Round(sums.Distance, 1), language.Locale) + " NM";
     ShowSums(sums, averageWind);
 }
 
@@ -255,29 +228,25 @@ std::vector<PlanRow> FlightPlan::Departure() const {
 
 std::vector<PlanRow> FlightPlan::ComputeRows(bool recalcAll, PlanSums& sums) {
     std::vector<PlanRow> rows = Departure();
-    PointOfRoute from = PointOf(RoutePointsSet);
+    Position from = ToDecimalDegrees(DegMinOf(RoutePointsSet));
     // A first leg without length has course 0 and not that of a plan computed before.
     double course = 0;
     for (RoutePointsSet.MoveNext(); !RoutePointsSet.Eof(); RoutePointsSet.MoveNext()) {
-        const PointOfRoute to = PointOf(RoutePointsSet);
+        const DegMin stored = DegMinOf(RoutePointsSet);
+        const Position to = ToDecimalDegrees(stored);
         const double leg = LegOf(from, to, course);
         sums.Distance += leg;
         PlanRow row;
         row.Id = RoutePointsSet.TextOrEmpty("PointID");
         row.Nr = static_cast<int>(rows.size()) + 1;
         row.Name = RoutePointsSet.TextOrEmpty("Name");
-        row.TC = NumberIn(Format(course, "##0", {}));
+        row.TC = NumberAsShown(course, "##0");
         row.Distanz = Round(leg, 2);
         row.DistanzAcc = Round(sums.Distance, 2);
-        row.LAT = RoutePointsSet.Number("Lat");
-        row.LONG = RoutePointsSet.Number("Long");
-        const LegInputs inputs = InputsOf(row.Id, recalcAll);
-        row.VAR = inputs.VAR;
-        row.FFh = inputs.FFh;
-        row.TAS = inputs.TAS;
-        row.Windrichtung = inputs.Windrichtung;
-        row.Windstärke = inputs.Windstärke;
-        CompleteLeg(row, leg, Number(PlanEntry::tFF), sums, shared.Locale);
+        row.LAT = stored.Lat;
+        row.LONG = stored.Long;
+        static_cast<LegInputs&>(row) = InputsOf(row.Id, recalcAll);
+        CompleteLeg(row, {leg, Number(PlanEntry::tFF)}, sums, language.Locale);
         rows.push_back(std::move(row));
         from = to;
     }
@@ -285,8 +254,9 @@ std::vector<PlanRow> FlightPlan::ComputeRows(bool recalcAll, PlanSums& sums) {
 }
 
 LegInputs FlightPlan::EnteredInputs() const {
-    return {Number(PlanEntry::tVAR), Number(PlanEntry::tFF), Number(PlanEntry::tSpeed),
-            Number(PlanEntry::tWinddir), Number(PlanEntry::tWindspeed)};
+    LegInputs inputs;
+    for (const PlanEntry entry : AllEntries) inputs[entry] = Number(entry);
+    return inputs;
 }
 
 // The saved plan's rows are searched from the second: a place that a route visits twice gets what its first
@@ -297,37 +267,33 @@ LegInputs FlightPlan::InputsOf(const std::string& id, bool recalcAll) {
     SavedPlanSet.MoveFirst();
     SavedPlanSet.MoveNext();
     if (SavedPlanSet.Eof() || !SavedPlanSet.Find("Id", Comparison::Equal, id)) return EnteredInputs();
-    return {SavedPlanSet.Number("VAR"), SavedPlanSet.Number("FFh"), SavedPlanSet.Number("TAS"),
-            SavedPlanSet.Number("Windrichtung"), SavedPlanSet.Number("Windstärke")};
+    LegInputs inputs;
+    for (const PlanEntry entry : AllEntries) inputs[entry] = SavedPlanSet.Number(LegInputs::FieldOf(entry));
+    return inputs;
 }
 
 void FlightPlan::ShowSums(const PlanSums& sums, std::int16_t averageWind) {
-    lblFF = NumberText(Round(sums.Fuel, 1), shared.Locale);
+    lblFF = NumberText(Round(sums.Fuel, 1), language.Locale);
     lblZeit = TimeOf(sums.Minutes).Text;
     lblAvgWind = WindInfo(averageWind);
 }
 
-bool FlightPlan::gridFlug_BeforeColUpdate(int column, int row, const std::string& text) {
+bool FlightPlan::gridFlug_BeforeColUpdate(PlanEntry column, int row, const std::string& text) {
     const auto value = ParseNumber(text);
     const auto fits = [&] {
-        if (column != DirectionColumn && column != SpeedColumn) return true;
-        const auto of = [&](int part, const char* field) {
-            return column == part ? *value : PlanSet.ValueAt(row, field).Number();
-        };
-        return WindFits(of(DirectionColumn, "Windrichtung"), of(SpeedColumn, "Windstärke"));
+        if (column != PlanEntry::tWinddir && column != PlanEntry::tWindspeed) return true;
+        LegInputs edited = PlanRows(PlanSet).at(static_cast<std::size_t>(row));
+        edited[column] = *value;
+        return WindFits(edited);
     };
-    const bool right = value && (column != 4 || *value > 0) && (column <= 2 || *value >= 0) &&
-                       (column != DirectionColumn || *value <= 360) && fits();
+    const bool right = value && IsInRange(column, *value) && fits();
     if (!right) dialogs.Message("Datenfehler", "Fehler in der Dateneingabe");
     return right;
 }
 
-void FlightPlan::gridFlug_AfterColUpdate(int column, int row, const std::string& text) {
+void FlightPlan::gridFlug_AfterColUpdate(PlanEntry column, int row, const std::string& text) {
     std::vector<PlanRow> rows = PlanRows(PlanSet);
-    PlanRow& edited = rows.at(static_cast<std::size_t>(row));
-    const std::array<double*, EditedFields.size()> values{&edited.VAR, &edited.FFh, &edited.TAS,
-                                                          &edited.Windrichtung, &edited.Windstärke};
-    *values.at(static_cast<std::size_t>(column - FirstEditedColumn)) = NumberIn(text);
+    rows.at(static_cast<std::size_t>(row))[column] = NumberIn(text);
     RecalcPlan(std::move(rows));
 }
 
@@ -336,7 +302,7 @@ void FlightPlan::gridFlug_AfterColUpdate(int column, int row, const std::string&
 void FlightPlan::RecalcPlan(std::vector<PlanRow> rows) {
     PlanSums sums;
     for (std::size_t i = 1; i < rows.size(); ++i)
-        CompleteLeg(rows[i], rows[i].Distanz, rows[i].FFh, sums, shared.Locale);
+        CompleteLeg(rows[i], {rows[i].Distanz, rows[i].FFh}, sums, language.Locale);
     const std::int16_t averageWind = AverageWind(sums);
     CheckFits(rows);
     UpdatePlan(PlanSet, rows);

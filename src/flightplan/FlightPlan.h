@@ -6,7 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "common/Variablen.h"
+#include "base/Language.h"
+#include "base/RuntimeError.h"
+#include "common/Settings.h"
 #include "flightplan/PlanCalculation.h"
 #include "flightplan/PlanRow.h"
 #include "platform/Dialogs.h"
@@ -16,10 +18,6 @@ namespace ornivane {
 // What an entry field's background tells.
 enum class EntryState { Untouched, Right, Wrong };
 
-// The entry fields, in the order in which they are kept and tested.
-enum class PlanEntry { tVAR, tFF, tSpeed, tWinddir, tWindspeed };
-constexpr std::size_t PlanEntryCount = 5;
-
 // The navigation log of a route: one row a point, with wind, heading, time and fuel. Members carry the names
 // of the controls that show them.
 //
@@ -27,7 +25,8 @@ constexpr std::size_t PlanEntryCount = 5;
 // points or an error of the calculation leaves it, and tDatei names the route that it belongs to.
 class FlightPlan {
 public:
-    FlightPlan(Variablen& variablen, Dialogs& dialogs, Notice& notices);
+    FlightPlan(const Language& texts, const Settings& program, Connection& dataConn, Dialogs& messages,
+               Notice& bar);
 
     void Form_Load();
     void Form_Activate();
@@ -43,19 +42,20 @@ public:
 
     // A cell of the grid, its row counted from 0. True when the edit may be made; otherwise what is wrong
     // with it was shown.
-    bool gridFlug_BeforeColUpdate(int column, int row, const std::string& text);
-    // Takes the value (already tested) into the row and computes all rows anew. An error
-    // leaves the plan as it was.
-    void gridFlug_AfterColUpdate(int column, int row, const std::string& text);
-    // Row 1 takes part in nothing.
-    static bool IsEditable(int column, int row) { return row > 0 && column >= 2 && column <= 6; }
+    bool gridFlug_BeforeColUpdate(PlanEntry column, int row, const std::string& text);
+    // Takes the value (already tested) into the row and computes all rows anew. An error leaves the plan as
+    // it was.
+    void gridFlug_AfterColUpdate(PlanEntry column, int row, const std::string& text);
+    // The place of departure has no leg.
+    static bool IsEditable(int row) { return row > 0; }
 
     std::string& Entry(PlanEntry entry) { return Entries[static_cast<std::size_t>(entry)]; }
+    const std::string& Entry(PlanEntry entry) const { return Entries[static_cast<std::size_t>(entry)]; }
 
     std::array<std::string, PlanEntryCount> Entries{"-5", "20", "120", "124", "20"};
     std::array<EntryState, PlanEntryCount> EntryStates{};
     std::optional<PlanEntry> FocusEntry; // the field in error, until the form has taken it
-    std::vector<std::string> Routes;     // list of cmbRoute
+    std::vector<std::string> RouteNames; // list of cmbRoute
     int ListIndex = -1;                  // of cmbRoute
     std::string tDatei;                  // the route of the plan that is shown
     Recordset PlanSet;
@@ -65,10 +65,10 @@ private:
     void ReadEntries();
     void OpenRoutes();
     std::string RouteName() const;
-    int PlaceOf(const std::string& route) const; // in Routes; -1 without
-    std::filesystem::path PlanFolder() const { return shared.ProgramFolder / "Flugplan"; }
+    int PlaceOf(const std::string& route) const; // in RouteNames; -1 without
+    std::filesystem::path PlanFolder() const { return settings.ProgramFolder / "Flugplan"; }
     void SavePlan();
-    void SavePlanOrTell();
+    void Tell(const RuntimeError& error);
     void SaveBeforeAnother();
     void LoadSavedPlan();
     std::optional<PlanEntry> WrongEntry() const;
@@ -80,12 +80,14 @@ private:
     LegInputs InputsOf(const std::string& id, bool recalcAll);
     LegInputs EnteredInputs() const;
     double Number(PlanEntry entry) const;
-    bool WindFits(double direction, double speed) const;
+    bool WindFits(const LegInputs& inputs) const;
     void RecalcPlan(std::vector<PlanRow> rows);
     static void CheckFits(const std::vector<PlanRow>& rows);
     void ShowSums(const PlanSums& sums, std::int16_t averageWind);
 
-    Variablen& shared;
+    const Language& language;
+    const Settings& settings;
+    Connection& data;
     Dialogs& dialogs;
     Notice& notices;
     Recordset RoutesSet, RoutePointsSet, SavedPlanSet;

@@ -19,12 +19,12 @@ ClockTime TimeOf(double minutes) {
     return time;
 }
 
-std::string WindText(double direction, double speed, const LocaleText& locale) {
-    return NumberText(direction, locale) + " / " + NumberText(speed, locale);
+std::string WindText(const LegInputs& inputs, const LocaleText& locale) {
+    return NumberText(inputs.Windrichtung, locale) + " / " + NumberText(inputs.Windstärke, locale);
 }
 
-void CompleteLeg(PlanRow& row, double leg, double fuelPerHour, PlanSums& sums, const LocaleText& locale) {
-    row.Wind = WindText(row.Windrichtung, row.Windstärke, locale);
+void CompleteLeg(PlanRow& row, const LegFlown& leg, PlanSums& sums, const LocaleText& locale) {
+    row.Wind = WindText(row, locale);
     if (row.Wind.size() > WindSize)
         throw RuntimeError(ErrorNumber::Overflow, row.Name + ": Wind " + row.Wind);
     const double angle = DegToRad(row.Windrichtung - row.TC);
@@ -34,12 +34,12 @@ void CompleteLeg(PlanRow& row, double leg, double fuelPerHour, PlanSums& sums, c
     row.GS = row.TAS + tail;
     row.MH = row.TC + correction - row.VAR;
 
-    const double minutes = CheckedDivide(leg * 60, row.GS);
+    const double minutes = CheckedDivide(leg.Distance * 60, row.GS);
     row.Zeit = Round(minutes, 2);
     const ClockTime time = TimeOf(minutes);
     row.ZeitDisplay = time.Text;
     sums.Minutes += time.Hours * 60 + time.Minutes;
-    row.FFm = Round(fuelPerHour / 60 * minutes, 1);
+    row.FFm = Round(leg.FuelPerHour / 60 * minutes, 1);
     sums.Fuel += row.FFm;
     row.FFmAcc = Round(sums.Fuel, 1);
     sums.Wind = ToInt16(minutes * tail + sums.Wind);

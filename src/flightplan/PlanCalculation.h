@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <string>
-#include <vector>
 
 #include "base/LocaleText.h"
 #include "flightplan/PlanRow.h"
@@ -11,11 +10,6 @@ namespace ornivane {
 
 // Dead reckoning by the 1-in-60 rule: the wind correction is cross wind x 60 / TAS degrees, the ground speed
 // TAS plus tail wind. It is what can be checked by hand in the air, and what kept plans were made with.
-
-// What a leg is planned with.
-struct LegInputs {
-    double VAR = 0, FFh = 0, TAS = 0, Windrichtung = 0, Windstärke = 0;
-};
 
 // Running sums over the legs.
 struct PlanSums {
@@ -33,12 +27,17 @@ struct ClockTime {
 ClockTime TimeOf(double minutes);
 
 // "270 / 15", with the decimals of both.
-std::string WindText(double direction, double speed, const LocaleText& locale);
+std::string WindText(const LegInputs& inputs, const LocaleText& locale);
 
-// Ground speed, heading, time, fuel and sums of a leg of so many nautical miles, from the row's own course,
-// wind, TAS and variation, with a fuel flow per hour. RuntimeError DivisionByZero or Overflow for a ground
-// speed or TAS of 0, Overflow when the weighted wind leaves 16 bits or the wind's text its field.
-void CompleteLeg(PlanRow& row, double leg, double fuelPerHour, PlanSums& sums, const LocaleText& locale);
+struct LegFlown {
+    double Distance = 0;    // nautical miles
+    double FuelPerHour = 0; // in the unit of the entry
+};
+
+// Ground speed, heading, time, fuel and sums of a leg, from the row's own course, wind, TAS and variation.
+// RuntimeError DivisionByZero or Overflow for a ground speed or TAS of 0, Overflow when the weighted wind
+// leaves 16 bits or the wind's text its field.
+void CompleteLeg(PlanRow& row, const LegFlown& leg, PlanSums& sums, const LocaleText& locale);
 
 // The tail wind of the flight, weighted by time; negative is a head wind. RuntimeError Overflow or
 // DivisionByZero for a plan of no minutes.

@@ -8,100 +8,108 @@ namespace ornivane {
 
 namespace {
 
-constexpr std::size_t NameSize = 30;
+using enum FieldType;
 
-Value OrNull(const std::optional<double>& value) { return value ? Value(*value) : Value(); }
-Value OrNull(const std::string& text) { return text.empty() ? Value() : Value(text); }
+constexpr int NameSize = 30;
 
-std::optional<double> Optional(const Value& value) {
-    return value.IsNull() ? std::nullopt : std::optional(value.Number());
+Value ToValue(const Value& value) { return value; }
+template <Axis axis>
+Value ToValue(StoredCoordinate<axis> value) {
+    return value.Value();
+}
+template <typename T>
+Value ToValue(const std::optional<T>& value) {
+    return value ? ToValue(*value) : Value();
 }
 
-// The first so many characters.
-std::string Cut(const std::string& text, std::size_t characters) {
+void Take(double& member, const Value& value) { member = value.Number(); }
+void Take(int& member, const Value& value) { member = static_cast<int>(value.Integer()); }
+void Take(std::string& member, const Value& value) { member = value.TextOrEmpty(); }
+void Take(std::optional<std::string>& member, const Value& value) {
+    if (!value.IsNull()) member = value.Text();
+}
+template <typename T>
+void Take(std::optional<T>& member, const Value& value) {
+    if (!value.IsNull()) member = T(value.Number());
+}
+
+// A field of the plan file and the member that it keeps.
+struct Field {
+    const char* Name;
+    FieldType Type;
+    int Size; // characters of a text
+    Value (*Get)(const PlanRow& row);
+    void (*Set)(PlanRow& row, const Value& value);
+};
+template <auto Member>
+constexpr Field Of(const char* name, FieldType type = Double, int size = 0) {
+    return {name, type, size, [](const PlanRow& row) { return ToValue(row.*Member); },
+            [](PlanRow& row, const Value& value) { Take(row.*Member, value); }};
+}
+
+// The first NameSize characters.
+Value Cut(const std::string& name) {
     std::size_t end = 0;
-    while (end < text.size() && CharacterCount(std::string_view(text).substr(0, end + 1)) <= characters)
+    while (end < name.size() &&
+           CharacterCount(std::string_view(name).substr(0, end + 1)) <= std::size_t{NameSize})
         ++end;
-    return text.substr(0, end);
+    return name.substr(0, end);
 }
 
-void SetLeg(Recordset& plan, const PlanRow& row) {
-    plan.Set("TAS", row.TAS);
-    plan.Set("Wind", row.Wind);
-    plan.Set("Windrichtung", row.Windrichtung);
-    plan.Set("Windstärke", row.Windstärke);
-    plan.Set("GS", row.GS);
-    plan.Set("Zeit", row.Zeit);
-    plan.Set("ZeitDisplay", row.ZeitDisplay);
-    plan.Set("ZeitAcc", OrNull(row.ZeitAcc));
-    plan.Set("FFh", row.FFh);
-    plan.Set("FFm", row.FFm);
-    plan.Set("FFmAcc", OrNull(row.FFmAcc));
-    plan.Set("MH", row.MH);
-    plan.Set("VAR", row.VAR);
+constexpr std::array Fields{Of<&PlanRow::Id>("Id", Text, 10),
+                            Of<&PlanRow::Nr>("Nr", Integer),
+                            Field{"Name", Text, NameSize, [](const PlanRow& row) { return Cut(row.Name); },
+                                  [](PlanRow& row, const Value& value) { Take(row.Name, value); }},
+                            Of<&PlanRow::TC>("TC"),
+                            Of<&PlanRow::Distanz>("Distanz"),
+                            Of<&PlanRow::DistanzAcc>("DistanzAcc"),
+                            Of<&PlanRow::TAS>("TAS"),
+                            Of<&PlanRow::Wind>("Wind", Text, WindSize),
+                            Of<&PlanRow::Windrichtung>("Windrichtung"),
+                            Of<&PlanRow::Windstärke>("Windstärke"),
+                            Of<&PlanRow::GS>("GS"),
+                            Of<&PlanRow::Zeit>("Zeit"),
+                            Of<&PlanRow::ZeitDisplay>("ZeitDisplay", Text, 10),
+                            Of<&PlanRow::ZeitAcc>("ZeitAcc", Text, 10),
+                            Of<&PlanRow::FFh>("FFh"),
+                            Of<&PlanRow::FFm>("FFm"),
+                            Of<&PlanRow::FFmAcc>("FFmAcc"),
+                            Of<&PlanRow::MH>("MH"),
+                            Of<&PlanRow::VAR>("VAR"),
+                            Of<&PlanRow::LAT>("LAT"),
+                            Of<&PlanRow::LONG>("LONG")};
+
+void Write(Recordset& plan, const PlanRow& row) {
+    for (const Field& field : Fields) plan.Set(field.Name, field.Get(row));
+    plan.Update();
 }
 
 } // namespace
 
+double& LegInputs::operator[](PlanEntry entry) {
+    return *std::array{&VAR, &FFh, &TAS, &Windrichtung, &Windstärke}.at(static_cast<std::size_t>(entry));
+}
+
+const char* LegInputs::FieldOf(PlanEntry entry) {
+    return std::array{"VAR", "FFh", "TAS", "Windrichtung", "Windstärke"}.at(static_cast<std::size_t>(entry));
+}
+
 void FillPlan(Recordset& plan, const std::vector<PlanRow>& rows) {
-    using enum FieldType;
-    for (const auto& [name, type, size] :
-         {std::tuple{"Id", Text, 10},  {"Nr", Integer, 0},
-          {"Name", Text, 30},          {"TC", Double, 0},
-          {"Distanz", Double, 0},      {"DistanzAcc", Double, 0},
-          {"TAS", Double, 0},          {"Wind", Text, static_cast<int>(WindSize)},
-          {"Windrichtung", Double, 0}, {"Windstärke", Double, 0},
-          {"GS", Double, 0},           {"Zeit", Double, 0},
-          {"ZeitDisplay", Text, 10},   {"ZeitAcc", Text, 10},
-          {"FFh", Double, 0},          {"FFm", Double, 0},
-          {"FFmAcc", Double, 0},       {"MH", Double, 0},
-          {"VAR", Double, 0},          {"LAT", Double, 0},
-          {"LONG", Double, 0}})
-        plan.AppendField({name, type, size, true});
+    for (const Field& field : Fields) plan.AppendField({field.Name, field.Type, field.Size, true});
     plan.OpenDetached();
     for (const PlanRow& row : rows) {
         plan.AddNew();
-        plan.Set("Id", row.Id);
-        plan.Set("Nr", row.Nr);
-        plan.Set("Name", Cut(row.Name, NameSize));
-        plan.Set("TC", row.TC);
-        plan.Set("Distanz", row.Distanz);
-        plan.Set("DistanzAcc", OrNull(row.DistanzAcc));
-        plan.Set("LAT", OrNull(row.LAT));
-        plan.Set("LONG", OrNull(row.LONG));
-        SetLeg(plan, row);
-        plan.Update();
+        Write(plan, row);
     }
     if (!rows.empty()) plan.MoveFirst();
 }
 
 std::vector<PlanRow> PlanRows(const Recordset& plan) {
-    std::vector<PlanRow> rows;
-    for (int i = 0; i < plan.RecordCount(); ++i) {
-        const auto get = [&plan, i](const char* field) { return plan.ValueAt(i, field); };
-        PlanRow row;
-        row.Id = get("Id").TextOrEmpty();
-        row.Nr = static_cast<int>(get("Nr").Integer());
-        row.Name = get("Name").TextOrEmpty();
-        row.TC = get("TC").Number();
-        row.Distanz = get("Distanz").Number();
-        row.DistanzAcc = Optional(get("DistanzAcc"));
-        row.TAS = get("TAS").Number();
-        row.Wind = get("Wind").TextOrEmpty();
-        row.Windrichtung = get("Windrichtung").Number();
-        row.Windstärke = get("Windstärke").Number();
-        row.GS = get("GS").Number();
-        row.Zeit = get("Zeit").Number();
-        row.ZeitDisplay = get("ZeitDisplay").TextOrEmpty();
-        row.ZeitAcc = get("ZeitAcc").TextOrEmpty();
-        row.FFh = get("FFh").Number();
-        row.FFm = get("FFm").Number();
-        row.FFmAcc = Optional(get("FFmAcc"));
-        row.MH = get("MH").Number();
-        row.VAR = get("VAR").Number();
-        row.LAT = Optional(get("LAT"));
-        row.LONG = Optional(get("LONG"));
-        rows.push_back(std::move(row));
+    std::vector<PlanRow> rows(static_cast<std::size_t>(plan.RecordCount()));
+    int place = 0;
+    for (PlanRow& row : rows) {
+        for (const Field& field : Fields) field.Set(row, plan.ValueAt(place, field.Name));
+        ++place;
     }
     return rows;
 }
@@ -111,8 +119,7 @@ void UpdatePlan(Recordset& plan, const std::vector<PlanRow>& rows) {
     int place = 0;
     for (const PlanRow& row : rows) {
         plan.SetAbsolutePosition(++place);
-        SetLeg(plan, row);
-        plan.Update();
+        Write(plan, row);
     }
     if (position > 0) plan.SetAbsolutePosition(position);
 }

@@ -16,7 +16,6 @@
 #include "base/Numbers.h"
 #include "base/RuntimeError.h"
 #include "flightplan/frmPlanGrid.h"
-#include "flightplan/frmReport.h"
 #include "platform/qt/EnterKey.h"
 #include "platform/qt/Events.h"
 #include "platform/qt/FittedRuns.h"
@@ -34,27 +33,29 @@ constexpr const char* WrongStyle = "background: #ffc0c0; color: #101418;";
 constexpr const char* TotalStyle = "font-size: 20px; font-weight: bold";
 constexpr std::array EntryNames = {"tVAR", "tFF", "tSpeed", "tWinddir", "tWindspeed"};
 
-constexpr int FuelFlowColumn = 3;
-
+using enum PlanEntry;
 struct Head {
     const char *Field, *German, *English;
-    int Width; // pixels of 1024, less the scroll bar
+    int Width;                            // pixels of 1024, less the scroll bar
+    std::optional<PlanEntry> Edited = {}; // its cells can be changed
 };
 
 constexpr std::array<Head, 13> Heads{
     {{"Nr", " Nr.", " Nr.", 40},
      {"Name", "        Wegpunkt", "        Waypoint", 160},
-     {"VAR", "   VAR", "   VAR", 56},
-     {"FFh", "  FF / h", "  FF / h", 60},
-     {"TAS", "   TAS       [ kts ]", "   TAS       [ kts ]", 66},
-     {"Windrichtung", "   Wind    Richtung", "   Wind    Direction", 82},
-     {"Windstärke", "   Wind      Stärke", "   Wind      Speed", 70},
+     {"VAR", "   VAR", "   VAR", 56, tVAR},
+     {"FFh", "  FF / h", "  FF / h", 60, tFF},
+     {"TAS", "   TAS       [ kts ]", "   TAS       [ kts ]", 66, tSpeed},
+     {"Windrichtung", "   Wind    Richtung", "   Wind    Direction", 82, tWinddir},
+     {"Windstärke", "   Wind      Stärke", "   Wind      Speed", 70, tWindspeed},
      {"TC", "     TC", "     TC", 54},
      {"MH", "     MH", "     MH", 88},
      {"GS", "     GS        [ kts ]", "     GS        [ kts ]", 74},
      {"Distanz", "  Distanz     [ NM ]", "Distance    [ NM ]", 78},
      {"ZeitDisplay", "    Zeit      [ h:min ]", "   Time      [ h:min ]", 78},
      {"FFm", " FF - leg", " FF - leg", 66}}};
+
+std::optional<PlanEntry> EntryOf(int column) { return Heads.at(static_cast<std::size_t>(column)).Edited; }
 
 // The blanks within a head part its two lines.
 QString InLines(const QString& head) {
@@ -69,7 +70,8 @@ QString Shown(const std::string& text) { return QString::fromStdString(text); }
 } // namespace
 
 frmFlugPlan::frmFlugPlan(const Services& servicesOf)
-    : services(servicesOf), logic(services.Shared, services.Boxes, services.Notices) {
+    : services(servicesOf),
+      logic(services.Shared, services.Shared, services.Shared.DataConn, services.Boxes, services.Notices) {
     setObjectName("frmFlugPlan");
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(10, 8, 10, 8);
@@ -154,13 +156,14 @@ void frmFlugPlan::MakeGrid(QBoxLayout& layout) {
                                                 ? value.Text()
                                                 : NumberText(value.Number(), services.Shared.Locale));
                            }});
-    model =
-        std::make_unique<PlanModel>(logic.PlanSet, std::move(columns),
-                                    PlanModel::Editing{&FlightPlan::IsEditable,
-                                                       [this](int column, int row, const std::string& text) {
-                                                           return EditCell(column, row, text);
-                                                       },
-                                                       [this](int column) { return ToolTipOf(column); }});
+    model = std::make_unique<PlanModel>(
+        logic.PlanSet, std::move(columns),
+        PlanModel::Editing{
+            [](const QModelIndex& cell) {
+                return FlightPlan::IsEditable(cell.row()) && EntryOf(cell.column()).has_value();
+            },
+            [this](const QModelIndex& cell, const std::string& text) { return EditCell(cell, text); },
+            [this](int column) { return ToolTipOf(column); }});
     // Its current cell is the grid's own affair: a calculation that walks through the rows must not move it.
     gridFlug->setModel(model.get());
     gridFlug->verticalHeader()->hide();
@@ -199,27 +202,27 @@ void frmFlugPlan::Click(const std::function<void()>& event) {
     ShowState();
 }
 
-bool frmFlugPlan::EditCell(int column, int row, const std::string& text) {
+bool frmFlugPlan::EditCell(const QModelIndex& cell, const std::string& text) {
+    const std::optional<PlanEntry> column = EntryOf(cell.column());
     bool right = false;
     // An error of the calculation is told in the notice; the old value is back in its cell then.
     Click([&] {
-        right = logic.gridFlug_BeforeColUpdate(column, row, text);
-        if (right) logic.gridFlug_AfterColUpdate(column, row, text);
+        right = column && logic.gridFlug_BeforeColUpdate(*column, cell.row(), text);
+        if (right) logic.gridFlug_AfterColUpdate(*column, cell.row(), text);
     });
     return right;
 }
 
+frmReport frmFlugPlan::Report() const {
+    return {logic.PlanSet,
+            {logic.lblDistanz, logic.lblZeit, logic.Entry(tFF), logic.lblFF, logic.lblAvgWind},
+            services.Shared.Locale};
+}
+
 void frmFlugPlan::cmdPreview_Click() {
     if (!logic.PlanSet.IsOpen()) return;
-    try {
-        frmReport(
-            logic.PlanSet,
-            {logic.lblDistanz, logic.lblZeit, logic.Entry(PlanEntry::tFF), logic.lblFF, logic.lblAvgWind},
-            services.Shared.Locale)
-            .ShowFlightPlanReport(window(), Text("Flugplan", "Flightplan"));
-    } catch (const std::exception&) {
-        services.ReportMissing();
-    }
+    const auto show = [this] { Report().ShowFlightPlanReport(window(), Text("Flugplan", "Flightplan")); };
+    if (ErrorOf(show)) services.ReportMissing();
 }
 
 void frmFlugPlan::cmdPDF_Click() {
@@ -232,10 +235,7 @@ void frmFlugPlan::cmdPDF_Click() {
     question.DefaultExtension = "pdf";
     const auto file = services.Boxes.SaveFile(question);
     if (!file) return;
-    frmReport(logic.PlanSet,
-              {logic.lblDistanz, logic.lblZeit, logic.Entry(PlanEntry::tFF), logic.lblFF, logic.lblAvgWind},
-              services.Shared.Locale)
-        .SavePdf(*file);
+    Report().SavePdf(*file);
 }
 
 void frmFlugPlan::Form_Activate() {
@@ -278,7 +278,7 @@ bool frmFlugPlan::eventFilter(QObject* watched, QEvent* event) {
 
 void frmFlugPlan::ShowState() {
     QStringList routes;
-    for (const std::string& route : logic.Routes) routes << Shown(route);
+    for (const std::string& route : logic.RouteNames) routes << Shown(route);
     QStringList listed;
     for (int i = 0; i < cmbRoute->count(); ++i) listed << cmbRoute->itemText(i);
     if (routes != listed) {
@@ -361,7 +361,7 @@ void frmFlugPlan::ApplyLanguage() {
 
 // A plan is computed again with the entry field's fuel flow, whatever stands in the column.
 QString frmFlugPlan::ToolTipOf(int column) const {
-    if (column != FuelFlowColumn) return {};
+    if (EntryOf(column) != tFF) return {};
     return Text(
         "Kraftstoff der Teilstrecke in einer Stunde. Was hier geändert wird, zählt für FF - leg und die "
         "Summe, bis der Plan neu berechnet wird (auch beim Zurückkommen): dann gilt das Feld FF / h oben",

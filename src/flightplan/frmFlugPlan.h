@@ -4,7 +4,9 @@
 #include <functional>
 #include <memory>
 
+#include "common/Variablen.h"
 #include "flightplan/FlightPlan.h"
+#include "flightplan/frmReport.h"
 #include "platform/qt/Screen.h"
 
 class QBoxLayout;
@@ -55,7 +57,8 @@ private:
     void MakeGrid(QBoxLayout& layout);
     void MakeTotals(QBoxLayout& layout);
     void Click(const std::function<void()>& event);
-    bool EditCell(int column, int row, const std::string& text);
+    bool EditCell(const QModelIndex& cell, const std::string& text);
+    frmReport Report() const; // of the plan that is shown
     void cmdPreview_Click();
     void cmdPDF_Click();
     void ShowState();

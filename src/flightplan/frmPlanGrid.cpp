@@ -23,8 +23,7 @@ PlanModel::PlanModel(Recordset& plan, std::vector<Column> shown, Editing how)
 
 Qt::ItemFlags PlanModel::flags(const QModelIndex& index) const {
     const Qt::ItemFlags flags = RecordsetModel::flags(index);
-    return index.isValid() && editing.IsEditable(index.column(), index.row()) ? flags | Qt::ItemIsEditable
-                                                                              : flags;
+    return index.isValid() && editing.IsEditable(index) ? flags | Qt::ItemIsEditable : flags;
 }
 
 QVariant PlanModel::data(const QModelIndex& index, int role) const {
@@ -47,7 +46,7 @@ QVariant PlanModel::headerData(int section, Qt::Orientation orientation, int rol
 
 bool PlanModel::setData(const QModelIndex& index, const QVariant& value, int role) {
     if (role != Qt::EditRole || !index.isValid()) return false;
-    return editing.Edit(index.column(), index.row(), value.toString().toStdString());
+    return editing.Edit(index, value.toString().toStdString());
 }
 
 frmPlanGrid::frmPlanGrid(QWidget* parent) : QTableView(parent) { setItemDelegate(new PlanDelegate(this)); }

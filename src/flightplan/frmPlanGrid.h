@@ -14,14 +14,14 @@ class PlanModel : public RecordsetModel {
 
 public:
     struct Editing {
-        std::function<bool(int column, int row)> IsEditable;
+        std::function<bool(const QModelIndex& cell)> IsEditable;
         // False when the text was refused; the user has been told.
-        std::function<bool(int column, int row, const std::string& text)> Edit;
+        std::function<bool(const QModelIndex& cell, const std::string& text)> Edit;
         // Of a column's head and cells; empty where the grid's own shows.
         std::function<QString(int column)> ToolTip;
     };
 
-    PlanModel(Recordset& plan, std::vector<Column> columns, Editing editing);
+    PlanModel(Recordset& plan, std::vector<Column> shown, Editing how);
 
     Qt::ItemFlags flags(const QModelIndex& index) const override;
     QVariant data(const QModelIndex& index, int role) const override;

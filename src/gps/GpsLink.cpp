@@ -1,263 +1,112 @@
 #include "gps/GpsLink.h"
 
-#include <algorithm>
-
-#include "base/Numbers.h"
-#include "base/RuntimeError.h"
-#include "common/SettingsFiles.h"
-#include "gps/LinkTexts.h"
-
 namespace ornivane {
 
 namespace {
 
 constexpr int CheckInterval = 1000; // ms
 constexpr int WatchInterval = 5000; // ms
-constexpr std::int16_t CheckSeconds = 2;
+constexpr int CheckSeconds = 2;
 
 } // namespace
 
-GpsLink::GpsLink(SerialPort& serialPort, Timer& timer, Dialogs& messages, const Clock& systemClock,
-                 const Variablen& variables, LinkOwner& linkOwner)
-    : port(serialPort), timerCheck(timer), dialogs(messages), shared(variables), owner(linkOwner),
-      clock(systemClock), heard(systemClock) {
-    twins.OnSentence = [this](std::string_view talker, bool isRight) { heard.Add(talker, isRight); };
-    port.OnEvent([this](SerialEvent event) { MSComm1_OnComm(event); });
+GpsLink::GpsLink(ByteSource& byteSource, SentenceSink& sentenceSink, Timer& timer, Dialogs& messages,
+                 const Language& uiLanguage, std::function<void(LinkAction)> flyingScreen)
+    : source(byteSource), sink(sentenceSink), timerCheck(timer), dialogs(messages), language(uiLanguage),
+      screen(std::move(flyingScreen)) {
+    source.OnEvent([this](SerialEvent event) { MSComm1_OnComm(event); });
     timerCheck.OnTimer([this] { timerCheck_Timer(); });
 }
 
-void GpsLink::SetInterpreter(NmeaInterpreter& gps) { framing.emplace(gps); }
-
-bool GpsLink::AnIndicatorShows() const {
-    return std::any_of(picGPSCheck.begin(), picGPSCheck.end(),
-                       [](const Indicator& picture) { return picture.Visible; });
-}
-
-void GpsLink::LoadSavedCom() {
-    if (const auto saved = ReadComSettings(shared.ProgramFolder)) {
-        ComPort = ToInt16(NumberIn(saved->Port));
-        Settings = saved->Baud + ",n,8,1";
-        return;
-    }
-    ComPort = 1;
-    try {
-        WriteComSettings(shared.ProgramFolder, ComSettings());
-    } catch (const RuntimeError&) {
-        // In a folder that cannot be written the same values simply come back at the next start; the screen
-        // must come forward all the same.
-    }
-}
-
 void GpsLink::Form_Activate() {
-    LoadSavedCom();
-    if (!AnIndicatorShows() || port.IsOpen()) return;
-    const bool open = OpenSilently();
-    // What was under way when the screen was left goes on: without its timer a check would never end and a
-    // lost link would never come back.
-    if (CheckCount > 0) {
-        Hourglass = true;
-        timerCheck.SetInterval(CheckInterval);
-    } else if (picGPSCheck[2].Visible) {
-        CheckCount = DataLostWatch;
-        DataSeen = false;
-        timerCheck.SetInterval(WatchInterval);
-    } else if (!open) {
-        // The device went away meanwhile: nothing will tell of it any more, so it counts as lost now.
-        EnterDataLost();
-    }
-    owner.StateChanged();
-}
-
-void GpsLink::Form_Deactivate() {
-    StopTimer();
-    // A link without an indicator does not survive the visit to another screen.
-    wanted = wanted && AnIndicatorShows();
-    port.Close();
-    Hourglass = false;
-    // What it said of the port is over; a check under way goes on when the screen comes back.
-    if (CheckCount <= 0) lblStatus.Visible = false;
-    owner.StateChanged();
+    source.TakeSettings();
+    if (!source.IsOpen()) Happen(LinkEvent::Return);
 }
 
 void GpsLink::cmdGPS_Click() {
-    port.Close();
-    wanted = true;
-    reopening = false;
-    picGPSCheck[0].Visible = true;
-    picGPSCheck[1].Visible = picGPSCheck[2].Visible = false;
-    const std::string number = std::to_string(ComPort);
-    lblStatus = {true,
-                 shared.EnglishUI == 1 ? "Checking COM " + number : "COM " + number + " wird überprüft"};
     CheckCount = CheckSeconds;
-    Hourglass = true;
-    timerCheck.SetInterval(CheckInterval);
-    owner.StateChanged();
-    // The check tells of a failure.
-    OpenSilently();
-    owner.FocusMap();
-    owner.StateChanged();
+    Happen(LinkEvent::Connect);
 }
 
-// Also ends a link whose port the line has closed: the port of a pulled plug is not open, and the user must
-// be able to stop the watch.
-void GpsLink::picGPSCheck_Click(int /*index*/) {
-    port.Close();
-    wanted = false;
-    StopTimer();
-    CheckCount = 0;
-    lblStatus.Visible = false;
-    Hourglass = false;
-    for (Indicator& picture : picGPSCheck) picture.Visible = false;
-    owner.RefreshRouteList();
-    owner.StateChanged();
-}
-
-void GpsLink::StopTimer() {
-    timerCheck.SetInterval(0);
-    reopening = false;
+void GpsLink::timerCheck_Timer() {
+    if (situation.State != LinkState::Checking || --CheckCount == 0) Happen(LinkEvent::Tick);
+    KeepTimer();
+    screen(LinkAction::ShowState);
 }
 
 void GpsLink::MSComm1_OnComm(SerialEvent event) {
     if (event == SerialEvent::Break) dialogs.Message(MessageTitle, "Break");
-    if (event == SerialEvent::Receive && !ReceiveWaiting()) return;
-    if (picGPSCheck[0].Visible || picGPSCheck[1].Visible) {
-        lblStatus.Visible = false;
-        if (event != SerialEvent::Receive) EnterDataLost();
+    if (event == SerialEvent::Receive) {
+        const std::string receivedText = source.ReadAll();
+        if (receivedText.empty()) return; // an earlier event has taken it
+        sink.HandleInput(receivedText);
     }
-    ReopenIfWanted();
-    owner.StateChanged();
-}
-
-// False when nothing waits: an earlier event has taken it.
-bool GpsLink::ReceiveWaiting() {
-    const std::string receivedText = port.ReadAll();
-    if (receivedText.empty()) return false;
-    for (const WholeLines::Piece& piece : lines.Take(receivedText))
-        // All else says nothing to the interpreter.
-        if (piece.IsSentences) framing->HandleInput(twins.Turn(piece.Bytes, clock.Ticks()));
-    DataSeen = true;
-    return true;
-}
-
-void GpsLink::ShowFix(bool has) {
-    for (std::size_t i = 0; i < picGPSCheck.size(); ++i) picGPSCheck[i].Visible = i == (has ? 1U : 0U);
+    Happen(event == SerialEvent::Receive ? LinkEvent::Data : LinkEvent::LineFault);
+    KeepTimer();
+    screen(LinkAction::ShowState);
 }
 
 void GpsLink::ShowSatellites(const std::string& used, std::optional<int> inView) {
     if (inView)
-        picGPSCheck[1].ToolTip = "Sat: " + used + "/" + std::to_string(*inView);
+        toolTips[1] = "Sat: " + used + "/" + std::to_string(*inView);
     else
-        for (Indicator& lamp : picGPSCheck) lamp.ToolTip = "Sat: -/-";
+        toolTips.fill("Sat: -/-");
 }
 
-void GpsLink::EnterDataLost() {
-    picGPSCheck[0].Visible = picGPSCheck[1].Visible = false;
-    picGPSCheck[2].Visible = true;
-    Hourglass = false;
-    reopening = false;
-    timerCheck.SetInterval(WatchInterval);
-    CheckCount = DataLostWatch;
-    DataSeen = false;
-    owner.DataLost();
+void GpsLink::Happen(LinkEvent event) {
+    const LinkStep step = Next(situation, event);
+    situation = step.Next;
+    ShowStatus(step.Status);
+    for (const LinkAction action : step.Actions) Do(action);
 }
 
-void GpsLink::timerCheck_Timer() {
-    if (reopening) {
-        ReopenTick();
-    } else {
-        if (CheckCount > 0) --CheckCount;
-        if (CheckCount == DataLostWatch)
-            WatchTick();
-        else if (CheckCount == 0)
-            CheckTick();
-    }
-    ReopenIfWanted();
-    owner.StateChanged();
-}
-
-void GpsLink::WatchTick() {
-    if (DataSeen) {
-        StopTimer();
-        lblStatus.Visible = false;
-        Hourglass = false;
+void GpsLink::Do(LinkAction action) {
+    switch (action) {
+    case LinkAction::None:
         return;
-    }
-    if (Reopen()) {
-        owner.NoSignal();
-        ShowNoSignal();
-    }
-    EndCheck();
-}
-
-void GpsLink::CheckTick() {
-    StopTimer();
-    if (DataSeen) {
-        // Passed by data of an earlier connection as well, whatever the port does now.
-        lblStatus.Visible = false;
-        Hourglass = false;
+    case LinkAction::Close:
+        return source.Close();
+    case LinkAction::Open:
+        if (!source.IsOpen()) Open();
         return;
-    }
-    // It stays open and listens, so that data which comes later starts the displays without a further click.
-    // A port that does not open waits for the next click.
-    if (Reopen())
-        ShowNoSignal();
-    else
-        wanted = false;
-    EndCheck();
-}
-
-void GpsLink::EndCheck() {
-    picGPSCheck[0].Visible = picGPSCheck[1].Visible = false;
-    Hourglass = false;
-    owner.RefreshRouteList();
-}
-
-void GpsLink::ShowNoSignal() {
-    lblStatus = {true, shared.Text("Kein Signal an COM ", "No Signal an COM ") + std::to_string(ComPort)};
-}
-
-bool GpsLink::Reopen() {
-    port.Close();
-    try {
-        OpenPort();
-        return true;
-    } catch (const RuntimeError& error) {
-        lblStatus = {true, OpenFailureText(error, std::to_string(ComPort), shared)};
-        return false;
+    case LinkAction::Reopen:
+        source.Close();
+        return Happen(Open() ? LinkEvent::Opened : LinkEvent::NotOpened);
+    case LinkAction::StartTimer:
+        return timerCheck.SetInterval(Interval());
+    case LinkAction::StopTimer:
+        return timerCheck.SetInterval(0);
+    default:
+        screen(action);
     }
 }
 
-bool GpsLink::OpenSilently() {
-    try {
-        OpenPort();
-        return true;
-    } catch (const RuntimeError&) {
-        return false;
-    }
+bool GpsLink::Open() {
+    const bool isOpen = source.Open();
+    if (isOpen) sink.Reset();
+    return isOpen;
 }
 
-// Another receiver may be behind the port now, and what the last one left unfinished never gets its end.
-void GpsLink::OpenPort() {
-    port.SetSettings(Settings);
-    port.Open(ComPort);
-    lines.Reset();
-    framing->Reset();
-    twins.Reset();
-    heard.Forget();
+void GpsLink::ShowStatus(LinkStatus status) {
+    if (status == LinkStatus::Hide) lblStatus.clear();
+    if (status == LinkStatus::Checking)
+        lblStatus = language.Text("%1 wird überprüft", "Checking %1", {source.Name()});
+    if (status == LinkStatus::NoSignal)
+        lblStatus = language.Text("Kein Signal an %1", "No Signal an %1", {source.Name()});
+    if (status == LinkStatus::OpenFailure) lblStatus = source.OpenFailure();
 }
 
-std::string GpsLink::LinkToolTip() const { return HeardText(heard, FailedSentences(), shared); }
-
-// A port that the line closed outside the data-lost watch (while listening after "No signal", or behind a
-// check that passed at once) would stay closed for ever.
-void GpsLink::ReopenIfWanted() {
-    if (!wanted || port.IsOpen() || timerCheck.Interval() != 0) return;
-    reopening = true;
-    timerCheck.SetInterval(WatchInterval);
+// In milliseconds; 0 when there is nothing to wait for.
+int GpsLink::Interval() const {
+    const LinkState state = situation.State;
+    if (state == LinkState::Checking) return CheckInterval;
+    if (state == LinkState::Off || state == LinkState::CheckPaused) return 0;
+    return state == LinkState::DataLost || !source.IsOpen() ? WatchInterval : 0;
 }
 
-void GpsLink::ReopenTick() {
-    if (port.IsOpen() || OpenSilently()) StopTimer();
+// A wait that goes on is not begun anew.
+void GpsLink::KeepTimer() {
+    if (timerCheck.Interval() != Interval()) timerCheck.SetInterval(Interval());
 }
 
 } // namespace ornivane

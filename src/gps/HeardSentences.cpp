@@ -16,11 +16,6 @@ void HeardSentences::Add(std::string_view talker, bool isRight) {
         talkers.emplace_back(talker);
 }
 
-void HeardSentences::Forget() {
-    talkers.clear();
-    seconds = {};
-}
-
 HeardSentences::Count HeardSentences::LastMinute() const {
     const long long now = Now();
     Count sum;

@@ -22,7 +22,10 @@ public:
 
     // The talker of a wrong sentence is not noted: it may be damaged. An empty one is none.
     void Add(std::string_view talker, bool isRight);
-    void Forget();
+    void Forget() {
+        talkers.clear();
+        seconds = {};
+    }
 
     // In the order in which they were heard first, since the start or since Forget.
     const std::vector<std::string>& Talkers() const { return talkers; }

@@ -1,7 +1,6 @@
 #include "gps/NmeaInterpreter.h"
 
 #include <algorithm>
-#include <array>
 
 #include "base/Numbers.h"
 #include "base/RuntimeError.h"
@@ -11,6 +10,9 @@ namespace ornivane {
 
 namespace {
 
+constexpr int Channels = 12;            // of GSA
+constexpr int SatellitesPerMessage = 4; // of GSV, four fields each
+
 unsigned ChecksumOf(std::string_view sentence) {
     unsigned sum = 0;
     for (const char c : sentence) {
@@ -18,11 +20,6 @@ unsigned ChecksumOf(std::string_view sentence) {
         if (c != '$') sum ^= static_cast<unsigned char>(c);
     }
     return sum;
-}
-
-std::array<char, 2> HexOf(unsigned sum) {
-    constexpr std::string_view digits = "0123456789ABCDEF";
-    return {digits[sum >> 4 & 0xF], digits[sum & 0xF]};
 }
 
 // The first six characters in pairs; fractions of a second and what else follows are dropped.
@@ -45,7 +42,9 @@ std::string CoordinateText(const std::string& hemisphere, std::string_view value
 bool NmeaInterpreter::Parse(std::string_view sentence) {
     if (!IsValid(sentence)) return false;
     // The star and the two digits of the checksum go, whatever these three characters are.
-    const std::string_view body = sentence.size() > 3 ? sentence.substr(0, sentence.size() - 3) : sentence;
+    constexpr std::size_t tail = 3;
+    const std::string_view body =
+        sentence.size() > tail ? sentence.substr(0, sentence.size() - tail) : sentence;
     const std::string_view id = body.substr(0, body.find(','));
 
     void (NmeaInterpreter::*handler)() = nullptr;
@@ -62,15 +61,12 @@ bool NmeaInterpreter::Parse(std::string_view sentence) {
 }
 
 std::string NmeaInterpreter::GetChecksum(std::string_view sentence) {
-    const auto digits = HexOf(ChecksumOf(sentence));
-    return std::string(digits.begin(), digits.end());
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    const unsigned sum = ChecksumOf(sentence);
+    return {digits[sum >> 4 & 0xF], digits[sum & 0xF]};
 }
 
-bool NmeaInterpreter::IsValid(std::string_view sentence) {
-    if (sentence.size() < 2) return false;
-    const auto digits = HexOf(ChecksumOf(sentence));
-    return sentence.ends_with(std::string_view(digits.data(), digits.size()));
-}
+bool NmeaInterpreter::IsValid(std::string_view sentence) { return sentence.ends_with(GetChecksum(sentence)); }
 
 // Fills the texts that are there already: a receiver's stream then needs no memory of its own for its fields.
 void NmeaInterpreter::GetWords(std::string_view body) {
@@ -93,32 +89,18 @@ double NmeaInterpreter::DoubleIn(std::size_t index) const {
     return *number;
 }
 
-std::int16_t NmeaInterpreter::IntegerIn(std::size_t index) const { return ToInt16(DoubleIn(index)); }
-
-void NmeaInterpreter::RaiseText(std::size_t index, void (NmeaListener::*event)(const std::string&)) {
-    if (const std::string& text = Word(index); !text.empty()) (listener.*event)(text);
-}
-
-void NmeaInterpreter::RaiseDouble(std::size_t index, void (NmeaListener::*event)(double)) {
-    if (!Word(index).empty()) (listener.*event)(DoubleIn(index));
-}
-
-void NmeaInterpreter::RaiseInteger(std::size_t index, void (NmeaListener::*event)(std::int16_t)) {
-    if (!Word(index).empty()) (listener.*event)(IntegerIn(index));
-}
-
 void NmeaInterpreter::ParseGPGGA() {
     SetTime(Word(1));
     SetPosition(2);
     SetPositionFix(Word(6));
-    RaiseInteger(7, &NmeaListener::SatellitesUsedReceived);
-    RaiseDouble(8, &NmeaListener::HDOPReceived);
-    RaiseText(9, &NmeaListener::AltitudeReceived);
-    RaiseText(10, &NmeaListener::AltitudeUnitsReceived);
-    RaiseDouble(11, &NmeaListener::GeoidSeparationReceived);
-    RaiseText(12, &NmeaListener::GeoidSeparationUnitsReceived);
-    RaiseInteger(13, &NmeaListener::DGPSageReceived);
-    RaiseText(14, &NmeaListener::DGPSstationIDReceived);
+    Raise(7, &NmeaListener::SatellitesUsedReceived);
+    Raise(8, &NmeaListener::HDOPReceived);
+    Raise(9, &NmeaListener::AltitudeReceived);
+    Raise(10, &NmeaListener::AltitudeUnitsReceived);
+    Raise(11, &NmeaListener::GeoidSeparationReceived);
+    Raise(12, &NmeaListener::GeoidSeparationUnitsReceived);
+    Raise(13, &NmeaListener::DGPSageReceived);
+    Raise(14, &NmeaListener::DGPSstationIDReceived);
 }
 
 void NmeaInterpreter::ParseGPGLL() {
@@ -131,13 +113,13 @@ void NmeaInterpreter::ParseGPGSA() {
     SetAutoManMode(Word(1));
     SetMode3D(Word(2));
     // Every channel is told, so that a consumer sees the ones that went dark.
-    for (int channel = 1; channel <= 12; ++channel) {
+    for (int channel = 1; channel <= Channels; ++channel) {
         const std::size_t field = static_cast<std::size_t>(channel) + 2;
         listener.ChSatReceived(channel, Word(field).empty() ? std::int16_t{0} : IntegerIn(field));
     }
-    RaiseDouble(15, &NmeaListener::PDOPReceived);
-    RaiseDouble(16, &NmeaListener::HDOPReceived);
-    RaiseDouble(17, &NmeaListener::VDOPReceived);
+    Raise(15, &NmeaListener::PDOPReceived);
+    Raise(16, &NmeaListener::HDOPReceived);
+    Raise(17, &NmeaListener::VDOPReceived);
 }
 
 void NmeaInterpreter::ParseGPGSV() {
@@ -147,12 +129,13 @@ void NmeaInterpreter::ParseGPGSV() {
         SatellitesInView = IntegerIn(3);
         listener.SatellitesInViewReceived(SatellitesInView);
     }
-    for (std::int16_t count = 1; count <= 4; ++count) ParseSatellite(count);
+    for (std::int16_t count = 1; count <= SatellitesPerMessage; ++count) ParseSatellite(count);
 }
 
 void NmeaInterpreter::ParseSatellite(std::int16_t count) {
     if (MessageNumber != 0)
-        Satellite.Number = ToInt16(ToInt16((MessageNumber - 1) * 4.0) + static_cast<double>(count));
+        Satellite.Number =
+            ToInt16(ToInt16((MessageNumber - 1.0) * SatellitesPerMessage) + static_cast<double>(count));
     const std::size_t first = static_cast<std::size_t>(count) * 4;
     // The last message of a series has as many groups as satellites are left.
     if (first + 3 >= Words.size()) return;
@@ -173,8 +156,8 @@ void NmeaInterpreter::ParseGPRMC() {
     SetTime(Word(1));
     SetFixStatus(Word(2));
     SetPosition(3);
-    RaiseText(7, &NmeaListener::SpeedReceived);
-    RaiseText(8, &NmeaListener::BearingReceived);
+    Raise(7, &NmeaListener::SpeedReceived);
+    Raise(8, &NmeaListener::BearingReceived);
     SetDate(Word(9));
 }
 

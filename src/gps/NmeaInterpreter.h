@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/Numbers.h"
 #include "gps/NmeaListener.h"
 
 namespace ornivane {
@@ -47,7 +48,7 @@ private:
     void GetWords(std::string_view body);
     const std::string& Word(std::size_t index) const;
     double DoubleIn(std::size_t index) const;
-    std::int16_t IntegerIn(std::size_t index) const;
+    std::int16_t IntegerIn(std::size_t index) const { return ToInt16(DoubleIn(index)); }
 
     void ParseGPGGA();
     void ParseGPGLL();
@@ -64,10 +65,18 @@ private:
     void SetAutoManMode(const std::string& value);
     void SetMode3D(const std::string& value);
 
-    // Raises the event with the field unless the field is empty.
-    void RaiseText(std::size_t index, void (NmeaListener::*event)(const std::string&));
-    void RaiseDouble(std::size_t index, void (NmeaListener::*event)(double));
-    void RaiseInteger(std::size_t index, void (NmeaListener::*event)(std::int16_t));
+    // Raise the event with the field unless the field is empty.
+    template <typename Value>
+    using Event = void (NmeaListener::*)(Value);
+    void Raise(std::size_t index, Event<const std::string&> event) {
+        if (!Word(index).empty()) (listener.*event)(Word(index));
+    }
+    void Raise(std::size_t index, Event<double> event) {
+        if (!Word(index).empty()) (listener.*event)(DoubleIn(index));
+    }
+    void Raise(std::size_t index, Event<std::int16_t> event) {
+        if (!Word(index).empty()) (listener.*event)(IntegerIn(index));
+    }
 
     NmeaListener& listener;
 };

@@ -1,24 +1,17 @@
 #pragma once
 
 #include <array>
-#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "base/RuntimeError.h"
 #include "common/SettingsFiles.h"
-#include "common/Variablen.h"
-#include "gps/NmeaInterpreter.h"
-#include "gps/SentenceFraming.h"
-#include "gps/TalkerTwins.h"
-#include "gps/WholeLines.h"
-#include "platform/Clock.h"
+#include "gps/NmeaSink.h"
+#include "gps/PortSource.h"
 #include "platform/Dialogs.h"
 #include "platform/PictureSurface.h"
 #include "platform/PortList.h"
-#include "platform/SerialPort.h"
 #include "platform/Timer.h"
 
 namespace ornivane {
@@ -27,18 +20,20 @@ namespace ornivane {
 // and baud rate when data came within two seconds. That is the only way in which the saved port changes.
 class PortTest : private NmeaListener {
 public:
-    struct Label {
-        std::string Caption;
-        Colour ForeColor = 0x000000;
-    };
     static constexpr Colour Red = 0xFF0000;
     static constexpr Colour Green = 0x00FF00;
+    struct Label {
+        std::string Caption;
+        Colour ForeColor = Red;
+    };
+    static constexpr const char* NoValue = "---";
     static constexpr std::array<const char*, 5> UsualBaudRates{"4800", "9600", "19200", "38400", "57600"};
     static constexpr int MostPorts = 20;
 
-    // Takes over the callbacks of port and timer, which must outlive it. `changed`: show the members.
-    PortTest(SerialPort& port, Timer& timer, const PortList& ports, Dialogs& dialogs, const Clock& clock,
-             const Variablen& shared, std::function<void()> changed);
+    // Takes over the callbacks of port and timer, which must outlive it. `stateChanged`: show it anew.
+    PortTest(SerialPort& serialPort, Timer& timer, const PortList& portList, Dialogs& messages,
+             const Clock& clock, const Settings& programSettings, const Language& uiLanguage,
+             std::function<void()> stateChanged);
     PortTest(const PortTest&) = delete;
     PortTest& operator=(const PortTest&) = delete;
 
@@ -51,9 +46,8 @@ public:
     void timerCheck_Timer();
     void MSComm1_OnComm(SerialEvent event);
     void ClearTestDisplays();
-    // Every text of the test in the language of this moment.
-    void ApplyLanguage();
-    // A test is under way: neither port nor baud rate may be changed, what was tested is what is saved.
+    // A test is under way: neither port nor baud rate may be changed, what was tested is what is saved. The
+    // mouse pointer is the hourglass meanwhile.
     bool IsTesting() const { return CheckCount > 0; }
 
     std::vector<int> cmbCom; // the ports offered
@@ -61,65 +55,59 @@ public:
     // The baud rates offered: the usual ones, and the saved one should it be another.
     std::vector<std::string> BaudRates{UsualBaudRates.begin(), UsualBaudRates.end()};
     std::size_t cmbBaud = 0; // index into them
-    std::string tGPS;        // the first line of the input, always UTF-8
-    Label lblStatus;         // how the test goes
+    std::string Label7;      // satellites used, hidden
+    std::string lblLat = NoValue, lblLong = NoValue;
+
+    // What else shows, in the language of this moment.
+    std::string lblStatus() const; // how the test goes
     // The saved port is not there, or there is none at all; or data came, but nothing that a receiver says at
     // the right baud rate.
-    std::string lblHint;
-    Label lblComVerbindung;
-    Label LabelStatus; // the fix
-    std::string lblSatellites;
-    std::string Label7; // satellites used, hidden
-    std::string lblLat = "---", lblLong = "---";
-    bool Hourglass = false;      // the mouse pointer
-    std::int16_t CheckCount = 0; // seconds left
-    bool DataSeen = false;       // in this test
+    std::string lblHint() const;
+    std::string tGPS() const; // the first line of the input, always UTF-8
+    Label lblComVerbindung() const;
+    Label LabelStatus() const; // the fix
+    std::string lblSatellites() const;
 
 private:
-    void TimeChanged(const std::string& time) override;
-    void FixObtained() override;
-    void FixLost() override;
+    void TimeChanged(const std::string& /*time*/) override { sentenceHeard = true; }
+    void FixObtained() override { input.HasFix = true; }
+    void FixLost() override { input.HasFix = false; }
     void PositionReceived(const std::string& latitude, const std::string& longitude,
                           const std::string& latraw, const std::string& longraw) override;
-    void SatellitesUsedReceived(std::int16_t satellitesUsed) override;
+    void SatellitesUsedReceived(std::int16_t used) override { Label7 = std::to_string(used); }
     void SatellitesInViewReceived(std::int16_t satellitesInView) override;
 
     enum class Stage { Untested, Checking, NoSignal, NotOpened, Saved };
+    // What has come over the line.
+    struct Input {
+        bool HasCome = false; // and the line has not been interrupted since
+        bool HasFix = false;
+        std::string UsedAndInView; // satellites, "6 / 11"; empty while unknown
+        std::string FirstLine;     // of the input
+        bool IsNoise = false;      // it is too long for a sentence
+    };
 
-    void OfferPorts();
     void OfferBaudRates(const std::optional<ComSettings>& saved);
     void OpenChosen();
-    void ShowFirstPiece(std::string_view piece);
-    std::string ComName() const { return "COM " + std::to_string(testedCom); }
-    std::string StatusText() const;
-    std::string HintText() const;
+    void ShowFirstLine(std::string_view line);
     const char* NoPortText() const;
-    std::string SatellitesText() const;
-    // The members that hold texts, from what is known.
-    void ShowTexts();
 
-    SerialPort& port;
+    PortSource port;
     Timer& timerCheck;
     const PortList& ports;
     Dialogs& dialogs;
-    const Clock& clock;
-    const Variablen& shared;
+    const Settings& settings;
+    const Language& language;
     std::function<void()> changed;
     Stage stage = Stage::Untested;
-    int testedCom = 0;
+    int CheckCount = 0;         // seconds left
+    bool dataSeen = false;      // in this test
+    bool sentenceHeard = false; // likewise
+    bool isCleared = false;     // the displays are those of a test
+    Input input;
     std::string missingCom; // the saved port while it is not there and no other was tested
-    std::optional<RuntimeError> openFailure;
-    bool isCleared = false; // the displays are those of a test
-    bool isConnected = false;
-    bool isNoise = false;
-    bool sentenceHeard = false;
-    bool noFix = true;
-    std::string usedAndInView; // "6 / 11"; empty while unknown
-    std::string firstPiece;
     NmeaInterpreter gps;
-    WholeLines lines;
-    TalkerTwins twins;
-    SentenceFraming framing;
+    NmeaSink sentences;
     // The same stream as the receiver sent it, for tGPS only: who looks for a fault must see that.
     NmeaListener nobody;
     NmeaInterpreter sentGps{nobody};

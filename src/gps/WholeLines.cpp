@@ -18,11 +18,6 @@ std::vector<WholeLines::Piece> WholeLines::Take(std::string_view chunk) {
     return std::exchange(pieces, {});
 }
 
-void WholeLines::Reset() {
-    state = State::LineStart;
-    line.clear();
-}
-
 void WholeLines::Read(char c) {
     if (state == State::LineStart && c == '$') {
         line.clear();

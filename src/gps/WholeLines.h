@@ -8,7 +8,7 @@
 namespace ornivane {
 
 // The first stage behind the port. A serial driver cuts the receiver's stream where it likes, and the framing
-// minds the borders of its chunks; this makes chunks whose borders say nothing: whole sentences, each handed
+// depends on where a chunk begins; this makes chunks whose borders mean nothing: whole sentences, each handed
 // on once.
 //
 // A line is a sentence when it begins with "$" and two capital letters, blanks ahead of it aside. It is held
@@ -29,7 +29,10 @@ public:
     std::vector<Piece> Take(std::string_view chunk);
 
     // The port was opened anew: what was unfinished never gets its end.
-    void Reset();
+    void Reset() {
+        state = State::LineStart;
+        line.clear();
+    }
 
 private:
     enum class State {

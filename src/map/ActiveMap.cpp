@@ -7,10 +7,7 @@
 
 namespace ornivane {
 
-ActiveMap::ActiveMap(Variablen& variablen, Recordset& mapsSet, Picture& picStorage, PictureSurface& picMap,
-                     Progress& progBar, Dialogs& messages, ActiveMapOwner& mapOwner)
-    : ChartView(variablen, mapsSet, picStorage, picMap, progBar, messages), owner(mapOwner),
-      memory(variablen.ProgramFolder) {}
+ActiveMap::ActiveMap(const ChartParts& parts) : ChartView(parts), memory(parts.Program.ProgramFolder) {}
 
 void ActiveMap::updateMapInfo() {
     CurrentMapName = cmbMaps;
@@ -18,17 +15,20 @@ void ActiveMap::updateMapInfo() {
 }
 
 std::string ActiveMap::LoadLastMap() {
-    const LastChoice last = ReadLastChoice(shared.ProgramFolder);
+    const LastChoice last = ReadLastChoice(settings.ProgramFolder);
     if (last.Map) {
         FindMap(*last.Map);
         LastMapName = *last.Map;
     }
     if (last.Map && last.Route) return *last.Route;
-    CallOffErrors([this] { WriteLastChoice(shared.ProgramFolder, {"demo.bmp", std::nullopt}); });
+    // What is remembered for the next time is a comfort, never a reason to disturb the pilot: also below.
+    IgnoreErrors([this] { WriteLastChoice(settings.ProgramFolder, {"demo.bmp", std::nullopt}); });
     return {};
 }
 
-void ActiveMap::RememberChoice() { WriteLastChoice(shared.ProgramFolder, {Name(), owner.RouteName()}); }
+void ActiveMap::RememberChoice(const std::string& route) {
+    WriteLastChoice(settings.ProgramFolder, {Name(), route});
+}
 
 // The list may offer a map that the catalogue has lost meanwhile; the first one shows then.
 void ActiveMap::SwitchTo(const std::string& name) {
@@ -41,28 +41,21 @@ void ActiveMap::SwitchTo(const std::string& name) {
     if (AutoMapSwitch) SetCentring(true);
 }
 
-void ActiveMap::Redraw() {
-    owner.UpdateMap();
-    surface.Refresh();
-}
-
-void ActiveMap::cmbMaps_Click(const std::string& name) {
-    if (!HasRows()) return;
+bool ActiveMap::cmbMaps_Click(const std::string& name) {
+    if (!HasRows()) return false;
     SwitchTo(name);
-    Redraw();
-    // Last: a folder that cannot be written must not keep the new map from the screen.
-    RememberChoice();
+    return true;
 }
 
-void ActiveMap::cmbMaps_Change(const std::string& name) {
+void ActiveMap::cmbMaps_Change(const std::string& name, const std::string& route) {
     cmbMaps = name;
     if (!HasRows() || (name == CurrentMapName && !AutoMapSwitch)) return;
     SwitchTo(name);
-    CallOffErrors([this] { RememberChoice(); });
+    IgnoreErrors([&] { RememberChoice(route); });
 }
 
 void ActiveMap::RestoreMapPosition() {
-    CallOffErrors([this] {
+    IgnoreErrors([this] {
         const auto view = memory.Find(Name());
         if (!view) return;
         SlideMap = view->SlideMap;
@@ -73,7 +66,7 @@ void ActiveMap::RestoreMapPosition() {
 }
 
 void ActiveMap::SaveMapPosition() {
-    CallOffErrors([this] {
+    IgnoreErrors([this] {
         if (ViewIsOf()) memory.Save(*ViewIsOf(), {View, SlideMap, CenterMap});
     });
 }
@@ -85,16 +78,6 @@ void ActiveMap::SetCentring(bool on) {
 
 void ActiveMap::CenterOnAircraft(const Point& aircraft) {
     View = CentredOn(View, Sizes, aircraft.X, aircraft.Y);
-}
-
-void ActiveMap::cmdKartezentrieren_Click() {
-    SetCentring(true);
-    owner.CentreMap();
-}
-
-void ActiveMap::picKartezentrieren_Click() {
-    SetCentring(false);
-    owner.UpdateMap();
 }
 
 } // namespace ornivane

@@ -7,31 +7,22 @@
 
 namespace ornivane {
 
-// What the active map needs of its screen.
-class ActiveMapOwner {
-public:
-    virtual ~ActiveMapOwner() = default;
-    virtual void UpdateMap() = 0;
-    // The same, with centring asked for: the pilot wants to know why when it does not come about.
-    virtual void CentreMap() = 0;
-    virtual std::string RouteName() const = 0; // text of cmbRoute
-};
-
 // The flying screen's map: the current row of MapsSet, with a view that is remembered for each map and can
 // follow the aircraft.
 class ActiveMap : public ChartView {
 public:
-    ActiveMap(Variablen& variablen, Recordset& mapsSet, Picture& picStorage, PictureSurface& picMap,
-              Progress& progBar, Dialogs& dialogs, ActiveMapOwner& owner);
+    explicit ActiveMap(const ChartParts& parts);
 
     void updateMapInfo() override;
-    // Positions MapsSet on the map of the last run and returns the route of the last run; a damaged or
-    // missing memory is made anew with the name of no map.
+    // Positions MapsSet on the map of the last run and returns the name of its route. A missing or damaged
+    // memory (kartendaten.crm) is written anew and the route is empty.
     std::string LoadLastMap();
-    // The user's choice in cmbMaps.
-    void cmbMaps_Click(const std::string& name);
-    // The program's choice: does not redraw by itself, because it happens inside a drawing pass.
-    void cmbMaps_Change(const std::string& name);
+    // The user's choice in cmbMaps; true: draw it and then remember it.
+    [[nodiscard]] bool cmbMaps_Click(const std::string& name);
+    // The program's choice, in the middle of a navigation step; remembers it with the name of the route.
+    void cmbMaps_Change(const std::string& name, const std::string& route);
+    // This map and the route, for the next start.
+    void RememberChoice(const std::string& route);
 
     void RestoreMapPosition() override;
     void SaveMapPosition();
@@ -39,8 +30,8 @@ public:
     // Refused while centring is on, too.
     bool CanPan() const override { return !CenterMap && ChartView::CanPan(); }
     void CenterOnAircraft(const Point& aircraft);
-    void cmdKartezentrieren_Click();
-    void picKartezentrieren_Click();
+    void cmdKartezentrieren_Click() { SetCentring(true); }
+    void picKartezentrieren_Click() { SetCentring(false); }
     void SetCentring(bool on);
 
     std::string CurrentMapName; // text of cmbMaps when the list was last rebuilt
@@ -50,11 +41,8 @@ public:
     bool AutoMapSwitch = false;
 
 private:
-    void Redraw() override;
-    void RememberChoice();
     void SwitchTo(const std::string& name);
 
-    ActiveMapOwner& owner;
     ViewMemory memory;
 };
 

@@ -15,6 +15,7 @@ namespace {
 // The services of whole regions, which are no station of an airfield.
 constexpr std::string_view RegionServices[] = {"LANGEN", "MÜNCHEN", "MUNICH", "MUNCHEN", "BERLIN", "BREMEN"};
 constexpr std::string_view TowerWords[] = {"TWR", "TOWER", "START", "TURM"};
+constexpr double NoDirection = -99; // as a store may have it
 
 // Latin letters with their accents, of one and two bytes.
 std::string UpperCase(std::string_view text) {
@@ -96,8 +97,8 @@ void AirfieldBook::ReadRunway(const std::string& icao, Entry& entry) {
     entry.HasRunway = runways.Step();
     if (!entry.HasRunway) return;
     info.Runway = AsShown(runways, 0) + " - " + NumberText(length) + " m ";
-    const auto heading = ParsePlainNumber(AsShown(runways, 1).substr(0, 3));
-    info.Heading = heading.value_or(AirfieldInfo::NoHeading);
+    info.Heading = ParsePlainNumber(AsShown(runways, 1).substr(0, 3));
+    if (info.Heading == NoDirection) info.Heading.reset();
 }
 
 void AirfieldBook::ReadRadio(const std::string& icao, AirfieldInfo& info) {

@@ -14,11 +14,10 @@ class Connection;
 // What the map says of an airfield.
 struct AirfieldInfo {
     bool IsPaved = false;
-    double Heading = NoHeading; // degrees; of the longest runway of that surface
-    std::string Runway;         // "07/25 - 1200 m "
-    std::string Information;    // "KOELN INFO 120.250"; empty without a station
-    std::string Atis;           // likewise
-    static constexpr double NoHeading = -99;
+    std::optional<double> Heading; // degrees; of the longest runway of that surface
+    std::string Runway;            // "07/25 - 1200 m "
+    std::string Information;       // "KOELN INFO 120.250"; empty without a station
+    std::string Atis;              // likewise
 };
 
 // There is nothing to show for a code: no airfield has it, or the one that has it lacks a runway of the kind

@@ -4,6 +4,7 @@
 
 #include "base/Numbers.h"
 #include "base/RuntimeError.h"
+#include "geo/GreatCircle.h"
 #include "geo/NavigationMaths.h"
 #include "store/Connection.h"
 
@@ -14,22 +15,22 @@ namespace {
 constexpr Colour LabelColour = 0x800000;
 constexpr double LabelRight = 10, LabelUp = 10; // pixels from the middle of the side
 
-double Held(const std::optional<double>& field) {
+template <typename Field>
+const Field& Held(const std::optional<Field>& field) {
     if (!field) throw RuntimeError(ErrorNumber::InvalidNull);
     return *field;
 }
 
-Position At(const std::optional<double>& lat, const std::optional<double>& longitude) {
-    return {ToDecimalDegrees(Held(lat)), ToDecimalDegrees(Held(longitude))};
-}
+Position At(const std::optional<DegMin>& stored) { return ToDecimalDegrees(Held(stored)); }
 
 // Outlines that alternate are a pixel wider than the others.
-int OutlineWidth(int slideValue, bool alternates) {
+int OutlineWidth(int slideValue, Colour colour) {
+    const bool alternates = colour == AirspaceRed || colour == AirspaceBlack;
     return static_cast<int>(Round((alternates ? 7 : 6) - slideValue / 50.0));
 }
 
 // Degrees between two points of a circle: few for small ones.
-double CircleStep(double radius) { return radius <= 4 ? 30 : radius <= 10 ? 15 : 5; }
+double CircleStep(double radiusNM) { return radiusNM <= 4 ? 30 : radiusNM <= 10 ? 15 : 5; }
 
 std::string Limit(const std::string& type, const std::optional<double>& feet, bool isLow) {
     if (isLow && type == " GND") return "GND";
@@ -41,6 +42,12 @@ AirspaceElement ElementOf(const Statement& row) {
     const auto number = [&](int column) {
         return row.IsNull(column) ? std::optional<double>() : row.Number(column);
     };
+    const auto place = [&](int column) {
+        const auto latitude = number(column), longitude = number(column + 1);
+        return latitude && longitude
+                   ? std::optional(DegMin{StoredLatitude(*latitude), StoredLongitude(*longitude)})
+                   : std::nullopt;
+    };
     const auto text = [&](int column) { return std::string(row.Text(column)); };
     return {row.IsNull(0) ? 0 : static_cast<long>(row.Integer(0)),
             text(1),
@@ -50,38 +57,39 @@ AirspaceElement ElementOf(const Statement& row) {
             text(5),
             number(6),
             number(7),
-            number(8),
-            number(9),
+            place(8),
             number(10),
-            number(11),
-            number(12),
-            number(13),
-            number(14),
-            number(15),
-            number(16)};
+            place(11),
+            place(13),
+            place(15)};
 }
 
-// The point at an angle and distance (radians) from the centre (radians), in decimal degrees.
-Position OnCircle(double phi, double lambda, double r, double angle) {
-    const double a = DegToRad(angle);
+struct Circle {
+    Position Centre;
+    double RadiusRadians;
+};
+
+// The point at an angle from north.
+Position OnCircle(const Circle& circle, double angleDegrees) {
+    const double phi = circle.Centre.Lat.Radians(), lambda = circle.Centre.Long.Radians();
+    const double r = circle.RadiusRadians, a = DegToRad(angleDegrees);
     const double lat = ASin(std::sin(phi) * std::cos(r) + std::cos(phi) * std::sin(r) * std::cos(a));
     const double longitude = lambda + ASin(CheckedDivide(std::sin(r) * std::sin(a), std::cos(lat)));
-    return {RadToDeg(lat), RadToDeg(longitude)};
+    return {Latitude(RadToDeg(lat)), Longitude(RadToDeg(longitude))};
 }
 
 } // namespace
 
-double ArcRadius(double lat1, double long1, double lat2, double long2) {
-    const auto radians = [](double stored) { return DegToRad(ToDecimalDegrees(stored)); };
-    return AngleBetween(radians(lat1), radians(long1), radians(lat2), radians(long2)) * 180 * 60 / Pi;
+// Not the distance of GreatCircle: arcs were always drawn with the factors in this order, whose last bit is
+// another.
+double ArcRadius(const DegMin& centre, const DegMin& point) {
+    return AngleBetween(ToDecimalDegrees(centre), ToDecimalDegrees(point)) * 180 * 60 / Pi;
 }
 
-double ArcDimension(double lat1, double long1, double lat2, double long2) {
-    const auto radians = [](double stored) { return DegToRad(ToDecimalDegrees(stored)); };
-    const double latA = radians(lat1), longA = radians(long1), latB = radians(lat2), longB = radians(long2);
-    const double d = AngleBetween(latA, longA, latB, longB);
-    CheckedDivide(1, std::sin(d));
-    return TrueCourse(latA, longA, latB, longB, d);
+double ArcDimension(const DegMin& centre, const DegMin& point) {
+    const auto circle = GreatCircle::Between(ToDecimalDegrees(centre), ToDecimalDegrees(point));
+    if (circle.AngleRadians == 0) throw RuntimeError(ErrorNumber::DivisionByZero);
+    return circle.TrueCourse;
 }
 
 std::string AirspaceLabel(const AirspaceElement& first) {
@@ -132,33 +140,33 @@ void AirspaceDrawing::Draw(const Canvas& canvas, const std::vector<AirspaceEleme
     // Without an element number 1 there is no place to close the outline at.
     const AirspaceElement& last = elements.back();
     if (!first) return;
-    if (last.Drawtype == "DB") DrawAirspaceLine(pen, At(last.Arcx2, last.Arcy2), *first);
-    if (last.Drawtype == "DP") DrawAirspaceLine(pen, At(last.Lat, last.Long), *first);
+    if (last.Drawtype == "DB") DrawAirspaceLine(pen, At(last.ArcEnd), *first);
+    if (last.Drawtype == "DP") DrawAirspaceLine(pen, At(last.Place), *first);
 }
 
 void AirspaceDrawing::DrawElement(Pen& pen, const std::vector<AirspaceElement>& elements, std::size_t i,
                                   std::optional<Position>& first) {
     const AirspaceElement& element = elements[i];
     if (element.Drawtype == "DC") {
-        DrawArc(pen, {Held(element.Lat), Held(element.Long), Held(element.arcRad), 0, 360, "Kreis"});
+        DrawArc(pen, {Held(element.Place), Held(element.arcRad), 0, 360, "Kreis"});
     } else if (element.Drawtype == "DB") {
-        if (element.PNumber == 1) first = At(element.Arcx1, element.Arcy1);
+        if (element.PNumber == 1) first = At(element.ArcStart);
         DrawArcElement(pen, element);
     } else if (element.Drawtype == "DP") {
-        const Position here = At(element.Lat, element.Long);
+        const Position here = At(element.Place);
         if (element.PNumber == 1) first = here;
         if (i > 0 && elements[i - 1].Drawtype == "DB")
-            DrawAirspaceLine(pen, At(elements[i - 1].Arcx2, elements[i - 1].Arcy2), here);
+            DrawAirspaceLine(pen, At(elements[i - 1].ArcEnd), here);
         if (i + 1 < elements.size() && elements[i + 1].Drawtype == "DP")
-            DrawAirspaceLine(pen, here, At(elements[i + 1].Lat, elements[i + 1].Long));
+            DrawAirspaceLine(pen, here, At(elements[i + 1].Place));
     }
 }
 
 void AirspaceDrawing::DrawArcElement(Pen& pen, const AirspaceElement& element) {
-    const double lat = Held(element.arcLat), longitude = Held(element.arcLong);
-    const double x1 = Held(element.Arcx1), y1 = Held(element.Arcy1);
-    DrawArc(pen, {lat, longitude, ArcRadius(lat, longitude, x1, y1), ArcDimension(lat, longitude, x1, y1),
-                  ArcDimension(lat, longitude, Held(element.Arcx2), Held(element.Arcy2)),
+    const DegMin& centre = Held(element.ArcCentre);
+    const DegMin& start = Held(element.ArcStart);
+    DrawArc(pen, {centre, ArcRadius(centre, start), ArcDimension(centre, start),
+                  ArcDimension(centre, Held(element.ArcEnd)),
                   element.arcDir.empty() ? pen.On.DirectionIfNone : element.arcDir});
 }
 
@@ -173,19 +181,18 @@ void AirspaceDrawing::DrawArc(Pen& pen, ArcShape arc) {
     } else if (arc.Direction != "Kreis") {
         return; // without a direction there is no way from start to end
     }
-    const double r = arc.Radius * Pi / 10800;
-    const double phi = DegToRad(ToDecimalDegrees(arc.Lat)), lambda = DegToRad(ToDecimalDegrees(arc.Long));
+    const Circle circle{ToDecimalDegrees(arc.Centre), arc.Radius * Pi / 10800};
     const bool isTmz = pen.AspType == "TMZ", isDanger = pen.AspType == "Q";
     bool isRed = true; // by turns, from the first point on
     Position from;
-    const auto go = [&](double angle, bool mayCarryLabel) {
-        const Position to = OnCircle(phi, lambda, r, angle);
+    const auto go = [&](double angleDegrees, bool mayCarryLabel) {
+        const Position to = OnCircle(circle, angleDegrees);
         const Colour colour = isTmz      ? TmzColour
                               : isDanger ? DangerColour
                               : isRed    ? AirspaceRed
                                          : AirspaceBlack;
-        // "A previous point exists" is asked by its latitude, which in the south is none.
-        if (from.Lat > 0) DrawArcSegment(pen, from, to, colour, mayCarryLabel);
+        // South of the equator no point counts as a previous one: that is how arcs there were always drawn.
+        if (from.Lat > Latitude(0)) DrawArcSegment(pen, from, to, colour, mayCarryLabel);
         from = to;
         isRed = !isRed;
     };
@@ -193,12 +200,6 @@ void AirspaceDrawing::DrawArc(Pen& pen, ArcShape arc) {
     for (int i = 0; i <= points; ++i) go(arc.StartAngle + i * step, false);
     // The steps end before or on the end, so one more point closes the arc; a circle's label stands there.
     go(arc.EndAngle, arc.Direction == "Kreis");
-}
-
-void AirspaceDrawing::DrawArcSegment(Pen& pen, const Position& from, const Position& to, Colour colour,
-                                     bool mayCarryLabel) {
-    const bool alternates = colour != TmzColour && colour != DangerColour;
-    Segment(pen, from, to, colour, OutlineWidth(pen.On.SlideValue, alternates), mayCarryLabel);
 }
 
 Colour AirspaceDrawing::NextColour(const std::string& type) {
@@ -210,16 +211,14 @@ Colour AirspaceDrawing::NextColour(const std::string& type) {
 }
 
 void AirspaceDrawing::DrawAirspaceLine(Pen& pen, const Position& from, const Position& to) {
-    const Colour colour = NextColour(pen.AspType);
-    const bool alternates = colour == AirspaceRed || colour == AirspaceBlack;
-    Segment(pen, from, to, colour, OutlineWidth(pen.On.SlideValue, alternates), true);
+    DrawArcSegment(pen, from, to, NextColour(pen.AspType), true);
 }
 
-void AirspaceDrawing::Segment(Pen& pen, const Position& from, const Position& to, Colour colour, int width,
-                              bool mayCarryLabel) {
+void AirspaceDrawing::DrawArcSegment(Pen& pen, const Position& from, const Position& to, Colour colour,
+                                     bool mayCarryLabel) {
     PictureSurface& surface = pen.On.Surface;
     const Point first = pen.On.Transform.ViewOf(from), second = pen.On.Transform.ViewOf(to);
-    surface.SetDrawWidth(width);
+    surface.SetDrawWidth(OutlineWidth(pen.On.SlideValue, colour));
     surface.Line(first.X, first.Y, second.X, second.Y, colour);
     surface.SetDrawWidth(1);
     if (!mayCarryLabel) return;

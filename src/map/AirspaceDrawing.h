@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "geo/Position.h"
 #include "map/MapTransform.h"
 #include "platform/PictureSurface.h"
 #include "store/Statement.h"
@@ -17,20 +18,19 @@ class Connection;
 struct AirspaceElement {
     long PNumber = 0; // order inside the airspace, from 1
     std::string AspType, LowType, HighType;
-    std::string Drawtype;                             // "DC" circle, "DB" arc, "DP" point of a polygon
-    std::string arcDir;                               // "+" clockwise, "-" counter-clockwise
-    std::optional<double> Low, High;                  // feet
-    std::optional<double> Lat, Long;                  // DegMinValue, like all that follow
-    std::optional<double> arcRad;                     // nautical miles
-    std::optional<double> arcLat, arcLong;            // the centre of an arc
-    std::optional<double> Arcx1, Arcy1, Arcx2, Arcy2; // its start and end, latitude first
+    std::string Drawtype;            // "DC" circle, "DB" arc, "DP" point of a polygon
+    std::string arcDir;              // "+" clockwise, "-" counter-clockwise
+    std::optional<double> Low, High; // feet
+    std::optional<DegMin> Place;     // the point of a polygon, the centre of a circle
+    std::optional<double> arcRad;    // of a circle, nautical miles
+    std::optional<DegMin> ArcCentre, ArcStart, ArcEnd;
 };
 
-// Distance in nautical miles; DegMinValue.
-double ArcRadius(double lat1, double long1, double lat2, double long2);
-// True bearing in degrees from the first position to the second; DegMinValue. RuntimeError DivisionByZero or
-// Overflow when the two are the same.
-double ArcDimension(double lat1, double long1, double lat2, double long2);
+// Distance in nautical miles.
+double ArcRadius(const DegMin& centre, const DegMin& point);
+// True bearing in degrees from the centre to the point. RuntimeError DivisionByZero when the two are the
+// same.
+double ArcDimension(const DegMin& centre, const DegMin& point);
 
 // " D 2500 - FL 65 "; empty for a traffic pattern.
 std::string AirspaceLabel(const AirspaceElement& first);
@@ -68,7 +68,7 @@ private:
         std::string Label;
     };
     struct ArcShape {
-        double Lat, Long;            // DegMinValue
+        DegMin Centre;
         double Radius;               // nautical miles
         double StartAngle, EndAngle; // degrees
         std::string Direction;       // "+", "-" or "Kreis"
@@ -80,12 +80,10 @@ private:
                      std::optional<Position>& first);
     void DrawArcElement(Pen& pen, const AirspaceElement& element);
     void DrawArc(Pen& pen, ArcShape arc);
-    void DrawArcSegment(Pen& pen, const Position& from, const Position& to, Colour colour,
-                        bool mayCarryLabel);
+    static void DrawArcSegment(Pen& pen, const Position& from, const Position& to, Colour colour,
+                               bool mayCarryLabel);
     void DrawAirspaceLine(Pen& pen, const Position& from, const Position& to);
     Colour NextColour(const std::string& type);
-    static void Segment(Pen& pen, const Position& from, const Position& to, Colour colour, int width,
-                        bool mayCarryLabel);
 
     Connection& luftraum;
     Statement rows;

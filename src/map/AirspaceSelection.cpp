@@ -9,14 +9,11 @@ namespace ornivane {
 namespace {
 
 // An airspace's points may all lie outside of the view.
-ViewBounds Widened(ViewBounds view) {
-    const double width = view.ViewEast - view.ViewWest;
+ViewBounds Widened(const ViewBounds& view) {
+    const double width = view.ViewEast.Value() - view.ViewWest.Value();
     const double by = width < 1.0 ? (1.2 - width) / 1.3 : 0.1;
-    view.ViewNorth += by;
-    view.ViewEast += by;
-    view.ViewSouth -= by;
-    view.ViewWest -= by;
-    return view;
+    return {StoredLatitude(view.ViewNorth.Value() + by), StoredLongitude(view.ViewWest.Value() - by),
+            StoredLatitude(view.ViewSouth.Value() - by), StoredLongitude(view.ViewEast.Value() + by)};
 }
 
 std::int16_t NumberOf(const Statement& row) {
@@ -35,9 +32,7 @@ double AirspaceSelection::ComparedHeight(double feet, double qnh) {
 }
 
 std::vector<std::int16_t> AirspaceSelection::Numbers(Statement& query, const char* kind,
-                                                     const ViewBounds& bounds,
-                                                     std::optional<double> highestLow,
-                                                     std::optional<double> lowestHigh) {
+                                                     const ViewBounds& bounds, const Heights& heights) {
     if (!query.IsPrepared())
         query = Statement(
             luftraum, std::string("SELECT DISTINCT \"Index\" FROM Luftraum WHERE LAT BETWEEN ?1 AND ?2 AND "
@@ -46,7 +41,8 @@ std::vector<std::int16_t> AirspaceSelection::Numbers(Statement& query, const cha
                           kind + " 'A' COLLATE BINARY ORDER BY \"Index\" ASC");
     std::vector<std::int16_t> numbers;
     const StatementRun run(query);
-    const double view[] = {bounds.ViewSouth, bounds.ViewNorth, bounds.ViewWest, bounds.ViewEast};
+    const double view[] = {bounds.ViewSouth.Value(), bounds.ViewNorth.Value(), bounds.ViewWest.Value(),
+                           bounds.ViewEast.Value()};
     for (int i = 0; i < 4; ++i) query.Bind(i + 1, view[i]);
     const auto limit = [&](int parameter, std::optional<double> feet) {
         if (feet)
@@ -54,24 +50,24 @@ std::vector<std::int16_t> AirspaceSelection::Numbers(Statement& query, const cha
         else
             query.Bind(parameter, {});
     };
-    limit(5, highestLow);
-    limit(6, lowestHigh);
+    limit(5, heights.HighestLow);
+    limit(6, heights.LowestHigh);
     while (query.Step()) numbers.push_back(NumberOf(query));
     return numbers;
 }
 
 std::vector<std::int16_t> AirspaceSelection::Airspaces(const ViewBounds& view, double height) {
-    return Numbers(airspaces, "<>", Widened(view), height + Margin, height - Margin);
+    return Numbers(airspaces, "<>", Widened(view), {height + Margin, height - Margin});
 }
 
 std::vector<std::int16_t> AirspaceSelection::AirspacesAt(const ViewBounds& view,
                                                          std::optional<double> height) {
-    return Numbers(airspaces, "<>", Widened(view), height, height);
+    return Numbers(airspaces, "<>", Widened(view), {height, height});
 }
 
 std::vector<std::int16_t> AirspaceSelection::Patterns(const ViewBounds& view, std::optional<double> height) {
     if (height) *height += Margin;
-    return Numbers(patterns, "=", view, height, {});
+    return Numbers(patterns, "=", view, {height, {}});
 }
 
 } // namespace ornivane

@@ -30,8 +30,12 @@ public:
     std::vector<std::int16_t> Patterns(const ViewBounds& view, std::optional<double> height);
 
 private:
+    // Feet; none: any.
+    struct Heights {
+        std::optional<double> HighestLow, LowestHigh;
+    };
     std::vector<std::int16_t> Numbers(Statement& query, const char* kind, const ViewBounds& bounds,
-                                      std::optional<double> highestLow, std::optional<double> lowestHigh);
+                                      const Heights& heights);
 
     Connection& luftraum;
     Statement airspaces, patterns;

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "base/RuntimeError.h"
-#include "geo/NavigationMaths.h"
 #include "map/ChartFiles.h"
 #include "map/MapCatalogue.h"
 
@@ -11,17 +10,16 @@ namespace ornivane {
 
 namespace fs = std::filesystem;
 
-ChartView::ChartView(Variablen& variablen, Recordset& list, Picture& picStorage, PictureSurface& picMap,
-                     Progress& progBar, Dialogs& messages)
-    : shared(variablen), maps(list), surface(picMap), storage(picStorage), progress(progBar),
-      dialogs(messages) {}
+ChartView::ChartView(const ChartParts& parts)
+    : language(parts.Texts), settings(parts.Program), dataConn(parts.DataConn), maps(parts.List),
+      surface(parts.picMap), storage(parts.picStorage), progress(parts.progBar), dialogs(parts.Messages) {}
 
 bool ChartView::HasRows() const { return maps.IsOpen() && maps.RecordCount() > 0; }
 
-std::string ChartView::Name() const { return maps.TextOrEmpty("Name"); }
+std::string ChartView::Name() const { return MapCatalogue::NameOf(maps); }
 
 void ChartView::LoadPicture() {
-    const auto file = FindFileIgnoringCase(shared.ProgramFolder / "Karten", Name());
+    const auto file = FindFileIgnoringCase(settings.ProgramFolder / "Karten", Name());
     if (!file) return;
     // A screen that comes to the front makes its map active again; decoding a large chart for that would take
     // a second each time, so the image is read only when the file is another one or has changed.
@@ -51,9 +49,7 @@ void ChartView::InitializeData() {
     progress.SetValue(50);
     viewIsOf.reset();
     LoadPicture();
-    try {
-        TakeInRow();
-    } catch (const RuntimeError&) {
+    if (ErrorOf([this] { TakeInRow(); })) {
         Refuse();
         return;
     }
@@ -82,30 +78,27 @@ void ChartView::Refuse() {
     refused.insert(name);
     surface.Cls();
     surface.Refresh();
-    if (shared.EnglishUI == 1)
-        dialogs.Message("Map error", "Map error: " + name + " - please check coordinates.");
-    else
-        dialogs.Message("Fehler in Karte", "Fehler in Karte: " + name + " - Bitte Koordinaten üperprüfen.");
+    dialogs.Message(language.Text("Fehler in Karte", "Map error"),
+                    language.Text("Fehler in Karte: %1 - Bitte Koordinaten üperprüfen.",
+                                  "Map error: %1 - please check coordinates.", {name}));
 }
 
 std::string ChartView::MapError() const {
-    return shared.Text("Fehler in Karte: ", "Map error: ") + Name() +
-           shared.Text("\nBitte den Rahmen unter Kartendaten prüfen oder eine andere Karte wählen.",
-                       "\nPlease check its frame under Map Data or choose another chart.");
+    return language.Text(
+        "Fehler in Karte: %1\nBitte den Rahmen unter Kartendaten prüfen oder eine andere Karte wählen.",
+        "Map error: %1\nPlease check its frame under Map Data or choose another chart.", {Name()});
 }
 
 bool ChartView::RowHasChanged() const {
     if (!HasRows() || maps.Eof()) return true;
-    try {
-        return taken != TakenIn{Name(), MapCatalogue::FrameOf(maps)};
-    } catch (const RuntimeError&) {
-        return true; // a row without a frame was never taken in
-    }
+    std::optional<TakenIn> row; // a row without a frame was never taken in
+    IgnoreErrors([&] { row = {Name(), MapCatalogue::FrameOf(maps)}; });
+    return !row || taken != row;
 }
 
 void ChartView::ChartsChanged() {
     if (!maps.IsOpen()) return;
-    const std::string chart = maps.Eof() ? std::string() : maps.TextOrEmpty("Name");
+    const std::string chart = maps.Eof() ? std::string() : Name();
     maps.Requery();
     FindMap(chart);
     if (HasRows()) return;
@@ -115,55 +108,42 @@ void ChartView::ChartsChanged() {
 }
 
 void ChartView::updateMapInfo() {
-    Recordset list;
-    list.Open(shared.DataConn, "SELECT * From Maps Where Active <> 0 Order by NAME ASC");
-    MapNames.clear();
+    MapNames = MapCatalogue(dataConn).ActiveNames();
     // What was refused may have been mended; the chart of this moment has just been tried.
     std::erase_if(refused,
                   [this](const std::string& name) { return HasMap() || !HasRows() || name != Name(); });
-    if (list.RecordCount() == 0) return;
-    for (; !list.Eof(); list.MoveNext()) MapNames.push_back(list.TextOrEmpty("Name"));
-    if (HasRows()) cmbMaps = Name();
+    if (!MapNames.empty() && HasRows()) cmbMaps = Name();
 }
 
 void ChartView::FindMap(const std::string& name) {
-    if (!HasRows()) return;
-    maps.MoveFirst();
-    if (!maps.Find("Name", Comparison::Equal, name)) maps.MoveFirst();
+    if (HasRows() && !MapCatalogue::StandOn(maps, name)) maps.MoveFirst();
 }
 
-void ChartView::CallOffErrors(const std::function<void()>& action) const {
-    try {
-        action();
-    } catch (const RuntimeError&) {
-        // What is remembered for the next time is a comfort, never a reason to disturb the pilot.
-    }
-}
-
-void ChartView::ApplyZoom() {
-    if (!HasMap()) return;
+bool ChartView::ApplyZoom() {
+    if (!HasMap()) return false;
     View = Zoomed(View, Sizes, SlideMap);
-    Redraw();
+    return true;
 }
 
-void ChartView::SetSlide(int value) {
-    if (!HasMap()) return;
+bool ChartView::SetSlide(int value) {
+    if (!HasMap()) return false;
     SlideMap = std::clamp(value, SlideMin, SlideMax);
-    ApplyZoom();
+    return ApplyZoom();
 }
 
 void ChartView::AdjustViewToPicture() {
     if (!HasMap()) return;
-    CallOffErrors([this] {
+    // A picture without extent has no view; the one of before stays.
+    IgnoreErrors([this] {
         ReadSizes();
         View = Resized(View, Sizes);
     });
 }
 
-void ChartView::Pan(double dx, double dy) {
-    if (!CanPan()) return;
+bool ChartView::Pan(double dx, double dy) {
+    if (!CanPan()) return false;
     View = Dragged(View, Sizes, dx, dy);
-    Redraw();
+    return true;
 }
 
 MapTransform ChartView::Transform() const {

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <functional>
 #include <optional>
 #include <set>
 #include <string>
 #include <vector>
 
-#include "common/Variablen.h"
+#include "base/Language.h"
+#include "common/Settings.h"
 #include "map/MapTransform.h"
 #include "map/Viewport.h"
 #include "platform/Dialogs.h"
@@ -15,13 +15,23 @@
 
 namespace ornivane {
 
+// What the chart of a screen works with. All of it outlives the chart.
+struct ChartParts {
+    const Language& Texts;
+    const Settings& Program; // its folder
+    Connection& DataConn;
+    Recordset& List; // the active maps; opened by the screen
+    Picture& picStorage;
+    PictureSurface& picMap;
+    Progress& progBar;
+    Dialogs& Messages;
+};
+
 // One chart of a list, its image in picStorage, and the view of it: what every screen with a moving chart
 // has. The current row of the list is the chart that shows. Members carry the names of the controls.
 class ChartView {
 public:
-    // `list`: the active maps; only its address is taken here.
-    ChartView(Variablen& variablen, Recordset& list, Picture& picStorage, PictureSurface& picMap,
-              Progress& progBar, Dialogs& dialogs);
+    explicit ChartView(const ChartParts& parts);
     virtual ~ChartView() = default;
     ChartView(const ChartView&) = delete;
     ChartView& operator=(const ChartView&) = delete;
@@ -47,14 +57,15 @@ public:
     // The map of that name, else the first.
     void FindMap(const std::string& name);
 
-    // SlideMap has a new value, -100 to 100: a new source rectangle, then a redraw.
-    void ApplyZoom();
-    void SetSlide(int value);
+    // These three say whether the view is another one that is to be drawn.
+    // SlideMap has a new value, -100 to 100: a new source rectangle.
+    [[nodiscard]] bool ApplyZoom();
+    [[nodiscard]] bool SetSlide(int value);
     // picMap has a new size, or another picture: fits the view, does not redraw.
     void AdjustViewToPicture();
     // A drag by view pixels; refused while the whole width is in view.
+    [[nodiscard]] bool Pan(double dx, double dy);
     virtual bool CanPan() const { return HasMap() && SlideMap != SlideMax; }
-    void Pan(double dx, double dy);
 
     // From the edges that InitializeData took in, whatever row the list stands on now. RuntimeError
     // NoCurrentRecord before that.
@@ -75,11 +86,10 @@ public:
 protected:
     // The view that the screen remembers of this map, if it does.
     virtual void RestoreMapPosition() {}
-    // The view is another one: draw it.
-    virtual void Redraw() = 0;
-    void CallOffErrors(const std::function<void()>& action) const;
 
-    Variablen& shared;
+    const Language& language;
+    const Settings& settings;
+    Connection& dataConn;
     Recordset& maps;
     PictureSurface& surface;
 

@@ -38,7 +38,7 @@ std::string CauseOf(const Variablen& shared, const RuntimeError& error) {
     case ErrorNumber::StoreError:
         return shared.Text("der Datenspeicher ist nicht lesbar", "the data store cannot be read");
     default:
-        return DescribeError(RuntimeError(error.Number()), shared.EnglishUI == 1);
+        return DescribeError(RuntimeError(error.Number()), shared);
     }
 }
 
@@ -65,9 +65,8 @@ std::string TextOfAirfield(const Variablen& shared, const MissingAirfield& missi
 DrawingFaults::DrawingFaults(const Variablen& variablen, std::function<void(const std::string&)> toShow)
     : shared(variablen), show(std::move(toShow)) {}
 
-void DrawingFaults::Tell(Layer layer, const RuntimeError& error) {
-    const std::string text = TextOf(layer, error);
-    if (told.insert(text).second) show(text);
+void DrawingFaults::Tell(const std::string& text) {
+    if (!text.empty() && told.insert(text).second) show(text);
 }
 
 std::string DrawingFaults::TextOf(Layer layer, const RuntimeError& error) const {

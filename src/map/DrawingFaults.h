@@ -19,13 +19,13 @@ public:
 
     DrawingFaults(const Variablen& variablen, std::function<void(const std::string&)> show);
 
-    void Tell(Layer layer, const RuntimeError& error);
+    std::string TextOf(Layer layer, const RuntimeError& error) const;
+    void Tell(Layer layer, const RuntimeError& error) { Tell(TextOf(layer, error)); }
+    void Tell(const std::string& text); // nothing for an empty one
     // The screen is left: whoever comes back to it is told again.
     void Forget() { told.clear(); }
 
 private:
-    std::string TextOf(Layer layer, const RuntimeError& error) const;
-
     const Variablen& shared;
     std::function<void(const std::string&)> show;
     std::set<std::string> told;

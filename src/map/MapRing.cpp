@@ -7,13 +7,13 @@
 
 namespace ornivane {
 
-MapRing::MapRing(Variablen& variablen, ActiveMap& activeMap, PictureSurface& picMap, Progress& progBar)
-    : catalogue(variablen.DataConn), map(activeMap), surface(picMap), progress(progBar) {}
+MapRing::MapRing(Connection& dataConn, ActiveMap& activeMap, Progress& progBar)
+    : catalogue(dataConn), map(activeMap), progress(progBar) {}
 
 void MapRing::cmdMapScroll_Click() {
     map.AutoMapSwitch = true;
     PicMapScroll = true;
-    map.cmdKartezentrieren_Click(); // redraws
+    map.cmdKartezentrieren_Click();
 }
 
 void MapRing::PicMapScroll_Click() {
@@ -24,9 +24,9 @@ void MapRing::PicMapScroll_Click() {
 
 void MapRing::HideNext() { tNextMapShows = LblMapNumberShows = false; }
 
-bool MapRing::IsAtEdge(const Point& at) const {
-    return at.X < EdgePixels || at.Y < EdgePixels || at.X > surface.ScaleWidth() - EdgePixels ||
-           at.Y > surface.ScaleHeight() - EdgePixels;
+bool MapRing::IsAtEdge(const Point& at, const MapTransform& view) {
+    return at.X < EdgePixels || at.Y < EdgePixels || at.X > view.ViewWidth() - EdgePixels ||
+           at.Y > view.ViewHeight() - EdgePixels;
 }
 
 std::string MapRing::After(int index) const {
@@ -34,7 +34,7 @@ std::string MapRing::After(int index) const {
     return next < listNextMap.size() ? listNextMap[next] : listNextMap.front();
 }
 
-bool MapRing::Search(const Position& aircraft, const Point& mapPoint) {
+bool MapRing::Search(const Position& aircraft, bool isAtEdge, const std::string& route) {
     HideNext();
     listNextMap.clear();
     if (!map.AutoMapSwitch) return false;
@@ -44,10 +44,9 @@ bool MapRing::Search(const Position& aircraft, const Point& mapPoint) {
     if (listNextMap.empty()) return false;
     LblMapNumberShows = listNextMap.size() > 2;
     tNextMapShows = listNextMap.size() > 1;
-    const bool changes =
-        (!map.HasMap() || IsAtEdge(mapPoint)) && !tNextMap.empty() && !map.IsRefused(tNextMap);
+    const bool changes = isAtEdge && !tNextMap.empty() && !map.IsRefused(tNextMap);
     // Also when it is the map that stands already: its remembered view and centring come back.
-    if (changes) map.cmbMaps_Change(tNextMap);
+    if (changes) map.cmbMaps_Change(tNextMap, route);
     std::sort(listNextMap.begin(), listNextMap.end(),
               [](const auto& a, const auto& b) { return CompareText(a, b) < 0; });
     const auto found = std::find(listNextMap.begin(), listNextMap.end(), map.cmbMaps);
@@ -58,8 +57,8 @@ bool MapRing::Search(const Position& aircraft, const Point& mapPoint) {
     return changes;
 }
 
-void MapRing::Step() {
-    if (!map.AutoMapSwitch || !map.HasRows()) return;
+bool MapRing::Step(const std::string& route) {
+    if (!map.AutoMapSwitch || !map.HasRows()) return false;
     if (listNextMap.size() >= 2) {
         progress.SetVisible(true);
         progress.SetValue(25);
@@ -68,10 +67,10 @@ void MapRing::Step() {
         const auto last = static_cast<int>(listNextMap.size()) - 1;
         MapListIndex = MapListIndex < last ? ToInt16(MapListIndex + 1.0) : std::int16_t{0};
         tNextMap = After(MapListIndex);
-        map.cmbMaps_Change(listNextMap[static_cast<std::size_t>(MapListIndex)]);
+        map.cmbMaps_Change(listNextMap[static_cast<std::size_t>(MapListIndex)], route);
         progress.SetVisible(false);
     }
-    map.ApplyZoom();
+    return map.ApplyZoom();
 }
 
 } // namespace ornivane

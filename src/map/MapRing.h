@@ -15,22 +15,23 @@ class MapRing {
 public:
     static constexpr double EdgePixels = 10; // view pixels from the edge at which the map changes
 
-    MapRing(Variablen& shared, ActiveMap& map, PictureSurface& picMap, Progress& progBar);
+    MapRing(Connection& dataConn, ActiveMap& map, Progress& progBar);
 
-    // Automatic switching always means a centred map.
+    // Automatic switching always means a centred map: centring was asked for, draw it.
     void cmdMapScroll_Click();
     void PicMapScroll_Click();
     void tNextMap_MouseDown() { tNextMapShows = false; }
 
-    // The search in each drawing pass; `aircraft` in decimal degrees, `mapPoint` in view pixels. A change of
-    // map uses the name that the pass before has left in tNextMap, so that it comes one redraw after the map
-    // was announced; while no chart can be shown it is as if the aircraft were at the edge. True when the map
-    // was changed: what was painted belongs to the old one.
-    bool Search(const Position& aircraft, const Point& mapPoint);
-    // Nothing is announced in a pass that ends without a search, nor while the catalogue is empty.
+    // Whether a point of the view (pixels) is so near its edge that the map changes there.
+    static bool IsAtEdge(const Point& mapPoint, const MapTransform& view);
+    // The search of each redraw; `aircraft` in decimal degrees, `route` for the memory of the last choice. At
+    // the edge the map changes to the one that the redraw before has left in tNextMap, so that a change comes
+    // one redraw after it was announced. True when the map was changed.
+    [[nodiscard]] bool Search(const Position& aircraft, bool isAtEdge, const std::string& route);
+    // Nothing is announced while the catalogue is empty.
     void HideNext();
-    // Steps to the next map by hand and redraws. Nothing while automatic switching is off.
-    void Step();
+    // Steps to the next map by hand; true: draw it. Nothing while automatic switching is off.
+    [[nodiscard]] bool Step(const std::string& route);
     // The next redraw changes to a map that covers the aircraft, if the present one does not.
     bool WillChange() const { return map.AutoMapSwitch && !listNextMap.empty(); }
 
@@ -43,12 +44,10 @@ public:
     std::int16_t MapListIndex = -1; // of the current map in listNextMap
 
 private:
-    bool IsAtEdge(const Point& mapPoint) const;
     std::string After(int index) const;
 
     MapCatalogue catalogue;
     ActiveMap& map;
-    PictureSurface& surface;
     Progress& progress;
 };
 

@@ -14,24 +14,24 @@ namespace ornivane {
 
 namespace {
 
-// Two rings. Radii, pens and places of labels are pixels.
+// Radii, pens and places of labels are pixels.
+struct Ring {
+    double Radius;
+    Colour Ink;
+    int Pen;
+};
 struct Marker {
-    Colour Inner;
-    double InnerRadius;
-    int InnerPen;
-    Colour Outer;
-    double OuterRadius;
-    int OuterPen;
+    Ring Inner, Outer;
     double LabelUp; // from the point to the top of its name
 };
 constexpr int ByZoom = 0;
 constexpr Marker Markers[] = {
-    {Black, 2, 4, Red, 5, 4, 7},
-    {Black, 2, ByZoom, Blue, 5, ByZoom, 7},
-    {Black, 2, ByZoom, Yellow, 5, ByZoom, 7},
-    {Yellow, 4, 4, Black, 6, 3, 8},
-    {Red, 4, 4, Black, 6, 3, 8},
-    {Blue, 4, 4, Black, 6, 3, 8},
+    {{2, Black, 4}, {5, Red, 4}, 7},
+    {{2, Black, ByZoom}, {5, Blue, ByZoom}, 7},
+    {{2, Black, ByZoom}, {5, Yellow, ByZoom}, 7},
+    {{4, Yellow, 4}, {6, Black, 3}, 8},
+    {{4, Red, 4}, {6, Black, 3}, 8},
+    {{4, Blue, 4}, {6, Black, 3}, 8},
 };
 const Marker& MarkerOf(PointMode mode) { return Markers[static_cast<int>(mode)]; }
 
@@ -42,12 +42,12 @@ constexpr std::size_t FewPoints = 1000; // so many are drawn as fast as they are
 constexpr double LineDistance = 17; // pixels from one line of an airfield's texts to the next
 constexpr std::size_t IcaoLength = 4;
 
-Position FromStored(double lat, double longitude) {
-    return {ToDecimalDegrees(lat), ToDecimalDegrees(longitude)};
-}
+struct Direction {
+    double Sine, Cosine;
+};
 
-void DrawArrow(PictureSurface& surface, const Point& at, double s, double c, Colour fixColour) {
-    const Point tip{at.X + 15 * s, at.Y - 15 * c};
+void DrawArrow(PictureSurface& surface, const Point& at, const Direction& to, Colour fixColour) {
+    const Point tip{at.X + 15 * to.Sine, at.Y - 15 * to.Cosine};
     surface.SetDrawWidth(9);
     surface.Line(at.X, at.Y, tip.X, tip.Y, Blue);
     surface.SetDrawWidth(3);
@@ -58,7 +58,8 @@ void DrawArrow(PictureSurface& surface, const Point& at, double s, double c, Col
     surface.SetDrawWidth(1);
 }
 
-void DrawAeroplane(PictureSurface& surface, const Point& at, double s, double c, Colour fixColour) {
+void DrawAeroplane(PictureSurface& surface, const Point& at, const Direction& to, Colour fixColour) {
+    const auto [s, c] = to;
     struct Stroke {
         Point From, To;
         int BlackWidth;
@@ -98,14 +99,13 @@ void MapSymbols::DrawLeg(const Position& from, const Position& to, Colour colour
     surface.SetDrawWidth(1);
 }
 
-MapSymbols::Placed MapSymbols::Place(double lat, double longitude, PointMode mode, const std::string& name) {
-    Placed point{transform.ViewOf(FromStored(lat, longitude)), mode};
+MapSymbols::Placed MapSymbols::Place(const DegMin& at, PointMode mode, const std::string& name) {
+    Placed point{transform.ViewOf(ToDecimalDegrees(at)), mode};
     if (IsOfPlanning(mode)) {
         PlaceOfPlanning(point, name);
     } else if (!settings.Airfields) {
         point.HasLabel[0] = settings.ShowNames;
-    } else if (IsAirfield(name)) {
-        point.Airfield = &settings.Airfields->Of(name);
+    } else if ((point.Airfield = settings.AirfieldOf(name))) {
         point.HasSymbol = point.HasLabel[0] = settings.ShowAirfields;
         // The place of a missing station stays empty, without a plate.
         point.HasLabel[1] = settings.ShowAirfieldText;
@@ -119,21 +119,23 @@ MapSymbols::Placed MapSymbols::Place(double lat, double longitude, PointMode mod
 }
 
 void MapSymbols::PlaceOfPlanning(Placed& point, const std::string& name) {
-    if (IsAirfield(name)) point.Airfield = settings.Airfields->Find(name);
+    if (settings.IsAirfield(name)) point.Airfield = settings.Airfields->Find(name);
     point.HasLabel[0] = point.Mode != PointMode::PlanNewPoint;
     point.HasLabel[1] = point.Airfield != nullptr;
 }
 
-bool MapSymbols::IsAirfield(const std::string& name) const {
-    return settings.Airfields && CharacterCount(name) == IcaoLength;
+bool PointSettings::IsAirfield(const std::string& name) const {
+    return Airfields && CharacterCount(name) == IcaoLength;
+}
+
+const AirfieldInfo* PointSettings::AirfieldOf(const std::string& name) const {
+    return IsAirfield(name) ? &Airfields->Of(name) : nullptr;
 }
 
 std::string MapSymbols::LabelOf(const Placed& point, const std::string& name, int label) {
-    const std::string& text = label == 0   ? name
-                              : label == 1 ? point.Airfield->Runway
-                              : label == 2 ? point.Airfield->Information
-                                           : point.Airfield->Atis;
-    return " " + text + " ";
+    if (label == 0 || !point.Airfield) return " " + name + " ";
+    const AirfieldInfo& airfield = *point.Airfield;
+    return " " + (label == 1 ? airfield.Runway : label == 2 ? airfield.Information : airfield.Atis) + " ";
 }
 
 Point MapSymbols::LabelAt(const Placed& point, int label) {
@@ -141,12 +143,12 @@ Point MapSymbols::LabelAt(const Placed& point, int label) {
     return {point.At.X + LabelRight, point.At.Y + down};
 }
 
-void MapSymbols::DrawPoint(double lat, double longitude, PointMode mode, const std::string& name) {
-    Draw(Place(lat, longitude, mode, name), name);
+void MapSymbols::DrawPoint(const DegMin& at, PointMode mode, const std::string& name) {
+    Draw(Place(at, mode, name), name);
 }
 
-void MapSymbols::DrawRoutePoint(double lat, double longitude, PointMode mode, const std::string& name) {
-    Placed point{transform.ViewOf(FromStored(lat, longitude)), mode};
+void MapSymbols::DrawRoutePoint(const DegMin& at, PointMode mode, const std::string& name) {
+    Placed point{transform.ViewOf(ToDecimalDegrees(at)), mode};
     point.HasLabel[0] = settings.ShowNames;
     Draw(point, name);
 }
@@ -165,11 +167,10 @@ void MapSymbols::Draw(const Placed& point, const std::string& name) {
 
 void MapSymbols::DrawMarker(const Placed& point) {
     const Marker& marker = MarkerOf(point.Mode);
-    const auto pen = [&](int width) { surface.SetDrawWidth(width == ByZoom ? zoomWidth : width); };
-    pen(marker.InnerPen);
-    surface.Circle(point.At.X, point.At.Y, marker.InnerRadius, marker.Inner);
-    pen(marker.OuterPen);
-    surface.Circle(point.At.X, point.At.Y, marker.OuterRadius, marker.Outer);
+    for (const Ring& ring : {marker.Inner, marker.Outer}) {
+        surface.SetDrawWidth(ring.Pen == ByZoom ? zoomWidth : ring.Pen);
+        surface.Circle(point.At.X, point.At.Y, ring.Radius, ring.Ink);
+    }
 }
 
 // A ring with the runway as a bar through it.
@@ -177,8 +178,8 @@ void MapSymbols::DrawAirfieldSymbol(const Placed& point) {
     const AirfieldInfo& airfield = *point.Airfield;
     surface.SetDrawWidth(6);
     surface.Circle(point.At.X, point.At.Y, 10, RouteColour);
-    if (airfield.Heading == AirfieldInfo::NoHeading) return;
-    const double angle = DegToRad(transform.ViewAngle(airfield.Heading));
+    if (!airfield.Heading) return;
+    const double angle = DegToRad(transform.ViewAngle(*airfield.Heading));
     const double s = 10 * std::sin(angle), c = 10 * std::cos(angle);
     const Colour colour = airfield.IsPaved ? 0xC0C0C0 : Green;
     surface.Line(point.At.X, point.At.Y, point.At.X + s, point.At.Y - c, colour);
@@ -190,8 +191,7 @@ void MapSymbols::DrawPoints(const std::vector<StoredPoint>& points) {
     placed.reserve(points.size());
     std::exception_ptr refused;
     try {
-        for (const StoredPoint& point : points)
-            placed.push_back(Place(point.Lat, point.Long, point.Mode, point.Name));
+        for (const StoredPoint& point : points) placed.push_back(Place(point.At, point.Mode, point.Name));
     } catch (const RuntimeError&) {
         refused = std::current_exception();
     }
@@ -223,13 +223,12 @@ void MapSymbols::LeaveOutHidden(std::vector<Placed>& placed, const std::vector<S
 }
 
 void DrawAircraft(PictureSurface& surface, const Point& at, double direction, bool hasFix, int symbolType) {
-    const double s = std::sin(DegToRad(direction));
-    const double c = std::cos(DegToRad(direction));
+    const Direction to{std::sin(DegToRad(direction)), std::cos(DegToRad(direction))};
     const Colour fixColour = hasFix ? Green : Red;
     if (symbolType == 1)
-        DrawArrow(surface, at, s, c, fixColour);
+        DrawArrow(surface, at, to, fixColour);
     else
-        DrawAeroplane(surface, at, s, c, fixColour);
+        DrawAeroplane(surface, at, to, fixColour);
 }
 
 } // namespace ornivane

@@ -11,8 +11,9 @@
 namespace ornivane {
 
 // How a point is shown. In flight: a plain point, the active route point, the target of Direct Fly. On the
-// planning map: the waypoint that is the current route point, any other, one that is just being entered.
-// There names always show, but for the last, and an airfield is a point with its runway under it.
+// planning map: the waypoint that is the current route point, any other, one that is just being entered. The
+// planning map shows every name except that of a point being entered, and an airfield as a point with its
+// runway beneath the name.
 enum class PointMode { Plain, ActiveRoutePoint, DirectTarget, PlanRoutePoint, PlanPoint, PlanNewPoint };
 constexpr bool IsOfPlanning(PointMode mode) { return mode >= PointMode::PlanRoutePoint; }
 
@@ -20,12 +21,18 @@ constexpr Colour Black = 0x000000, White = 0xFFFFFF, Red = 0xFF0000, Green = 0x0
                  Yellow = 0xFFFF00;
 constexpr Colour RouteColour = 0x000080;
 
-// What of airfields and points is shown.
+// Which points and airfields show, and with which texts.
 struct PointSettings {
     bool ShowNames = false;
     AirfieldBook* Airfields = nullptr; // while the airfield store is open
     bool ShowAirfields = false, ShowAirfieldText = false;
     bool OnlyRoutePoints = false;
+
+    // Whether a point of this name is an airfield: one of four characters, while their store is open.
+    bool IsAirfield(const std::string& name) const;
+    // Null for any other point. MissingAirfield when it is not in the store.
+    const AirfieldInfo* AirfieldOf(const std::string& name) const;
+    bool operator==(const PointSettings&) const = default;
 };
 
 // The point and line primitives of the maps. Symbols and text offsets are fixed in view pixels; the widths of
@@ -35,21 +42,20 @@ public:
     MapSymbols(PictureSurface& surface, const MapTransform& transform, int slideValue,
                const PointSettings& settings);
 
-    // Decimal degrees.
     void DrawLeg(const Position& from, const Position& to, Colour colour);
-    // DegMinValue. A name of four characters is an airfield while their store is open:
-    // MissingAirfield when it is not in there, but on the planning map a point like any other, because there
-    // it can be renamed.
-    void DrawPoint(double lat, double longitude, PointMode mode, const std::string& name);
+    // A name of four characters is an airfield while their store is open: MissingAirfield when it is not in
+    // there, but on the planning map a point like any other, because there it can be renamed.
+    void DrawPoint(const DegMin& at, PointMode mode, const std::string& name);
     // A point of a route, never an airfield.
-    void DrawRoutePoint(double lat, double longitude, PointMode mode, const std::string& name);
-    // Points in their order. Symbols and labels under so many later ones that nothing of them shows
-    // are left out, or a whole country's points would take longer than the pilot should wait. RuntimeError as
+    void DrawRoutePoint(const DegMin& at, PointMode mode, const std::string& name);
+    // Points in their order. Symbols and labels under so many later ones that nothing of them shows are left
+    // out, or a whole country's points would take longer than the pilot should wait. MissingAirfield as
     // above, at the point concerned; those before it are drawn.
     struct StoredPoint {
-        double Lat, Long; // DegMinValue
+        DegMin At;
         std::string Name;
         PointMode Mode = PointMode::Plain;
+        bool operator==(const StoredPoint&) const = default;
     };
     void DrawPoints(const std::vector<StoredPoint>& points);
 
@@ -63,9 +69,8 @@ private:
         bool HasSymbol = true;
         std::array<bool, MostLabels> HasLabel{};
     };
-    Placed Place(double lat, double longitude, PointMode mode, const std::string& name);
+    Placed Place(const DegMin& at, PointMode mode, const std::string& name);
     void PlaceOfPlanning(Placed& point, const std::string& name);
-    bool IsAirfield(const std::string& name) const;
     static std::string LabelOf(const Placed& point, const std::string& name, int label);
     static Point LabelAt(const Placed& point, int label);
     void LeaveOutHidden(std::vector<Placed>& placed, const std::vector<StoredPoint>& points);

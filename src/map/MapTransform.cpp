@@ -4,7 +4,6 @@
 #include <array>
 
 #include "base/Numbers.h"
-#include "geo/NavigationMaths.h"
 
 namespace ornivane {
 
@@ -15,8 +14,9 @@ MapTransform::MapTransform(const MapScale& mapScale, const SourceRect& sourceRec
       perImageY(CheckedDivide(viewHeight, sourceRect.SH)) {}
 
 Point MapTransform::ImageOf(const Position& position) const {
-    return {(position.Long - scale.Links) * 10 * scale.PixPerTenthLong,
-            scale.Höhe - (position.Lat - scale.Unten) * 10 * scale.PixPerTenthLat};
+    const double east = position.Long.Degrees() - scale.Links.Degrees();
+    const double north = position.Lat.Degrees() - scale.Unten.Degrees();
+    return {east * 10 * scale.PixPerTenthLong, scale.Höhe - north * 10 * scale.PixPerTenthLat};
 }
 
 Point MapTransform::ViewOfImage(const Point& image) const {
@@ -29,13 +29,15 @@ Point MapTransform::ImageOfView(const Point& view) const {
 
 Position MapTransform::PositionOfView(const Point& view) const {
     const Point image = ImageOfView(view);
-    return {scale.Unten - CheckedDivide(image.Y - scale.Höhe, scale.PixPerTenthLat * 10),
-            scale.Links + CheckedDivide(image.X, scale.PixPerTenthLong * 10)};
+    const double south = CheckedDivide(image.Y - scale.Höhe, scale.PixPerTenthLat * 10);
+    const double east = CheckedDivide(image.X, scale.PixPerTenthLong * 10);
+    return {Latitude(scale.Unten.Degrees() - south), Longitude(scale.Links.Degrees() + east)};
 }
 
-ViewBounds MapTransform::Bounds(double x1, double y1, double x2, double y2) const {
-    const std::array<Position, 4> corners{PositionOfView({x1, y1}), PositionOfView({x2, y1}),
-                                          PositionOfView({x1, y2}), PositionOfView({x2, y2})};
+ViewBounds MapTransform::Bounds(const Point& topLeft, const Point& bottomRight) const {
+    const std::array<Position, 4> corners{PositionOfView(topLeft), PositionOfView({bottomRight.X, topLeft.Y}),
+                                          PositionOfView({topLeft.X, bottomRight.Y}),
+                                          PositionOfView(bottomRight)};
     const auto [south, north] = std::minmax_element(
         corners.begin(), corners.end(), [](const auto& a, const auto& b) { return a.Lat < b.Lat; });
     const auto [west, east] = std::minmax_element(
@@ -44,10 +46,11 @@ ViewBounds MapTransform::Bounds(double x1, double y1, double x2, double y2) cons
             ToDegMinValue(east->Long)};
 }
 
-ViewBounds MapTransform::GetViewBounds(double x1, double y1, double x2, double y2) const {
-    const ViewBounds exact = Bounds(x1, y1, x2, y2);
-    return {Round(exact.ViewNorth, 2), Round(exact.ViewWest, 2), Round(exact.ViewSouth, 2),
-            Round(exact.ViewEast, 2)};
+ViewBounds MapTransform::GetViewBounds(const Point& topLeft, const Point& bottomRight) const {
+    const ViewBounds exact = Bounds(topLeft, bottomRight);
+    const auto minutes = [](auto edge) { return decltype(edge)(Round(edge.Value(), 2)); };
+    return {minutes(exact.ViewNorth), minutes(exact.ViewWest), minutes(exact.ViewSouth),
+            minutes(exact.ViewEast)};
 }
 
 } // namespace ornivane

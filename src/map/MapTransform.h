@@ -1,37 +1,39 @@
 #pragma once
 
+#include "geo/Position.h"
 #include "map/Viewport.h"
 
 namespace ornivane {
 
-// The four edges of a map as stored, DegMinValue, and the size of its image in pixels as the catalogue has
-// it.
+// The four edges of a map, and the size of its image in pixels as the catalogue has it.
 struct MapFrame {
-    double Unten = 0, Oben = 0, Links = 0, Rechts = 0;
+    StoredLatitude Unten, Oben;
+    StoredLongitude Links, Rechts;
     double Breite = 0, Höhe = 0;
     bool operator==(const MapFrame&) const = default;
 };
 
 // How image pixels follow from positions: one scale an axis, no projection, no rotation.
 struct MapScale {
-    double Links = 0, Unten = 0; // decimal degrees
-    double Höhe = 0;             // pixels
-    double PixPerTenthLat = 0;   // pixels per tenth of a degree
+    Longitude Links;
+    Latitude Unten;
+    double Höhe = 0;           // pixels
+    double PixPerTenthLat = 0; // pixels per tenth of a degree
     double PixPerTenthLong = 0;
+    bool operator==(const MapScale&) const = default;
 };
 
 struct Point {
     double X = 0, Y = 0;
+    bool operator==(const Point&) const = default;
 };
 
-struct Position { // decimal degrees
-    double Lat = 0, Long = 0;
-    bool operator==(const Position&) const = default;
-};
-
-// A geographic window, DegMinValue, so that it compares with stored coordinates.
+// A geographic window in the stored form, in which the stores compare it with their rows.
 struct ViewBounds {
-    double ViewNorth = 0, ViewWest = 0, ViewSouth = 0, ViewEast = 0;
+    StoredLatitude ViewNorth;
+    StoredLongitude ViewWest;
+    StoredLatitude ViewSouth;
+    StoredLongitude ViewEast;
 };
 
 // Between positions, image pixels and view pixels, for one map and one view. Immutable. RuntimeError
@@ -45,18 +47,18 @@ public:
     Point ViewOf(const Position& position) const { return ViewOfImage(ImageOf(position)); }
     Point ImageOfView(const Point& view) const;
     Position PositionOfView(const Point& view) const;
-    // In which direction a true course points in the view; 0 is up. North is up on every chart so far.
+    // In which direction a true course points in the view, in degrees; 0 is up. North is up on every chart.
     double ViewAngle(double trueCourse) const { return trueCourse; }
-    // The window that holds the rectangle between two view points, the first at its top left, rounded to
-    // whole minutes.
-    ViewBounds GetViewBounds(double x1, double y1, double x2, double y2) const;
+    // The window that holds the rectangle between two view points, rounded to whole minutes.
+    ViewBounds GetViewBounds(const Point& topLeft, const Point& bottomRight) const;
     // The window of the whole view as it is.
-    ViewBounds WholeView() const { return Bounds(0, 0, width, height); }
+    ViewBounds WholeView() const { return Bounds({0, 0}, {width, height}); }
     double ViewWidth() const { return width; }
     double ViewHeight() const { return height; }
+    bool operator==(const MapTransform&) const = default;
 
 private:
-    ViewBounds Bounds(double x1, double y1, double x2, double y2) const;
+    ViewBounds Bounds(const Point& topLeft, const Point& bottomRight) const;
 
     MapScale scale;
     SourceRect rect;

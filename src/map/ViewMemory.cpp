@@ -10,17 +10,13 @@
 namespace ornivane {
 
 ViewMemory::ViewMemory(std::filesystem::path folder) : file(std::move(folder) / "position.crm") {
-    if (FileExists(file)) {
-        try {
-            PositionSet.OpenFile(file);
-            for (const char* field : {"Karte", "SX", "SY", "SW", "SH", "SlideMap", "CenterMap"})
-                if (PositionSet.RecordCount() > 0) PositionSet.Get(field);
-            return;
-        } catch (const RuntimeError&) {
-            PositionSet
-                .Close(); // a damaged memory of views is worth nothing; it is made anew at the next save
-        }
-    }
+    const auto read = [this] {
+        PositionSet.OpenFile(file);
+        for (const char* field : {"Karte", "SX", "SY", "SW", "SH", "SlideMap", "CenterMap"})
+            if (PositionSet.RecordCount() > 0) PositionSet.Get(field);
+    };
+    // A damaged memory of views is worth nothing; it is made anew at the next save.
+    if (FileExists(file) && !ErrorOf(read)) return;
     PositionSet = Recordset();
     PositionSet.AppendField({"Karte", FieldType::Text, 30, false});
     for (const char* field : {"SX", "SY", "SW", "SH", "SlideMap"})
@@ -51,7 +47,7 @@ std::optional<RememberedView> ViewMemory::Find(const std::string& map) {
 void ViewMemory::Save(const std::string& map, const RememberedView& view) {
     const bool isNew = !FindRow(map);
     if (isNew) PositionSet.AddNew();
-    try {
+    const auto write = [&] {
         PositionSet.Set("Karte", map);
         PositionSet.Set("SX", static_cast<double>(view.Rect.SX));
         PositionSet.Set("SY", static_cast<double>(view.Rect.SY));
@@ -60,10 +56,8 @@ void ViewMemory::Save(const std::string& map, const RememberedView& view) {
         PositionSet.Set("SlideMap", static_cast<double>(view.SlideMap));
         PositionSet.Set("CenterMap", view.CenterMap);
         PositionSet.Update();
-    } catch (const RuntimeError&) {
-        PositionSet.CancelUpdate();
-        throw;
-    }
+    };
+    RestoreOnError(write, [this] { PositionSet.CancelUpdate(); });
     PositionSet.Save(file);
 }
 

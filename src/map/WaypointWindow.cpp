@@ -1,5 +1,6 @@
 #include "map/WaypointWindow.h"
 
+#include "common/StoredPositions.h"
 #include "store/Connection.h"
 
 namespace ornivane {
@@ -11,11 +12,11 @@ void WaypointWindow::ForEach(const ViewBounds& bounds, const std::function<void(
         query = Statement(dataConn, "SELECT PointID, Lat, Long, Name from Waypoints "
                                     "WHERE +LAT BETWEEN ? AND ? AND +LONG BETWEEN ? AND ? ORDER BY NAME ASC");
     const StatementRun run(query);
-    query.Bind(1, bounds.ViewSouth);
-    query.Bind(2, bounds.ViewNorth);
-    query.Bind(3, bounds.ViewWest);
-    query.Bind(4, bounds.ViewEast);
-    while (query.Step()) action({query.Integer(0), query.Number(1), query.Number(2), query.Text(3)});
+    query.Bind(1, bounds.ViewSouth.Value());
+    query.Bind(2, bounds.ViewNorth.Value());
+    query.Bind(3, bounds.ViewWest.Value());
+    query.Bind(4, bounds.ViewEast.Value());
+    while (query.Step()) action({query.Integer(0), DegMinOf(query, 1), query.Text(3)});
 }
 
 } // namespace ornivane

@@ -17,7 +17,7 @@ class WaypointWindow {
 public:
     struct Row {
         std::int64_t PointID;
-        double Lat, Long; // DegMinValue
+        DegMin At;
         std::string_view Name;
     };
 

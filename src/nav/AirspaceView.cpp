@@ -1,14 +1,13 @@
 #include "nav/AirspaceView.h"
 
-#include "base/Numbers.h"
-#include "geo/NavigationMaths.h"
+#include "store/Connection.h"
 
 namespace ornivane {
 
-AirspaceView::AirspaceView(Variablen& variablen, const FlightState& flightState, DisplayFlags& displayFlags,
-                           std::function<void()> updateMap)
-    : shared(variablen), state(flightState), flags(displayFlags), redraw(std::move(updateMap)),
-      selection(variablen.LuftraumConn), drawing(variablen.LuftraumConn) {}
+AirspaceView::AirspaceView(Connection& luftraumConn, const DayQnh& dayQnh, const FlightState& flightState,
+                           DisplayFlags& displayFlags, std::function<void()> updateMap)
+    : store(luftraumConn), qnh(dayQnh), state(flightState), flags(displayFlags), redraw(std::move(updateMap)),
+      selection(luftraumConn) {}
 
 void AirspaceView::SetAirspace(bool on, bool withText) {
     flags.ShowAirspace = on;
@@ -36,30 +35,22 @@ void AirspaceView::SetPatterns(bool on) {
 }
 
 double AirspaceView::HeightToCompare() const {
-    double feet = ShownNumber(state.lblAlt);
-    if (!state.AltInFeet) feet = CutToFifteenDigits(feet * FeetPerMetre);
-    return AirspaceSelection::ComparedHeight(feet, shared.QNH);
+    return AirspaceSelection::ComparedHeight(state.ShownFeet(), qnh.QNH);
 }
 
-void AirspaceView::SelectAirspace(PictureSurface& surface, const MapTransform& transform, int slideValue) {
+void AirspaceView::SelectAirspace(const MapTransform& transform, std::vector<std::int16_t>& numbers) {
     frmQNH = flags.ShowAirspace;
     // That the store is missing was told when the program started.
-    if (!shared.LuftraumConn.IsOpen()) return;
-    if (flags.ShowAirspace || flags.ShowPatterns)
-        Select({surface, transform, slideValue, flags.ShowAirspaceText});
-}
-
-void AirspaceView::Select(const AirspaceDrawing::Canvas& canvas) {
+    if (!store.IsOpen() || !(flags.ShowAirspace || flags.ShowPatterns)) return;
     const double height = HeightToCompare();
-    const ViewBounds view =
-        canvas.Transform.GetViewBounds(0, 0, canvas.Surface.ScaleWidth(), canvas.Surface.ScaleHeight());
+    const ViewBounds view = transform.GetViewBounds({0, 0}, {transform.ViewWidth(), transform.ViewHeight()});
     if (flags.ShowAirspace) {
-        const std::vector<std::int16_t> numbers = selection.Airspaces(view, height);
+        numbers = selection.Airspaces(view, height);
         if (!numbers.empty()) lblQNHColour = numbers.size() <= MostOfFew ? FewAirspaces : ManyAirspaces;
-        for (const std::int16_t number : numbers) drawing.DrawAirspace(canvas, number);
     }
     if (!flags.ShowPatterns) return;
-    for (const std::int16_t number : selection.Patterns(view, height)) drawing.DrawAirspace(canvas, number);
+    const std::vector<std::int16_t> patterns = selection.Patterns(view, height);
+    numbers.insert(numbers.end(), patterns.begin(), patterns.end());
 }
 
 } // namespace ornivane

@@ -4,10 +4,8 @@
 #include <functional>
 #include <vector>
 
+#include "common/Qnh.h"
 #include "common/SettingsFiles.h"
-#include "common/Variablen.h"
-#include "map/ActiveMap.h"
-#include "map/AirspaceDrawing.h"
 #include "map/AirspaceSelection.h"
 #include "nav/FlightState.h"
 
@@ -21,7 +19,7 @@ public:
     static constexpr std::size_t MostOfFew = 31;
 
     // `updateMap`: a switch has changed what the map shows.
-    AirspaceView(Variablen& variablen, const FlightState& state, DisplayFlags& flags,
+    AirspaceView(Connection& luftraumConn, const DayQnh& qnh, const FlightState& state, DisplayFlags& flags,
                  std::function<void()> updateMap);
 
     void cmdLR1_Click(); // airspace on
@@ -33,26 +31,25 @@ public:
     void cmdAPT2_Click(); // with texts
     void picAPT3_Click(); // off
 
-    // Draws over the chart, below all points; nothing in a run without the store. RuntimeError for a row that
-    // cannot be read or drawn: the airspaces behind it are missing then.
-    void SelectAirspace(PictureSurface& surface, const MapTransform& transform, int slideValue);
+    // Adds the numbers of what is to be drawn, in its order; none in a run without the store. RuntimeError
+    // for a row that cannot be read: what was found before it stays.
+    void SelectAirspace(const MapTransform& transform, std::vector<std::int16_t>& numbers);
 
     bool frmQNH = false; // the panel with the QNH
     Colour lblQNHColour = FewAirspaces;
 
 private:
-    void Select(const AirspaceDrawing::Canvas& canvas);
     double HeightToCompare() const;
     void SetPatterns(bool on);
     void SetAirspace(bool on, bool withText);
     void SetAirfields(bool on, bool withText);
 
-    Variablen& shared;
+    const Connection& store;
+    const DayQnh& qnh;
     const FlightState& state;
     DisplayFlags& flags;
     std::function<void()> redraw;
     AirspaceSelection selection;
-    AirspaceDrawing drawing;
 };
 
 } // namespace ornivane

@@ -1,6 +1,7 @@
 #include "nav/FixReadouts.h"
 
-#include "base/Format.h"
+#include <utility>
+
 #include "base/Numbers.h"
 #include "base/RuntimeError.h"
 #include "geo/NavigationMaths.h"
@@ -16,23 +17,21 @@ double WireNumber(const std::string& text) {
     return *number;
 }
 
-double Feet(double metres) { return CutToFifteenDigits(metres * FeetPerMetre); }
+double InFeet(double metres) { return CutToFifteenDigits(metres * FeetPerMetre); }
 
 } // namespace
 
-FixReadouts::FixReadouts(FlightState& flightState, const LocaleText& localeText,
-                         FixReadoutsOwner& readoutsOwner)
-    : state(flightState), locale(localeText), owner(readoutsOwner) {}
+FixReadouts::FixReadouts(FlightState& flightState, std::function<void(const FixEffects&)> doEffects)
+    : state(flightState), act(std::move(doEffects)) {}
 
 void FixReadouts::gps_FixObtained() {
-    owner.ShowFix(true);
     state.NoFix = false;
+    act({.HasFix = true});
 }
 
 void FixReadouts::gps_FixLost() {
-    owner.ShowFix(false);
     state.NoFix = true;
-    owner.DrawOverlays();
+    act({.HasFix = false, .OverlaysAreDue = true});
 }
 
 void FixReadouts::gps_PositionReceived(const std::string& latitude, const std::string& longitude,
@@ -42,35 +41,33 @@ void FixReadouts::gps_PositionReceived(const std::string& latitude, const std::s
         state.lblLong = NoValue;
         return;
     }
-    state.CurLat = ToDecimalDegrees(WireNumber(latraw) / 100);
+    state.CurLat = ToDecimalDegrees(StoredLatitude(WireNumber(latraw) / 100));
     // The hemisphere of the latitude is looked for in the longitude's text, where an S never stands: in
     // flight mode a southern latitude stays positive. Charts and data of the south are laid out for that.
     if (longitude.starts_with('S')) state.CurLat = -state.CurLat;
-    state.CurLong = ToDecimalDegrees(WireNumber(longraw) / 100);
+    state.CurLong = ToDecimalDegrees(StoredLongitude(WireNumber(longraw) / 100));
     if (longitude.starts_with('W')) state.CurLong = -state.CurLong;
     state.HadPosition = true;
-    PositionCount = ToInt16(PositionCount + 1.0);
-    if (PositionCount == 0) owner.UpdateMap();
-    if (PositionCount > 20) {
-        owner.UpdateMap();
-        PositionCount = 0;
-    }
     state.lblLat = latitude;
     state.lblLong = longitude;
+    PositionCount = static_cast<std::int16_t>(PositionCount + 1);
+    const bool mapIsDue = PositionCount == 0 || PositionCount > 20;
+    if (mapIsDue) PositionCount = 0;
+    act({.MapIsDue = mapIsDue});
 }
 
 void FixReadouts::gps_TimeChanged(const std::string& time) { state.LabelTime = time; }
 
 void FixReadouts::gps_BearingReceived(const std::string& bearing) {
     if (state.NoFix) {
-        const bool hadTrack = state.lblBearing != NoValue;
-        state.lblBearing = NoValue;
-        if (hadTrack) owner.UpdateInstrument(0); // parks the needle
+        const bool hadTrack = state.lblBearing.HasNumber();
+        state.lblBearing = Readout(std::nullopt, Formats::Track);
+        if (hadTrack) act({.CardAngle = 0}); // parks the needle
         return;
     }
-    state.lblBearing = Format(WireNumber(bearing), "000", locale);
-    state.HeadingIndicator = -NumberIn(state.lblBearing);
-    owner.UpdateInstrument(state.HeadingIndicator);
+    state.lblBearing = Readout(WireNumber(bearing), Formats::Track);
+    state.HeadingIndicator = -state.lblBearing.Number();
+    act({.CardAngle = state.HeadingIndicator});
 }
 
 void FixReadouts::gps_SpeedReceived(const std::string& speed) {
@@ -79,13 +76,13 @@ void FixReadouts::gps_SpeedReceived(const std::string& speed) {
     else
         knots = WireNumber(speed);
     ShowSpeed();
-    if (knots) owner.SpeedChanged(*knots);
+    act({.Knots = knots});
 }
 
 void FixReadouts::ShowSpeed() {
     const double factor = state.SpeedInKnots ? 1 : KilometresPerNauticalMile;
-    state.lblSpeed = knots ? Format(*knots * factor, "##0", locale) : NoValue;
-    state.lblSpeedmode = state.SpeedInKnots ? "kts" : "km/h";
+    state.lblSpeed = Readout(knots ? std::optional(*knots * factor) : std::nullopt,
+                             state.SpeedInKnots ? Formats::Knots : Formats::KilometresPerHour);
 }
 
 void FixReadouts::gps_AltitudeReceived(const std::string& altitude) {
@@ -94,16 +91,13 @@ void FixReadouts::gps_AltitudeReceived(const std::string& altitude) {
     else
         metres = WireNumber(altitude);
     ShowAltitude();
-    if (metres) owner.AltitudeChanged(Feet(*metres));
+    if (metres) act({.Feet = InFeet(*metres)});
 }
 
 void FixReadouts::ShowAltitude() {
-    if (!metres)
-        state.lblAlt = NoValue;
-    else
-        state.lblAlt =
-            state.AltInFeet ? Format(Feet(*metres), "######", locale) : Format(*metres, "#####", locale);
-    state.lblAltmode = state.AltInFeet ? "ft" : "m";
+    state.lblAlt = state.AltInFeet
+                       ? Readout(metres ? std::optional(InFeet(*metres)) : std::nullopt, Formats::Feet)
+                       : Readout(metres, Formats::Metres);
 }
 
 void FixReadouts::gps_SatellitesUsedReceived(std::int16_t satellitesUsed) {
@@ -111,17 +105,20 @@ void FixReadouts::gps_SatellitesUsedReceived(std::int16_t satellitesUsed) {
 }
 
 void FixReadouts::gps_SatellitesInViewReceived(std::int16_t satellitesInView) {
-    owner.ShowSatellites(state.Label7, state.NoFix ? std::optional<int>() : satellitesInView);
+    act({.Satellites = FixEffects::SatelliteCount{state.Label7,
+                                                  state.NoFix ? std::optional<int>() : satellitesInView}});
 }
 
 void FixReadouts::ClearDisplays() {
-    for (std::string* label : {&state.lblSpeed, &state.lblBearing, &state.lblAlt, &state.lblLat,
-                               &state.lblLong, &state.lblTrueBearing, &state.lblDistanz, &state.lblTime})
-        *label = NoValue;
     knots.reset();
     metres.reset();
+    ShowSpeed();
+    ShowAltitude();
+    state.lblBearing = Readout(std::nullopt, Formats::Track);
+    state.lblLat = state.lblLong = state.lblTime = NoValue;
+    state.lblTrueBearing = state.lblDistanz = Readout();
     state.HeadingIndicator = 0;
-    owner.UpdateInstrument(0);
+    act({.CardAngle = 0});
 }
 
 } // namespace ornivane

@@ -5,32 +5,34 @@
 #include <optional>
 #include <string>
 
-#include "base/LocaleText.h"
 #include "gps/NmeaInterpreter.h"
 #include "nav/FlightState.h"
 
 namespace ornivane {
 
-// What the readouts ask of the flying screen.
-class FixReadoutsOwner {
-public:
-    virtual ~FixReadoutsOwner() = default;
-    virtual void UpdateMap() = 0;
-    virtual void ShowFix(bool has) = 0; // the lamps of the link
-    virtual void ShowSatellites(const std::string& used, std::optional<int> inView) = 0;
-    virtual void DrawOverlays() = 0;                 // over the picture that stands, and shows it
-    virtual void UpdateInstrument(double angle) = 0; // degrees by which the card is turned
-    virtual void SpeedChanged(double knots) = 0;     // with a fix
-    virtual void AltitudeChanged(double feet) = 0;   // with a fix
+// What an event of the receiver asks of the flying screen, in the order in which it is done.
+struct FixEffects {
+    struct SatelliteCount {
+        std::string Used;
+        std::optional<int> InView; // none without a fix
+    };
+    std::optional<bool> HasFix{}; // for the lamps of the link
+    std::optional<SatelliteCount> Satellites{};
+    bool MapIsDue = false;             // UpdateMap
+    bool OverlaysAreDue = false;       // DrawOverlays: over the picture that stands
+    std::optional<double> CardAngle{}; // degrees by which the compass card is turned
+    std::optional<double> Knots{};     // ground speed with a fix, whatever unit is displayed
+    std::optional<double> Feet{};      // altitude with a fix, likewise
 };
 
 // Turns the receiver's events into the flight state and its displays, and tells when the map redraws: at the
 // first position with a fix and then at every 21st.
 class FixReadouts : public NmeaListener {
 public:
-    FixReadouts(FlightState& state, const LocaleText& locale, FixReadoutsOwner& owner);
+    // `doEffects` does what an event asks for, before the next event comes.
+    FixReadouts(FlightState& flightState, std::function<void(const FixEffects&)> doEffects);
 
-    // What each event of the receiver does.
+    // What each event of the receiver does. RuntimeError TypeMismatch for a field that is no number.
     void gps_PositionReceived(const std::string& latitude, const std::string& longitude,
                               const std::string& latraw, const std::string& longraw);
     void gps_TimeChanged(const std::string& time);
@@ -42,10 +44,10 @@ public:
     void gps_SatellitesUsedReceived(std::int16_t satellitesUsed);
     void gps_SatellitesInViewReceived(std::int16_t satellitesInView);
 
-    // Show the value that stands, and its unit, in the unit that is chosen now: text and unit never part.
+    // Show the value that stands in the unit that is chosen now.
     void ShowSpeed();
     void ShowAltitude();
-    // The link is lost: eight displays go to "---", in their order, and the compass card to 0.
+    // The link is lost: its eight displays go to "---", and the compass card to 0.
     void ClearDisplays();
 
 private:
@@ -63,10 +65,9 @@ private:
     void SatellitesInViewReceived(std::int16_t inView) override { gps_SatellitesInViewReceived(inView); }
 
     FlightState& state;
-    const LocaleText& locale;
-    FixReadoutsOwner& owner;
+    std::function<void(const FixEffects&)> act;
     std::int16_t PositionCount = -1;     // positions since the last redraw
-    std::optional<double> knots, metres; // as shown; none behind "---"
+    std::optional<double> knots, metres; // as received; none behind "---"
 };
 
 } // namespace ornivane

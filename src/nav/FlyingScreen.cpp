@@ -1,6 +1,5 @@
 #include "nav/FlyingScreen.h"
 
-#include <algorithm>
 #include <exception>
 
 #include "base/Numbers.h"
@@ -9,27 +8,29 @@
 namespace ornivane {
 
 FlyingScreen::FlyingScreen(const FlyingScreenWorld& w, std::function<void()> stateChanged,
-                           std::function<void()> focusOnMap)
-    : Link(w.MSComm1, w.timerCheck, w.Messages, w.SystemClock, w.Shared, *this),
-      Readouts(State, w.Shared.Locale, *this), gps(Readouts),
-      Map(w.Shared, MapsSet, w.picStorage, w.picMap, w.progBar, w.Messages, *this),
-      Ring(w.Shared, Map, w.picMap, w.progBar), Route(w.Shared, State, *this),
-      ActiveLeg(State, w.Shared.Locale, w.SystemClock, [this] { TargetADayAway(); }),
-      Wind(State, w.Shared.Locale, w.picWind),
-      Instruments(w.Shared, State, w.Kurskreisel, w.Picture1, w.Messages),
-      Logger(w.Shared, State, w.timeTrack, w.SystemClock, *this),
-      Airspace(w.Shared, State, Flags, [this] { UpdateMap(); }),
-      Qnh(w.Shared, w.SystemClock, [this] { UpdateMap(); }),
-      Faults(w.Shared, [this](const std::string& text) { world.Notices.Show(text); }),
-      Pass({w.Shared, State, Flags, Map, Ring, Route, ActiveLeg, Airspace, Faults, w.picStorage, w.picMap}),
-      world(w), changed(std::move(stateChanged)), focusMap(std::move(focusOnMap)),
+                           std::function<void(FocusBy)> focusOnMap)
+    : Readouts(State, [this](const FixEffects& effects) { Act(effects); }), gps(Readouts),
+      Sentences(gps, w.SystemClock, w.Shared), Com(w.MSComm1, w.Shared, w.Shared),
+      Link(Com, Sentences, w.timerCheck, w.Messages, w.Shared, [this](LinkAction action) { Do(action); }),
+      Map({w.Shared, w.Shared, w.Shared.DataConn, MapsSet, w.picStorage, w.picMap, w.progBar, w.Messages}),
+      Ring(w.Shared.DataConn, Map, w.progBar),
+      Route(w.Shared.DataConn, State, [this] { Do({.TargetChosen = true, .Redraw = true}); }),
+      ActiveLeg(State, w.SystemClock), Wind(State, w.Shared.Locale, w.picWind),
+      Instruments(w.Shared.DataConn, w.Shared, w.Shared, State, w.Kurskreisel, w.Picture1, w.Messages),
+      Logger(w.Shared, w.Shared.TrackConn, w.Shared, State, w.timeTrack, w.SystemClock),
+      Airspace(w.Shared.LuftraumConn, w.Shared, State, Flags, [this] { UpdateMap(); }),
+      Qnh(w.Shared, w.Shared, w.SystemClock, [this] { UpdateMap(); }),
+      Faults(w.Shared, [this](const std::string& text) { world.Notices.Show(text); }), world(w),
+      changed(std::move(stateChanged)), focusMap(std::move(focusOnMap)),
+      navigation({w.Shared, w.Shared, State, Flags, Map, Ring, Route, ActiveLeg, Airspace, Faults}),
+      drawing(w.picMap, w.picStorage, w.Shared.LuftraumConn, Faults),
       chartsChanged(w.Shared.ChartsChanged, [this] { Map.ChartsChanged(); }) {
-    Link.SetInterpreter(gps);
+    w.timeTrack.OnTimer([this] { timeTrack_Timer(); });
 }
 
 void FlyingScreen::Form_Load() {
     Route.OpenRoutes();
-    MapsSet.Open(world.Shared.DataConn, "SELECT * From Maps Where Active <> 0 Order by NAME ASC");
+    MapCatalogue(world.Shared.DataConn).OpenActive(MapsSet);
     Instruments.LoadVOR();
     Route.tRoute = Map.LoadLastMap();
     LoadFlightSet();
@@ -37,11 +38,8 @@ void FlyingScreen::Form_Load() {
 
 void FlyingScreen::LoadFlightSet() {
     if (ReadDisplayFlags(world.Shared.ProgramFolder, Flags)) return;
-    try {
-        SaveFlightSet();
-    } catch (const RuntimeError&) {
-        // A folder that cannot be written costs the memory of the flags, never the flight.
-    }
+    // A folder that cannot be written costs the memory of the flags, never the flight.
+    IgnoreErrors([this] { SaveFlightSet(); });
 }
 
 void FlyingScreen::SaveFlightSet() { WriteDisplayFlags(world.Shared.ProgramFolder, Flags); }
@@ -65,9 +63,9 @@ void FlyingScreen::Form_Activate() {
     Wind.RedrawArrow();
     world.progBar.SetVisible(true);
     // Each for itself: a damaged row or a store that another program holds must keep neither the chart nor
-    // the receiver from coming back.
+    // the receiver from coming back, nor a chart for which the memory does not suffice.
     std::exception_ptr first;
-    const auto step = [&first](const std::function<void()>& run) {
+    const auto step = [&first](const auto& run) {
         try {
             run();
         } catch (...) {
@@ -76,22 +74,30 @@ void FlyingScreen::Form_Activate() {
     };
     step([this] { Instruments.Redraw(); });
     step([this] {
-        if (Flags.ShowRoute) Route.RefreshRouteList();
+        if (Flags.ShowRoute) RefreshRouteList();
     });
     step([this] { ShowLastMap(); });
     // Before the first redraw: without a position yet the map opens at the route's first point, and a
     // position off the chart would switch centring off.
-    step([this] { Route.Activate(); });
-    step([this] { Map.ApplyZoom(); });
+    step([this] { ActivateRoute(); });
+    step([this] { ApplyZoom(); });
     ActivateLink();
     if (first) std::rethrow_exception(first);
+}
+
+void FlyingScreen::ActivateRoute() {
+    const RouteReturn found = Route.Activate();
+    if (found.Gone) RouteGone(*found.Gone);
+    if (found.Damage) throw RuntimeError(*found.Damage);
+    if (found.IsAnotherTarget) ActiveLeg.TargetChosen();
+    RefreshRouteList();
 }
 
 void FlyingScreen::ActivateLink() {
     Link.Form_Activate();
     Logger.Form_Activate();
     world.progBar.SetVisible(false);
-    focusMap();
+    FocusMap();
     changed();
 }
 
@@ -115,13 +121,17 @@ void FlyingScreen::Form_Resize() {
     world.picMap.Refresh();
 }
 
-void FlyingScreen::UpdateMap() { Redraw(&DrawingPass::UpdateMap); }
-void FlyingScreen::DrawOverlays() { Redraw(&DrawingPass::DrawOverlays); }
-void FlyingScreen::CentreMap() { Redraw(&DrawingPass::UpdateMap, true); }
-
-void FlyingScreen::Redraw(void (DrawingPass::*redraw)(), bool centringAsked) {
+// What is told comes in the order of what was drawn and computed.
+void FlyingScreen::Redraw(RedrawOrder order, bool centringAsked) {
     const bool wasCentred = Map.CenterMap;
-    (Pass.*redraw)();
+    order.OnlyRoutePoints = picShowPoints;
+    order.HasFix = HasFix();
+    const NavigationStep step = navigation.Step(order);
+    if (step.Passed) focusMap(FocusBy::Receiver);
+    Faults.Tell(drawing.Draw(step.Picture));
+    if (step.IsADayAway) TargetADayAway();
+    const bool hasExtent = world.picMap.ScaleWidth() > 0 && world.picMap.ScaleHeight() > 0;
+    if (hasExtent) Faults.Tell(step.Picture.Fault); // a view without extent is no fault
     if (wasCentred && !Map.CenterMap) TellWhyNotCentred(centringAsked);
     world.picMap.Refresh();
     changed();
@@ -137,14 +147,82 @@ void FlyingScreen::TellWhyNotCentred(bool centringAsked) {
                 shared.Text("Noch keine Position vom GPS: die Karte kann nicht zentriert werden.",
                             "No GPS position yet: the chart cannot be centred."));
     } else if (centringAsked || !Ring.WillChange()) {
-        world.Notices.Show(
-            shared.Text("Das Flugzeug ist nicht auf der Karte ", "The aircraft is off the chart ") +
-            Map.Name() + shared.Text("; sie folgt ihm nicht.", "; the chart does not follow it."));
+        world.Notices.Show(shared.Text("Das Flugzeug ist nicht auf der Karte %1; sie folgt ihm nicht.",
+                                       "The aircraft is off the chart %1; the chart does not follow it.",
+                                       {Map.Name()}));
     }
 }
 
 void FlyingScreen::SetDirectTarget(const Point& view) {
-    if (Map.HasMap() && Route.GotoActive) Route.SetDirectTarget(Map.Transform().PositionOfView(view));
+    if (Map.HasMap() && Route.GotoActive) Do(Route.SetDirectTarget(Map.Transform().PositionOfView(view)));
+}
+
+void FlyingScreen::Do(const RouteEffects& effects) {
+    if (effects.TargetChosen) ActiveLeg.TargetChosen();
+    if (effects.Redraw) UpdateMap();
+    if (effects.FocusMap) FocusMap();
+}
+
+void FlyingScreen::DrawIf(bool isAnotherView) {
+    if (isAnotherView) UpdateMap();
+}
+
+void FlyingScreen::cmbRoute_Click(const std::string& name) {
+    if (!Route.cmbRoute_Click(name)) return;
+    ActiveLeg.TargetChosen();
+    const auto damage = ErrorOf([this] { RefreshRouteList(); }); // the route is chosen all the same
+    UpdateMap();
+    // Last: a folder that cannot be written must not keep the new route from the screen.
+    if (Map.HasRows() && !Map.Name().empty()) Map.RememberChoice(Route.cmbRoute);
+    if (damage) throw RuntimeError(*damage);
+}
+
+void FlyingScreen::RefreshRouteList() {
+    Route.RefreshRouteList(HasFix() ? std::optional(ActiveLeg.LastDistance) : std::nullopt);
+}
+
+void FlyingScreen::cmbMaps_Click(const std::string& name) {
+    if (!Map.cmbMaps_Click(name)) return;
+    UpdateMap();
+    // Last: a folder that cannot be written must not keep the new map from the screen.
+    Map.RememberChoice(Route.cmbRoute);
+}
+
+void FlyingScreen::cmdKartezentrieren_Click() {
+    Map.cmdKartezentrieren_Click();
+    CentreMap();
+}
+
+void FlyingScreen::picKartezentrieren_Click() {
+    Map.picKartezentrieren_Click();
+    UpdateMap();
+    FocusMap();
+}
+
+void FlyingScreen::cmdMapScroll_Click() {
+    Ring.cmdMapScroll_Click();
+    CentreMap();
+}
+
+// Centring was asked for: the pilot wants to know why when it does not come about.
+void FlyingScreen::CentreMap() {
+    Redraw({}, true);
+    FocusMap();
+}
+
+void FlyingScreen::PicMapScroll_Click() {
+    Ring.PicMapScroll_Click();
+    FocusMap();
+}
+
+void FlyingScreen::cmdShowPoints_Click() {
+    picShowPoints = Route.RoutePointsSet.IsOpen() && Route.HasRoutes();
+    UpdateMap();
+}
+
+void FlyingScreen::picShowPoints_Click() {
+    picShowPoints = false;
+    UpdateMap();
 }
 
 // The value that stands changes with its unit: the time to go, the wind and the logged height are computed
@@ -170,7 +248,7 @@ void FlyingScreen::lblTime_Click() {
 
 void FlyingScreen::SetShowRoute(bool on) {
     Flags.ShowRoute = on;
-    if (on) Route.RefreshRouteList();
+    if (on) RefreshRouteList();
     UpdateMap();
 }
 
@@ -182,10 +260,7 @@ void FlyingScreen::SetShowNames(bool on) {
 void FlyingScreen::StepZoom(int by) {
     if (!Map.HasMap()) return;
     const bool canStep = by < 0 ? Map.SlideMap > SlideMin : Map.SlideMap < SlideMax;
-    if (canStep)
-        Map.SetSlide(Map.SlideMap + by);
-    else
-        Map.ApplyZoom();
+    SetSlide(canStep ? Map.SlideMap + by : Map.SlideMap);
 }
 
 void FlyingScreen::EntryKey(int keyCode) {
@@ -194,19 +269,44 @@ void FlyingScreen::EntryKey(int keyCode) {
     changed();
 }
 
-void FlyingScreen::UpdateInstrument(double angle) { Instruments.UpdateInstrument(angle); }
-void FlyingScreen::SpeedChanged(double knots) { Logger.SpeedReceived(knots); }
-void FlyingScreen::AltitudeChanged(double feet) { Wind.UpdateTAS(feet); }
+void FlyingScreen::Act(const FixEffects& effects) {
+    if (effects.HasFix) Link.ShowFix(*effects.HasFix);
+    if (effects.Satellites) Link.ShowSatellites(effects.Satellites->Used, effects.Satellites->InView);
+    if (effects.MapIsDue) UpdateMap();
+    if (effects.OverlaysAreDue) DrawOverlays();
+    if (effects.CardAngle) Instruments.UpdateInstrument(*effects.CardAngle);
+    if (effects.Knots) TellLogging(Logger.SpeedReceived(*effects.Knots, HasFix()));
+    if (effects.Feet) Wind.UpdateTAS(*effects.Feet);
+}
 
-void FlyingScreen::LoggingFailed(const RuntimeError& error) {
-    world.Notices.Show(world.Shared.Text("Der Track wird nicht gespeichert: ", "The track is not stored: ") +
-                       DescribeError(error, world.Shared.EnglishUI == 1));
+void FlyingScreen::cmdRecord_Click() {
+    Logger.cmdRecord_Click(HasFix());
+    FocusMap();
+}
+
+void FlyingScreen::picRecord_Click() {
+    Logger.lblRecord_Click(HasFix());
+    FocusMap();
+    // Last: a folder that cannot be written must not keep the recording from ending.
+    Logger.SaveSettings();
+}
+
+void FlyingScreen::timeTrack_Timer() {
+    TellLogging(Logger.timeTrack_Timer(HasFix()));
+    changed();
+}
+
+void FlyingScreen::TellLogging(const std::optional<RuntimeError>& failure) {
+    if (failure)
+        world.Notices.Show(
+            world.Shared.Text("Der Track wird nicht gespeichert: ", "The track is not stored: ") +
+            DescribeError(*failure, world.Shared));
 }
 
 void FlyingScreen::RouteGone(const std::string& name) {
-    world.Notices.Show(world.Shared.Text("Die Strecke \"", "The route \"") + name +
-                       world.Shared.Text("\" wurde umbenannt oder gelöscht. Sie wird nicht mehr abgeflogen.",
-                                         "\" was renamed or deleted. It is no longer flown."));
+    world.Notices.Show(
+        world.Shared.Text("Die Strecke \"%1\" wurde umbenannt oder gelöscht. Sie wird nicht mehr abgeflogen.",
+                          "The route \"%1\" was renamed or deleted. It is no longer flown.", {name}));
 }
 
 void FlyingScreen::TargetADayAway() {
@@ -215,38 +315,38 @@ void FlyingScreen::TargetADayAway() {
         "At this speed the target is 24 hours or more away. The time stays \"---\"."));
 }
 
-void FlyingScreen::DataLost() {
+void FlyingScreen::Do(LinkAction action) {
+    switch (action) {
+    case LinkAction::ShowState:
+        return ShowLiveState();
+    case LinkAction::ClearDisplays:
+        return Readouts.ClearDisplays();
+    case LinkAction::ShowLoss:
+        return ShowLoss();
+    case LinkAction::RefreshRouteList:
+        return RefreshRouteList();
+    case LinkAction::FocusMap:
+        return FocusMap();
+    default:
+        return; // the link does it itself
+    }
+}
+
+void FlyingScreen::ShowLoss() {
     Readouts.ClearDisplays();
     State.NoFix = true;
     UpdateMap();
 }
 
-void FlyingScreen::NoSignal() { Readouts.ClearDisplays(); }
-void FlyingScreen::RefreshRouteList() { Route.RefreshRouteList(); }
-void FlyingScreen::FocusMap() { focusMap(); }
-
 // Comes with every chunk of bytes, hundreds of times a second when a line carries noise; what did not change
 // need not be shown again.
-void FlyingScreen::StateChanged() {
-    LiveState now{State,
-                  Link.picGPSCheck,
-                  Link.lblStatus,
-                  Link.Hourglass,
-                  Route.lblRoute,
-                  Route.lblRemDist,
-                  Instruments.lbldistVOR,
-                  Logger.lblRecord,
-                  Wind.lblIASToolTip,
-                  Logger.picRecord,
-                  Logger.cmdRecordAuto};
-    if (now == told) return;
-    told = std::move(now);
+void FlyingScreen::ShowLiveState() {
+    const RouteShown& route = Route;
+    const GpsLink::Signs link = Link.Shown();
+    const auto now = std::tie(State, link, route, Instruments.Shown(), Logger.Shown(), Wind.Shown());
+    if (told == now) return;
+    told = now;
     changed();
 }
-
-std::string FlyingScreen::RouteName() const { return Route.cmbRoute; }
-bool FlyingScreen::HasFix() const { return Link.picGPSCheck[1].Visible; }
-double FlyingScreen::DistanceToTarget() const { return ActiveLeg.LastDistance; }
-std::string FlyingScreen::MapName() const { return Map.HasRows() ? Map.Name() : std::string(); }
 
 } // namespace ornivane

@@ -1,20 +1,23 @@
 #pragma once
 
-#include <array>
 #include <functional>
 #include <string>
+#include <tuple>
 
 #include "common/Variablen.h"
 #include "gps/GpsLink.h"
+#include "gps/NmeaSink.h"
+#include "gps/PortSource.h"
 #include "map/ActiveMap.h"
 #include "map/MapRing.h"
-#include "nav/DrawingPass.h"
 #include "nav/FixReadouts.h"
 #include "nav/FlightState.h"
 #include "nav/Instrument.h"
 #include "nav/Leg.h"
+#include "nav/Navigation.h"
 #include "nav/QnhReadout.h"
 #include "nav/RouteFollowing.h"
+#include "nav/SceneDrawing.h"
 #include "nav/TrackLogger.h"
 #include "nav/WindCalculator.h"
 #include "platform/Clock.h"
@@ -43,32 +46,56 @@ struct FlyingScreenWorld {
     Notice& Notices;
 };
 
-// The flying screen without its window: puts the rooms together and passes on what one asks of another. The
-// form calls one routine for each event and then shows the state.
-class FlyingScreen : private LinkOwner,
-                     private FixReadoutsOwner,
-                     private ActiveMapOwner,
-                     private RouteFollowingOwner,
-                     private TrackLoggerOwner {
+// Who gives the keys back to the map: the pilot by a button, or the receiver while he may be typing.
+enum class FocusBy { Hand, Receiver };
+
+// The flying screen without its window: puts the components together and does what they leave to it. The form
+// calls one routine for each event and then shows the state.
+class FlyingScreen {
 public:
     // `changed`: the state may be another one, show it; `focusMap`: give the map the focus.
     FlyingScreen(const FlyingScreenWorld& world, std::function<void()> changed,
-                 std::function<void()> focusMap);
+                 std::function<void(FocusBy)> focusMap);
 
     void Form_Load();
     void Form_Activate();
     void Form_Deactivate();
     void Form_Unload();
 
-    void UpdateMap() override;
-    void CentreMap() override;
+    // The redraw: one navigation step, then its scene is drawn.
+    void UpdateMap() { Redraw({}); }
+    // The overlays only, over the picture that stands.
+    void DrawOverlays() { Redraw({.PaintsChart = false}); }
     // picMap has a new size.
     void Form_Resize();
     // A right click on the map, in view pixels.
     void SetDirectTarget(const Point& view);
+    void cmbRoute_Click(const std::string& name);
+    // What a routine of the route leaves to the screen.
+    void Do(const RouteEffects& effects);
+    void cmdActivateGoto_Click() { Do(Route.cmdActivateGoto_Click()); }
+    void picActivateGoto_Click() { Do(Route.picActivateGoto_Click()); }
+    void cmdDirectFly_Click() { Do(Route.cmdDirectFly_Click()); }
+    void picDF_Click() { Do(Route.picDF_Click()); }
+    void cmdNext_Click() { Do(Route.cmdNext_Click()); }
+    void cmdPrev_Click() { Do(Route.cmdPrev_Click()); }
+    void RefreshRouteList();
+    void cmbMaps_Click(const std::string& name);
+    void cmdKartezentrieren_Click();
+    void picKartezentrieren_Click();
+    void cmdMapScroll_Click();
+    void PicMapScroll_Click();
+    void cmdShowPoints_Click(); // stays off without points or routes
+    void picShowPoints_Click();
+    void StepRing() { DrawIf(Ring.Step(Route.cmbRoute)); } // the next map by hand
+    void ApplyZoom() { DrawIf(Map.ApplyZoom()); }
+    void SetSlide(int value) { DrawIf(Map.SetSlide(value)); }
+    void Pan(double dx, double dy) { DrawIf(Map.Pan(dx, dy)); }
     void lblSpeed_Click();
     void lblAlt_Click();
     void lblTime_Click();
+    void cmdRecord_Click();
+    void picRecord_Click();
     void SetShowRoute(bool on);
     void SetShowNames(bool on);
     void SaveFlightSet();
@@ -82,9 +109,11 @@ public:
 
     FlightState State;
     DisplayFlags Flags;
-    GpsLink Link;
     FixReadouts Readouts;
     NmeaInterpreter gps;
+    NmeaSink Sentences;
+    PortSource Com;
+    GpsLink Link;
     Recordset MapsSet; // the active maps; the current row is the map of flight mode
     ActiveMap Map;
     MapRing Ring;
@@ -96,53 +125,39 @@ public:
     AirspaceView Airspace;
     QnhReadout Qnh;
     DrawingFaults Faults;
-    DrawingPass Pass;
+    bool picShowPoints = false; // only route points are shown
 
 private:
-    void DataLost() override;
-    void NoSignal() override;
-    void ShowFix(bool has) override { Link.ShowFix(has); }
-    void ShowSatellites(const std::string& used, std::optional<int> inView) override {
-        Link.ShowSatellites(used, inView);
-    }
-    void RefreshRouteList() override;
-    void FocusMap() override;
-    void StateChanged() override;
-    void DrawOverlays() override;
-    void UpdateInstrument(double angle) override;
-    void SpeedChanged(double knots) override;
-    void AltitudeChanged(double feet) override;
-    void LoggingFailed(const RuntimeError& error) override;
-    void LoggerChanged() override { changed(); }
-    std::string RouteName() const override;
-    bool HasFix() const override;
-    double DistanceToTarget() const override;
-    void TargetChosen() override { ActiveLeg.TargetChosen(); }
-    void RouteGone(const std::string& name) override;
+    // What the link asks of its screen.
+    void Do(LinkAction action);
+    void Act(const FixEffects& effects);
+    void ShowLoss();
+    void ShowLiveState();
+    void timeTrack_Timer();
+    void TellLogging(const std::optional<RuntimeError>& failure);
+    void FocusMap() { focusMap(FocusBy::Hand); }
+    bool HasFix() const { return Link.HasFix(); }
+
+    // What the receiver and the link can change on the screen: the states of the components.
+    using LiveState =
+        std::tuple<FlightState, GpsLink::Signs, RouteShown, InstrumentShown, TrackLoggerShown, WindShown>;
+
+    void DrawIf(bool isAnotherView);
+    void CentreMap();
+    void Redraw(RedrawOrder order, bool centringAsked = false);
+    void RouteGone(const std::string& name);
     void TargetADayAway();
-    std::string MapName() const override;
-
-    // What the receiver and the link can change on the screen.
-    struct LiveState {
-        FlightState Flight;
-        std::array<GpsLink::Indicator, 3> Lamps;
-        GpsLink::StatusLine Status;
-        bool Hourglass = false;
-        std::string RouteLength, Remaining;
-        std::string StationDistance, Recorded, Airspeeds;
-        bool Recording = false, Armed = false;
-        bool operator==(const LiveState&) const = default;
-    };
-
-    void Redraw(void (DrawingPass::*redraw)(), bool centringAsked = false);
     void TellWhyNotCentred(bool centringAsked);
     void LoadFlightSet();
     void ShowLastMap();
+    void ActivateRoute();
     void ActivateLink();
 
     FlyingScreenWorld world;
     std::function<void()> changed;
-    std::function<void()> focusMap;
+    std::function<void(FocusBy)> focusMap;
+    Navigation navigation;
+    SceneDrawing drawing;
     LiveState told;
     Event::Listener chartsChanged;
 };

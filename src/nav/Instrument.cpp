@@ -2,50 +2,49 @@
 
 #include <cmath>
 
-#include "base/Format.h"
 #include "base/Numbers.h"
-#include "base/RuntimeError.h"
 #include "base/Strings.h"
-#include "common/SettingsFiles.h"
+#include "geo/GreatCircle.h"
 #include "geo/NavigationMaths.h"
 
 namespace ornivane {
 
 namespace {
 
-const char* const Heading = "Kurs";
-const char* const Vor = "VOR";
-const char* const Hsi = "HSI";
+constexpr ReadoutFormat NearStation{"##0.0", "NM"}, FarStation{"##0", "NM"};
+constexpr double Near = 30; // NM
 
 } // namespace
 
-Instrument::Instrument(Variablen& variablen, const FlightState& flightState, PictureSurface& Kurskreisel,
-                       const Picture& Picture1, Dialogs& messages)
-    : shared(variablen), state(flightState), surface(Kurskreisel), card(Picture1), dialogs(messages) {}
+Instrument::Instrument(Connection& dataStore, const Language& languageOfTexts,
+                       const Settings& programSettings, const FlightState& flightState,
+                       PictureSurface& Kurskreisel, const Picture& Picture1, Dialogs& messages)
+    : language(languageOfTexts), settings(programSettings), state(flightState), surface(Kurskreisel),
+      card(Picture1), dialogs(messages), waypoints(dataStore) {}
 
 void Instrument::LoadVOR() {
     InstrumentSettings saved{lblVOR1, InstrumentMode, lblKurs};
-    ReadInstrumentSettings(shared.ProgramFolder, saved);
+    ReadInstrumentSettings(settings.ProgramFolder, saved);
     lblVOR1 = saved.Vor;
     lblKurs = saved.Course;
-    InstrumentMode = saved.Mode == Vor || saved.Mode == Hsi ? saved.Mode : Heading;
+    InstrumentMode = saved.Mode;
 }
 
 void Instrument::SaveVOR() const {
-    WriteInstrumentSettings(shared.ProgramFolder, {lblVOR1, InstrumentMode, lblKurs});
+    WriteInstrumentSettings(settings.ProgramFolder, {lblVOR1, InstrumentMode, lblKurs});
 }
 
 void Instrument::UpdateInstrument(double angle) {
     surface.Cls();
     RotateCard(angle);
-    StationShows = InstrumentMode != Heading;
-    if (InstrumentMode == Heading) frmKurs = frmVOR = false;
-    if (InstrumentMode == Hsi) frmVOR = false;
+    StationShows = InstrumentMode != DialMode::Heading;
+    if (InstrumentMode == DialMode::Heading) frmKurs = frmVOR = false;
+    if (InstrumentMode == DialMode::Hsi) frmVOR = false;
     InstrumentDrawing::DrawInstrumentAircraft(surface);
     if (StationShows) {
         FindVOR();
         DrawVORNeedle();
-        if (InstrumentMode == Hsi) DrawHSI(angle);
+        if (InstrumentMode == DialMode::Hsi) DrawHSI(angle);
     }
     surface.Refresh();
 }
@@ -53,45 +52,38 @@ void Instrument::UpdateInstrument(double angle) {
 void Instrument::RotateCard(double angle) { surface.PaintTurned(card, angle); }
 
 void Instrument::FindVOR() {
-    if (!HasBearing()) lbldistVOR = NoValue;
+    if (!HasBearing()) lbldistVOR = Readout();
     if (lblVOR1.empty()) return;
-    if (!byName.IsPrepared())
-        byName = Statement(shared.DataConn,
-                           "SELECT Lat, Long FROM Waypoints WHERE Name = ? ORDER BY Name ASC LIMIT 1");
-    const StatementRun run(byName);
-    byName.Bind(1, lblVOR1);
-    if (byName.Step()) {
-        UpdateVORBearing({ToDecimalDegrees(byName.Number(0)), ToDecimalDegrees(byName.Number(1))});
+    if (const std::optional<DegMin> place = waypoints.PlaceOf(lblVOR1)) {
+        UpdateVORBearing(ToDecimalDegrees(*place));
         return;
     }
-    lbldistVOR = NoValue;
+    lbldistVOR = Readout();
     bearingStation.clear();
     // Not while another station is being entered: that is what the message asks for.
     if (!frmVOR)
-        dialogs.MessageBeside("Error", shared.Text("VOR nicht gefunden: ", "VOR not found: ") + lblVOR1);
+        dialogs.MessageBeside("Error",
+                              language.Text("VOR nicht gefunden: %1", "VOR not found: %1", {lblVOR1}));
 }
 
 void Instrument::UpdateVORBearing(const Position& station) {
-    const double lat = DegToRad(state.CurLat), longitude = DegToRad(state.CurLong);
-    const double vorLat = DegToRad(station.Lat), vorLong = DegToRad(station.Long);
-    if (lat == vorLat && longitude == vorLong) return;
-    if (lat == 0 || longitude == 0 || vorLat == 0 || vorLong == 0) return;
-    const double d = AngleBetween(lat, longitude, vorLat, vorLong);
-    const double distance = d * 60 * 180 / Pi;
+    const auto way = FlownLeg(state.Current(), station);
+    if (!way) return;
+    const double distance = way->DistanceNM;
     // Before the first position of the receiver the aircraft only stands somewhere on the map.
     lbldistVOR =
-        state.HadPosition ? Format(distance, distance < 30 ? "##0.0" : "##0", shared.Locale) : NoValue;
+        state.HadPosition ? Readout(distance, distance < Near ? NearStation : FarStation) : Readout();
     // Jumps at the station's meridian: its two branches are the initial course and the final one.
-    VORBearing = TrueCourse(lat, longitude, vorLat, vorLong, d);
+    VORBearing = way->TrueCourse;
     bearingStation = lblVOR1;
 }
 
 void Instrument::DrawVORNeedle() {
-    const bool isVor = InstrumentMode == Vor;
+    const bool isVor = InstrumentMode == DialMode::Vor;
     if (isVor) InstrumentDrawing::Hub(surface);
-    const bool isPointing = state.lblBearing != NoValue && HasBearing();
+    const bool isPointing = state.lblBearing.HasNumber() && HasBearing();
     // Without a track or a station the needle is parked across the card.
-    const double relative = isPointing ? VORBearing - NumberIn(state.lblBearing) : 90;
+    const double relative = isPointing ? VORBearing - state.lblBearing.Number() : 90;
     InstrumentDrawing::Arrow(surface, relative, 94, isVor ? 5 : 35,
                              isPointing ? InstrumentDrawing::Needle : InstrumentDrawing::Parked);
 }
@@ -102,7 +94,7 @@ void Instrument::DrawHSI(double angle) {
     const double course = entered.value_or(0);
     const double turned = course + angle;
     InstrumentDrawing::SmallAircraft(surface);
-    InstrumentDrawing::Arrow(surface, turned, 95, 45, 0xFFFF00);
+    InstrumentDrawing::Arrow(surface, turned, 95, 45, InstrumentDrawing::Selected);
     InstrumentDrawing::DeviationScale(surface, turned);
     if (!HasBearing()) return;
 
@@ -120,18 +112,20 @@ void Instrument::DrawHSI(double angle) {
 }
 
 // What was pressed shows at once, also when no further track comes.
-void Instrument::Redraw() { UpdateInstrument(state.lblBearing == NoValue ? 0 : state.HeadingIndicator); }
+void Instrument::Redraw() { UpdateInstrument(state.lblBearing.HasNumber() ? state.HeadingIndicator : 0); }
 
 void Instrument::LeftButton() {
-    InstrumentMode = InstrumentMode == Heading ? Vor : InstrumentMode == Vor ? Hsi : Heading;
+    InstrumentMode = InstrumentMode == DialMode::Heading ? DialMode::Vor
+                     : InstrumentMode == DialMode::Vor   ? DialMode::Hsi
+                                                         : DialMode::Heading;
     Redraw();
 }
 
 void Instrument::RightButton() {
-    if (InstrumentMode == Vor) {
+    if (InstrumentMode == DialMode::Vor) {
         if (!frmVOR) tVOR1_Change(tVOR1);
         frmVOR = true;
-    } else if (InstrumentMode == Hsi) {
+    } else if (InstrumentMode == DialMode::Hsi) {
         frmKurs = true;
         tKurs.clear();
     }
@@ -139,19 +133,14 @@ void Instrument::RightButton() {
 
 void Instrument::tVOR1_Change(const std::string& text) {
     tVOR1 = text;
-    if (!fromName.IsPrepared())
-        fromName = Statement(shared.DataConn,
-                             "SELECT Name FROM Waypoints WHERE Name >= ? ORDER BY Name ASC LIMIT 1");
-    const StatementRun run(fromName);
-    fromName.Bind(1, text);
-    lblResult = fromName.Step() ? std::string(fromName.Text(0)) : std::string();
+    lblResult = waypoints.FirstNameFrom(text);
 }
 
 void Instrument::tVOR1_Enter() {
     // Without a name from there on there is nothing to take.
     if (!lblResult.empty()) {
         lblVOR1 = lblResult;
-        lbldistVOR = NoValue;
+        lbldistVOR = Readout();
     }
     tVOR1_Escape();
     Redraw();

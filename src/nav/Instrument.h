@@ -2,25 +2,42 @@
 
 #include <string>
 
-#include "common/Variablen.h"
+#include "base/Language.h"
+#include "base/Readout.h"
+#include "common/Settings.h"
+#include "common/SettingsFiles.h"
+#include "data/Waypoints.h"
 #include "map/MapTransform.h"
 #include "nav/FlightState.h"
 #include "nav/InstrumentDrawing.h"
 #include "platform/Dialogs.h"
 #include "platform/PictureSurface.h"
-#include "store/Statement.h"
 
 namespace ornivane {
 
+// What the instrument shows besides its picture, to be compared with what was shown last. An entry frame is
+// open while its flag is true.
+struct InstrumentShown {
+    DialMode InstrumentMode = DialMode::Heading;
+    std::string lblVOR1, lblKurs; // the station's name and the selected course, as entered
+    Readout lbldistVOR;
+    bool StationShows = false; // lblVOR1 and lbldistVOR
+    bool frmVOR = false, frmKurs = false;
+    std::string tVOR1, lblResult, tKurs;
+    bool operator==(const InstrumentShown&) const = default;
+};
+
 // The round instrument: heading indicator, VOR or HSI. There is no radio receiver; a "VOR" is any waypoint,
 // bearing and distance are computed from the position. The card turns with the track over ground.
-class Instrument {
+class Instrument : public InstrumentShown {
 public:
-    // Kurskreisel is 200 by 200 units; Picture1 is the compass card.
-    Instrument(Variablen& variablen, const FlightState& state, PictureSurface& Kurskreisel,
-               const Picture& Picture1, Dialogs& dialogs);
+    // Kurskreisel is 200 by 200 units; Picture1 is the compass card. All of it outlives the instrument.
+    Instrument(Connection& dataStore, const Language& languageOfTexts, const Settings& programSettings,
+               const FlightState& flightState, PictureSurface& Kurskreisel, const Picture& Picture1,
+               Dialogs& messages);
 
-    // The saved station, mode and course; an unknown mode is "Kurs".
+    const InstrumentShown& Shown() const { return *this; }
+    // The saved station, mode and course.
     void LoadVOR();
     void SaveVOR() const;
 
@@ -44,13 +61,7 @@ public:
     // Keys of the flying screen rest while a name or a course is entered.
     bool IsEntering() const { return frmVOR || frmKurs; }
 
-    std::string InstrumentMode = "Kurs"; // "Kurs", "VOR", "HSI"
-    std::string lblVOR1, lblKurs;
-    std::string lbldistVOR = NoValue; // NM
-    double VORBearing = 0;            // degrees, from the aircraft to bearingStation
-    bool StationShows = false;        // lblVOR1 and lbldistVOR
-    bool frmVOR = false, frmKurs = false;
-    std::string tVOR1, lblResult, tKurs;
+    double VORBearing = 0; // degrees, from the aircraft to bearingStation
 
 private:
     void RotateCard(double angle);
@@ -61,12 +72,13 @@ private:
     void DrawVORNeedle();
     void DrawHSI(double angle);
 
-    Variablen& shared;
+    const Language& language;
+    const Settings& settings;
     const FlightState& state;
     PictureSurface& surface;
     const Picture& card;
     Dialogs& dialogs;
-    Statement byName, fromName;
+    Waypoints waypoints;
     std::string bearingStation; // empty when the chosen one was not found
 };
 

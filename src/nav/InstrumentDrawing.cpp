@@ -29,10 +29,14 @@ constexpr std::array<Spot, 2> BezelMarks[] = {
     {{{27, 141}, {19, 146}}},
 };
 
-// A point `along` units ahead in the direction of the angle and `across` units to the right of it.
-Spot At(double angle, double along, double across = 0) {
+// From the middle, in the direction of an angle and to the right of it.
+struct Way {
+    double Along, Across = 0;
+};
+
+Spot At(double angle, const Way& way) {
     const double s = std::sin(DegToRad(angle)), c = std::cos(DegToRad(angle));
-    return {Middle + along * s + across * c, Middle - along * c + across * s};
+    return {Middle + way.Along * s + way.Across * c, Middle - way.Along * c + way.Across * s};
 }
 
 void Line(PictureSurface& surface, const Spot& from, const Spot& to, Colour colour) {
@@ -56,9 +60,9 @@ void Hub(PictureSurface& surface) {
 
 void Arrow(PictureSurface& surface, double angle, double length, double inner, Colour colour) {
     surface.SetDrawWidth(3);
-    const Spot tip = At(angle, length);
-    Line(surface, At(angle, inner), tip, colour);
-    Line(surface, At(angle, -inner), At(angle, -length), colour);
+    const Spot tip = At(angle, {length});
+    Line(surface, At(angle, {inner}), tip, colour);
+    Line(surface, At(angle, {-inner}), At(angle, {-length}), colour);
     // The head: two strokes of 20 units, 30 degrees on either side of the shaft.
     for (const double side : {30.0, -30.0}) {
         const double stroke = DegToRad(angle + side);
@@ -76,7 +80,7 @@ void SmallAircraft(PictureSurface& surface) {
 void DeviationScale(PictureSurface& surface, double course) {
     surface.SetDrawWidth(2);
     for (const double distance : {50.0, 25.0, -25.0, -50.0}) {
-        const Spot dot = At(course, 0, distance);
+        const Spot dot = At(course, {0, distance});
         surface.Circle(dot.X, dot.Y, 3, Black);
     }
 }
@@ -84,16 +88,16 @@ void DeviationScale(PictureSurface& surface, double course) {
 void ToFrom(PictureSurface& surface, double course, bool isTo) {
     surface.SetDrawWidth(3);
     const double side = isTo ? 1 : -1;
-    const Spot tip = At(course, side * 60);
+    const Spot tip = At(course, {side * 60});
     for (const double half : {8.0, 6.0, 4.0, 2.0, 0.0})
-        for (const double across : {half, -half}) Line(surface, At(course, side * 45, across), tip, White);
+        for (const double across : {half, -half}) Line(surface, At(course, {side * 45, across}), tip, White);
 }
 
 void DeviationBar(PictureSurface& surface, double course, double offset) {
     surface.SetDrawWidth(3);
-    const Spot middle = At(course, 0, -offset);
-    Line(surface, middle, At(course, 40, -offset), Yellow);
-    Line(surface, middle, At(course, -40, -offset), Yellow);
+    const Spot middle = At(course, {0, -offset});
+    Line(surface, middle, At(course, {40, -offset}), Yellow);
+    Line(surface, middle, At(course, {-40, -offset}), Yellow);
 }
 
 } // namespace ornivane::InstrumentDrawing

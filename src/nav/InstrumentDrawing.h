@@ -8,7 +8,8 @@ namespace ornivane {
 // degrees clockwise from the top.
 namespace InstrumentDrawing {
 
-constexpr Colour Needle = 0x00FFFF, Parked = 0xFF0000;
+constexpr Colour Needle = 0x00FFFF, Parked = 0xFF0000; // the station's needle
+constexpr Colour Selected = 0xFFFF00;                  // the selected course
 
 // The fixed outline of the aircraft and the ten marks of the bezel.
 void DrawInstrumentAircraft(PictureSurface& surface);

@@ -2,9 +2,8 @@
 
 #include <utility>
 
-#include "base/Format.h"
-#include "base/Numbers.h"
 #include "common/Date.h"
+#include "geo/GreatCircle.h"
 #include "geo/NavigationMaths.h"
 
 namespace ornivane {
@@ -15,9 +14,7 @@ constexpr double HoursOfADay = 24;
 
 } // namespace
 
-Leg::Leg(FlightState& flightState, const LocaleText& localeText, const Clock& systemClock,
-         std::function<void()> tellADayAway)
-    : state(flightState), locale(localeText), clock(systemClock), aDayAway(std::move(tellADayAway)) {}
+Leg::Leg(FlightState& flightState, const Clock& systemClock) : state(flightState), clock(systemClock) {}
 
 void Leg::TargetChosen() {
     isNewTarget = true;
@@ -31,52 +28,42 @@ bool Leg::IsPassed(double distance, bool isDirect) const {
     return !isNewTarget && !isDirect && distance < 5 && change < 0 && change > -1;
 }
 
-void Leg::UpdateLeg(const Position& target, const Position& current, bool isDirect,
-                    const std::function<void()>& pass) {
-    const double targetLat = DegToRad(target.Lat), targetLong = DegToRad(target.Long);
-    const double currentLat = DegToRad(current.Lat), currentLong = DegToRad(current.Long);
-    if (targetLat == currentLat && targetLong == currentLong) return;
-    if (targetLat == 0 || targetLong == 0 || currentLat == 0 || currentLong == 0) return;
-    const double d = AngleBetween(currentLat, currentLong, targetLat, targetLong);
-    const double distance = d * 60 * 180 / Pi;
-    if (IsPassed(distance, isDirect)) pass();
+LegStep Leg::UpdateLeg(const Position& target, const Position& current, bool isDirect) {
+    const auto flown = FlownLeg(current, target);
+    if (!flown) return {};
+    const double distance = flown->DistanceNM;
+    LegStep step;
+    step.Passed = IsPassed(distance, isDirect);
+    if (step.Passed) TargetChosen();
     // Also behind a step of the route, which is no choice of the pilot: the next point is compared with this
     // distance. A position that is not the aircraft's now is no first one: the step to the real one may look
     // like a passing.
-    if (state.HadPosition && !state.NoFix) isNewTarget = false;
-    state.lblDistanz = Format(distance, "###0.0", locale) + " NM";
+    if (HasPosition()) isNewTarget = false;
+    state.lblDistanz = Readout(distance, Formats::Miles);
     LastDistance = distance;
 
-    const double speed = ShownNumber(state.lblSpeed); // in the unit shown
+    const double speed = state.lblSpeed.Number(); // in the unit shown
     const double way = state.SpeedInKnots ? distance : distance * KilometresPerNauticalMile;
-    ShowTime(speed > 10 ? way / speed : 0);
-    state.lblTrueBearing =
-        Format(TrueCourse(currentLat, currentLong, targetLat, targetLong, d), "##0", locale) + " °";
-}
-
-void Leg::ShowNoTime() {
-    state.lblTime = NoValue;
-    if (!std::exchange(toldADay, true)) aDayAway();
-}
-
-void Leg::ShowTime(double hours) {
-    if (hours >= HoursOfADay) {
-        ShowNoTime();
-        return;
-    }
+    const double hours = speed > 10 ? way / speed : 0;
+    state.lblTime = TimeAt(hours);
     // An aircraft that taxis stops and goes on: a leg without a time to go is no news about the long one.
-    if (hours > 0) toldADay = false;
+    if (hours >= HoursOfADay)
+        step.IsADayAway = !std::exchange(toldADay, true);
+    else if (hours > 0)
+        toldADay = false;
+    state.lblTrueBearing = Readout(flown->TrueCourse, Formats::Course);
+    return step;
+}
+
+std::string Leg::TimeAt(double hours) const {
+    if (hours >= HoursOfADay) return NoValue;
     const int h = static_cast<int>(hours);
     const int m = static_cast<int>((hours - h) * 60);
-    if (h == 0 && m == 0) {
-        state.lblTime = "00:" + Format(hours * 3600, "00", locale);
-    } else if (state.ShowETE) {
-        state.lblTime = ShortTime(h, m);
-    } else {
-        const LocalTime now = clock.Now();
-        const int minutes = (now.Hour + h) * 60 + now.Minute + m;
-        state.lblTime = ShortTime(minutes / 60 % 24, minutes % 60);
-    }
+    if (h == 0 && m == 0) return ShortTime(0, static_cast<int>(NumberAsShown(hours * 3600, "00")));
+    if (state.ShowETE) return ShortTime(h, m);
+    const LocalTime now = clock.Now();
+    const int minutes = (now.Hour + h) * 60 + now.Minute + m;
+    return ShortTime(minutes / 60 % 24, minutes % 60);
 }
 
 } // namespace ornivane

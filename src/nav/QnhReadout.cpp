@@ -1,19 +1,19 @@
 #include "nav/QnhReadout.h"
 
 #include "base/Numbers.h"
-#include "common/Qnh.h"
 #include "common/SettingsFiles.h"
 
 namespace ornivane {
 
-QnhReadout::QnhReadout(Variablen& variablen, const Clock& systemClock, std::function<void()> updateMap)
-    : shared(variablen), clock(systemClock), redraw(std::move(updateMap)) {}
+QnhReadout::QnhReadout(DayQnh& dayQnh, const Settings& programSettings, const Clock& systemClock,
+                       std::function<void()> updateMap)
+    : qnh(dayQnh), settings(programSettings), clock(systemClock), redraw(std::move(updateMap)) {}
 
-void QnhReadout::Show() { lblQNH = "QNH " + std::to_string(shared.QNH); }
+void QnhReadout::Show() { lblQNH = "QNH " + std::to_string(qnh.QNH); }
 
 void QnhReadout::Form_Activate() {
-    if (shared.QNHDate != DateOf(clock.Now()))
-        shared.QNH = ToInt16(ParseNumber(shared.tQNH).value_or(StandardPressure));
+    if (qnh.QNHDate != DateOf(clock.Now()))
+        qnh.QNH = ToInt16(ParseNumber(qnh.tQNH).value_or(StandardPressure));
     Show();
 }
 
@@ -21,10 +21,10 @@ void QnhReadout::lblQNH_Click() { frmEnterQNH = true; }
 
 void QnhReadout::tEnterQNH_Enter(const std::string& text) {
     frmEnterQNH = false;
-    EnterQnh(shared, text, DateOf(clock.Now()));
+    EnterQnh(qnh, text, DateOf(clock.Now()));
     Show();
     redraw();
-    WriteQnhSettings(shared.ProgramFolder, {shared.QNH, shared.QNHDate});
+    WriteQnhSettings(settings.ProgramFolder, {qnh.QNH, qnh.QNHDate});
 }
 
 } // namespace ornivane

@@ -3,7 +3,8 @@
 #include <functional>
 #include <string>
 
-#include "common/Variablen.h"
+#include "common/Qnh.h"
+#include "common/Settings.h"
 #include "platform/Clock.h"
 
 namespace ornivane {
@@ -13,7 +14,8 @@ namespace ornivane {
 class QnhReadout {
 public:
     // `updateMap`: airspace is chosen by another pressure now.
-    QnhReadout(Variablen& variablen, const Clock& clock, std::function<void()> updateMap);
+    QnhReadout(DayQnh& dayQnh, const Settings& programSettings, const Clock& systemClock,
+               std::function<void()> updateMap);
 
     // The screen is back in front. A QNH holds for the day on which it was entered; on another day it is what
     // stands in the settings: the standard pressure after a start, and after midnight the one that this
@@ -32,7 +34,8 @@ public:
 private:
     void Show();
 
-    Variablen& shared;
+    DayQnh& qnh;
+    const Settings& settings;
     const Clock& clock;
     std::function<void()> redraw;
 };

@@ -1,53 +1,46 @@
 #include "nav/RouteFollowing.h"
 
-#include <algorithm>
-#include <exception>
+#include <utility>
 
 #include "base/Flagged.h"
-#include "base/Format.h"
-#include "base/Numbers.h"
-#include "base/RuntimeError.h"
-#include "common/SettingsFiles.h"
-#include "geo/NavigationMaths.h"
+#include "common/StoredPositions.h"
+#include "data/Routes.h"
+#include "geo/GreatCircle.h"
 
 namespace ornivane {
 
 namespace {
 
-const char* const PointsOfRoute = "SELECT * From GpsPoints WHERE RouteID = ? ORDER BY Nummer ASC";
-constexpr int NoRoute = -99999; // no row ever has it: a valid, empty set of points
+constexpr RouteEffects ChosenByButton{.TargetChosen = true, .Redraw = true, .FocusMap = true};
+constexpr ReadoutFormat TargetPlace{"###.##0", ""}, RouteLength{"#####", "NM"};
 
 } // namespace
 
-RouteFollowing::RouteFollowing(Variablen& variablen, FlightState& flightState,
-                               RouteFollowingOwner& routeOwner)
-    : shared(variablen), state(flightState), owner(routeOwner) {
+RouteFollowing::RouteFollowing(Connection& connection, FlightState& flightState,
+                               std::function<void()> rowIsChosen)
+    : dataConn(connection), state(flightState), rowChosen(std::move(rowIsChosen)), points(connection) {
     RoutePointsSet.AddObserver(this);
 }
 
 RouteFollowing::~RouteFollowing() { RoutePointsSet.RemoveObserver(this); }
 
-void RouteFollowing::OpenRoutes() {
-    RoutesSet.Open(shared.DataConn, "SELECT * From Route Order by NUMMER ASC");
-}
+void RouteFollowing::OpenRoutes() { Routes(dataConn).Open(RoutesSet); }
 
 void RouteFollowing::CurrentRowChanged() {
-    if (activating) return;
+    if (movesItself) return;
     RowSelected = true;
     EnableSteps();
-    owner.TargetChosen();
-    owner.UpdateMap();
+    rowChosen();
 }
 
 void RouteFollowing::OpenPoints() {
-    RoutePointsSet.Open(shared.DataConn, PointsOfRoute,
-                        {HasRoutes() && !RoutesSet.Eof() ? RoutesSet.Get("RouteID") : Value(NoRoute)});
+    points.Open(RoutePointsSet, HasRoutes() && !RoutesSet.Eof() ? RoutesSet.Get("RouteID") : Value());
 }
 
-void RouteFollowing::cmbRoute_Click(const std::string& name) {
-    if (!HasRoutes()) return;
+bool RouteFollowing::cmbRoute_Click(const std::string& name) {
+    if (!HasRoutes()) return false;
     {
-        const Flagged reopening(activating);
+        const Flagged reopening(movesItself);
         RoutesSet.MoveFirst();
         if (!RoutesSet.Find("Name", Comparison::Equal, name)) RoutesSet.MoveFirst();
         OpenPoints();
@@ -56,38 +49,25 @@ void RouteFollowing::cmbRoute_Click(const std::string& name) {
     tRoute = cmbRoute;
     if (RoutePointsSet.RecordCount() == 0) SwitchOff();
     EnableSteps();
-    owner.TargetChosen();
-    std::exception_ptr damage;
-    try {
-        RefreshRouteList();
-    } catch (const RuntimeError&) {
-        damage = std::current_exception(); // the route is chosen all the same
-    }
-    owner.UpdateMap();
-    // Last: a folder that cannot be written must not keep the new route from the screen.
-    const std::string map = owner.MapName();
-    if (!map.empty()) WriteLastChoice(shared.ProgramFolder, {map, cmbRoute});
-    if (damage) std::rethrow_exception(damage);
+    return true;
 }
 
 void RouteFollowing::HideFrameUnless(bool stays) {
     if (!stays) Frame1 = false;
 }
 
-void RouteFollowing::cmdActivateGoto_Click() {
+RouteEffects RouteFollowing::cmdActivateGoto_Click() {
     RouteActive = RoutePointsSet.IsOpen() && RoutePointsSet.RecordCount() > 0;
     picActivateGoto = RouteActive;
     if (!RouteActive) {
         HideFrameUnless(GotoActive);
-        return;
+        return {};
     }
     Frame1 = true;
     RowSelected = true;
     // A route that was flown to its end left its step button off; on a route that is active it works again.
     cmdNextEnabled = true;
-    owner.TargetChosen();
-    owner.UpdateMap();
-    owner.FocusMap();
+    return ChosenByButton;
 }
 
 void RouteFollowing::SwitchOff() {
@@ -96,63 +76,62 @@ void RouteFollowing::SwitchOff() {
     HideFrameUnless(GotoActive);
 }
 
-void RouteFollowing::picActivateGoto_Click() {
+RouteEffects RouteFollowing::picActivateGoto_Click() {
     SwitchOff();
-    owner.UpdateMap();
-    owner.FocusMap();
+    return {.Redraw = true, .FocusMap = true};
 }
 
 void RouteFollowing::ClearTargetValues() {
-    state.lblTrueBearing.clear();
-    state.lblDistanz.clear();
-    state.lblTime.clear();
+    state.lblTrueBearing = state.lblDistanz = Readout::Blank();
+    state.lblTime = std::string();
 }
 
-void RouteFollowing::cmdDirectFly_Click() {
+RouteEffects RouteFollowing::cmdDirectFly_Click() {
     GotoActive = true;
     Frame1 = true;
     picDF = true;
     ClearTargetValues();
-    owner.TargetChosen();
-    owner.UpdateMap();
-    owner.FocusMap();
+    return ChosenByButton;
 }
 
-void RouteFollowing::picDF_Click() {
+RouteEffects RouteFollowing::picDF_Click() {
     GotoActive = false;
     HideFrameUnless(picActivateGoto);
     picDF = false;
     ClearTargetValues();
-    owner.TargetChosen();
-    owner.UpdateMap();
-    owner.FocusMap();
+    return ChosenByButton;
 }
 
-void RouteFollowing::SetDirectTarget(const Position& position) {
-    if (!GotoActive) return;
-    lblLatx = Format(ToDegMinValue(position.Lat), "###.##0", shared.Locale);
-    lblLongx = Format(ToDegMinValue(position.Long), "###.##0", shared.Locale);
-    owner.TargetChosen();
-    owner.UpdateMap();
+RouteEffects RouteFollowing::SetDirectTarget(const Position& position) {
+    if (!GotoActive) return {};
+    const DegMin target = ToDegMinValue(position);
+    lblLatx = Readout(target.Lat.Value(), TargetPlace);
+    lblLongx = Readout(target.Long.Value(), TargetPlace);
+    return {.TargetChosen = true, .Redraw = true};
 }
 
-void RouteFollowing::cmdNext_Click() {
-    if (!RoutePointsSet.IsOpen()) return;
+RouteEffects RouteFollowing::cmdNext_Click() {
+    if (!RoutePointsSet.IsOpen()) return {};
     if (RoutePointsSet.RecordCount() > 0) RowSelected = false;
     if (RoutePointsSet.AbsolutePosition() >= RoutePointsSet.RecordCount() ||
         RoutePointsSet.RecordCount() == 0) {
         SwitchOff();
         cmdNextEnabled = false;
     } else {
-        cmdPrevEnabled = true;
+        EnableSteps();
         RoutePointsSet.MoveNext();
     }
     RowSelected = true;
-    owner.FocusMap();
+    return {.FocusMap = true};
 }
 
-void RouteFollowing::cmdPrev_Click() {
-    if (!RoutePointsSet.IsOpen()) return;
+void RouteFollowing::PassPoint() {
+    const Flagged byItself(movesItself);
+    static_cast<void>(cmdNext_Click());
+}
+
+RouteEffects RouteFollowing::cmdPrev_Click() {
+    if (!RoutePointsSet.IsOpen()) return {};
     RowSelected = false;
     if (RoutePointsSet.AbsolutePosition() < 2) {
         cmdPrevEnabled = false;
@@ -161,50 +140,44 @@ void RouteFollowing::cmdPrev_Click() {
         RoutePointsSet.MovePrevious();
     }
     RowSelected = true;
-    owner.FocusMap();
+    return {.FocusMap = true};
 }
 
-bool RouteFollowing::ActiveTarget(Position& target) {
-    if (!RoutePointsSet.IsOpen()) return false;
-    if (GotoActive) {
-        if (lblLatx.empty()) return false;
-        target = {ToDecimalDegrees(NumberIn(lblLatx)), ToDecimalDegrees(NumberIn(lblLongx))};
-        return true;
-    }
-    if (!OnPoint()) return false;
-    target = {ToDecimalDegrees(RoutePointsSet.Number("Lat")),
-              ToDecimalDegrees(RoutePointsSet.Number("Long"))};
-    return true;
+std::optional<DegMin> RouteFollowing::DirectTarget() const {
+    if (!GotoActive || !lblLatx.HasNumber()) return std::nullopt;
+    return DegMin{StoredLatitude(lblLatx.Number()), StoredLongitude(lblLongx.Number())};
 }
 
-void RouteFollowing::RefreshRouteList() {
+std::optional<Position> RouteFollowing::ActiveTarget() const {
+    if (!RoutePointsSet.IsOpen()) return std::nullopt;
+    if (!GotoActive)
+        return OnPoint() ? std::optional(ToDecimalDegrees(DegMinOf(RoutePointsSet))) : std::nullopt;
+    const auto target = DirectTarget();
+    return target ? std::optional(ToDecimalDegrees(*target)) : std::nullopt;
+}
+
+void RouteFollowing::RefreshRouteList(std::optional<double> toTarget) {
     if (!HasRoutes() || RoutesSet.Eof()) return;
     // A damaged point ends this, and what stands here then must not be that of another route.
-    lblRoute.clear();
-    lblRemDist.clear();
-    if (!legs.IsPrepared())
-        legs = Statement(shared.DataConn,
-                         "SELECT Nummer, Lat, Long From GpsPoints WHERE RouteID = ? ORDER BY Nummer ASC");
+    lblRoute = lblRemDist = Readout::Blank();
     // The place in the route tells the row, not the waypoint: one waypoint may stand several times in a
     // route.
     const double active = OnPoint() ? RoutePointsSet.Number("Nummer") : -1;
     double total = 0, rest = 0;
-    Position from;
-    const StatementRun run(legs);
-    legs.Bind(1, RoutesSet.Get("RouteID"));
-    for (bool first = true; legs.Step(); first = false) {
-        const Position to{ToDecimalDegrees(legs.Number(1)), ToDecimalDegrees(legs.Number(2))};
-        if (!first) {
-            const double leg = CalcRouteDist(to.Lat, to.Long, from.Lat, from.Long);
+    std::optional<Position> from;
+    points.ForEach(RoutesSet.Get("RouteID"), [&](const RoutePoints::Point& point) {
+        const Position to = ToDecimalDegrees(point.Place());
+        if (from) {
+            const double leg = CalcRouteDist(to, *from);
             total += leg;
             rest += leg;
-            if (legs.Number(0) == active) rest = 0;
+            if (point.Number() == active) rest = 0;
         }
         from = to;
-    }
-    lblRoute = Format(total, "#####", shared.Locale);
-    if (owner.HasFix()) rest += owner.DistanceToTarget();
-    lblRemDist = GotoActive ? state.lblDistanz : Format(rest, "###0.0", shared.Locale) + " NM";
+    });
+    lblRoute = Readout(total, RouteLength);
+    rest += toTarget.value_or(0);
+    lblRemDist = GotoActive ? state.lblDistanz : Readout(rest, Formats::Miles);
 }
 
 bool RouteFollowing::OnPoint() const {
@@ -212,7 +185,7 @@ bool RouteFollowing::OnPoint() const {
            !RoutePointsSet.Bof();
 }
 
-RouteFollowing::Place RouteFollowing::CurrentPlace() {
+RouteFollowing::Place RouteFollowing::CurrentPlace() const {
     Place place;
     if (HasRoutes() && !RoutesSet.Eof()) place.RouteID = RoutesSet.Get("RouteID");
     if (OnPoint()) {
@@ -220,12 +193,8 @@ RouteFollowing::Place RouteFollowing::CurrentPlace() {
         place.PointID = RoutePointsSet.Get("PointID");
     }
     if (RoutePointsSet.IsOpen()) place.Points = RoutePointsSet.RecordCount();
-    try {
-        Position target;
-        if (ActiveTarget(target)) place.Target = target;
-    } catch (const RuntimeError&) {
-        // The lists are read anew all the same: the row may have been mended.
-    }
+    // Behind a damaged row the lists are read anew all the same: it may have been mended.
+    IgnoreErrors([&] { place.Target = ActiveTarget(); });
     return place;
 }
 
@@ -250,8 +219,7 @@ bool RouteFollowing::ReopenRoute(const Place& place, const std::string& name) {
     for (; !RoutesSet.Eof(); RoutesSet.MoveNext()) RouteNames.push_back(RoutesSet.Text("Name"));
     if (RouteNames.empty()) {
         cmbRoute.clear();
-        lblRoute.clear();
-        lblRemDist.clear();
+        lblRoute = lblRemDist = Readout::Blank();
         OpenPoints();
         return false;
     }
@@ -264,26 +232,30 @@ bool RouteFollowing::ReopenRoute(const Place& place, const std::string& name) {
     return isFound && RoutesSet.Get("RouteID") == place.RouteID;
 }
 
-void RouteFollowing::Activate() {
-    const Flagged reopening(activating);
+RouteReturn RouteFollowing::Activate() {
+    const Flagged reopening(movesItself);
+    RouteReturn found;
     const Place before = CurrentPlace();
     const std::string name = cmbRoute.empty() ? tRoute : cmbRoute;
     const bool isSame = ReopenRoute(before, name);
     if (RouteActive && !isSame) {
         // Another route than the one that was chosen must not lead on.
         SwitchOff();
-        owner.RouteGone(name);
+        found.Gone = name;
     }
     if (RoutePointsSet.RecordCount() == 0) SwitchOff();
     if (!state.HadPosition && OnPoint()) {
-        state.CurLat = ToDecimalDegrees(RoutePointsSet.Number("Lat"));
-        state.CurLong = ToDecimalDegrees(RoutePointsSet.Number("Long"));
+        found.Damage = ErrorOf([this] {
+            state.CurLat = ToDecimalDegrees(StoredLatitude(RoutePointsSet.Number("Lat")));
+            state.CurLong = ToDecimalDegrees(StoredLongitude(RoutePointsSet.Number("Long")));
+        });
+        if (found.Damage) return found;
     }
     ReturnTo(before);
     const Place now = CurrentPlace();
     if (!isSame || now.Nummer != before.Nummer || now.Points != before.Points) EnableSteps();
-    if (now.Target != before.Target) owner.TargetChosen();
-    RefreshRouteList();
+    found.IsAnotherTarget = now.Target != before.Target;
+    return found;
 }
 
 } // namespace ornivane

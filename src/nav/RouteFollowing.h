@@ -1,71 +1,86 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "common/Variablen.h"
+#include "base/LocaleText.h"
+#include "base/RuntimeError.h"
+#include "data/RoutePoints.h"
 #include "map/MapTransform.h"
 #include "nav/FlightState.h"
 #include "store/Recordset.h"
-#include "store/Statement.h"
 
 namespace ornivane {
 
-// What route following asks of the flying screen.
-class RouteFollowingOwner {
-public:
-    virtual ~RouteFollowingOwner() = default;
-    virtual void UpdateMap() = 0; // ignored inside a drawing pass
-    virtual void FocusMap() = 0;
-    virtual bool HasFix() const = 0;                     // the lamp of a fix shows
-    virtual double DistanceToTarget() const = 0;         // NM, at the last leg calculation
-    virtual void TargetChosen() = 0;                     // by hand, or it stands elsewhere now
-    virtual void RouteGone(const std::string& name) = 0; // the flown one was renamed or deleted
-    virtual std::string MapName() const = 0;             // of the active map, empty when there is none
+// What the controls of the route show. Members carry their names.
+struct RouteShown {
+    std::string cmbRoute;
+    std::vector<std::string> RouteNames;
+    std::string tRoute; // lies over cmbRoute, so that the arrow keys do not change the route by accident
+    bool picActivateGoto = false, picDF = false, Frame1 = false;
+    bool cmdNextEnabled = true, cmdPrevEnabled = true;
+    bool RowSelected = false; // the current row of gridWaypoints shows as selected
+    // The target of Direct Fly as DegMinValue; blank without one.
+    Readout lblLatx = Readout::Blank(), lblLongx = Readout::Blank();
+    Readout lblRoute = Readout::Blank(), lblRemDist = Readout::Blank(); // NM
+    bool operator==(const RouteShown&) const = default;
 };
 
-// The route that is flown, point by point, and the target of Direct Fly. Members carry the names of the
-// controls that show them.
-class RouteFollowing : private RecordsetObserver {
+// What a routine of the route leaves to its screen, to be done in this order.
+struct RouteEffects {
+    bool TargetChosen = false; // by the pilot
+    bool Redraw = false;
+    bool FocusMap = false;
+};
+
+// What coming back to the screen has found in the lists.
+struct RouteReturn {
+    std::optional<std::string> Gone;    // the flown route that was renamed or deleted: it is flown no longer
+    bool IsAnotherTarget = false;       // or it stands elsewhere now
+    std::optional<RuntimeError> Damage; // of the point at which the map opens; the first row is active then
+};
+
+// The route that is flown, point by point, and the target of Direct Fly.
+class RouteFollowing : public RouteShown, private RecordsetObserver {
 public:
-    RouteFollowing(Variablen& variablen, FlightState& state, RouteFollowingOwner& owner);
+    // `rowChosen`: the pilot has made another row the active point, in the grid or by a step button.
+    RouteFollowing(Connection& dataConn, FlightState& state, std::function<void()> rowChosen);
     ~RouteFollowing() override;
     RouteFollowing(const RouteFollowing&) = delete;
     RouteFollowing& operator=(const RouteFollowing&) = delete;
 
     void OpenRoutes(); // once, when the screen is loaded
-    void Activate();   // the screen is back in front: routes and points may have changed
+    // The screen is back in front: routes and points may have changed. The route list is to be refreshed.
+    [[nodiscard]] RouteReturn Activate();
 
-    void cmbRoute_Click(const std::string& name);
-    void cmdActivateGoto_Click();
-    void picActivateGoto_Click();
-    void cmdDirectFly_Click();
-    void picDF_Click();
-    void cmdNext_Click();
-    void cmdPrev_Click();
-    // Total and remaining distance of the route.
-    void RefreshRouteList();
+    // True when there are routes: another target is chosen, the route list to be refreshed, the map drawn.
+    [[nodiscard]] bool cmbRoute_Click(const std::string& name);
+    [[nodiscard]] RouteEffects cmdActivateGoto_Click();
+    [[nodiscard]] RouteEffects picActivateGoto_Click();
+    [[nodiscard]] RouteEffects cmdDirectFly_Click();
+    [[nodiscard]] RouteEffects picDF_Click();
+    [[nodiscard]] RouteEffects cmdNext_Click();
+    [[nodiscard]] RouteEffects cmdPrev_Click();
     // The clicked position becomes the target of Direct Fly while that is on.
-    void SetDirectTarget(const Position& position);
+    [[nodiscard]] RouteEffects SetDirectTarget(const Position& position);
+    // As cmdNext_Click, when the active point was passed: no choice of the pilot.
+    void PassPoint();
+    // Total and remaining distance of the route. `toTarget`: NM, what remains to the active point; none
+    // without a fix.
+    void RefreshRouteList(std::optional<double> toTarget);
 
-    // The active target in decimal degrees; false when there is none.
-    bool ActiveTarget(Position& target);
+    // That of Direct Fly as its labels show it, while that is on and has one.
+    std::optional<DegMin> DirectTarget() const;
+    // That of Direct Fly, or the active route point.
+    std::optional<Position> ActiveTarget() const;
     bool HasRoutes() const { return RoutesSet.IsOpen() && RoutesSet.RecordCount() > 0; }
 
     Recordset RoutesSet;
     Recordset RoutePointsSet; // the current row is the active route point
     bool RouteActive = false;
     bool GotoActive = false;
-
-    std::string cmbRoute;
-    std::vector<std::string> RouteNames;
-    std::string tRoute; // lies over cmbRoute, so that the arrow keys do not change the route by accident
-    bool picActivateGoto = false, picDF = false, Frame1 = false;
-    bool cmdNextEnabled = true, cmdPrevEnabled = true;
-    bool RowSelected = false;      // the current row of gridWaypoints shows as selected
-    std::string lblLatx, lblLongx; // DegMinValue as shown; empty without a target
-    std::string lblRoute, lblRemDist;
 
 private:
     void RowsReset() override {}
@@ -83,7 +98,7 @@ private:
 
     void OpenPoints();
     bool OnPoint() const;
-    Place CurrentPlace();
+    Place CurrentPlace() const;
     bool ReopenRoute(const Place& place, const std::string& name);
     void ReturnTo(const Place& place);
     void EnableSteps() { cmdNextEnabled = cmdPrevEnabled = true; }
@@ -91,11 +106,11 @@ private:
     void SwitchOff();
     void ClearTargetValues();
 
-    Variablen& shared;
+    Connection& dataConn;
     FlightState& state;
-    RouteFollowingOwner& owner;
-    Statement legs;
-    bool activating = false; // routes are reopened: the moves of their rows are no choices of the pilot
+    std::function<void()> rowChosen;
+    RoutePoints points;
+    bool movesItself = false; // the moves of the rows are no choices of the pilot
 };
 
 } // namespace ornivane

@@ -1,6 +1,7 @@
 #include "nav/TrackLogger.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/Numbers.h"
 #include "common/Date.h"
@@ -20,17 +21,16 @@ std::string TwoDigits(int number) {
 
 } // namespace
 
-TrackLogger::TrackLogger(Variablen& variablen, const FlightState& flightState, Timer& timer,
-                         const Clock& systemClock, TrackLoggerOwner& loggerOwner)
-    : shared(variablen), state(flightState), timeTrack(timer), clock(systemClock), owner(loggerOwner) {
-    timeTrack.OnTimer([this] { timeTrack_Timer(); });
-}
+TrackLogger::TrackLogger(const Language& languageOfNames, Connection& trackStore, Settings& programSettings,
+                         const FlightState& flightState, Timer& timer, const Clock& systemClock)
+    : language(languageOfNames), trackConn(trackStore), settings(programSettings), state(flightState),
+      timeTrack(timer), clock(systemClock), tracks(trackStore) {}
 
-int TrackLogger::Interval() const { return std::max(shared.TrackInterval, ShortestInterval); }
+int TrackLogger::Interval() const { return std::max(settings.TrackInterval, ShortestInterval); }
 
 void TrackLogger::ShowStopped() {
-    cmdRecord = !shared.TrackAuto;
-    cmdRecordAuto = shared.TrackAuto;
+    cmdRecord = !settings.TrackAuto;
+    cmdRecordAuto = settings.TrackAuto;
     picRecord = false;
 }
 
@@ -44,33 +44,26 @@ void TrackLogger::Stop() {
     ShowStopped();
 }
 
-bool TrackLogger::RecordingExists() const {
-    Recordset list;
-    list.Open(shared.TrackConn, "SELECT * FROM List WHERE \"Index\" = ?",
-              {static_cast<std::int64_t>(TrackIndex)});
-    return list.RecordCount() > 0;
-}
-
 void TrackLogger::Form_Activate() {
     timeTrack.SetInterval(0);
-    if (!shared.TrackEnabled || !shared.TrackConn.IsOpen()) {
+    if (!CanRecord()) {
         cmdRecord = cmdRecordAuto = picRecord = false;
         return;
     }
     ShowStopped();
-    if (shared.TrackAuto || !shared.TrackWasRunning || !TrackRecordset.IsOpen()) return;
-    if (!RecordingExists()) return; // deleted meanwhile: its samples would belong to no track
+    if (settings.TrackAuto || !settings.TrackWasRunning || TrackIndex == 0) return;
+    if (!tracks.Exists(TrackIndex)) return; // deleted meanwhile: its samples would belong to no track
     ShowRunning();
     timeTrack.SetInterval(Interval());
 }
 
 void TrackLogger::Form_Deactivate() {
-    shared.TrackWasRunning = IsRunning();
+    settings.TrackWasRunning = IsRunning();
     timeTrack.SetInterval(0);
 }
 
-void TrackLogger::ToggleTrackLog() {
-    if (!owner.HasFix() || (shared.TrackAuto && IsRunning())) return;
+void TrackLogger::ToggleTrackLog(bool hasFix) {
+    if (!hasFix || (settings.TrackAuto && IsRunning())) return;
     if (IsRunning())
         Stop();
     else
@@ -79,69 +72,57 @@ void TrackLogger::ToggleTrackLog() {
 
 std::string TrackLogger::RecordingName() const {
     const LocalTime now = clock.Now();
-    return TwoDigits(now.Day) + shared.Locale.ShortMonths[static_cast<std::size_t>(now.Month - 1)] +
+    return TwoDigits(now.Day) + language.Locale.ShortMonths[static_cast<std::size_t>(now.Month - 1)] +
            TwoDigits(now.Year) + " - " + ShortTime(now.Hour, now.Minute);
 }
 
 void TrackLogger::Start() {
-    try {
-        Recordset list;
-        // A name that no row has: the columns without reading the table.
-        list.Open(shared.TrackConn, "SELECT * FROM List WHERE NAME = ?", {std::string("****XXX****")});
-        list.AddNew();
-        list.Set("Name", RecordingName());
-        list.Update();
-        TrackIndex = static_cast<long>(list.Number("Index"));
-        TrackSampleCount = 0;
-        FitCount();
-        TrackRecordset.Open(shared.TrackConn, "SELECT * FROM Track WHERE \"Index\" = ?",
-                            {static_cast<std::int64_t>(TrackIndex)});
-    } catch (const RuntimeError&) {
-        ShowStopped();
-        throw;
-    }
+    RestoreOnError([this] { TrackIndex = static_cast<long>(tracks.Add(RecordingName())); },
+                   [this] { ShowStopped(); });
+    TrackSampleCount = 0;
+    FitCount();
     failing = false;
     timeTrack.SetInterval(Interval());
 }
 
-void TrackLogger::cmdRecord_Click() {
-    if (owner.HasFix()) {
-        if (cmdRecord) {
-            ShowRunning();
-            lblRecord = "0";
-        } else {
-            cmdRecord = true;
-            cmdRecordAuto = picRecord = false;
-        }
-        ToggleTrackLog();
+void TrackLogger::cmdRecord_Click(bool hasFix) {
+    if (!hasFix) return;
+    if (cmdRecord) {
+        ShowRunning();
+        lblRecord = "0";
+    } else {
+        cmdRecord = true;
+        cmdRecordAuto = picRecord = false;
     }
-    owner.FocusMap();
+    ToggleTrackLog(hasFix);
 }
 
-void TrackLogger::lblRecord_Click() {
-    shared.TrackAuto = false;
-    ToggleTrackLog();
-    owner.FocusMap();
-    // Last: a folder that cannot be written must not keep the recording from ending.
-    WriteTrackSettings(shared.ProgramFolder, {true, shared.TrackInterval / 1000, false});
+void TrackLogger::lblRecord_Click(bool hasFix) {
+    settings.TrackAuto = false;
+    ToggleTrackLog(hasFix);
 }
 
-void TrackLogger::SpeedReceived(double knots) {
-    if (!shared.TrackAuto || !shared.TrackEnabled || !shared.TrackConn.IsOpen()) return;
+void TrackLogger::SaveSettings() const {
+    WriteTrackSettings(settings.ProgramFolder, {true, settings.TrackInterval / 1000, false});
+}
+
+std::optional<RuntimeError> TrackLogger::ToTell(const std::optional<RuntimeError>& failure) {
+    return failure && !std::exchange(failing, true) ? failure : std::nullopt;
+}
+
+std::optional<RuntimeError> TrackLogger::SpeedReceived(double knots, bool hasFix) {
+    std::optional<RuntimeError> failure;
+    if (!settings.TrackAuto || !CanRecord()) return failure;
     if (knots > StartKnots && !IsRunning()) {
         lblRecord = "0";
         ShowRunning();
-        try {
-            ToggleTrackLog();
-        } catch (const RuntimeError& error) {
-            // The receiver's sentence goes on; the next speed tries again.
-            if (!failing) owner.LoggingFailed(error);
-            failing = true;
-        }
+        // The receiver's sentence goes on; the next speed tries again.
+        failure = ToTell(ErrorOf([&] { ToggleTrackLog(hasFix); }));
         if (!IsRunning()) ShowStopped();
     } else if (knots < StartKnots && IsRunning()) {
         Stop();
     }
+    return failure;
 }
 
 void TrackLogger::FitCount() {
@@ -150,42 +131,33 @@ void TrackLogger::FitCount() {
 }
 
 void TrackLogger::AddSample() {
-    TrackRecordset.AddNew();
-    TrackRecordset.Set("Index", static_cast<std::int64_t>(TrackIndex));
-    TrackRecordset.Set("Number", static_cast<std::int64_t>(TrackSampleCount));
-    TrackRecordset.Set("Lat", state.CurLat);
-    TrackRecordset.Set("Long", state.CurLong);
-    if (state.lblAlt != NoValue) {
-        const double height = ShownNumber(state.lblAlt);
-        TrackRecordset.Set("Height", state.AltInFeet ? height / FeetPerMetre : height); // metres
+    TrackPoint sample{TrackIndex, TrackSampleCount, {state.CurLat, state.CurLong}, {}, {}, {}};
+    if (state.lblAlt.HasNumber()) {
+        const double height = state.lblAlt.Number();
+        sample.Height = state.AltInFeet ? height / FeetPerMetre : height;
     }
-    TrackRecordset.Set("Date", DateText(DateOf(clock.Now())));
-    TrackRecordset.Set("Time", state.LabelTime);
-    TrackRecordset.Update();
+    sample.Date = DateText(DateOf(clock.Now()));
+    sample.Time = state.LabelTime;
+    tracks.AddPoint(sample);
 }
 
-void TrackLogger::timeTrack_Timer() {
-    if (!owner.HasFix()) {
+std::optional<RuntimeError> TrackLogger::timeTrack_Timer(bool hasFix) {
+    if (!hasFix) {
         Stop();
-        owner.LoggerChanged();
-        return;
+        return std::nullopt;
     }
     ++TrackSampleCount;
-    try {
-        AddSample();
-        failing = false;
-    } catch (const RuntimeError& error) {
-        TrackRecordset.CancelUpdate();
-        // A full disk: the next interval tries again, and the numbers go on without a gap.
+    const auto failure = ErrorOf([this] { AddSample(); });
+    // A full disk: the next interval tries again, and the numbers go on without a gap.
+    if (failure)
         --TrackSampleCount;
-        if (!failing) owner.LoggingFailed(error);
-        failing = true;
-    }
+    else
+        failing = false;
     if (picRecord) {
         FitCount();
         lblRecord = std::to_string(TrackSampleCount);
     }
-    owner.LoggerChanged();
+    return ToTell(failure);
 }
 
 } // namespace ornivane

@@ -11,6 +11,8 @@ namespace ornivane {
 
 namespace {
 
+constexpr const char* WholeAirspeed = "000";
+
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 // Three places, those without a digit shown as "-".
@@ -54,7 +56,7 @@ void WindCalculator::KeyUp(int keyCode) {
 
 WindCalculator::TrueAirspeed WindCalculator::TasAt(double altitudeFeet) const {
     const double percent = altitudeFeet / (altitudeFeet > 30000 ? 500 : 600);
-    const double ias = NumberIn(lblIAS);
+    const double ias = NumberAsShown(airspeed, WholeAirspeed);
     return {ias + ias * percent / 100, ias + ias * (percent + 2) / 100, ias + ias * (percent - 2) / 100};
 }
 
@@ -69,20 +71,15 @@ void WindCalculator::UpdateTAS(double altitudeFeet) {
     lblIASToolTip = IsComplete() ? " " + TasText(TasAt(altitudeFeet)) + " " : std::string();
 }
 
-double WindCalculator::ShownFeet() const {
-    const double height = ShownNumber(state.lblAlt);
-    return state.AltInFeet ? height : CutToFifteenDigits(height * FeetPerMetre);
-}
-
 void WindCalculator::SpeedUnitChanged() {
     const double factor = state.SpeedInKnots ? 1 / KilometresPerNauticalMile : KilometresPerNauticalMile;
     windSpeed *= factor;
     if (windSpeed != 0) ShowWind();
     if (!IsComplete()) return;
     airspeed *= factor;
-    lblIAS = Format(airspeed, "000", locale);
+    lblIAS = Format(airspeed, WholeAirspeed, locale);
     if (lblIAS.size() > 3) lblIAS = NoValue;
-    if (!lblIASToolTip.empty()) UpdateTAS(ShownFeet());
+    if (!lblIASToolTip.empty()) UpdateTAS(state.ShownFeet());
 }
 
 void WindCalculator::ShowWind() {
@@ -92,13 +89,13 @@ void WindCalculator::ShowWind() {
 }
 
 void WindCalculator::UpdateWind() {
-    if (state.lblSpeed == NoValue || state.lblBearing == NoValue) return;
-    const TrueAirspeed values = TasAt(ShownFeet());
+    if (!state.lblSpeed.HasNumber() || !state.lblBearing.HasNumber()) return;
+    const TrueAirspeed values = TasAt(state.ShownFeet());
     lblIASToolTip = TasText(values);
 
     const double tas = values.Isa;
-    const double groundSpeed = NumberIn(state.lblSpeed);
-    const double heading = NumberIn(lblHeading), track = NumberIn(state.lblBearing);
+    const double groundSpeed = state.lblSpeed.Number();
+    const double heading = NumberIn(lblHeading), track = state.lblBearing.Number();
     double drift = track - heading;
     // Only this wrap is made; beyond +300 the cosine is the same and the side follows the sign.
     if (drift < -300) drift += 360;
@@ -113,13 +110,12 @@ void WindCalculator::UpdateWind() {
     ShowWind();
     if (windSpeed == 0) return;
     arrow = direction - heading;
-    hasArrow = true;
     RedrawArrow();
 }
 
 void WindCalculator::RedrawArrow() {
     picWind.Cls();
-    if (hasArrow) DrawArrow(arrow);
+    if (arrow) DrawArrow(*arrow);
     picWind.Refresh();
 }
 

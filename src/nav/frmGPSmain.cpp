@@ -47,7 +47,7 @@ frmGPSmain::frmGPSmain(const FlyingFormServices& formServices)
     layout->setRowStretch(0, 1);
     MakeMap(*layout);
     MakeBottom(*layout);
-    instruments = new frmInstrumentPanel(this, services.Shared, services.Guard);
+    instruments = new frmInstrumentPanel(this, services.Shared, services.Shared, services.Guard);
     wind = new frmWindPanel(this, services.Shared, services.Guard);
     record = new frmRecordPanel(this, services.Shared, services.Guard, services.Notices);
     MakeScreen();
@@ -56,7 +56,7 @@ frmGPSmain::frmGPSmain(const FlyingFormServices& formServices)
     ApplyLanguage();
 }
 
-// The logic draws on the surfaces, and the other controls speak to the logic: so it comes between them.
+// After the surfaces, which the logic draws on, and before the controls that call the logic.
 void frmGPSmain::MakeScreen() {
     progress = std::make_unique<QtProgress>(*progBar);
     screen = std::make_unique<FlyingScreen>(
@@ -65,14 +65,16 @@ void frmGPSmain::MakeScreen() {
                           instruments->Surface(), wind->Surface(), *progress, services.Messages,
                           services.Notices},
         [this] { ShowState(); },
-        [this] {
+        [this](FocusBy by) {
             // A route point that is passed is no press of a button: what is being typed keeps its keys.
-            if (!screen->Pass.IsRunning() || !IsTyping()) picMap->setFocus();
+            if (by == FocusBy::Hand || !IsTyping()) picMap->setFocus();
         });
     instruments->Attach(
         screen->Instruments, screen->Qnh, [this] { picMap->setFocus(); }, [this] { ShowState(); });
     wind->Attach(screen->Wind);
-    record->Attach(screen->Logger, [this] { ShowState(); });
+    record->Attach(
+        screen->Logger, [this] { screen->cmdRecord_Click(); }, [this] { screen->picRecord_Click(); },
+        [this] { ShowState(); });
 }
 
 frmGPSmain::~frmGPSmain() = default;
@@ -86,7 +88,12 @@ LampButton* frmGPSmain::Lamp(const char* name, const char* icon, const std::func
     return button;
 }
 
-// Also an event that ends in an error has changed something: what it did shows.
+LampButton* frmGPSmain::Switch(const char* name, const char* icon, const bool& isOn, Routine on,
+                               Routine off) {
+    return Lamp(name, icon, [this, &isOn, on, off] { (screen.get()->*(isOn ? off : on))(); });
+}
+
+// An event that ends in an error may have changed something before it: the state is shown in any case.
 void frmGPSmain::Click(const std::function<void()>& event) {
     services.Guard.Run(event);
     ShowState();
@@ -122,21 +129,12 @@ void frmGPSmain::MakeLinkButtons(QBoxLayout& layout) {
         picGPSCheck[static_cast<std::size_t>(i)] = lamp;
     }
     row->addLayout(gps, 1);
-    cmdKartezentrieren = Lamp("cmdKartezentrieren", "centre", [this] {
-        if (screen->Map.picKartezentrieren)
-            screen->Map.picKartezentrieren_Click();
-        else
-            screen->Map.cmdKartezentrieren_Click();
-        picMap->setFocus();
-    });
+    cmdKartezentrieren =
+        Switch("cmdKartezentrieren", "centre", screen->Map.picKartezentrieren,
+               &FlyingScreen::cmdKartezentrieren_Click, &FlyingScreen::picKartezentrieren_Click);
     row->addWidget(cmdKartezentrieren, 1);
-    cmdMapScroll = Lamp("cmdMapScroll", "mapscroll", [this] {
-        if (screen->Ring.PicMapScroll)
-            screen->Ring.PicMapScroll_Click();
-        else
-            screen->Ring.cmdMapScroll_Click();
-        picMap->setFocus(); // the space bar steps through the charts now
-    });
+    cmdMapScroll = Switch("cmdMapScroll", "mapscroll", screen->Ring.PicMapScroll,
+                          &FlyingScreen::cmdMapScroll_Click, &FlyingScreen::PicMapScroll_Click);
     row->addWidget(cmdMapScroll, 1);
     row->addWidget(record, 1);
     cmdSet = Lamp("cmdSet", "settings", [this] { ShowPanel(!frmSet->isVisible()); });
@@ -146,7 +144,7 @@ void frmGPSmain::MakeLinkButtons(QBoxLayout& layout) {
 
 void frmGPSmain::MakeReadouts(QBoxLayout& layout) {
     const auto readout = [this](const char* value, const char* unit, ReadoutLabel::Size size) {
-        return new ReadoutLabel(value, unit, size, this);
+        return new ReadoutLabel({value, unit}, size, this);
     };
     speed = readout("lblSpeed", "lblSpeedmode", ReadoutLabel::Size::Large);
     bearing = readout("lblBearing", "lblBearingUnit", ReadoutLabel::Size::Large);
@@ -198,7 +196,7 @@ void frmGPSmain::MakeRouteList(QBoxLayout& layout) {
     OpenByEnter(*cmbRoute);
     cmbRoute->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     connect(cmbRoute, &QComboBox::activated, this, [this](int index) {
-        Click([&] { screen->Route.cmbRoute_Click(cmbRoute->itemText(index).toStdString()); });
+        Click([&] { screen->cmbRoute_Click(cmbRoute->itemText(index).toStdString()); });
         picMap->setFocus();
     });
     head->addWidget(cmbRoute, 1);
@@ -233,20 +231,12 @@ void frmGPSmain::MakeRouteList(QBoxLayout& layout) {
 void frmGPSmain::MakeRouteButtons(QBoxLayout& layout) {
     auto* row = new QHBoxLayout;
     row->setSpacing(6);
-    cmdPrev = Lamp("cmdPrev", "previous", [this] { screen->Route.cmdPrev_Click(); });
-    cmdNext = Lamp("cmdNext", "next", [this] { screen->Route.cmdNext_Click(); });
-    cmdActivateGoto = Lamp("cmdActivateGoto", "activate", [this] {
-        if (screen->Route.picActivateGoto)
-            screen->Route.picActivateGoto_Click();
-        else
-            screen->Route.cmdActivateGoto_Click();
-    });
-    cmdDirectFly = Lamp("cmdDirectFly", "directfly", [this] {
-        if (screen->Route.picDF)
-            screen->Route.picDF_Click();
-        else
-            screen->Route.cmdDirectFly_Click();
-    });
+    cmdPrev = Lamp("cmdPrev", "previous", [this] { screen->cmdPrev_Click(); });
+    cmdNext = Lamp("cmdNext", "next", [this] { screen->cmdNext_Click(); });
+    cmdActivateGoto = Switch("cmdActivateGoto", "activate", screen->Route.picActivateGoto,
+                             &FlyingScreen::cmdActivateGoto_Click, &FlyingScreen::picActivateGoto_Click);
+    cmdDirectFly = Switch("cmdDirectFly", "directfly", screen->Route.picDF, &FlyingScreen::cmdDirectFly_Click,
+                          &FlyingScreen::picDF_Click);
     for (LampButton* button : {cmdPrev, cmdNext, cmdActivateGoto, cmdDirectFly}) row->addWidget(button, 1);
     layout.addLayout(row);
 }
@@ -257,12 +247,8 @@ void frmGPSmain::Form_Activate() {
         loaded = true;
     }
     PlaceOverMap();
-    try {
-        screen->Form_Activate();
-    } catch (...) {
-        ApplyLanguage(); // what could be read shows all the same
-        throw;
-    }
+    // What could be read shows all the same.
+    RestoreOnError([this] { screen->Form_Activate(); }, [this] { ApplyLanguage(); });
     ApplyLanguage();
 }
 
@@ -289,17 +275,13 @@ void frmGPSmain::ShowState() {
 }
 
 void frmGPSmain::ShowLink() {
-    const GpsLink& link = screen->Link;
-    bool isOn = false;
-    for (std::size_t i = 0; i < picGPSCheck.size(); ++i) {
-        picGPSCheck[i]->setVisible(link.picGPSCheck[i].Visible);
-        isOn = isOn || link.picGPSCheck[i].Visible;
-    }
-    cmdGPS->setVisible(!isOn);
+    const GpsLink::Signs link = screen->Link.Shown();
+    for (std::size_t i = 0; i < picGPSCheck.size(); ++i) picGPSCheck[i]->setVisible(link.picGPSCheck == i);
+    cmdGPS->setVisible(!link.picGPSCheck);
     ShowLinkToolTips();
-    lblStatus->setText(Q(link.lblStatus.Caption));
+    lblStatus->setText(Q(link.lblStatus));
     lblStatus->adjustSize();
-    lblStatus->setVisible(link.lblStatus.Visible);
+    lblStatus->setVisible(!link.lblStatus.empty());
     if (link.Hourglass)
         setCursor(Qt::WaitCursor);
     else
@@ -307,11 +289,11 @@ void frmGPSmain::ShowLink() {
 }
 
 void frmGPSmain::ShowLinkToolTips() {
-    const GpsLink& link = screen->Link;
-    const std::string heard = link.LinkToolTip();
+    const GpsLink::Signs link = screen->Link.Shown();
+    const std::string heard = screen->Link.LinkToolTip();
     const QString more = heard.empty() ? QString() : "\n" + Q(heard);
     for (std::size_t i = 0; i < picGPSCheck.size(); ++i) {
-        const QString satellites = Q(link.picGPSCheck[i].ToolTip);
+        const QString satellites = Q(link.ToolTips[i]);
         picGPSCheck[i]->setToolTip((satellites.isEmpty() ? lampTips[i] : satellites) + more);
     }
     cmdGPS->setToolTip(connectTip + more);
@@ -319,15 +301,16 @@ void frmGPSmain::ShowLinkToolTips() {
 
 void frmGPSmain::ShowReadouts() {
     const FlightState& s = screen->State;
-    speed->Show(Q(s.lblSpeed), Q(s.lblSpeedmode));
-    bearing->Show(Q(s.lblBearing), "°");
-    altitude->Show(Q(s.lblAlt), Q(s.lblAltmode));
+    const LocaleText& locale = services.Shared.Locale;
+    speed->Show(s.lblSpeed, locale);
+    bearing->Show(s.lblBearing, locale);
+    altitude->Show(s.lblAlt, locale);
     lblLat->setText(Q(s.lblLat));
     lblLong->setText(Q(s.lblLong));
-    distance->Show(Q(s.lblDistanz));
-    course->Show(Q(s.lblTrueBearing));
+    distance->Show(Q(s.lblDistanz.TextWithUnit(locale)));
+    course->Show(Q(s.lblTrueBearing.TextWithUnit(locale)));
     time->Show(Q(s.lblTime));
-    remaining->Show(Q(screen->Route.lblRemDist));
+    remaining->Show(Q(screen->Route.lblRemDist.TextWithUnit(locale)));
 }
 
 void frmGPSmain::ShowMapControls() {
@@ -335,13 +318,13 @@ void frmGPSmain::ShowMapControls() {
     SlideMap->setValue(map.SlideMap);
     SlideMap->setEnabled(map.HasMap());
     FillCombo(*cmbMaps, map.MapNames, map.cmbMaps);
-    lblNoMap->setVisible(loaded && !map.HasMap()); // before that nobody knows
+    lblNoMap->setVisible(loaded && !map.HasMap()); // before that no chart was tried
     if (!map.HasMap()) lblNoMap->setText(WhyNoMap());
     cmdKartezentrieren->SetLit(map.picKartezentrieren);
     cmdSet->SetLit(frmSet->isVisible());
     cmdshowRoute->SetLit(screen->Flags.ShowRoute);
     cmdWayInfo->SetLit(screen->Flags.ShowNames);
-    cmdShowPoints->SetLit(screen->Pass.picShowPoints);
+    cmdShowPoints->SetLit(screen->picShowPoints);
     const DisplayFlags& flags = screen->Flags;
     airspaceButton->ShowStage(flags.ShowAirspace, flags.ShowAirspaceText);
     cmdPR->SetLit(flags.ShowPatterns);
@@ -369,14 +352,14 @@ void frmGPSmain::ShowRoute() {
     FillCombo(*cmbRoute, route.RouteNames, route.cmbRoute);
     cmbRoute->setEnabled(!route.RouteNames.empty());
     tRoute->setText(Q(route.tRoute));
-    lblRoute->setText(route.lblRoute.empty() ? QString() : Q(route.lblRoute) + " NM");
+    lblRoute->setText(Q(route.lblRoute.TextWithUnit(services.Shared.Locale)));
     cmdActivateGoto->SetLit(route.picActivateGoto);
     cmdDirectFly->SetLit(route.picDF);
     cmdNext->setEnabled(route.cmdNextEnabled);
     cmdPrev->setEnabled(route.cmdPrevEnabled);
     Frame1->setVisible(route.Frame1);
-    lblLatx->setText(Q(route.lblLatx));
-    lblLongx->setText(Q(route.lblLongx));
+    lblLatx->setText(Q(route.lblLatx.Text(services.Shared.Locale)));
+    lblLongx->setText(Q(route.lblLongx.Text(services.Shared.Locale)));
     lblLatx->setVisible(route.GotoActive);
     lblLongx->setVisible(route.GotoActive);
     if (route.RowSelected)

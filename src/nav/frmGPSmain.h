@@ -86,6 +86,9 @@ private:
     void MakeStageButtons(QBoxLayout& layout);
     void MakeScreen();
     LampButton* Lamp(const char* name, const char* icon, const std::function<void()>& click);
+    using Routine = void (FlyingScreen::*)();
+    // A lamp that switches: `off` while it is on, else `on`.
+    LampButton* Switch(const char* name, const char* icon, const bool& isOn, Routine on, Routine off);
 
     void MapPressed(QPointF at, Qt::MouseButton button);
     void MapMoved(QPointF at, Qt::MouseButtons held);

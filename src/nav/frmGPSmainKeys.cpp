@@ -81,7 +81,8 @@ bool frmGPSmain::eventFilter(QObject* watched, QEvent* event) {
     return Screen::eventFilter(watched, event);
 }
 
-// While the list has the focus, its name stands on a dashed plate: it is not the arrow keys that choose here.
+// While the list has the focus, a label with a dashed frame covers its text: the arrow keys do not choose
+// here.
 void frmGPSmain::ShowRouteMask(bool visible) {
     constexpr int arrow = 34; // pixels of the list's own arrow, which stays in sight
     tRoute->setGeometry(0, 0, cmbRoute->width() - arrow, cmbRoute->height());
@@ -96,7 +97,7 @@ void frmGPSmain::keyReleaseEvent(QKeyEvent* event) {
     if (!HandleKeyUp(*event)) Screen::keyReleaseEvent(event);
 }
 
-// A key whose press went to another window is let go there, or its press was: neither half counts here.
+// A key that is pressed here and released in another window, or the other way round, does nothing here.
 bool frmGPSmain::event(QEvent* event) {
     if (event->type() == QEvent::WindowDeactivate || event->type() == QEvent::Hide) pressedKeys.clear();
     return Screen::event(event);
@@ -113,7 +114,7 @@ bool frmGPSmain::IsTyping() const {
     return qobject_cast<const QLineEdit*>(focus) || qobject_cast<const QAbstractSpinBox*>(focus);
 }
 
-// What lies open over the map goes, the entry of a name or a course before the panel of switches.
+// Closes what is open over the map: the entry of a name or a course first, then the panel of switches.
 bool frmGPSmain::CloseEntry() {
     if (screen->IsEntering()) {
         instruments->CancelEntry();
@@ -127,14 +128,14 @@ bool frmGPSmain::CloseEntry() {
 
 bool frmGPSmain::HandleKey(const QKeyEvent& event) {
     if (LeadsOn(event.key())) return false;
-    // Held since before it came here: its press was meant for an entry or a message that is gone now.
+    // A repeat without a press here: the press was meant for an entry or a message that is closed now.
     if (event.isAutoRepeat() && !pressedKeys.contains(event.key())) return true;
     if (event.key() == Qt::Key_Escape && CloseEntry()) return true;
     if (screen->IsEntering()) return true; // nothing else happens, wherever the keys are
     pressedKeys.insert(event.key());
-    const auto step = [&](void (RouteFollowing::*to)()) {
+    const auto step = [&](void (FlyingScreen::*to)()) {
         // A key that is held would run through the route to its end.
-        if (!event.isAutoRepeat()) services.Guard.Run([this, to] { (screen->Route.*to)(); });
+        if (!event.isAutoRepeat()) services.Guard.Run([this, to] { (screen.get()->*to)(); });
     };
     switch (event.key()) {
     case Qt::Key_Up:
@@ -144,13 +145,13 @@ bool frmGPSmain::HandleKey(const QKeyEvent& event) {
         services.Guard.Run([this] { screen->StepZoom(-KeyZoomStep); });
         break;
     case Qt::Key_Right:
-        step(&RouteFollowing::cmdNext_Click);
+        step(&FlyingScreen::cmdNext_Click);
         break;
     case Qt::Key_Left:
-        step(&RouteFollowing::cmdPrev_Click);
+        step(&FlyingScreen::cmdPrev_Click);
         break;
     case Qt::Key_Space:
-        if (!event.isAutoRepeat()) services.Guard.Run([this] { screen->Ring.Step(); });
+        if (!event.isAutoRepeat()) services.Guard.Run([this] { screen->StepRing(); });
         break;
     default:
         return IsEntry(event); // taken when it is let go

@@ -68,7 +68,7 @@ void frmGPSmain::MakeBottom(QGridLayout& layout) {
     SlideMap->installEventFilter(this);
     services.Guard.Connect(SlideMap, &ZoomSlider::valueChanged, [this](int value) {
         if (showing || !screen->Map.HasMap()) return;
-        screen->Map.SetSlide(value);
+        screen->SetSlide(value);
         ShowState();
     });
     row->addWidget(SlideMap, 2);
@@ -80,7 +80,7 @@ void frmGPSmain::MakeBottom(QGridLayout& layout) {
     cmbMaps->setMinimumWidth(130);
     cmbMaps->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     connect(cmbMaps, &QComboBox::activated, this, [this](int index) {
-        Click([&] { screen->Map.cmbMaps_Click(cmbMaps->itemText(index).toStdString()); });
+        Click([&] { screen->cmbMaps_Click(cmbMaps->itemText(index).toStdString()); });
         picMap->setFocus();
     });
     row->addWidget(cmbMaps, 2);
@@ -96,7 +96,7 @@ void frmGPSmain::MakeTarget(QBoxLayout& layout) {
     values->setContentsMargins(0, 0, 0, 0);
     values->setSpacing(5);
     const auto readout = [&](const char* value, const char* unit, int width) {
-        auto* label = new ReadoutLabel(value, unit, ReadoutLabel::Size::Medium, Frame1);
+        auto* label = new ReadoutLabel({value, unit}, ReadoutLabel::Size::Medium, Frame1);
         label->setFixedWidth(width); // the longest value that can come
         values->addWidget(label);
         return label;
@@ -121,14 +121,8 @@ void frmGPSmain::MakePanel() {
     column->setSpacing(6);
     cmdshowRoute = Lamp("cmdshowRoute", "route", [this] { screen->SetShowRoute(!screen->Flags.ShowRoute); });
     cmdWayInfo = Lamp("cmdWayInfo", "names", [this] { screen->SetShowNames(!screen->Flags.ShowNames); });
-    cmdShowPoints = Lamp("cmdShowPoints", "routepoints", [this] {
-        if (screen->Pass.picShowPoints) {
-            screen->Pass.picShowPoints = false;
-            screen->UpdateMap();
-        } else {
-            screen->Pass.cmdShowPoints_Click();
-        }
-    });
+    cmdShowPoints = Switch("cmdShowPoints", "routepoints", screen->picShowPoints,
+                           &FlyingScreen::cmdShowPoints_Click, &FlyingScreen::picShowPoints_Click);
     for (LampButton* button : {cmdshowRoute, cmdWayInfo, cmdShowPoints}) {
         button->setMinimumWidth(190);
         column->addWidget(button);
@@ -171,7 +165,7 @@ void frmGPSmain::MakeStageButtons(QBoxLayout& layout) {
 void frmGPSmain::MapPressed(QPointF at, Qt::MouseButton button) {
     picMap->setFocus();
     if (button == Qt::RightButton) screen->SetDirectTarget({at.x(), at.y()});
-    if (button == Qt::LeftButton) screen->Ring.Step();
+    if (button == Qt::LeftButton) screen->StepRing();
     ShowState();
     dragging = button == Qt::LeftButton && screen->Map.HasMap() && screen->Map.CanPan();
     drag = at;
@@ -179,7 +173,7 @@ void frmGPSmain::MapPressed(QPointF at, Qt::MouseButton button) {
 
 void frmGPSmain::MapMoved(QPointF at, Qt::MouseButtons held) {
     if (!dragging || !(held & Qt::LeftButton)) return;
-    screen->Map.Pan(at.x() - drag.x(), at.y() - drag.y());
+    screen->Pan(at.x() - drag.x(), at.y() - drag.y());
     drag = at;
 }
 

@@ -59,9 +59,9 @@ QString frmGPSmain::WhyNoMap() const {
 }
 
 void frmGPSmain::ApplyToolTips() {
-    const QString device = QString::fromStdString(services.Ports.Description(screen->Link.ComPort));
+    const QString device = QString::fromStdString(services.Ports.Description(screen->Com.ComPort));
     connectTip = Text("Mit dem GPS-Empfänger an COM %1 verbinden", "Connect to the GPS receiver on COM %1")
-                     .arg(screen->Link.ComPort) +
+                     .arg(screen->Com.ComPort) +
                  (device.isEmpty() ? device : "\n" + device);
     const std::pair<QWidget*, QString> tips[] = {
         {picMap, Text("Karte: ziehen verschiebt, Pfeiltasten auf/ab ändern den Maßstab",

@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QLineEdit>
 
+#include "base/RuntimeError.h"
 #include "common/Qnh.h"
 #include "platform/qt/Events.h"
 
@@ -23,8 +24,9 @@ QString Q(const std::string& text) { return QString::fromStdString(text); }
 
 } // namespace
 
-frmInstrumentPanel::frmInstrumentPanel(QWidget* parent, const Variablen& variablen, EventGuard& eventGuard)
-    : QWidget(parent), shared(variablen), guard(eventGuard) {
+frmInstrumentPanel::frmInstrumentPanel(QWidget* parent, const Language& languageOfTexts,
+                                       const DayQnh& qnhOfDay, EventGuard& eventGuard)
+    : QWidget(parent), language(languageOfTexts), dayQnh(qnhOfDay), guard(eventGuard) {
     Picture1.Load(":/icons/compass.svg");
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
@@ -122,12 +124,7 @@ void frmInstrumentPanel::Do(const std::function<void()>& event) {
         stateChanged();
         if (wasEntering && !IsEntering()) entryDone();
     };
-    try {
-        event();
-    } catch (...) {
-        show(); // what it did before the error
-        throw;
-    }
+    RestoreOnError(event, show); // what it did before an error shows as well
     show();
 }
 
@@ -147,7 +144,7 @@ void frmInstrumentPanel::Pressed(Qt::MouseButton button) {
 // With the value that holds, to be typed over.
 void frmInstrumentPanel::AskQnh() {
     Do([this] { qnh->lblQNH_Click(); });
-    tEnterQNH->setText(Q(QnhText(shared)));
+    tEnterQNH->setText(Q(QnhText(dayQnh)));
     tEnterQNH->selectAll();
     tEnterQNH->setFocus();
 }
@@ -213,12 +210,11 @@ void frmInstrumentPanel::ShowEntry(QFrame& entry, QLineEdit& field, bool visible
 }
 
 void frmInstrumentPanel::ShowState(bool qnhShows, Colour qnhGround) {
-    const bool isHsi = instrument->InstrumentMode == "HSI";
+    const bool isHsi = instrument->InstrumentMode == DialMode::Hsi;
     const QString station = Q(instrument->lblVOR1.empty() ? NoValue : instrument->lblVOR1);
     lblVOR1->setText(lblVOR1->fontMetrics().elidedText(station, Qt::ElideRight, 2 * CornerWidth - 20));
     lblVOR1->setVisible(instrument->StationShows);
-    const std::string& distance = instrument->lbldistVOR;
-    lbldistVOR->setText(Q(distance == NoValue ? distance : distance + " NM"));
+    lbldistVOR->setText(Q(instrument->lbldistVOR.TextWithUnit(language.Locale)));
     lbldistVOR->setVisible(instrument->StationShows);
     lblKurs->setText(instrument->lblKurs.empty() ? Q(NoValue) : Q(instrument->lblKurs) + "°");
     lblKurs->setVisible(isHsi);
@@ -236,7 +232,7 @@ void frmInstrumentPanel::ShowState(bool qnhShows, Colour qnhGround) {
 }
 
 QString frmInstrumentPanel::Text(const char* german, const char* english) const {
-    return QString::fromUtf8(shared.Text(german, english));
+    return QString::fromUtf8(language.Text(german, english));
 }
 
 void frmInstrumentPanel::ApplyLanguage() {

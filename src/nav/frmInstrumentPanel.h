@@ -22,13 +22,14 @@ class frmInstrumentPanel : public QWidget {
     Q_OBJECT
 
 public:
-    frmInstrumentPanel(QWidget* parent, const Variablen& shared, EventGuard& guard);
+    frmInstrumentPanel(QWidget* parent, const Language& languageOfTexts, const DayQnh& qnhOfDay,
+                       EventGuard& eventGuard);
 
     PictureSurface& Surface() { return Kurskreisel->Surface(); }
     const Picture& Card() const { return Picture1; }
     // Before anything is shown. `done`: an entry has ended, the keys go back to the map; `changed`: show the
     // state.
-    void Attach(Instrument& instrument, QnhReadout& qnh, std::function<void()> done,
+    void Attach(Instrument& toShow, QnhReadout& qnhToShow, std::function<void()> done,
                 std::function<void()> changed);
 
     // Escape, wherever the keys are: an open entry closes and takes nothing.
@@ -53,7 +54,8 @@ private:
     void Do(const std::function<void()>& event);
     QString Text(const char* german, const char* english) const;
 
-    const Variablen& shared;
+    const Language& language;
+    const DayQnh& dayQnh;
     EventGuard& guard;
     Instrument* instrument = nullptr;
     QnhReadout* qnh = nullptr;

@@ -16,17 +16,19 @@ constexpr int WidestCount = 160; // of the button; the count has 100 to 150 of t
 
 } // namespace
 
-frmRecordPanel::frmRecordPanel(QWidget* parent, const Variablen& variablen, EventGuard& eventGuard,
+frmRecordPanel::frmRecordPanel(QWidget* parent, const Language& languageOfTexts, EventGuard& eventGuard,
                                Notice& noticeBar)
-    : QWidget(parent), shared(variablen), guard(eventGuard), notices(noticeBar) {
+    : QWidget(parent), language(languageOfTexts), guard(eventGuard), notices(noticeBar) {
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(0, 0, 0, 0);
-    cmdRecord = Stage("cmdRecord", "record", [this] { logger->cmdRecord_Click(); });
-    cmdRecordAuto = Stage("cmdRecordAuto", "record-auto", [this] {
-        notices.Show(shared.Text("Die Aufzeichnung beginnt von selbst über 30 kts (Einstellungen).",
-                                 "Recording starts by itself above 30 kts (Settings)."));
+    cmdRecord = Stage("cmdRecord", [this] { begin(); });
+    cmdRecordAuto = Stage("cmdRecordAuto", [this] {
+        notices.Show(language.Text("Die Aufzeichnung beginnt von selbst über 30 kts (Einstellungen).",
+                                   "Recording starts by itself above 30 kts (Settings)."));
     });
-    picRecord = Stage("picRecord", "", [this] { logger->picRecord_Click(); });
+    picRecord = Stage("picRecord", [this] { end(); });
+    cmdRecord->SetIcon(":/icons/record.svg");
+    cmdRecordAuto->SetIcon(":/icons/record-auto.svg");
     picRecord->SetLit(true);
     picRecord->SetLamp(QColor(0xFF2020));
     lblRecord = new FittedText(LargestCount, picRecord);
@@ -38,10 +40,9 @@ frmRecordPanel::frmRecordPanel(QWidget* parent, const Variablen& variablen, Even
     inside->addWidget(lblRecord, 0, 0, Qt::AlignHCenter | Qt::AlignBottom);
 }
 
-LampButton* frmRecordPanel::Stage(const char* name, const char* icon, const std::function<void()>& click) {
+LampButton* frmRecordPanel::Stage(const char* name, const std::function<void()>& click) {
     auto* button = new LampButton(this);
     button->setObjectName(name);
-    if (*icon) button->SetIcon(QString(":/icons/%1.svg").arg(icon));
     button->setFocusPolicy(Qt::TabFocus);
     connect(button, &QAbstractButton::clicked, this, [this, click] {
         guard.Run(click);
@@ -52,8 +53,11 @@ LampButton* frmRecordPanel::Stage(const char* name, const char* icon, const std:
     return button;
 }
 
-void frmRecordPanel::Attach(TrackLogger& toShow, std::function<void()> changed) {
+void frmRecordPanel::Attach(const TrackLoggerShown& toShow, std::function<void()> onBegin,
+                            std::function<void()> onEnd, std::function<void()> changed) {
     logger = &toShow;
+    begin = std::move(onBegin);
+    end = std::move(onEnd);
     stateChanged = std::move(changed);
 }
 
@@ -69,7 +73,7 @@ void frmRecordPanel::ShowState() {
 
 void frmRecordPanel::ApplyLanguage() {
     const auto text = [this](const char* german, const char* english) {
-        return QString::fromUtf8(shared.Text(german, english));
+        return QString::fromUtf8(language.Text(german, english));
     };
     cmdRecord->setToolTip(
         text("Track aufzeichnen; braucht einen GPS-Fix", "Record the track; needs a GPS fix"));

@@ -18,20 +18,23 @@ class frmRecordPanel : public QWidget {
     Q_OBJECT
 
 public:
-    frmRecordPanel(QWidget* parent, const Variablen& shared, EventGuard& guard, Notice& notices);
+    frmRecordPanel(QWidget* parent, const Language& languageOfTexts, EventGuard& eventGuard,
+                   Notice& noticeBar);
 
-    void Attach(TrackLogger& logger, std::function<void()> changed);
+    // `onBegin` and `onEnd`: the pilot's clicks; `changed`: show the state.
+    void Attach(const TrackLoggerShown& toShow, std::function<void()> onBegin, std::function<void()> onEnd,
+                std::function<void()> changed);
     void ShowState();
     void ApplyLanguage();
 
 private:
-    LampButton* Stage(const char* name, const char* icon, const std::function<void()>& click);
+    LampButton* Stage(const char* name, const std::function<void()>& click);
 
-    const Variablen& shared;
+    const Language& language;
     EventGuard& guard;
     Notice& notices;
-    TrackLogger* logger = nullptr;
-    std::function<void()> stateChanged;
+    const TrackLoggerShown* logger = nullptr;
+    std::function<void()> begin, end, stateChanged;
     LampButton *cmdRecord = nullptr, *cmdRecordAuto = nullptr, *picRecord = nullptr;
     FittedText* lblRecord = nullptr;
 };

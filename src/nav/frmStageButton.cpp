@@ -19,7 +19,7 @@ frmStageButton::frmStageButton(QWidget* parent, EventGuard& guard, const char* i
         button->SetIcon(QString(":/icons/%1.svg").arg(icon));
         button->setFocusPolicy(Qt::TabFocus);
         button->SetLit(i > 0);
-        button->SetStage(static_cast<int>(i), 2);
+        button->SetStage({static_cast<int>(i), 2});
         guard.Connect(button, &QAbstractButton::clicked, [click = stages[i].Click, changed] {
             click();
             changed();
@@ -32,7 +32,7 @@ frmStageButton::frmStageButton(QWidget* parent, EventGuard& guard, const char* i
 
 void frmStageButton::ShowStage(bool on, bool withText) {
     const std::size_t stage = withText ? 2 : on ? 1 : 0;
-    // The next one has the keys before the present one goes, or they would land on the neighbour.
+    // The next one takes the focus before the present one is hidden, or a neighbour would get it.
     const bool hadFocus = std::count(buttons.begin(), buttons.end(), window()->focusWidget()) > 0;
     buttons[stage]->setVisible(true);
     if (hadFocus) buttons[stage]->setFocus();

@@ -10,8 +10,8 @@ namespace ornivane {
 class EventGuard;
 class LampButton;
 
-// A switch of three stages: off, on, on with texts. Three buttons lie on one place; the one that shows is the
-// stage, and a click on it leads to the next. Two dots tell the stage without colour.
+// A switch of three stages: off, on, on with texts. Three buttons lie over each other; the visible one shows
+// the stage, and a click on it leads to the next. Two dots show the stage without colour.
 class frmStageButton : public QWidget {
     Q_OBJECT
 

@@ -4,7 +4,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 
-#include "common/Variablen.h"
+#include "base/Language.h"
 #include "platform/qt/Events.h"
 
 namespace ornivane {
@@ -17,8 +17,8 @@ QString Q(const std::string& text) { return QString::fromStdString(text); }
 
 } // namespace
 
-frmWindPanel::frmWindPanel(QWidget* parent, const Variablen& variablen, EventGuard& eventGuard)
-    : QWidget(parent), shared(variablen), guard(eventGuard) {
+frmWindPanel::frmWindPanel(QWidget* parent, const Language& languageOfTexts, EventGuard& eventGuard)
+    : QWidget(parent), language(languageOfTexts), guard(eventGuard) {
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(6);
@@ -84,7 +84,7 @@ void frmWindPanel::ShowState() {
 
 void frmWindPanel::ApplyLanguage() {
     const auto text = [this](const char* german, const char* english) {
-        return QString::fromUtf8(shared.Text(german, english));
+        return QString::fromUtf8(language.Text(german, english));
     };
     headingCaption->setText(text("Steuerkurs", "Heading"));
     iasCaption->setText("IAS");

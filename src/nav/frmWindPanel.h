@@ -10,17 +10,17 @@ class QLabel;
 namespace ornivane {
 
 class EventGuard;
-struct Variablen;
+struct Language;
 
 // Heading and airspeed as typed, the wind, and its arrow.
 class frmWindPanel : public QWidget {
     Q_OBJECT
 
 public:
-    frmWindPanel(QWidget* parent, const Variablen& shared, EventGuard& guard);
+    frmWindPanel(QWidget* parent, const Language& languageOfTexts, EventGuard& eventGuard);
 
     PictureSurface& Surface() { return picWind->Surface(); }
-    void Attach(WindCalculator& wind);
+    void Attach(WindCalculator& toShow);
     void ShowState();
     void ApplyLanguage();
 
@@ -31,7 +31,7 @@ private:
     QLabel* Field(const char* name, QLabel*& caption);
     void TakePalette();
 
-    const Variablen& shared;
+    const Language& language;
     EventGuard& guard;
     WindCalculator* wind = nullptr;
     QLabel *lblHeading = nullptr, *lblIAS = nullptr, *lblWind = nullptr;

@@ -1,10 +1,13 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 
-#include "common/Variablen.h"
-#include "planning/PlanAirspace.h"
+#include "base/Language.h"
+#include "common/OpenStores.h"
+#include "common/Settings.h"
+#include "planning/AirspaceChoice.h"
 
 namespace ornivane {
 
@@ -16,23 +19,23 @@ public:
     static constexpr std::array<int, 15> Heights{1000, 2000, 3000, 4000, 5000, 5500, 6000, 6500,
                                                  7000, 7500, 8000, 8500, 9000, 9500, 10000};
 
-    LuftraumSettings(const Variablen& shared, PlanAirspace& airspace);
+    LuftraumSettings(const Language& language, const OpenStores& stores, const Settings& settings,
+                     AirspaceChoice& airspace);
 
     void Form_Load();
-    void Option1_Click(); // all airspaces
-    void Option2_Click(); // none
-    void Option3_Click(); // those at the height in cmbHoehe
     // Takes what is chosen. A height that is no number or negative switches airspace off, without a message.
     void cmdExit_Click();
 
-    bool Option1 = false, Option2 = false, Option3 = false;
-    std::string cmbHoehe; // as typed
+    std::optional<AirspaceChoice::Which> Chosen; // of Option1 to Option3; none with a height below 0
+    std::string cmbHoehe;                        // as typed
     bool chkPL = false;
     std::string lblLR; // the date of the store
 
 private:
-    const Variablen& shared;
-    PlanAirspace& airspace;
+    const Language& language;
+    const OpenStores& stores;
+    const Settings& settings;
+    AirspaceChoice& airspace;
 };
 
 } // namespace ornivane

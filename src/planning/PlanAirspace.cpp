@@ -1,28 +1,25 @@
 #include "planning/PlanAirspace.h"
 
-#include "base/Numbers.h"
+#include "store/Connection.h"
 
 namespace ornivane {
 
-PlanAirspace::PlanAirspace(Variablen& variablen)
-    : shared(variablen), selection(variablen.LuftraumConn), drawing(variablen.LuftraumConn) {}
+PlanAirspace::PlanAirspace(Connection& luftraumConn)
+    : luftraum(luftraumConn), selection(luftraumConn), drawing(luftraumConn) {}
 
-void PlanAirspace::DrawPlanAirspace(PictureSurface& surface, const MapTransform& transform, int slideValue) {
-    const double height = ParseNumber(tLRHoehe).value_or(None);
-    tLRVisible = height != None;
-    if (!tLRVisible) return;
-    tLR = height == All ? "Alle Lufträume" : "Luftraum in " + NumberText(height, shared.Locale) + " ft";
+void PlanAirspace::DrawPlanAirspace(const AirspaceChoice& choice, PictureSurface& surface,
+                                    const MapTransform& transform, int slideValue) {
+    const auto shown = choice.Shown();
     // That the store is missing was told when the program started.
-    if (shared.LuftraumConn.IsOpen()) Draw({surface, transform, slideValue, true, "+"}, height);
-}
-
-void PlanAirspace::Draw(const AirspaceDrawing::Canvas& canvas, double height) {
-    const ViewBounds view =
-        canvas.Transform.GetViewBounds(0, 0, canvas.Surface.ScaleWidth(), canvas.Surface.ScaleHeight());
-    const auto at = height == All ? std::optional<double>() : height;
-    for (const std::int16_t number : selection.AirspacesAt(view, at)) drawing.DrawAirspace(canvas, number);
-    if (ParseNumber(tPR) != 1.0) return;
-    for (const std::int16_t number : selection.Patterns(view, at)) drawing.DrawAirspace(canvas, number);
+    if (shown == AirspaceChoice::Which::None || !luftraum.IsOpen()) return;
+    const AirspaceDrawing::Canvas canvas{surface, transform, slideValue, true, "+"};
+    const ViewBounds view = transform.GetViewBounds({0, 0}, {surface.ScaleWidth(), surface.ScaleHeight()});
+    const auto height =
+        shown == AirspaceChoice::Which::AtHeight ? std::optional(choice.Height()) : std::nullopt;
+    for (const std::int16_t number : selection.AirspacesAt(view, height))
+        drawing.DrawAirspace(canvas, number);
+    if (!choice.tPR) return;
+    for (const std::int16_t number : selection.Patterns(view, height)) drawing.DrawAirspace(canvas, number);
 }
 
 } // namespace ornivane

@@ -2,13 +2,14 @@
 
 #include <functional>
 
+#include "common/OpenStores.h"
 #include "map/AirfieldBook.h"
 #include "map/DrawingFaults.h"
 #include "map/MapSymbols.h"
 #include "map/WaypointWindow.h"
 #include "planning/PlanAirspace.h"
-#include "planning/PlanMap.h"
-#include "planning/RouteEditing.h"
+#include "planning/PlanScene.h"
+#include "platform/PictureSurface.h"
 
 namespace ornivane {
 
@@ -16,34 +17,24 @@ namespace ornivane {
 // waypoints in view. Each layer ends at a row that cannot be drawn, which is told once; the others go on.
 class PlanDrawing {
 public:
-    struct Rooms {
-        Variablen& Shared;
-        const PlanMap& Map;
-        PlanAirspace& Airspace;
-        RouteEditing& Routes;
-        const Picture& picStorage;
-        PictureSurface& picMap;
-        DrawingFaults& Faults;
-    };
-    explicit PlanDrawing(const Rooms& rooms);
+    PlanDrawing(OpenStores& stores, const Picture& picStorage, PictureSurface& picMap, DrawingFaults& faults);
 
-    // Nothing without a map or in a view without extent. The length of the route is a by-product: it stays as
-    // it was while the route is not drawn or has no points (RouteEditing empties it when such a route is
-    // chosen).
-    void RedrawPlan();
-    // The picture of the last RedrawPlan, without what was drawn over it: while the cursor measures, it
-    // follows the mouse, and nothing else on the map changes.
-    void RecallPlan();
+    void RedrawPlan(const PlanScene& scene);
+    // The picture of the last RedrawPlan without what was drawn over it: while the cursor measures, it
+    // follows the mouse, and nothing else on the map changes. False when there is none.
+    bool RecallPlan();
+    void DrawMeasuringLine(const MeasuringLine& line);
 
 private:
-    void DrawLayers();
     void DrawLayer(DrawingFaults::Layer layer, const std::function<void()>& draw);
-    void DrawPlanRoute(MapSymbols& symbols);
-    static void DrawPlanLeg(MapSymbols& symbols, const Position& from, const Position& to);
-    void DrawWaypoints(MapSymbols& symbols, const MapTransform& transform);
+    void DrawPlanRoute(const PlanRoute& route, MapSymbols& symbols);
+    void DrawWaypoints(const PlanScene& scene, MapSymbols& symbols);
 
-    Rooms rooms;
-    Statement routePoints;
+    OpenStores& stores;
+    const Picture& storage;
+    PictureSurface& surface;
+    DrawingFaults& faults;
+    PlanAirspace airspace;
     WaypointWindow waypoints;
     AirfieldBook airfields;
     bool kept = false; // the surface has a copy of this picture

@@ -3,55 +3,47 @@
 #include <cmath>
 
 #include "base/Numbers.h"
-#include "base/RuntimeError.h"
 #include "common/SettingsFiles.h"
-#include "geo/NavigationMaths.h"
-#include "map/MapSymbols.h"
+#include "map/MapCatalogue.h"
 
 namespace ornivane {
 
 namespace {
 
 constexpr int CursorDecimals = 4;
-constexpr const char* NoPosition = "---";
-constexpr int LineWidth = 3; // of the measuring line, pixels
-
-Position ToDecimal(const Position& stored) {
-    return {ToDecimalDegrees(stored.Lat), ToDecimalDegrees(stored.Long)};
-}
 
 } // namespace
 
-PlanMap::PlanMap(const World& world, PlanMapOwner& mapOwner)
-    : ChartView(world.Shared, world.PlanMapsSet, world.picStorage, world.picMap, world.progBar,
-                world.Messages),
-      Measuring(world.Shared.Locale), entry(world.Entry), owner(mapOwner) {}
+PlanMap::PlanMap(const World& world, std::function<void()> onViewChanged)
+    : ChartView({world.Shared, world.Shared, world.Shared.DataConn, world.PlanMapsSet, world.picStorage,
+                 world.picMap, world.progBar, world.Messages}),
+      Measuring(world.Shared.Locale), viewChanged(std::move(onViewChanged)) {}
 
 void PlanMap::Form_Load() {
-    maps.Open(shared.DataConn, "SELECT * From Maps Where Active <> 0 Order by NAME ASC");
+    MapCatalogue(dataConn).OpenActive(maps);
     LoadLastMap();
     InitializeData();
 }
 
 void PlanMap::LoadLastMap() {
-    const LastChoice last = ReadLastChoice(shared.ProgramFolder);
+    const LastChoice last = ReadLastChoice(settings.ProgramFolder);
     if (!last.Map) return;
     currentName = *last.Map;
     FindMap(currentName);
 }
 
-void PlanMap::Form_Activate() {
+PlanEffects PlanMap::Form_Activate() {
     maps.Requery();
     updateMapInfo();
     if (!HasRows()) {
         surface.Cls();
         surface.Refresh();
-        return;
+        return {};
     }
     FindMap(currentName);
     cmbMaps = Name();
     RestoreView();
-    owner.RedrawPlan();
+    return {PlanEffect::Redraw};
 }
 
 // The view stays over a visit to another screen. What that screen may have changed in the map's frame counts
@@ -82,100 +74,91 @@ void PlanMap::Form_Deactivate() {
     if (HasRows() && !maps.Eof()) currentName = Name();
 }
 
-void PlanMap::cmbMaps_Change(const std::string& name) {
-    if (!HasRows()) return;
+PlanEffects PlanMap::cmbMaps_Change(const std::string& name) {
+    if (!HasRows()) return {};
     FindMap(name);
     cmbMaps = Name();
     InitializeData();
     if (!HasMap()) {
-        lblLatx = lblLongx = NoPosition;
-        lblNS.clear();
-        lblEW.clear();
+        cursor.reset();
+        static_cast<CursorReadouts&>(*this) = {};
     }
     AdjustViewToPicture(); // a wide image is less tall than the view's proportion
-    CenterOnWaypoint();
+    return {PlanEffect::CentreOnEntry};
 }
 
-std::optional<Position> PlanMap::EntryPosition() const {
-    const auto lat = ParseNumber(entry.tWaypoint[2]), longitude = ParseNumber(entry.tWaypoint[3]);
-    if (!lat || !longitude) return std::nullopt;
-    return Position{entry.tNS == "S" ? -*lat : *lat, entry.tEW == "W" ? -*longitude : *longitude};
+std::string PlanMap::WhyNoMap() const {
+    if (HasMap()) return {};
+    if (HasRows()) return MapError();
+    return language.Text("Keine aktive Karte. Karten werden unter Kartendaten angemeldet.",
+                         "No active chart. Charts are registered on the screen Map Data.");
 }
 
-void PlanMap::CenterOnWaypoint() {
-    const auto position = EntryPosition();
-    if (position && !entry.tWaypoint[1].empty() && HasMap())
-        CallOffErrors([&] {
-            const Point at = Transform().ViewOf(ToDecimal(*position));
-            View = CentredOn(View, Sizes, at.X, at.Y);
-        });
-    owner.RedrawPlan();
+void PlanMap::CentreOn(const DegMin& position) {
+    if (!HasMap()) return;
+    IgnoreErrors([&] {
+        const Point at = Transform().ViewOf(ToDecimalDegrees(position));
+        View = CentredOn(View, Sizes, at.X, at.Y);
+    });
+}
+
+void PlanMap::SetSlide(int value) {
+    if (ChartView::SetSlide(value)) viewChanged();
 }
 
 void PlanMap::MouseDown(const Point& at) {
     drag = at;
-    ShowCursor(at); // a finger comes without having moved there
+    FollowCursor(at); // a finger comes without having moved there
 }
 
 void PlanMap::MouseUp() { drag.reset(); }
 
 void PlanMap::MouseMove(const Point& at, bool leftButton) {
-    if (!HasMap()) return;
     if (leftButton && drag && CanPan()) {
-        CallOffErrors([&] { Pan(at.X - drag->X, at.Y - drag->Y); });
+        IgnoreErrors([&] {
+            if (Pan(at.X - drag->X, at.Y - drag->Y)) viewChanged();
+        });
         drag = at;
     }
-    ShowCursor(at);
-    if (Measuring.MeasureOn) CallOffErrors([&] { MeasureTo(at); });
+    FollowCursor(at);
 }
 
-void PlanMap::ShowCursor(const Point& at) {
+void PlanMap::FollowCursor(const Point& at) {
     if (!HasMap()) return;
-    CallOffErrors([&] {
-        const Position position = Transform().PositionOfView(at);
-        const double lat = ToDegMinValue(position.Lat), longitude = ToDegMinValue(position.Long);
-        lblNS = lat < 0 ? "S" : "N";
-        lblEW = longitude < 0 ? "W" : "E";
-        lblLatx = NumberText(Round(std::fabs(lat), CursorDecimals), shared.Locale);
-        lblLongx = NumberText(Round(std::fabs(longitude), CursorDecimals), shared.Locale);
+    IgnoreErrors([&] {
+        const DegMin position = ToDegMinValue(Transform().PositionOfView(at));
+        const double lat = position.Lat.Value(), longitude = position.Long.Value();
+        cursor = {StoredLatitude(Round(std::fabs(lat), CursorDecimals)),
+                  StoredLongitude(Round(std::fabs(longitude), CursorDecimals)),
+                  lat < 0 ? NorthSouth::South : NorthSouth::North,
+                  longitude < 0 ? EastWest::West : EastWest::East};
+        lblLatx = NumberText(cursor->Lat.Value(), language.Locale);
+        lblNS = Letter(cursor->NS);
+        lblLongx = NumberText(cursor->Long.Value(), language.Locale);
+        lblEW = Letter(cursor->EW);
     });
 }
 
-double PlanMap::CursorLat() const { return lblNS == "S" ? -NumberIn(lblLatx) : NumberIn(lblLatx); }
-double PlanMap::CursorLong() const { return lblEW == "W" ? -NumberIn(lblLongx) : NumberIn(lblLongx); }
-
-void PlanMap::DblClick(const Point& at) {
+std::optional<ShownPosition> PlanMap::DblClick(const Point& at) {
     drag.reset(); // a hand that shakes must not drag the map from under the new point
-    if (!HasMap()) return;
-    ShowCursor(at);
-    const double lat = CursorLat(), longitude = CursorLong();
-    owner.RedrawPlan();
-    entry.BeginEntry(lblLatx, lblLongx, lblNS, lblEW);
-    CallOffErrors([&] {
-        const MapTransform transform = Transform();
-        MapSymbols(surface, transform, SlideMap, {}).DrawPoint(lat, longitude, PointMode::PlanNewPoint, {});
-    });
-    surface.Refresh();
-    owner.FocusEntry();
+    if (!HasMap()) return std::nullopt;
+    FollowCursor(at);
+    return cursor;
 }
 
-void PlanMap::SetMeasuring(bool on) {
+PlanEffects PlanMap::SetMeasuring(bool on) {
     Measuring.MeasureOn = on;
-    owner.RedrawPlan();
+    return {PlanEffect::Redraw};
 }
 
-// From the entry fields as typed, without their hemispheres, to the cursor.
-void PlanMap::MeasureTo(const Point& at) {
-    owner.RecallPlan();
-    surface.Refresh(); // also when there is nothing to measure from: the last line must go
-    const double lat = NumberIn(entry.tWaypoint[2]), longitude = NumberIn(entry.tWaypoint[3]);
-    const Point start = Transform().ViewOf(ToDecimal({lat, longitude}));
-    surface.SetDrawWidth(LineWidth);
-    surface.Circle(start.X, start.Y, 1, Black);
-    surface.Line(start.X, start.Y, at.X, at.Y, Black);
-    surface.SetDrawWidth(1);
-    surface.Refresh();
-    Measuring.Measure(lat, longitude, CursorLat(), CursorLong());
+std::optional<MeasuringLine> PlanMap::MeasureTo(const Point& at, const std::optional<DegMin>& start) {
+    std::optional<MeasuringLine> line;
+    if (!start || !cursor) return line;
+    IgnoreErrors([&] {
+        line = {Transform().ViewOf(ToDecimalDegrees(*start)), at};
+        Measuring.Measure(*start, cursor->Stored());
+    });
+    return line;
 }
 
 } // namespace ornivane

@@ -1,28 +1,27 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 
+#include "common/Variablen.h"
 #include "map/ChartView.h"
 #include "planning/MeasureTool.h"
-#include "planning/WaypointEditing.h"
+#include "planning/PlanEffects.h"
+#include "planning/PlanScene.h"
+#include "planning/ShownPosition.h"
 
 namespace ornivane {
 
-// What the planning map needs of its screen.
-class PlanMapOwner {
-public:
-    virtual ~PlanMapOwner() = default;
-    virtual void RedrawPlan() = 0;
-    // The plan as RedrawPlan left it, without what was drawn over it since then.
-    virtual void RecallPlan() = 0;
-    virtual void FocusEntry() = 0; // tWaypoint(1)
+// The cursor's position in absolute DegMinValues to four decimals; members carry the names of the readouts.
+struct CursorReadouts {
+    std::string lblLatx = "---", lblNS, lblLongx = "---", lblEW;
+    bool operator==(const CursorReadouts&) const = default;
 };
 
-// The map of the planning screen: its own chart and view beside those of flight mode, the cursor's position,
-// the measuring line, and the double click that begins a new waypoint. Members carry the names of the
-// controls.
-class PlanMap : public ChartView {
+// The map of the planning screen: its own chart and view beside those of flight mode, the cursor's position
+// and the measuring line. Members carry the names of the controls.
+class PlanMap : public ChartView, public CursorReadouts {
 public:
     // What of the system and of its screen it works with.
     struct World {
@@ -32,30 +31,34 @@ public:
         PictureSurface& picMap;
         Progress& progBar;
         Dialogs& Messages;
-        WaypointEditing& Entry;
     };
-    PlanMap(const World& world, PlanMapOwner& owner);
+    // `viewChanged`: by zoom or drag; draws it.
+    PlanMap(const World& world, std::function<void()> viewChanged);
 
     void Form_Load(); // the map of the last run of flight mode; draws nothing
-    void Form_Activate();
+    PlanEffects Form_Activate();
     void Form_Deactivate();
 
-    void cmbMaps_Change(const std::string& name); // the user's choice
-    // Scrolls to the position in the entry fields, as far as the image reaches, and redraws. With an entry
-    // that is no position it only redraws.
-    void CenterOnWaypoint();
+    PlanEffects cmbMaps_Change(const std::string& name); // the user's choice
+    void SetSlide(int value);                            // and draws
+    // Scrolls to the position, as far as the image reaches; draws nothing.
+    void CentreOn(const DegMin& position);
 
     // On picMap, in view pixels.
     void MouseDown(const Point& at);
     void MouseMove(const Point& at, bool leftButton);
     void MouseUp();
-    void DblClick(const Point& at);
+    // Where a new waypoint begins; none without a map.
+    std::optional<ShownPosition> DblClick(const Point& at);
 
-    void cmdMessen_Click() { SetMeasuring(true); }
-    void picMessen_Click() { SetMeasuring(false); }
+    PlanEffects cmdMessen_Click() { return SetMeasuring(true); }
+    PlanEffects picMessen_Click() { return SetMeasuring(false); }
+    bool IsMeasuring() const { return HasMap() && Measuring.MeasureOn; }
+    // Measures from `start` to the cursor. No line when there is nothing to measure from.
+    std::optional<MeasuringLine> MeasureTo(const Point& at, const std::optional<DegMin>& start);
 
-    // The cursor: absolute DegMinValue to four decimals.
-    std::string lblLatx = "---", lblLongx = "---", lblNS, lblEW;
+    std::string WhyNoMap() const; // for the blank sheet; empty while a map shows
+
     MeasureTool Measuring;
 
 private:
@@ -63,22 +66,16 @@ private:
         SourceRect Rect;
         int SlideMap = 0;
     };
-    void Redraw() override { owner.RedrawPlan(); }
     void LoadLastMap();
     void RestoreView();
-    void SetMeasuring(bool on);
-    void ShowCursor(const Point& at);
-    void MeasureTo(const Point& at);
-    double CursorLat() const;
-    double CursorLong() const;
-    // Signed DegMinValue.
-    std::optional<Position> EntryPosition() const;
+    PlanEffects SetMeasuring(bool on);
+    void FollowCursor(const Point& at);
 
-    WaypointEditing& entry;
-    PlanMapOwner& owner;
+    std::function<void()> viewChanged;
     std::string currentName; // saved when the screen is left
     std::optional<SavedView> saved;
-    std::optional<Point> drag; // the last position of a drag
+    std::optional<Point> drag;           // the last position of a drag
+    std::optional<ShownPosition> cursor; // as the readouts show it
 };
 
 } // namespace ornivane

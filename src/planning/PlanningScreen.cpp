@@ -5,20 +5,20 @@
 namespace ornivane {
 
 PlanningScreen::PlanningScreen(const PlanningScreenWorld& w, Form ofScreen)
-    : LastDeed(w.Notices, w.Shared, [this] { form.Undone(); }),
-      Waypoints(w.Shared, w.Messages, LastDeed, *this),
-      Routes(w.Shared, w.Messages, LastDeed, Waypoints.WaypointsSet, *this),
-      Map({w.Shared, PlanMapsSet, w.picStorage, w.picMap, w.progBar, w.Messages, Waypoints}, *this),
-      Airspace(w.Shared), Faults(w.Shared, [this](const std::string& text) { world.Notices.Show(text); }),
-      Drawing({w.Shared, Map, Airspace, Routes, w.picStorage, w.picMap, Faults}), world(w),
-      form(std::move(ofScreen)), chartsChanged(w.Shared.ChartsChanged, [this] { Map.ChartsChanged(); }) {}
+    : LastDeed(w.Notices, w.Shared, [this] { form.Changed(); }),
+      Waypoints(w.Shared, w.Shared.DataConn, w.Messages, LastDeed, [this](const auto& then) { Act(then); }),
+      Routes(w.Shared, w.Shared.DataConn, w.Messages, LastDeed, [this](const auto& then) { Act(then); }),
+      Map({w.Shared, PlanMapsSet, w.picStorage, w.picMap, w.progBar, w.Messages}, [this] { RedrawPlan(); }),
+      Faults(w.Shared, [this](const std::string& text) { world.Notices.Show(text); }), world(w),
+      form(std::move(ofScreen)), drawing(w.Shared, w.picStorage, w.picMap, Faults),
+      chartsChanged(w.Shared.ChartsChanged, [this] { Map.ChartsChanged(); }) {}
 
 void PlanningScreen::Form_Load() {
     Routes.Form_Load();
     Waypoints.Form_Load();
     LoadSettings();
     Map.Form_Load();
-    Routes.cmdshowRoute();
+    Act(Routes.cmdshowRoute());
     Waypoints.ShowWaypoint();
 }
 
@@ -30,8 +30,8 @@ void PlanningScreen::LoadSettings() {
 void PlanningScreen::Form_Activate() {
     Map.AdjustViewToPicture(); // the window may have been resized while another screen was in front
     Waypoints.FillCategories();
-    Map.Form_Activate();
-    form.FocusEntry();
+    Act(Map.Form_Activate());
+    form.Focus(PlanEffect::FocusName);
 }
 
 void PlanningScreen::Form_Deactivate() {
@@ -46,10 +46,61 @@ void PlanningScreen::Form_Resize() {
     RedrawPlan();
 }
 
-void PlanningScreen::RedrawPlan() {
-    Drawing.RedrawPlan();
+void PlanningScreen::Act(const PlanEffects& effects) {
+    for (const PlanEffect effect : effects) {
+        if (effect == PlanEffect::Redraw)
+            RedrawPlan();
+        else if (effect == PlanEffect::CentreOnEntry)
+            CenterOnWaypoint();
+        else
+            form.Focus(effect);
+    }
+}
+
+PlanningSnapshot PlanningScreen::Snapshot() const {
+    return {{Map.WhyNoMap(), Map.SlideMap, Map.MapNames, Map.cmbMaps, Airspace.tLR(world.Shared.Locale), Map,
+             Map.Measuring},
+            Waypoints,
+            Waypoints.OtherTarget(),
+            Routes};
+}
+
+void PlanningScreen::CenterOnWaypoint() {
+    if (const auto position = Waypoints.EntryPosition()) Map.CentreOn(*position);
+    RedrawPlan();
+}
+
+void PlanningScreen::RedrawPlan(const std::optional<DegMin>& newPoint) {
+    DrawPlan(newPoint);
     world.picMap.Refresh();
-    form.Redrawn();
+    form.Changed();
+}
+
+void PlanningScreen::DrawPlan(const std::optional<DegMin>& newPoint) {
+    const bool hasExtent = world.picMap.ScaleWidth() > 0 && world.picMap.ScaleHeight() > 0;
+    if (!Map.HasMap() || !hasExtent) return;
+    const auto error = ErrorOf([&] {
+        drawing.RedrawPlan({Map.View, Map.Transform(), Map.SlideMap, Airspace, Routes.DrawnRoute(),
+                            Routes.CurrentPoint(), Map.Measuring.MeasureOn, newPoint});
+    });
+    if (error) Faults.Tell(DrawingFaults::Layer::Chart, *error);
+}
+
+void PlanningScreen::MouseMove(const Point& at, bool leftButton) {
+    Map.MouseMove(at, leftButton);
+    if (!Map.IsMeasuring()) return;
+    if (!drawing.RecallPlan()) DrawPlan();
+    // From the entry as typed, without its hemispheres.
+    if (const auto line = Map.MeasureTo(at, Waypoints.TypedPosition())) drawing.DrawMeasuringLine(*line);
+    world.picMap.Refresh(); // also without a line: the last one must go
+}
+
+void PlanningScreen::DblClick(const Point& at) {
+    const auto begun = Map.DblClick(at);
+    if (!begun) return;
+    Waypoints.BeginEntry(*begun);
+    RedrawPlan(begun->Stored());
+    form.Focus(PlanEffect::FocusName);
 }
 
 } // namespace ornivane

@@ -1,14 +1,18 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "common/Undo.h"
 #include "common/Variablen.h"
-#include "planning/PlanAirspace.h"
+#include "planning/AirspaceChoice.h"
 #include "planning/PlanDrawing.h"
+#include "planning/PlanEffects.h"
 #include "planning/PlanMap.h"
-#include "planning/PlanningOwner.h"
+#include "planning/PlanScene.h"
+#include "planning/PlanningSnapshot.h"
 #include "planning/RouteEditing.h"
 #include "planning/WaypointEditing.h"
 #include "platform/Dialogs.h"
@@ -26,15 +30,15 @@ struct PlanningScreenWorld {
     Notice& Notices;
 };
 
-// The planning screen without its window: puts the rooms together and passes on what one asks of another. The
-// form calls one routine for each event and then shows the state.
-class PlanningScreen : private PlanningOwner, private PlanMapOwner {
+// The planning screen without its window: makes the components, acts on what their routines return, and draws
+// the map from what they have. The form owns it, calls one routine for each event and then shows the
+// snapshot.
+class PlanningScreen {
 public:
     // What the screen asks of its form.
     struct Form {
-        std::function<void()> Redrawn; // the map has a new picture: its state may be another one
-        std::function<void()> FocusMap, FocusWaypoints, FocusRoutes, FocusEntry;
-        std::function<void()> Undone; // the lists are what they were before the last deed
+        std::function<void()> Changed;         // the snapshot may be another one
+        std::function<void(PlanEffect)> Focus; // only the effects that move it
     };
     PlanningScreen(const PlanningScreenWorld& world, Form form);
 
@@ -43,28 +47,33 @@ public:
     void Form_Deactivate();
     void Form_Resize(); // picMap has a new size
 
-    void CenterOnWaypoint() override { Map.CenterOnWaypoint(); }
-    void RedrawPlan() override;
+    void Act(const PlanEffects& effects);
+    PlanningSnapshot Snapshot() const;
+
+    // Scrolls the chart to the position in the entry fields, if there is one, and redraws.
+    void CenterOnWaypoint();
+    // Nothing is drawn without a map or in a view without extent.
+    void RedrawPlan(const std::optional<DegMin>& newPoint = {});
+    // On picMap, in view pixels.
+    void MouseMove(const Point& at, bool leftButton);
+    void DblClick(const Point& at); // begins a waypoint: its name is to be typed
+    PlanEffects cmdAddwaypoint() { return Routes.cmdAddwaypoint(Waypoints.Current()); }
 
     Undo LastDeed;
     WaypointEditing Waypoints;
     RouteEditing Routes;
     Recordset PlanMapsSet; // the current row is the map that shows; flight mode's is another one
     PlanMap Map;
-    PlanAirspace Airspace;
+    AirspaceChoice Airspace;
     DrawingFaults Faults;
-    PlanDrawing Drawing;
 
 private:
     void LoadSettings();
-    void RecallPlan() override { Drawing.RecallPlan(); }
-    void FocusMap() override { form.FocusMap(); }
-    void FocusWaypoints() override { form.FocusWaypoints(); }
-    void FocusRoutes() override { form.FocusRoutes(); }
-    void FocusEntry() override { form.FocusEntry(); }
+    void DrawPlan(const std::optional<DegMin>& newPoint = {});
 
     PlanningScreenWorld world;
     Form form;
+    PlanDrawing drawing;
     Event::Listener chartsChanged;
 };
 

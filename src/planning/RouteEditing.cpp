@@ -3,17 +3,15 @@
 #include <algorithm>
 
 #include "base/Flagged.h"
+#include "base/Format.h"
 #include "base/Numbers.h"
 #include "base/RuntimeError.h"
-#include "store/KeptListRow.h"
-#include "store/Lists.h"
+#include "geo/GreatCircle.h"
+#include "store/Connection.h"
 
 namespace ornivane {
 
 namespace {
-
-const char* const Routes = "SELECT * From Route";
-const char* const PointsOfRoute = "SELECT * From GpsPoints WHERE RouteID = ?";
 
 // Back in the order of Nummer, on the row that was current.
 void SortByNumber(Recordset& rows) {
@@ -32,9 +30,10 @@ void StandAgain(Recordset& rows, int place) {
 
 } // namespace
 
-RouteEditing::RouteEditing(Variablen& variablen, Dialogs& messages, Undo& lastDeed, Recordset& waypointList,
-                           PlanningOwner& screen)
-    : shared(variablen), dialogs(messages), undo(lastDeed), waypoints(waypointList), owner(screen) {
+RouteEditing::RouteEditing(const Language& texts, Connection& dataConn, Dialogs& messages, Undo& lastDeed,
+                           PlanEvents onEvents)
+    : language(texts), data(dataConn), dialogs(messages), undo(lastDeed), routes(dataConn), points(dataConn),
+      events(std::move(onEvents)) {
     RoutesSet.AddObserver(this);
 }
 
@@ -44,47 +43,19 @@ bool RouteEditing::HasRoute() const { return RoutesSet.IsOpen() && RoutesSet.Abs
 
 void RouteEditing::Form_Load() {
     const Flagged now(moving);
-    RoutesSet.Open(shared.DataConn, std::string(Routes) + " Order by NUMMER ASC");
+    routes.Open(RoutesSet);
     if (HasRoute()) OpenPoints();
 }
 
-void RouteEditing::OpenPoints() {
-    RoutePointsSet.Open(shared.DataConn, std::string(PointsOfRoute) + " ORDER BY Nummer ASC",
-                        {RoutesSet.Get("RouteID")});
-}
+void RouteEditing::OpenPoints() { points.Open(RoutePointsSet, RoutesSet.Get("RouteID")); }
 
 void RouteEditing::CurrentRowChanged() {
-    if (!moving) RouteRowChanged();
-}
-
-void RouteEditing::RouteRowChanged() {
-    if (!HasRoute() || RoutesSet.Get("RouteID").IsNull()) return;
+    if (moving || !HasRoute() || RoutesSet.Get("RouteID").IsNull()) return;
     OpenPoints();
-    ShowSelected();
+    events(ShowSelected());
 }
 
-// The length is written when a route with points is drawn: without any, that of another would stand here.
-void RouteEditing::ShowNoLengthWithoutPoints() {
-    if (RoutePointsSet.RecordCount() == 0) lblRouteDistanz.clear();
-}
-
-void RouteEditing::FocusWaypoints() {
-    try {
-        owner.FocusWaypoints();
-    } catch (const RuntimeError&) {
-        // the point is put in or taken out all the same
-    }
-}
-
-// The chart marks the chosen point.
-void RouteEditing::PointRowChanged() {
-    FocusWaypoints();
-    try {
-        owner.RedrawPlan();
-    } catch (const RuntimeError&) {
-        // choosing a place to insert at does not depend on the picture
-    }
-}
+PlanEffects RouteEditing::PointRowChanged() { return {PlanEffect::FocusWaypoints, PlanEffect::Redraw}; }
 
 void RouteEditing::RoutesHeadClick(int column) {
     if (column != 0) return;
@@ -96,52 +67,50 @@ void RouteEditing::PointsHeadClick(int column) {
     if (column == 0) SortByNumber(RoutePointsSet);
 }
 
-void RouteEditing::cmdNewRoute() {
-    const std::string name = dialogs.InputBox(shared.Text("Neue Strecke", "New Route"));
+PlanEffects RouteEditing::cmdNewRoute() {
+    const std::string name = dialogs.InputBox(language.Text("Neue Strecke", "New Route"));
     if (name.empty()) {
         dialogs.Message(
-            shared.Text("Eingabefehler", "Data error"),
-            shared.Text("Bitte eine Streckenbezeichnung eingeben !", "Please enter a route name !"));
-        return;
+            language.Text("Eingabefehler", "Data error"),
+            language.Text("Bitte eine Streckenbezeichnung eingeben !", "Please enter a route name !"));
+        return {};
     }
     {
         const Flagged now(moving);
-        InsertAfterCurrent(shared.DataConn, RoutesSet, Routes, {},
-                           [&](Recordset& route) { route.Set("Name", name); });
+        routes.InsertAfterCurrent(RoutesSet, name);
     }
-    RouteRowChanged();
-    if (RoutesSet.RecordCount() >= 2) owner.FocusRoutes();
+    OpenPoints();
+    PlanEffects effects = ShowSelected();
+    if (RoutesSet.RecordCount() >= 2) effects.push_back(PlanEffect::FocusRoutes);
+    return effects;
 }
 
-void RouteEditing::cmdRouteDelete() {
-    if (!HasRoute()) return;
-    const std::string name = RoutesSet.TextOrEmpty("Name");
-    const std::string question = shared.EnglishUI == 1
-                                     ? "The Route - " + name + " - will be deleted ?"
-                                     : "Soll die Strecke - " + name + " - gelöscht werden ?";
-    if (!dialogs.AskYesNo({}, question)) return;
+PlanEffects RouteEditing::cmdRouteDelete() {
+    if (!HasRoute()) return {};
+    const std::string question =
+        language.Text("Soll die Strecke - %1 - gelöscht werden ?", "The Route - %1 - will be deleted ?",
+                      {RoutesSet.TextOrEmpty("Name")});
+    if (!dialogs.AskYesNo({}, question)) return {};
     DeleteRoute();
-    if (HasRoute()) {
-        RouteRowChanged();
-        return;
-    }
-    if (RoutePointsSet.IsOpen()) RoutePointsSet.Requery();
-    ShowSelected();
+    if (HasRoute())
+        OpenPoints();
+    else if (RoutePointsSet.IsOpen())
+        RoutePointsSet.Requery();
+    return ShowSelected();
 }
 
 void RouteEditing::DeleteRoute() {
     const Flagged now(moving);
     const int place = RoutesSet.AbsolutePosition();
     Undo::Deed deed = KeepRoute();
-    try {
-        Transaction transaction(shared.DataConn);
-        shared.DataConn.Execute("DELETE FROM GpsPoints WHERE RouteID = ?", {RoutesSet.Get("RouteID")});
-        RoutesSet.Delete();
-        transaction.Commit();
-    } catch (...) {
-        StandAgain(RoutesSet, place);
-        throw;
-    }
+    RestoreOnError(
+        [&] {
+            Transaction transaction(data);
+            points.DeleteAll(RoutesSet.Get("RouteID"));
+            RoutesSet.Delete();
+            transaction.Commit();
+        },
+        [&] { StandAgain(RoutesSet, place); });
     undo.Offer(std::move(deed));
     if (RoutesSet.Eof()) RoutesSet.MoveLast(); // a list with rows stands on one
 }
@@ -150,19 +119,19 @@ void RouteEditing::DeleteRoute() {
 Undo::Deed RouteEditing::KeepRoute() {
     const Value route = RoutesSet.Get("RouteID");
     const std::string name = Undo::NameOf(RoutesSet);
-    const KeptListRow row(shared.DataConn, "Route", "1", {}, RoutesSet.RowId());
-    const KeptRows points(shared.DataConn, "GpsPoints", "RouteID = ?", {route});
+    const KeptListRow row = routes.Keep(RoutesSet.RowId());
+    const KeptRows itsPoints = points.KeepAll(route);
     const int place = RoutePointsSet.IsOpen() ? RoutePointsSet.AbsolutePosition() : 0;
-    return {"Strecke " + name + " gelöscht", "Route " + name + " deleted", shared.DataConn,
-            [row, points] {
+    return {"Strecke " + name + " gelöscht", "Route " + name + " deleted", data,
+            [row, itsPoints] {
                 row.PutBack();
-                points.PutBack();
+                itsPoints.PutBack();
             },
             [this, route, place] {
                 SelectRoute(route);
                 if (place >= 1 && place <= RoutePointsSet.RecordCount())
                     RoutePointsSet.SetAbsolutePosition(place);
-                ShowSelected();
+                events(ShowSelected());
             }};
 }
 
@@ -174,67 +143,103 @@ void RouteEditing::SelectRoute(const Value& route) {
     OpenPoints();
 }
 
-void RouteEditing::ShowSelected() {
+void RouteEditing::RouteAdded(const Value& route) {
+    if (!RoutesSet.IsOpen()) return;
+    SelectRoute(route);
     ShowNoLengthWithoutPoints();
-    if (ShowRouteOn) owner.RedrawPlan();
 }
 
-void RouteEditing::cmdAddwaypoint() {
-    if (!HasRoute()) return;
-    const Value route = RoutesSet.Get("RouteID");
-    InsertAfterCurrent(shared.DataConn, RoutePointsSet, PointsOfRoute, {route}, [&](Recordset& point) {
-        point.Set("RouteID", route);
-        for (const char* field : {"PointID", "Name", "Lat", "Long"}) point.Set(field, waypoints.Get(field));
-    });
-    FocusWaypoints();
-    owner.RedrawPlan();
+void RouteEditing::PointsAdded() {
+    if (RoutePointsSet.IsOpen()) RoutePointsSet.Requery();
 }
 
-void RouteEditing::cmdDeleteWaypoint() {
-    if (!RoutePointsSet.IsOpen() || RoutePointsSet.RecordCount() == 0) return;
+// The length is written when a route with points is drawn: without any, that of another would stand here.
+void RouteEditing::ShowNoLengthWithoutPoints() {
+    if (RoutePointsSet.RecordCount() == 0) lblRouteDistanz.clear();
+}
+
+PlanEffects RouteEditing::ShowSelected() {
+    ShowNoLengthWithoutPoints();
+    return ShowRouteOn ? PlanEffects{PlanEffect::Redraw} : PlanEffects();
+}
+
+PlanEffects RouteEditing::cmdAddwaypoint(const std::optional<WaypointBook::Waypoint>& waypoint) {
+    if (!HasRoute()) return {};
+    if (!waypoint) throw RuntimeError(ErrorNumber::NoCurrentRecord);
+    points.InsertAfterCurrent(RoutePointsSet, RoutesSet.Get("RouteID"), *waypoint);
+    return {PlanEffect::FocusWaypoints, PlanEffect::Redraw};
+}
+
+PlanEffects RouteEditing::cmdDeleteWaypoint() {
+    if (!RoutePointsSet.IsOpen() || RoutePointsSet.RecordCount() == 0) return {};
     const int place = ToInt16(RoutePointsSet.AbsolutePosition());
     const Value route = RoutePointsSet.Get("RouteID");
     Undo::Deed deed = KeepPoint(route);
-    try {
-        Transaction transaction(shared.DataConn);
-        RoutePointsSet.Delete();
-        Renumber(shared.DataConn, PointsOfRoute, {route});
-        transaction.Commit();
-    } catch (...) {
-        StandAgain(RoutePointsSet, place);
-        throw;
-    }
+    RestoreOnError(
+        [&] {
+            Transaction transaction(data);
+            RoutePointsSet.Delete();
+            points.Renumber(route);
+            transaction.Commit();
+        },
+        [&] { StandAgain(RoutePointsSet, place); });
     undo.Offer(std::move(deed));
     RoutePointsSet.Requery();
-    FocusWaypoints();
-    if (RoutePointsSet.RecordCount() == 0) return; // the line of the route stays until the next redraw
+    // The line of the route stays until the next redraw.
+    if (RoutePointsSet.RecordCount() == 0) return {PlanEffect::FocusWaypoints};
     if (!RoutePointsSet.Find("Nummer", Comparison::Equal, place)) RoutePointsSet.MoveLast();
-    owner.RedrawPlan();
+    return {PlanEffect::FocusWaypoints, PlanEffect::Redraw};
 }
 
 // The current point as it is now, and the numbers of its route.
 Undo::Deed RouteEditing::KeepPoint(const Value& route) {
     const std::string name = Undo::NameOf(RoutePointsSet);
-    const KeptListRow row(shared.DataConn, "GpsPoints", "RouteID = ?", {route}, RoutePointsSet.RowId());
-    return {"Streckenpunkt " + name + " gelöscht", "Route point " + name + " deleted", shared.DataConn,
+    const KeptListRow row = points.Keep(route, RoutePointsSet.RowId());
+    return {"Streckenpunkt " + name + " gelöscht", "Route point " + name + " deleted", data,
             [this, row] { pointBack = row.PutBack(); },
             [this, route] {
                 SelectRoute(route);
                 while (!RoutePointsSet.Eof() && RoutePointsSet.RowId() != pointBack)
                     RoutePointsSet.MoveNext();
-                FocusWaypoints();
-                owner.RedrawPlan();
+                events({PlanEffect::FocusWaypoints, PlanEffect::Redraw});
             }};
 }
 
-void RouteEditing::cmdshowRoute() {
+PlanEffects RouteEditing::cmdshowRoute() {
     ShowRouteOn = true;
-    owner.RedrawPlan();
+    return {PlanEffect::Redraw};
 }
 
-void RouteEditing::picShowRoute() {
+PlanEffects RouteEditing::picShowRoute() {
     ShowRouteOn = false;
-    owner.RedrawPlan();
+    return {PlanEffect::Redraw};
+}
+
+Value RouteEditing::CurrentPoint() const {
+    const bool onPoint = RoutePointsSet.IsOpen() && RoutePointsSet.AbsolutePosition() > 0;
+    return onPoint ? RoutePointsSet.Get("PointID") : Value();
+}
+
+std::optional<PlanRoute> RouteEditing::DrawnRoute() {
+    if (!ShowRouteOn || !HasRoute()) return std::nullopt;
+    PlanRoute route;
+    route.Fault = ErrorOf([&] {
+        const double length = ReadPoints(route);
+        if (!route.Points.empty()) lblRouteDistanz = Format(length, "#####", language.Locale) + " NM";
+    });
+    return route;
+}
+
+// The length in NM.
+double RouteEditing::ReadPoints(PlanRoute& route) {
+    const std::string name = RoutesSet.TextOrEmpty("Name");
+    double sum = 0;
+    points.ForEach(RoutesSet.Get("RouteID"), [&](const RoutePoints::Point& point) {
+        const Position to = ToDecimalDegrees(point.PlaceIn(name));
+        if (!route.Points.empty()) sum += CalcRouteDist(to, route.Points.back());
+        route.Points.push_back(to);
+    });
+    return sum;
 }
 
 } // namespace ornivane

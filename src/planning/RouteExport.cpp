@@ -3,22 +3,26 @@
 #include "base/FileNames.h"
 #include "base/Paths.h"
 #include "base/RuntimeError.h"
+#include "data/RoutePoints.h"
+#include "data/Routes.h"
 
 namespace ornivane {
 
 namespace fs = std::filesystem;
 
-RouteExport::RouteExport(Variablen& variablen, Dialogs& dialogs) : shared(variablen), boxes(dialogs) {}
+RouteExport::RouteExport(const Language& texts, const Settings& ofProgram, Connection& dataConn,
+                         Dialogs& dialogs)
+    : language(texts), settings(ofProgram), data(dataConn), boxes(dialogs) {}
 
 void RouteExport::Form_Load(const std::string& gridRouteCell) {
-    routes.Open(shared.DataConn, "SELECT * From Route Order by NUMMER ASC");
+    Routes(data).Open(routes);
     if (routes.RecordCount() == 0) return;
     for (; !routes.Eof(); routes.MoveNext()) {
         cmbRoute.push_back(routes.TextOrEmpty("Name"));
         if (cmbRouteIndex < 0 && cmbRoute.back() == gridRouteCell)
             cmbRouteIndex = static_cast<int>(cmbRoute.size()) - 1;
     }
-    lblSave = (shared.ProgramFolder / "Route" / "").string();
+    lblSave = (settings.ProgramFolder / "Route" / "").string();
 }
 
 void RouteExport::cmdExport() {
@@ -27,25 +31,23 @@ void RouteExport::cmdExport() {
     routes.MoveFirst();
     routes.Find("Name", Comparison::Equal, name);
     Recordset points;
-    points.Open(shared.DataConn, "SELECT * From GpsPoints WHERE RouteID = ? ORDER BY Nummer ASC",
-                {routes.Get("RouteID")});
+    RoutePoints(data).Open(points, routes.Get("RouteID"));
     if (points.RecordCount() == 0) {
-        boxes.Message(shared.Text("Fehler in Strecke", "Route error"),
-                      shared.Text("Flugstrecke - ", "Route - ") + name +
-                          shared.Text(" - enthält keine Wegpunkte...", " - contains no waypoints..."));
+        boxes.Message(language.Text("Fehler in Strecke", "Route error"),
+                      language.Text("Flugstrecke - %1 - enthält keine Wegpunkte...",
+                                    "Route - %1 - contains no waypoints...", {name}));
         return;
     }
     CheckFileName(name);
     const fs::path file = MakeFolder() / (name + ".ovr");
     points.Save(file);
     lblSave = file.string();
-    boxes.Message(shared.Text("Strecke gespeichert", "Route saved"),
-                  shared.Text("Strecke: ", "Route: ") + name +
-                      shared.Text(" wurde gespeichert.", " was saved."));
+    boxes.Message(language.Text("Strecke gespeichert", "Route saved"),
+                  language.Text("Strecke: %1 wurde gespeichert.", "Route: %1 was saved.", {name}));
 }
 
 fs::path RouteExport::MakeFolder() const {
-    const fs::path folder = shared.ProgramFolder / "Route";
+    const fs::path folder = settings.ProgramFolder / "Route";
     std::error_code error;
     fs::create_directory(folder, error);
     if (!DirExists(folder)) throw RuntimeError(ErrorNumber::PermissionDenied, folder.string());

@@ -3,7 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "common/Variablen.h"
+#include "base/Language.h"
+#include "common/Settings.h"
 #include "platform/Dialogs.h"
 #include "store/Recordset.h"
 
@@ -12,7 +13,7 @@ namespace ornivane {
 // Saves a route with its points as a file of its own, Route/<name>.ovr, to pass it on.
 class RouteExport {
 public:
-    RouteExport(Variablen& variablen, Dialogs& dialogs);
+    RouteExport(const Language& language, const Settings& settings, Connection& data, Dialogs& dialogs);
 
     std::vector<std::string> cmbRoute; // all routes in their order
     int cmbRouteIndex = -1;            // the chosen one, from 0; -1 for none
@@ -29,7 +30,9 @@ public:
 private:
     std::filesystem::path MakeFolder() const;
 
-    Variablen& shared;
+    const Language& language;
+    const Settings& settings;
+    Connection& data;
     Dialogs& boxes;
     Recordset routes;
 };

@@ -6,8 +6,11 @@
 #include "base/Paths.h"
 #include "base/RuntimeError.h"
 #include "base/Strings.h"
-#include "planning/WaypointBook.h"
-#include "store/Statement.h"
+#include "common/StoredPositions.h"
+#include "data/RoutePoints.h"
+#include "data/Routes.h"
+#include "data/WaypointBook.h"
+#include "data/Waypoints.h"
 
 namespace ornivane {
 
@@ -19,41 +22,34 @@ constexpr std::size_t MostDifferenceBoxes = 10;
 // Characters of a waypoint's name, as in the schema of a route file.
 constexpr std::size_t LongestName = 255;
 
-void Insert(Statement& statement, std::initializer_list<Value> values) {
-    StatementRun run(statement);
-    int parameter = 0;
-    for (const Value& value : values) statement.Bind(++parameter, value);
-    statement.Step();
-}
-
 } // namespace
 
-RouteImport::RouteImport(Variablen& variablen, Dialogs& dialogs, PlanningSets planning)
-    : shared(variablen), boxes(dialogs), sets(planning) {}
+RouteImport::RouteImport(const Language& texts, const Settings& ofProgram, Connection& dataConn,
+                         Dialogs& dialogs, ImportSteps toShow)
+    : language(texts), settings(ofProgram), data(dataConn), boxes(dialogs), steps(std::move(toShow)) {}
 
 void RouteImport::GetRoute() {
     const auto path = boxes.OpenFile(Question());
     if (!path) return;
     const std::string name = RouteNameOf(path->string());
-    try {
+    const auto noRoute = ErrorOf([&] {
         rows.OpenFile(*path);
         ImportWaypoints();
         ImportRouteRow(name);
-    } catch (const RuntimeError&) {
-        return; // no route file, or no place for the route: there is nothing to tell of
-    }
+    });
+    if (noRoute) return; // no route file, or no place for the route: there is nothing to tell of
     ImportRoutePoints();
-    boxes.Message(shared.Text("Datenimport", "Data imported"),
-                  shared.Text("Strecke: ", "Route: ") + name +
-                      shared.Text(" wurde hinzugefügt", " was added to the database"));
-    if (notShown) std::rethrow_exception(notShown);
+    boxes.Message(
+        language.Text("Datenimport", "Data imported"),
+        language.Text("Strecke: %1 wurde hinzugefügt", "Route: %1 was added to the database", {name}));
+    if (notShown) throw RuntimeError(*notShown);
 }
 
 FileQuestion RouteImport::Question() const {
     FileQuestion question;
-    question.Title = shared.Text("Ornivane Route importieren ", "Import Ornivane Route");
-    const auto folder = shared.ProgramFolder / "Route";
-    question.Start = DirExists(folder) ? folder : shared.ProgramFolder;
+    question.Title = language.Text("Ornivane Route importieren ", "Import Ornivane Route");
+    const auto folder = settings.ProgramFolder / "Route";
+    question.Start = DirExists(folder) ? folder : settings.ProgramFolder;
     question.Filters = {{"All files (*.*)", "*.*"}, {"Ornivane Route", "*.ovr"}};
     question.Preselected = 1;
     question.DefaultExtension = "ovr";
@@ -68,19 +64,13 @@ std::string RouteImport::RouteNameOf(const std::string& path) {
 
 void RouteImport::ImportWaypoints() {
     std::vector<std::string> differing;
-    bool failed = false;
-    std::string reason;
-    try {
-        MergeWaypoints(differing);
-    } catch (const RuntimeError& error) {
-        failed = true;
-        if (error.Number() == ErrorNumber::Overflow) reason = "\n" + error.Detail();
-    }
+    const auto error = ErrorOf([&] { MergeWaypoints(differing); });
     TellDifferences(differing);
-    if (failed)
-        boxes.Message(shared.Text("Datenfehler", "Data error"),
-                      shared.Text("Fehler beim Einlesen der Wegpunkte", "Error reading waypoint data") +
-                          reason);
+    if (!error) return;
+    const bool hasReason = error->Number() == ErrorNumber::Overflow;
+    boxes.Message(language.Text("Datenfehler", "Data error"),
+                  language.Text("Fehler beim Einlesen der Wegpunkte", "Error reading waypoint data") +
+                      (hasReason ? "\n" + error->Detail() : ""));
 }
 
 // The row of the file, and how the name begins: all of it would fill the screen.
@@ -88,19 +78,18 @@ std::string RouteImport::LongName(const std::string& name) const {
     constexpr std::size_t beginning = 20; // characters
     std::size_t end = 0;
     while (end < name.size() && CharacterCount(std::string_view(name).substr(0, end + 1)) <= beginning) ++end;
-    return shared.Text("Zeile ", "Row ") + std::to_string(rows.AbsolutePosition()) +
-           shared.Text(": Der Name hat ", ": The name has ") + std::to_string(CharacterCount(name)) +
-           shared.Text(" Zeichen, möglich sind ", " characters, ") + std::to_string(LongestName) +
-           shared.Text(": ", " are possible: ") + name.substr(0, end) + "...";
+    return language.Text("Zeile %1: Der Name hat %2 Zeichen, möglich sind %3: %4...",
+                         "Row %1: The name has %2 characters, %3 are possible: %4...",
+                         {std::to_string(rows.AbsolutePosition()), std::to_string(CharacterCount(name)),
+                          std::to_string(LongestName), name.substr(0, end)});
 }
 
 // Into an empty table nothing is taken: the route then stays without points.
 void RouteImport::MergeWaypoints(std::vector<std::string>& differing) {
-    WaypointBook waypoints(shared.DataConn);
+    WaypointBook waypoints(data);
     if (waypoints.IsEmpty()) return;
-    Transaction transaction(shared.DataConn);
-    Statement insert(shared.DataConn,
-                     "INSERT INTO Waypoints (Name, Lat, Long, Kategorie) VALUES (?, ?, ?, '')");
+    Transaction transaction(data);
+    Waypoints table(data);
     std::set<const WaypointBook::Waypoint*> told;
     for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
         const std::string name = rows.Text("Name");
@@ -108,14 +97,14 @@ void RouteImport::MergeWaypoints(std::vector<std::string>& differing) {
         const WaypointBook::Waypoint* stored = waypoints.Find(name);
         if (!stored) {
             if (CharacterCount(name) > LongestName) throw RuntimeError(ErrorNumber::Overflow, LongName(name));
-            Insert(insert, {name, lat, lon});
+            table.Add(name, DegMinOf(rows), {});
             waypoints.Add({{}, name, lat, lon});
         } else if ((stored->Lat != lat || stored->Long != lon) && told.insert(stored).second) {
             differing.push_back(name);
         }
     }
     transaction.Commit();
-    Show(sets.WaypointsChanged);
+    Show(steps.WaypointsAdded);
 }
 
 // The box of a single point is German in either language, as its readers know it.
@@ -130,70 +119,42 @@ void RouteImport::TellDifferences(const std::vector<std::string>& differing) {
                                           differing.end());
     if (others.empty()) return;
     boxes.MessageWithList(
-        shared.Text("Datenunterschied", "Data difference"),
-        shared.Text("Weitere Punkte, die sich von den schon vorhandenen unterscheiden: ",
-                    "More points that differ from those already there: ") +
-            std::to_string(others.size()) +
-            shared.Text(". Die alten Koordinaten werden beibehalten - Bitte die Strecke überprüfen.",
-                        ". The old coordinates are kept - please check the route."),
+        language.Text("Datenunterschied", "Data difference"),
+        language.Text("Weitere Punkte, die sich von den schon vorhandenen unterscheiden: %1. Die alten "
+                      "Koordinaten werden beibehalten - Bitte die Strecke überprüfen.",
+                      "More points that differ from those already there: %1. The old coordinates are kept - "
+                      "please check the route.",
+                      {std::to_string(others.size())}),
         others);
 }
 
 void RouteImport::ImportRouteRow(const std::string& name) {
-    Transaction transaction(shared.DataConn);
-    Recordset routes;
-    routes.Open(shared.DataConn, "SELECT * From Route Order by NUMMER ASC");
-    routes.MoveLast();
-    const double number = routes.RecordCount() > 0 ? routes.Number("Nummer") + 1 : 1;
-    routes.AddNew();
-    routes.Set("Nummer", number);
-    routes.Set("Name", name);
-    routes.Update();
-    routeID = routes.Get("RouteID");
-    transaction.Commit();
-    Show([this] { ShowRoute(); });
-}
-
-void RouteImport::ShowRoute() {
-    if (!sets.RoutesSet || !sets.RoutesSet->IsOpen()) return;
-    sets.RoutesSet->Requery();
-    if (!sets.RoutesSet->Find("RouteID", Comparison::Equal, routeID)) sets.RoutesSet->MoveFirst();
+    routeID = Routes(data).Append(name);
+    if (steps.RouteAdded) Show([this] { steps.RouteAdded(routeID); });
 }
 
 void RouteImport::ImportRoutePoints() {
-    try {
-        CopyPoints();
-    } catch (const RuntimeError&) {
-        // The route stays without points; a file that leads here has had its message with the waypoints.
-        return;
-    }
-    Show([this] {
-        if (sets.RoutePointsSet && sets.RoutePointsSet->IsOpen()) sets.RoutePointsSet->Requery();
-    });
+    // After an error the route stays without points; a file that leads here has had its message with the
+    // waypoints.
+    if (!ErrorOf([this] { CopyPoints(); })) Show(steps.PointsAdded);
 }
 
 // The points are copies of the stored waypoints, not of the file's: where they differ, the store is right.
 void RouteImport::CopyPoints() {
-    const WaypointBook waypoints(shared.DataConn);
-    Transaction transaction(shared.DataConn);
-    Statement insert(
-        shared.DataConn,
-        "INSERT INTO GpsPoints (Nummer, RouteID, PointID, Name, Lat, Long) VALUES (?, ?, ?, ?, ?, ?)");
+    const WaypointBook waypoints(data);
+    Transaction transaction(data);
+    RoutePoints points(data);
     double number = 0;
     for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
         if (const WaypointBook::Waypoint* point = waypoints.Find(rows.Text("Name")))
-            Insert(insert, {++number, routeID, point->PointID, point->Name, point->Lat, point->Long});
+            points.Add(routeID, ++number, *point);
     }
     transaction.Commit();
 }
 
-void RouteImport::Show(const std::function<void()>& list) {
-    try {
-        if (list) list();
-    } catch (const RuntimeError&) {
-        // What is stored is stored: a screen that cannot show it must not leave the route without its points.
-        notShown = std::current_exception();
-    }
+void RouteImport::Show(const std::function<void()>& step) {
+    // What is stored is stored: a screen that cannot show it must not leave the route without its points.
+    if (const auto error = step ? ErrorOf(step) : std::nullopt) notShown = error;
 }
 
 } // namespace ornivane

@@ -1,22 +1,23 @@
 #pragma once
 
-#include <exception>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
-#include "common/Variablen.h"
+#include "base/Language.h"
+#include "base/RuntimeError.h"
+#include "common/Settings.h"
 #include "platform/Dialogs.h"
 #include "store/Recordset.h"
 
 namespace ornivane {
 
-// The lists of the planning screen that show what an import changes. One that is missing or closed is left
-// alone.
-struct PlanningSets {
-    std::function<void()> WaypointsChanged;
-    Recordset* RoutesSet = nullptr;
-    Recordset* RoutePointsSet = nullptr;
+// Run after each step, so that the lists of the planning screen show it; those that are missing are left out.
+struct ImportSteps {
+    std::function<void()> WaypointsAdded;
+    std::function<void(const Value& routeID)> RouteAdded;
+    std::function<void()> PointsAdded;
 };
 
 // Takes a route and its waypoints from a route file. Nothing of it is seen but the file dialog and messages.
@@ -24,7 +25,8 @@ struct PlanningSets {
 // list of routes stands on the new one.
 class RouteImport {
 public:
-    RouteImport(Variablen& variablen, Dialogs& dialogs, PlanningSets planning);
+    RouteImport(const Language& language, const Settings& settings, Connection& data, Dialogs& dialogs,
+                ImportSteps steps);
 
     // Asks for the file and imports it. A file that is no route file ends it without a word and changes
     // nothing. RuntimeError at the very end when a list of the screen could not be read again.
@@ -44,16 +46,17 @@ private:
     void ImportRouteRow(const std::string& name);
     void ImportRoutePoints();
     void CopyPoints();
-    void Show(const std::function<void()>& list);
-    void ShowRoute();
+    void Show(const std::function<void()>& step);
     std::string LongName(const std::string& name) const;
 
-    Variablen& shared;
+    const Language& language;
+    const Settings& settings;
+    Connection& data;
     Dialogs& boxes;
-    PlanningSets sets;
-    Recordset rows;              // of the file
-    Value routeID;               // of the new route
-    std::exception_ptr notShown; // why a list could not be read again
+    ImportSteps steps;
+    Recordset rows;                       // of the file
+    Value routeID;                        // of the new route
+    std::optional<RuntimeError> notShown; // why a list could not be read again
 };
 
 } // namespace ornivane

@@ -3,9 +3,10 @@
 #include <cmath>
 
 #include "base/Flagged.h"
-#include "base/Format.h"
 #include "base/Numbers.h"
+#include "base/Readout.h"
 #include "base/RuntimeError.h"
+#include "data/Waypoints.h"
 
 namespace ornivane {
 
@@ -13,26 +14,20 @@ namespace {
 
 // A coordinate as its field shows it: absolute, at most four decimals, no trailing zeros.
 std::string CoordinateText(double value, const LocaleText& locale) {
-    return NumberText(NumberIn(Format(std::fabs(value), "####.###0", locale)), locale);
+    return NumberText(NumberAsShown(std::fabs(value), "####.###0"), locale);
 }
 
 } // namespace
 
-WaypointEditing::WaypointEditing(Variablen& variablen, Dialogs& messages, Undo& lastDeed,
-                                 PlanningOwner& screen)
-    : shared(variablen), dialogs(messages), undo(lastDeed), owner(screen), shown(Entry()) {
+WaypointEditing::WaypointEditing(const Language& texts, Connection& dataConn, Dialogs& messages,
+                                 Undo& lastDeed, PlanEvents onEvents)
+    : language(texts), data(dataConn), dialogs(messages), undo(lastDeed), events(std::move(onEvents)) {
     WaypointsSet.AddObserver(this);
 }
 
 WaypointEditing::~WaypointEditing() { WaypointsSet.RemoveObserver(this); }
 
 bool WaypointEditing::OnRow() const { return WaypointsSet.IsOpen() && WaypointsSet.AbsolutePosition() > 0; }
-
-std::array<std::string, 5> WaypointEditing::Entry() const {
-    return {tWaypoint[1], tWaypoint[2], tWaypoint[3], tNS, tEW};
-}
-
-bool WaypointEditing::IsEdited() const { return Entry() != shown; }
 
 void WaypointEditing::Form_Load() {
     const Flagged now(moving);
@@ -42,10 +37,9 @@ void WaypointEditing::Form_Load() {
 
 void WaypointEditing::Open(const std::string& category) {
     if (category == AllWaypoints)
-        WaypointsSet.Open(shared.DataConn, "SELECT * From Waypoints Order by NAME ASC");
+        Waypoints(data).Open(WaypointsSet);
     else
-        WaypointsSet.Open(shared.DataConn, "SELECT * From Waypoints WHERE Kategorie = ? ORDER by NAME ASC",
-                          {category});
+        Waypoints(data).OpenCategory(WaypointsSet, category);
     cmbKat = category; // not before: the text must be that of the rows
     lblCount = OnRow() ? "1 / " + std::to_string(WaypointsSet.RecordCount()) : "0 / 0";
 }
@@ -53,7 +47,7 @@ void WaypointEditing::Open(const std::string& category) {
 void WaypointEditing::FillCategories() {
     Categories = {AllWaypoints};
     Recordset categories;
-    categories.Open(shared.DataConn, "SELECT * From Kategorie Order by NUMMER ASC");
+    categories.Open(data, "SELECT * From Kategorie Order by NUMMER ASC");
     for (; !categories.Eof(); categories.MoveNext())
         if (const Value name = categories.Get("Kategorie"); !name.IsNull()) Categories.push_back(name.Text());
 
@@ -63,9 +57,7 @@ void WaypointEditing::FillCategories() {
     Open(AllWaypoints);
     tKat = cmbKat;
     tKatVisible = true;
-    if (!WaypointsSet.Find("PointID", Comparison::Equal, current)) WaypointsSet.MoveFirst();
-    cmdNextEnabled = cmdPrevEnabled = true;
-    ShowUnlessTyped();
+    StandOn(current);
 }
 
 void WaypointEditing::ReadAgain() {
@@ -73,14 +65,18 @@ void WaypointEditing::ReadAgain() {
     const Flagged now(moving);
     const Value current = OnRow() ? WaypointsSet.Get("PointID") : Value();
     WaypointsSet.Requery();
-    if (!WaypointsSet.Find("PointID", Comparison::Equal, current)) WaypointsSet.MoveFirst();
+    StandOn(current);
+}
+
+void WaypointEditing::StandOn(const Value& point) {
+    if (!WaypointsSet.Find("PointID", Comparison::Equal, point)) WaypointsSet.MoveFirst();
     cmdNextEnabled = cmdPrevEnabled = true;
     ShowUnlessTyped();
 }
 
 // An entry that is being typed is not taken away by a change of the list.
 void WaypointEditing::ShowUnlessTyped() {
-    if (IsEdited())
+    if (Typed() != shown)
         ShowCount();
     else
         ShowWaypoint();
@@ -92,24 +88,23 @@ void WaypointEditing::ShowCount() {
                        : "0 / 0";
 }
 
+// Its number. A damaged value shows as nothing and counts as 0: all fields must be those of one row.
+double WaypointEditing::ShowCoordinate(const char* column, std::string& field) {
+    field.clear();
+    double value = 0;
+    IgnoreErrors([&] {
+        value = WaypointsSet.Number(column);
+        field = CoordinateText(value, language.Locale);
+    });
+    return value;
+}
+
 void WaypointEditing::ShowWaypoint() {
     if (!OnRow()) return;
-    const auto show = [this](const char* column, std::string& field, std::string& hemisphere,
-                             const char* positive, const char* negative) {
-        field.clear(); // a damaged value shows as nothing: all fields must be those of one row
-        hemisphere = positive;
-        try {
-            const double value = WaypointsSet.Number(column);
-            field = CoordinateText(value, shared.Locale);
-            if (value < 0) hemisphere = negative;
-        } catch (const RuntimeError&) {
-            return;
-        }
-    };
-    show("Long", tWaypoint[3], tEW, "E", "W");
-    show("Lat", tWaypoint[2], tNS, "N", "S");
+    tEW = ShowCoordinate("Long", tWaypoint[3]) < 0 ? EastWest::West : EastWest::East;
+    tNS = ShowCoordinate("Lat", tWaypoint[2]) < 0 ? NorthSouth::South : NorthSouth::North;
     tWaypoint[1] = WaypointsSet.TextOrEmpty("Name");
-    shown = Entry();
+    shown = Typed();
     shownPoint = WaypointsSet.Get("PointID");
     ShowCount();
 }
@@ -120,34 +115,46 @@ void WaypointEditing::CancelEntry() {
         return;
     }
     tWaypoint = {};
-    shown = Entry();
+    shown = Typed();
     shownPoint = {};
 }
 
-void WaypointEditing::BeginEntry(const std::string& lat, const std::string& longitude, const std::string& ns,
-                                 const std::string& ew) {
-    tWaypoint = {"", "", lat, longitude};
-    tNS = ns;
-    tEW = ew;
+void WaypointEditing::BeginEntry(const ShownPosition& at) {
+    tWaypoint = {"", "", NumberText(at.Lat.Value(), language.Locale),
+                 NumberText(at.Long.Value(), language.Locale)};
+    tNS = at.NS;
+    tEW = at.EW;
     shownPoint = {}; // no waypoint of the list: a change would move one that nobody looked at
 }
 
-bool WaypointEditing::Refuse(int field, const char* german, const char* english) {
-    FaultyField = field;
-    dialogs.Message(shared.Text("Datenfehler", "Data error"), shared.Text(german, english));
-    return false;
+std::optional<DegMin> WaypointEditing::TypedPosition() const {
+    const auto lat = ParseNumber(tWaypoint[2]), longitude = ParseNumber(tWaypoint[3]);
+    if (!lat || !longitude) return std::nullopt;
+    return DegMin{StoredLatitude(*lat), StoredLongitude(*longitude)};
 }
 
-bool WaypointEditing::CheckEntry(const char* germanNameMessage) {
+std::optional<DegMin> WaypointEditing::EntryPosition() const {
+    const auto typed = TypedPosition();
+    if (!typed || tWaypoint[1].empty()) return std::nullopt;
+    return ShownPosition{typed->Lat, typed->Long, tNS, tEW}.Stored();
+}
+
+PlanEffects WaypointEditing::Refuse(PlanEffect focus, const char* german, const char* english) {
+    dialogs.Message(language.Text("Datenfehler", "Data error"), language.Text(german, english));
+    return {focus};
+}
+
+// Empty for an entry without a mistake.
+PlanEffects WaypointEditing::CheckEntry(const char* germanNameMessage) {
     if (tWaypoint[1].empty())
-        return Refuse(1, germanNameMessage, "Please enter a name in the waypoint field");
+        return Refuse(PlanEffect::FocusName, germanNameMessage, "Please enter a name in the waypoint field");
     if (!ParseNumber(tWaypoint[2]))
-        return Refuse(2, "Bitte Nummer für den Breitengrad eingeben",
+        return Refuse(PlanEffect::FocusLatitude, "Bitte Nummer für den Breitengrad eingeben",
                       "Please enter a numeric value in the latitude field");
     if (!ParseNumber(tWaypoint[3]))
-        return Refuse(3, "Bitte Nummer für den Längengrad eingeben",
+        return Refuse(PlanEffect::FocusLongitude, "Bitte Nummer für den Längengrad eingeben",
                       "Please enter a numeric value in the longitude field");
-    return true;
+    return {};
 }
 
 // Asks the list as it is filtered: a name of another category is free.
@@ -157,40 +164,46 @@ bool WaypointEditing::IsTaken(const std::string& name) {
     return WaypointsSet.Find("Name", Comparison::Equal, name);
 }
 
-bool WaypointEditing::cmdNew() {
-    if (!CheckEntry("Bitte Name für den Waypoint eingeben")) return false;
+PlanEffects WaypointEditing::cmdNew() {
+    if (auto refused = CheckEntry("Bitte Name für den Waypoint eingeben"); !refused.empty()) return refused;
     const Flagged now(moving);
     const int before = WaypointsSet.AbsolutePosition();
     if (IsTaken(tWaypoint[1])) {
         cmdNextEnabled = cmdPrevEnabled = true;
         ShowCount(); // the waypoint of that name is current now; what was typed stays
-        return Refuse(1, "Der Wegpunkt existiert schon. Bitte einen anderen Namen vergeben.",
+        return Refuse(PlanEffect::FocusName,
+                      "Der Wegpunkt existiert schon. Bitte einen anderen Namen vergeben.",
                       "The waypoint already exists. Please choose another name.");
     }
-    try {
-        InsertEntry();
-    } catch (...) {
-        WaypointsSet.CancelUpdate();
-        if (before > 0) WaypointsSet.SetAbsolutePosition(before);
-        throw;
-    }
+    RestoreOnError([&] { InsertEntry(); },
+                   [&] {
+                       WaypointsSet.CancelUpdate();
+                       if (before > 0) WaypointsSet.SetAbsolutePosition(before);
+                   });
     cmdNextEnabled = cmdPrevEnabled = true;
     ShowWaypoint();
-    owner.CenterOnWaypoint();
-    return true;
+    return {PlanEffect::CentreOnEntry, PlanEffect::FocusWaypoints};
 }
 
 void WaypointEditing::InsertEntry() {
     const std::string name = tWaypoint[1];
-    const double latitude = NumberIn(tWaypoint[2]), longitude = NumberIn(tWaypoint[3]);
+    const DegMin at = ShownPosition{StoredLatitude(NumberIn(tWaypoint[2])),
+                                    StoredLongitude(NumberIn(tWaypoint[3])), tNS, tEW}
+                          .Stored();
     WaypointsSet.AddNew();
     WaypointsSet.Set("Name", name);
-    WaypointsSet.Set("Lat", tNS == "S" ? -latitude : latitude);
-    WaypointsSet.Set("Long", tEW == "W" ? -longitude : longitude);
+    WaypointsSet.Set("Lat", at.Lat.Value());
+    WaypointsSet.Set("Long", at.Long.Value());
     WaypointsSet.Set("Kategorie", cmbKat == AllWaypoints ? std::string() : cmbKat);
     WaypointsSet.Update();
     WaypointsSet.Sort("Name");
     if (!WaypointsSet.Find("Name", Comparison::Equal, name)) WaypointsSet.MoveFirst();
+}
+
+std::optional<WaypointBook::Waypoint> WaypointEditing::Current() const {
+    if (!OnRow()) return std::nullopt;
+    return WaypointBook::Waypoint{WaypointsSet.Get("PointID"), WaypointsSet.Get("Name"),
+                                  WaypointsSet.Get("Lat"), WaypointsSet.Get("Long")};
 }
 
 std::optional<std::string> WaypointEditing::OtherTarget() const {
@@ -203,8 +216,8 @@ Undo::Deed WaypointEditing::KeepCurrent(const char* german, const char* english,
                                         void (KeptRows::*putBack)() const) {
     const Value point = WaypointsSet.Get("PointID");
     const std::string name = Undo::NameOf(WaypointsSet);
-    const KeptRows kept(shared.DataConn, "Waypoints", "PointID = ?", {point});
-    return {"Wegpunkt " + name + " " + german, "Waypoint " + name + " " + english, shared.DataConn,
+    const KeptRows kept = Waypoints(data).Keep(point);
+    return {"Wegpunkt " + name + " " + german, "Waypoint " + name + " " + english, data,
             [kept, putBack] { (kept.*putBack)(); },
             [this, point, category = cmbKat] { ShowAgain(point, category); }};
 }
@@ -221,33 +234,31 @@ void WaypointEditing::ShowAgain(const Value& point, const std::string& category)
         cmdNextEnabled = cmdPrevEnabled = true;
     }
     ShowUnlessTyped();
-    owner.CenterOnWaypoint();
+    events({PlanEffect::CentreOnEntry});
 }
 
-bool WaypointEditing::cmdChange() {
-    if (!CheckEntry("Bitte Name für den Wegpunkt eingeben")) return false;
+PlanEffects WaypointEditing::cmdChange() {
+    if (auto refused = CheckEntry("Bitte Name für den Wegpunkt eingeben"); !refused.empty()) return refused;
     Undo::Deed deed = KeepCurrent("geändert", "changed", &KeptRows::PutBackOver);
     bool isOther = false;
     const auto set = [&](const char* field, const Value& value) {
         isOther = isOther || WaypointsSet.Get(field) != value;
         WaypointsSet.Set(field, value);
     };
-    try {
-        set("Name", tWaypoint[1]);
-        set("Lat", NumberIn(tWaypoint[2]));
-        set("Long", NumberIn(tWaypoint[3]));
-        WaypointsSet.Update();
-    } catch (...) {
-        WaypointsSet.CancelUpdate(); // or the next step would write half of it
-        throw;
-    }
-    if (isOther) undo.Offer(std::move(deed)); // the same again must not take the offer before away
+    RestoreOnError(
+        [&] {
+            set("Name", tWaypoint[1]);
+            set("Lat", NumberIn(tWaypoint[2]));
+            set("Long", NumberIn(tWaypoint[3]));
+            WaypointsSet.Update();
+        },
+        [&] { WaypointsSet.CancelUpdate(); }); // or the next step would write half of it
+    if (isOther) undo.Offer(std::move(deed));  // the same again must not take the offer before away
     ShowWaypoint();
-    owner.CenterOnWaypoint();
-    return true;
+    return {PlanEffect::CentreOnEntry};
 }
 
-void WaypointEditing::cmdDelete() {
+PlanEffects WaypointEditing::cmdDelete() {
     if (OnRow()) {
         const Flagged now(moving);
         Undo::Deed deed = KeepCurrent("gelöscht", "deleted", &KeptRows::PutBack);
@@ -258,7 +269,7 @@ void WaypointEditing::cmdDelete() {
         ShowCount();
     }
     ShowWaypoint();
-    owner.CenterOnWaypoint();
+    return {PlanEffect::CentreOnEntry};
 }
 
 void WaypointEditing::cmdNext() {
@@ -292,14 +303,12 @@ void WaypointEditing::GridRowChanged() {
     cmdNextEnabled = cmdPrevEnabled = true;
     ShowWaypoint();
     if (OnRow())
-        owner.CenterOnWaypoint();
+        events({PlanEffect::CentreOnEntry});
     else
         ShowCount();
 }
 
-void WaypointEditing::QuickFind(int key) {
-    if (key == KeyDown) return cmdNext();
-    if (key == KeyUp) return cmdPrev();
+void WaypointEditing::QuickFind() {
     if (!OnRow()) return;
     const Bookmark before = WaypointsSet.CurrentBookmark();
     {
@@ -314,13 +323,13 @@ void WaypointEditing::QuickFind(int key) {
         ShowWaypoint();
 }
 
-void WaypointEditing::ChooseCategory(const std::string& text) {
+PlanEffects WaypointEditing::ChooseCategory(const std::string& text) {
     {
         const Flagged now(moving);
         FilterBy(text);
         cmdNextEnabled = cmdPrevEnabled = true;
     }
-    owner.FocusMap();
+    return {PlanEffect::FocusMap};
 }
 
 // The fields stay as they are: what is being typed outlives a look at another category.
@@ -333,7 +342,7 @@ void WaypointEditing::FilterBy(const std::string& category) {
 
 void WaypointEditing::tKat_Click() { tKatVisible = false; }
 void WaypointEditing::cmbKat_LostFocus() { tKatVisible = true; }
-void WaypointEditing::tNS_Click() { tNS = tNS == "N" ? "S" : "N"; }
-void WaypointEditing::tEW_Click() { tEW = tEW == "W" ? "E" : "W"; }
+void WaypointEditing::tNS_Click() { tNS = tNS == NorthSouth::North ? NorthSouth::South : NorthSouth::North; }
+void WaypointEditing::tEW_Click() { tEW = tEW == EastWest::West ? EastWest::East : EastWest::West; }
 
 } // namespace ornivane

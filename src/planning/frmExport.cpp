@@ -18,22 +18,21 @@ constexpr int ListedAtOnce = 12;   // routes of the opened list
 
 frmExport::frmExport(Variablen& variablen, Dialogs& dialogs, EventGuard& guard,
                      const std::string& gridRouteCell, QWidget* parent)
-    : QDialog(parent), shared(variablen), room(variablen, dialogs) {
+    : QDialog(parent), language(variablen), logic(variablen, variablen, variablen.DataConn, dialogs) {
     setObjectName("frmExport");
     setAttribute(Qt::WA_DeleteOnClose);
-    setStyleSheet(
-        "QLabel, QComboBox, QPushButton { font-size: 18px } QComboBox { min-height: 40px }"); // as high as
-                                                                                              // the buttons
+    // The list is as high as the buttons.
+    setStyleSheet("QLabel, QComboBox, QPushButton { font-size: 18px } QComboBox { min-height: 40px }");
     LayOut();
-    guard.Run([&] { room.Form_Load(gridRouteCell); });
-    for (const std::string& name : room.cmbRoute) cmbRoute.addItem(QString::fromStdString(name));
-    cmbRoute.setCurrentIndex(room.cmbRouteIndex);
+    guard.Run([&] { logic.Form_Load(gridRouteCell); });
+    for (const std::string& name : logic.cmbRoute) cmbRoute.addItem(QString::fromStdString(name));
+    cmbRoute.setCurrentIndex(logic.cmbRouteIndex);
     guard.Connect(&cmbRoute, &QComboBox::currentIndexChanged, [this](int chosen) {
-        room.cmbRouteIndex = chosen;
+        logic.cmbRouteIndex = chosen;
         ShowState();
     });
     guard.Connect(&cmdExport, &QPushButton::clicked, [this] {
-        room.cmdExport();
+        logic.cmdExport();
         ShowState();
     });
     guard.Connect(&cmdExit, &QPushButton::clicked, [this] { close(); });
@@ -79,7 +78,7 @@ void frmExport::LayOut() {
 
 void frmExport::ApplyLanguage() {
     const auto text = [this](const char* german, const char* english) {
-        return QString::fromUtf8(shared.Text(german, english));
+        return QString::fromUtf8(language.Text(german, english));
     };
     setWindowTitle(text("Strecke exportieren", "Export route"));
     Label1.setText(text("Verzeichnis", "Directory"));
@@ -96,12 +95,12 @@ void frmExport::ApplyLanguage() {
 }
 
 void frmExport::ShowState() {
-    lblSave.setText(QString::fromStdString(room.lblSave));
+    lblSave.setText(QString::fromStdString(logic.lblSave));
     lblSave.ensurePolished();
     const int free = PathLines * lblSave.fontMetrics().lineSpacing();
     lblSave.setMinimumHeight(
         std::max(free, lblSave.heightForWidth(std::max(lblSave.width(), NarrowestPath))));
-    cmdExport.setEnabled(room.cmbRouteIndex >= 0);
+    cmdExport.setEnabled(logic.cmbRouteIndex >= 0);
 }
 
 } // namespace ornivane

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include "common/Variablen.h"
 #include "planning/RouteExport.h"
 #include "platform/qt/Events.h"
 
@@ -24,8 +25,8 @@ private:
     void ApplyLanguage();
     void ShowState();
 
-    Variablen& shared;
-    RouteExport room;
+    const Language& language;
+    RouteExport logic;
     QLabel Label1, Label2, lblSave;
     QComboBox cmbRoute;
     QPushButton cmdExport, cmdExit;

@@ -10,9 +10,10 @@ frmImport::frmImport(Variablen& variablen, Dialogs& dialogs, frmPlanung& screen)
 
 void frmImport::GetRoute() {
     PlanningScreen& screen = planning.Logic();
-    RouteImport import(
-        shared, boxes,
-        {[&] { screen.Waypoints.ReadAgain(); }, &screen.Routes.RoutesSet, &screen.Routes.RoutePointsSet});
+    RouteImport import(shared, shared, shared.DataConn, boxes,
+                       {[&] { screen.Waypoints.ReadAgain(); },
+                        [&](const Value& route) { screen.Routes.RouteAdded(route); },
+                        [&] { screen.Routes.PointsAdded(); }});
     planning.Do([&] { import.GetRoute(); });
     planning.Do([&] { screen.RedrawPlan(); }); // also after an error: the lists have followed by themselves
 }

@@ -5,7 +5,6 @@
 #include <QPushButton>
 #include <QTableView>
 
-#include "platform/qt/Events.h"
 #include "platform/qt/FittedButton.h"
 
 namespace ornivane {
@@ -16,18 +15,10 @@ constexpr int ButtonHeight = 44, LineHeight = 34; // pixels
 
 } // namespace
 
-frmListPanel::frmListPanel(QWidget* parent, const Variablen& variablen, EventGuard& eventGuard,
-                           std::function<void()> stateChanged)
-    : QWidget(parent), shared(variablen), guard(eventGuard), changed(std::move(stateChanged)) {}
+frmListPanel::frmListPanel(QWidget* parent, const Language& texts, std::function<void(const Event&)> toRun)
+    : QWidget(parent), language(texts), run(std::move(toRun)) {}
 
-// Also an event that ends in an error has changed something: what it did shows.
-void frmListPanel::Do(const std::function<void()>& event) {
-    guard.Run(event);
-    ShowState();
-    if (changed) changed();
-}
-
-QPushButton* frmListPanel::Button(const char* name, const std::function<void()>& click) {
+QPushButton* frmListPanel::Button(const char* name, const Event& click) {
     auto* button = new FittedButton(this);
     button->setMinimumHeight(ButtonHeight);
     button->setStyleSheet("font-size: 14px; padding: 0 2px;");
@@ -35,7 +26,7 @@ QPushButton* frmListPanel::Button(const char* name, const std::function<void()>&
     return button;
 }
 
-void frmListPanel::Wire(QAbstractButton& button, const char* name, const std::function<void()>& click) {
+void frmListPanel::Wire(QAbstractButton& button, const char* name, const Event& click) {
     button.setObjectName(name);
     button.setFocusPolicy(Qt::TabFocus); // a click leaves the keys where they are
     button.installEventFilter(this);
@@ -62,7 +53,7 @@ QTableView* frmListPanel::Grid(const char* name) {
 }
 
 QString frmListPanel::Text(const char* german, const char* english) const {
-    return QString::fromUtf8(shared.Text(german, english));
+    return QString::fromUtf8(language.Text(german, english));
 }
 
 bool frmListPanel::IsEnter(int key) { return key == Qt::Key_Return || key == Qt::Key_Enter; }

@@ -3,8 +3,10 @@
 #include <QWidget>
 #include <functional>
 #include <set>
+#include <type_traits>
 
-#include "common/Variablen.h"
+#include "base/Language.h"
+#include "planning/PlanEffects.h"
 
 class QAbstractButton;
 class QPushButton;
@@ -12,26 +14,34 @@ class QTableView;
 
 namespace ornivane {
 
-class EventGuard;
-
 // What the panels of planning's lists have in common: events that end by showing the state, and keys that act
 // when they are let go. A key counts only where it was pressed too: the Enter that closed a message or a list
 // is let go over another control, which must not take it for its own.
-// The room that a panel shows must outlive it: a form that owns both deletes the panel first.
+// The component that a panel shows must outlive it: a form that owns both deletes the panel first.
 class frmListPanel : public QWidget {
     Q_OBJECT
 
 public:
-    virtual void ShowState() = 0;
+    using Event = std::function<PlanEffects()>;
+
     virtual void ApplyLanguage() = 0;
 
 protected:
-    // `changed` runs after each event, when the panel itself shows the state already.
-    frmListPanel(QWidget* parent, const Variablen& shared, EventGuard& guard, std::function<void()> changed);
+    // `run`: runs an event, acts on its effects, and shows the state of the screen.
+    frmListPanel(QWidget* parent, const Language& language, std::function<void(const Event&)> run);
 
-    void Do(const std::function<void()>& event);
-    QPushButton* Button(const char* name, const std::function<void()>& click);
-    void Wire(QAbstractButton& button, const char* name, const std::function<void()>& click);
+    // Also an event without a result.
+    template <typename Any>
+    void Do(const Any& event) {
+        run([&] {
+            if constexpr (std::is_void_v<decltype(event())>)
+                return event(), PlanEffects();
+            else
+                return event();
+        });
+    }
+    QPushButton* Button(const char* name, const Event& click);
+    void Wire(QAbstractButton& button, const char* name, const Event& click);
     // Out of reach, the button passes the keys on.
     static void Enable(QWidget& button, bool enabled, QWidget& next);
     QTableView* Grid(const char* name);
@@ -44,14 +54,13 @@ protected:
     virtual void KeyDone(QObject* watched, int key) = 0;
     static bool IsEnter(int key);
 
-    const Variablen& shared;
-    EventGuard& guard;
+    const Language& language;
 
 private:
     bool KeyPressed(QObject* watched, int key, bool isHeld);
     bool KeyReleased(QObject* watched, int key, bool isHeld);
 
-    std::function<void()> changed;
+    std::function<void(const Event&)> run;
     std::set<int> pressedKeys; // on the control that has the focus
 };
 

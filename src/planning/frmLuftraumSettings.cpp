@@ -18,6 +18,8 @@ namespace ornivane {
 
 namespace {
 
+using Which = AirspaceChoice::Which;
+
 constexpr int LineLength = 84, LineWidth = 6, PieceLength = 12, LineHeight = 28; // pixels
 
 // An outline as the map draws it, on the paper's white: the colours are the map's in every palette.
@@ -36,30 +38,31 @@ QPixmap LineSample(const std::vector<Colour>& colours, double ratio) {
 
 } // namespace
 
-frmLuftraumSettings::frmLuftraumSettings(QWidget* parent, const Variablen& variablen, PlanAirspace& airspace,
+frmLuftraumSettings::frmLuftraumSettings(QWidget* parent, const Variablen& shared, AirspaceChoice& airspace,
                                          EventGuard& eventGuard, std::function<void()> isTaken)
-    : QDialog(parent), shared(variablen), guard(eventGuard), taken(std::move(isTaken)),
-      settings(variablen, airspace) {
+    : QDialog(parent), language(shared), guard(eventGuard), taken(std::move(isTaken)),
+      settings(shared, shared, shared, airspace) {
     setObjectName("frmLuftraumSettings");
     setAttribute(Qt::WA_DeleteOnClose);
     settings.Form_Load();
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(18, 14, 18, 14);
     column->setSpacing(4);
-    Option1 = Option("Option1", &LuftraumSettings::Option1_Click);
-    Option2 = Option("Option2", &LuftraumSettings::Option2_Click);
-    Option3 = Option("Option3", &LuftraumSettings::Option3_Click);
+    Option1 = Option("Option1", Which::All);
+    Option2 = Option("Option2", Which::None);
+    Option3 = Option("Option3", Which::AtHeight);
     for (QRadioButton* option : {Option1, Option2}) column->addWidget(option);
     MakeHeight(*column);
     chkPL = Named(new QCheckBox, "chkPL");
     guard.Connect(chkPL, &QCheckBox::clicked, [this](bool on) { settings.chkPL = on; });
     column->addWidget(chkPL);
     column->addSpacing(6);
-    const char* controlled = shared.Text("A,B,C,D und CTR", "A,B,C,D and CTR");
+    const char* controlled = language.Text("A,B,C,D und CTR", "A,B,C,D and CTR");
     column->addWidget(Legend(
         "Frame1",
         {{{AirspaceRed, AirspaceBlack}, controlled}, {{TmzColour}, "TMZ"}, {{DangerColour}, "Danger Area"}}));
-    column->addWidget(Legend("Frame2", {{{PatternColour}, shared.Text("Platzrunden", "Traffic patterns")}}));
+    column->addWidget(
+        Legend("Frame2", {{{PatternColour}, language.Text("Platzrunden", "Traffic patterns")}}));
     auto* row = new QHBoxLayout;
     lblLR = Named(new QLabel, "lblLR");
     row->addWidget(lblLR, 1);
@@ -79,9 +82,9 @@ frmLuftraumSettings::frmLuftraumSettings(QWidget* parent, const Variablen& varia
         if (option->isChecked()) option->setFocus();
 }
 
-QRadioButton* frmLuftraumSettings::Option(const char* name, void (LuftraumSettings::*click)()) {
+QRadioButton* frmLuftraumSettings::Option(const char* name, Which which) {
     auto* option = Named(new QRadioButton(this), name);
-    guard.Connect(option, &QRadioButton::clicked, [this, click] { (settings.*click)(); });
+    guard.Connect(option, &QRadioButton::clicked, [this, which] { settings.Chosen = which; });
     return option;
 }
 
@@ -99,7 +102,7 @@ void frmLuftraumSettings::MakeHeight(QBoxLayout& layout) {
     Named(cmbHoehe->lineEdit(), "tHoehe");
     const auto entered = [this](const QString& text) {
         settings.cmbHoehe = text.toStdString();
-        settings.Option3_Click();
+        settings.Chosen = Which::AtHeight;
         Option3->setChecked(true);
     };
     guard.Connect(cmbHoehe->lineEdit(), &QLineEdit::textEdited, entered);
@@ -128,9 +131,9 @@ QGroupBox* frmLuftraumSettings::Legend(const char* name, const std::vector<Legen
 }
 
 void frmLuftraumSettings::ShowState() {
-    Option1->setChecked(settings.Option1);
-    Option2->setChecked(settings.Option2);
-    Option3->setChecked(settings.Option3);
+    Option1->setChecked(settings.Chosen == Which::All);
+    Option2->setChecked(settings.Chosen == Which::None);
+    Option3->setChecked(settings.Chosen == Which::AtHeight);
     cmbHoehe->setEditText(QString::fromStdString(settings.cmbHoehe));
     chkPL->setChecked(settings.chkPL);
     lblLR->setText(QString::fromStdString(settings.lblLR));
@@ -138,7 +141,7 @@ void frmLuftraumSettings::ShowState() {
 
 void frmLuftraumSettings::ApplyLanguage() {
     const auto text = [this](const char* german, const char* english) {
-        return QString::fromUtf8(shared.Text(german, english));
+        return QString::fromUtf8(language.Text(german, english));
     };
     setWindowTitle(text("Einstellungen Luftraumansicht", "Airspace view settings"));
     for (QGroupBox* frame : findChildren<QGroupBox*>()) {

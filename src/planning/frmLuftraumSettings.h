@@ -5,6 +5,8 @@
 #include <utility>
 #include <vector>
 
+#include "common/Variablen.h"
+#include "map/AirspaceDrawing.h"
 #include "planning/LuftraumSettings.h"
 
 class QBoxLayout;
@@ -26,14 +28,14 @@ class frmLuftraumSettings : public QDialog {
 
 public:
     // `taken`: the choice is made, draw it.
-    frmLuftraumSettings(QWidget* parent, const Variablen& shared, PlanAirspace& airspace, EventGuard& guard,
+    frmLuftraumSettings(QWidget* parent, const Variablen& shared, AirspaceChoice& airspace, EventGuard& guard,
                         std::function<void()> taken);
 
 protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    QRadioButton* Option(const char* name, void (LuftraumSettings::*click)());
+    QRadioButton* Option(const char* name, AirspaceChoice::Which which);
     void MakeHeight(QBoxLayout& layout);
     // A line of the legend: its colours in turn, and what they mean.
     using LegendLine = std::pair<std::vector<Colour>, const char*>;
@@ -42,7 +44,7 @@ private:
     void ApplyLanguage();
     void Take();
 
-    const Variablen& shared;
+    const Language& language;
     EventGuard& guard;
     std::function<void()> taken;
     LuftraumSettings settings;

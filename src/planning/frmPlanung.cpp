@@ -72,24 +72,34 @@ void frmPlanung::resizeEvent(QResizeEvent*) {
 // The logic draws on the surface, and the panels speak to the logic.
 void frmPlanung::MakeScreen() {
     progress = std::make_unique<QtProgress>(*progBar);
-    PlanningScreen::Form form;
-    form.Redrawn = [this] {
-        ShowMap();
-        routes->ShowState(); // its length is a by-product of the picture
-    };
-    form.FocusMap = [this] { picMap->setFocus(); };
-    form.FocusWaypoints = [this] { waypoints->FocusList(); };
-    form.FocusRoutes = [this] { routes->FocusList(); };
-    form.FocusEntry = [this] { waypoints->FocusEntry(); };
-    form.Undone = [this] { ShowState(); };
     screen = std::make_unique<PlanningScreen>(
         PlanningScreenWorld{shared, *picStorage, picMap->Surface(), *progress, dialogs, guard.Notices()},
-        std::move(form));
-    const auto changed = [this] { ShowState(); };
-    waypoints = new frmWaypointPanel(
-        this, screen->Waypoints, shared, guard, [this] { screen->Routes.cmdAddwaypoint(); }, changed);
-    routes = new frmRoutePanel(
-        this, screen->Routes, shared, guard, [this] { waypoints->FocusList(); }, changed);
+        PlanningScreen::Form{[this] { ShowState(); }, [this](PlanEffect effect) { Focus(effect); }});
+    const auto run = [this](const frmListPanel::Event& event) { Do([&] { screen->Act(event()); }); };
+    const auto addWaypoint = [this] { return screen->cmdAddwaypoint(); };
+    waypoints = new frmWaypointPanel(this, screen->Waypoints, shared, run, addWaypoint);
+    waypoints->TakeKeysOf(*picMap);
+    routes = new frmRoutePanel(this, screen->Routes, shared, run, addWaypoint);
+}
+
+void frmPlanung::Focus(PlanEffect effect) {
+    switch (effect) {
+    case PlanEffect::FocusMap:
+        return picMap->setFocus();
+    case PlanEffect::FocusWaypoints:
+        return waypoints->FocusList();
+    case PlanEffect::FocusRoutes:
+        return routes->FocusList();
+    case PlanEffect::FocusName:
+        return waypoints->FocusEntry(1);
+    case PlanEffect::FocusLatitude:
+        return waypoints->FocusEntry(2);
+    case PlanEffect::FocusLongitude:
+        return waypoints->FocusEntry(3);
+    case PlanEffect::Redraw:
+    case PlanEffect::CentreOnEntry:
+        return;
+    }
 }
 
 QFrame* frmPlanung::MakeBottom() {
@@ -109,7 +119,8 @@ QFrame* frmPlanung::MakeBottom() {
     cmbMaps->setMinimumWidth(LeastComboWidth);
     cmbMaps->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     connect(cmbMaps, &QComboBox::activated, this, [this](int index) {
-        Do([&] { screen->Map.cmbMaps_Change(cmbMaps->itemText(index).toStdString()); });
+        shown.reset(); // the choice shows already, also one that cannot be taken
+        Do([&] { screen->Act(screen->Map.cmbMaps_Change(cmbMaps->itemText(index).toStdString())); });
         picMap->setFocus();
     });
     row->addWidget(cmbMaps, 2);
@@ -118,7 +129,7 @@ QFrame* frmPlanung::MakeBottom() {
 
 void frmPlanung::MakeReadouts(QBoxLayout& layout) {
     const auto readout = [&](const char* value, const char* unit, int width) {
-        auto* label = new ReadoutLabel(value, unit, ReadoutLabel::Size::Wide, this);
+        auto* label = new ReadoutLabel({value, unit}, ReadoutLabel::Size::Wide, this);
         label->setFixedWidth(width);
         layout.addWidget(label);
         return label;
@@ -139,7 +150,7 @@ void frmPlanung::MakeMeasuring(QBoxLayout& layout) {
     layout.addLayout(place);
 }
 
-LampButton* frmPlanung::MeasureButton(const char* name, void (PlanMap::*click)()) {
+LampButton* frmPlanung::MeasureButton(const char* name, PlanEffects (PlanMap::*click)()) {
     auto* button = Named(new LampButton(this), name);
     button->SetIcon(":/icons/measure.svg");
     button->setFocusPolicy(Qt::TabFocus);
@@ -149,7 +160,7 @@ LampButton* frmPlanung::MeasureButton(const char* name, void (PlanMap::*click)()
     button->setSizePolicy(keepsItsPlace);
     connect(button, &QAbstractButton::clicked, this, [this, click] {
         const bool hadFocus = focusWidget() == cmdMessen || focusWidget() == picMessen;
-        Do([this, click] { (screen->Map.*click)(); });
+        Do([this, click] { screen->Act((screen->Map.*click)()); });
         if (hadFocus) (picMessen->isVisible() ? picMessen : cmdMessen)->setFocus();
     });
     return button;
@@ -171,7 +182,6 @@ void frmPlanung::ChainFocus() {
         if (widget->focusPolicy() & Qt::TabFocus) then(widget);
 }
 
-// Also an event that ends in an error has changed something: what it did shows.
 void frmPlanung::Do(const std::function<void()>& event) {
     guard.Run(event);
     ShowState();
@@ -183,17 +193,12 @@ void frmPlanung::Form_Activate() {
         loaded = true;
     }
     PlaceOverMap();
-    try {
-        screen->Form_Activate();
-    } catch (...) {
-        ApplyLanguage(); // what could be read shows all the same
-        throw;
-    }
+    RestoreOnError([&] { screen->Form_Activate(); },
+                   [&] { ApplyLanguage(); }); // what could be read shows all the same
     ApplyLanguage();
 }
 
 void frmPlanung::Form_Deactivate() {
-    pressedKeys.clear();
     if (loaded) screen->Form_Deactivate();
 }
 
@@ -203,41 +208,42 @@ void frmPlanung::ShowAirspaceSettings() {
         open->activateWindow();
         return;
     }
-    auto* dialog = new frmLuftraumSettings(this, shared, screen->Airspace, guard, [this] {
-        screen->RedrawPlan();
-        ShowState();
-    });
+    auto* dialog =
+        new frmLuftraumSettings(this, shared, screen->Airspace, guard, [this] { screen->RedrawPlan(); });
     dialog->open();
 }
 
 void frmPlanung::ShowState() {
-    ShowMap();
-    waypoints->ShowState();
-    routes->ShowState();
-}
-
-void frmPlanung::ShowMap() {
+    if (showing) return;
     const Flagged now(showing);
-    const PlanMap& map = screen->Map;
-    SlideMap->setValue(map.SlideMap);
-    SlideMap->setEnabled(map.HasMap());
-    FillCombo(*cmbMaps, map.MapNames, map.cmbMaps);
-    lblNoMap->setVisible(!map.HasMap());
-    if (!map.HasMap()) lblNoMap->setText(WhyNoMap());
-    cmdMessen->setVisible(!map.Measuring.MeasureOn);
-    picMessen->setVisible(map.Measuring.MeasureOn);
-    tLR->setText(Q(screen->Airspace.tLR));
-    tLR->adjustSize();
-    tLR->setVisible(screen->Airspace.tLRVisible && map.HasMap());
-    ShowCursor();
+    // Showing may move the focus, and that may change the state.
+    for (PlanningSnapshot state = screen->Snapshot(); shown != state; state = screen->Snapshot()) {
+        const auto before = std::exchange(shown, state);
+        if (!before || before->Map != state.Map) ShowMap(state.Map);
+        if (!before || before->Waypoints != state.Waypoints || before->OtherTarget != state.OtherTarget)
+            waypoints->Show(state.Waypoints, state.OtherTarget);
+        if (!before || before->Routes != state.Routes) routes->Show(state.Routes);
+    }
+    waypoints->ShowSelection();
+    routes->ShowSelection();
 }
 
-void frmPlanung::ShowCursor() {
-    const PlanMap& map = screen->Map;
-    latitude->Show(Q(map.lblLatx), Q(map.lblNS));
-    longitude->Show(Q(map.lblLongx), Q(map.lblEW));
-    distance->Show(Q(map.Measuring.lblDistanz));
-    course->Show(Q(map.Measuring.lblKurs));
+void frmPlanung::ShowMap(const PlanMapControls& map) {
+    const bool hasMap = map.WhyNoMap.empty();
+    SlideMap->setValue(map.SlideMap);
+    SlideMap->setEnabled(hasMap);
+    FillCombo(*cmbMaps, map.MapNames, map.cmbMaps);
+    lblNoMap->setVisible(!hasMap);
+    if (!hasMap) lblNoMap->setText(Q(map.WhyNoMap));
+    cmdMessen->setVisible(!map.Measured.MeasureOn);
+    picMessen->setVisible(map.Measured.MeasureOn);
+    tLR->setText(Q(map.tLR));
+    tLR->adjustSize();
+    tLR->setVisible(!map.tLR.empty() && hasMap);
+    latitude->Show(Q(map.Cursor.lblLatx), Q(map.Cursor.lblNS));
+    longitude->Show(Q(map.Cursor.lblLongx), Q(map.Cursor.lblEW));
+    distance->Show(Q(map.Measured.lblDistanz));
+    course->Show(Q(map.Measured.lblKurs));
 }
 
 } // namespace ornivane

@@ -3,7 +3,7 @@
 #include <QPointF>
 #include <QString>
 #include <memory>
-#include <set>
+#include <optional>
 
 #include "planning/PlanningScreen.h"
 #include "platform/qt/Screen.h"
@@ -45,11 +45,11 @@ public:
     void ShowAirspaceSettings();
 
     PlanningScreen& Logic() { return *screen; }
-    // Runs an event on this screen, then shows the state; also one of a form that works for it.
+    // Runs an event on this screen, then shows the state; also one of a form that works for it. What an event
+    // did before an error shows as well.
     void Do(const std::function<void()>& event);
 
 protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
@@ -58,22 +58,19 @@ private:
     QFrame* MakeBottom();
     void MakeReadouts(QBoxLayout& layout);
     void MakeMeasuring(QBoxLayout& layout);
-    LampButton* MeasureButton(const char* name, void (PlanMap::*click)());
+    LampButton* MeasureButton(const char* name, PlanEffects (PlanMap::*click)());
     void ChainFocus();
 
     void MapPressed(QPointF at, Qt::MouseButton button);
     void MapMoved(QPointF at, Qt::MouseButtons held);
     void MapReleased(Qt::MouseButton button);
-    bool MapKeyPressed(int key, bool isHeld);
-    bool MapKeyReleased(int key, bool isHeld);
 
+    void Focus(PlanEffect effect);
     void ShowState();
-    void ShowMap();
-    void ShowCursor();
+    void ShowMap(const PlanMapControls& map);
     void PlaceOverMap();
     QString Text(const char* german, const char* english) const;
     void ApplyToolTips();
-    QString WhyNoMap() const;
 
     Variablen& shared;
     Dialogs& dialogs;
@@ -91,8 +88,8 @@ private:
     QComboBox* cmbMaps = nullptr;
     ReadoutLabel *latitude = nullptr, *longitude = nullptr, *distance = nullptr, *course = nullptr;
     LampButton *cmdMessen = nullptr, *picMessen = nullptr;
-    std::set<int> pressedKeys; // on the map; the Enter that closed a message is let go over it, too
     bool loaded = false;
+    std::optional<PlanningSnapshot> shown; // what the controls show; none before the first time
     bool showing = false; // ShowState is writing to the controls: their signals are no choices of the user
 };
 

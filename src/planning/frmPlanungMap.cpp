@@ -1,4 +1,3 @@
-#include <QKeyEvent>
 #include <QLabel>
 #include <QProgressBar>
 
@@ -13,9 +12,6 @@ namespace {
 
 constexpr int LeastMapWidth = 300, LeastMapHeight = 300; // pixels
 
-bool IsEnter(int key) { return key == Qt::Key_Return || key == Qt::Key_Enter; }
-bool IsStep(int key) { return key == Qt::Key_Up || key == Qt::Key_Down; }
-
 } // namespace
 
 void frmPlanung::MakeMap() {
@@ -23,7 +19,6 @@ void frmPlanung::MakeMap() {
     picMap->setMinimumSize(LeastMapWidth, LeastMapHeight);
     picMap->setFocusPolicy(Qt::StrongFocus);
     picMap->setMouseTracking(true); // the cursor's position shows without a button
-    picMap->installEventFilter(this);
     guard.Connect(picMap, &SurfaceWidget::Pressed,
                   [this](QPointF at, Qt::MouseButton button) { MapPressed(at, button); });
     guard.Connect(picMap, &SurfaceWidget::Moved,
@@ -32,7 +27,7 @@ void frmPlanung::MakeMap() {
                   [this](QPointF, Qt::MouseButton button) { MapReleased(button); });
     guard.Connect(picMap, &SurfaceWidget::DoubleClicked, [this](QPointF at, Qt::MouseButton button) {
         if (button != Qt::LeftButton) return;
-        screen->Map.DblClick({at.x(), at.y()});
+        screen->DblClick({at.x(), at.y()});
         ShowState();
     });
     guard.Connect(picMap, &SurfaceWidget::Resized, [this] {
@@ -52,51 +47,16 @@ void frmPlanung::MakeMap() {
 void frmPlanung::MapPressed(QPointF at, Qt::MouseButton button) {
     picMap->setFocus();
     if (button == Qt::LeftButton) screen->Map.MouseDown({at.x(), at.y()});
-    ShowCursor();
+    ShowState();
 }
 
 void frmPlanung::MapMoved(QPointF at, Qt::MouseButtons held) {
-    screen->Map.MouseMove({at.x(), at.y()}, held.testFlag(Qt::LeftButton));
-    ShowCursor();
+    screen->MouseMove({at.x(), at.y()}, held.testFlag(Qt::LeftButton));
+    ShowState();
 }
 
 void frmPlanung::MapReleased(Qt::MouseButton button) {
     if (button == Qt::LeftButton) screen->Map.MouseUp();
-}
-
-bool frmPlanung::eventFilter(QObject* watched, QEvent* event) {
-    const auto type = event->type();
-    if (type == QEvent::FocusOut) pressedKeys.clear();
-    if (type == QEvent::KeyPress || type == QEvent::KeyRelease) {
-        const auto& key = *static_cast<QKeyEvent*>(event);
-        if (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return false;
-        return type == QEvent::KeyPress ? MapKeyPressed(key.key(), key.isAutoRepeat())
-                                        : MapKeyReleased(key.key(), key.isAutoRepeat());
-    }
-    return Screen::eventFilter(watched, event);
-}
-
-// One that is held since before it came here, as the Enter that closed a message, is no press.
-bool frmPlanung::MapKeyPressed(int key, bool isHeld) {
-    if (!IsEnter(key) && !IsStep(key)) return false;
-    if (!isHeld) pressedKeys.insert(key);
-    return true;
-}
-
-// The keys act when they are let go; the arrows of a key that is held come again and again.
-bool frmPlanung::MapKeyReleased(int key, bool isHeld) {
-    if (!pressedKeys.contains(key)) return false;
-    if (isHeld && !IsStep(key)) return true;
-    if (!isHeld) pressedKeys.erase(key);
-    Do([&] {
-        if (IsEnter(key))
-            screen->Routes.cmdAddwaypoint();
-        else if (key == Qt::Key_Down)
-            screen->Waypoints.cmdNext();
-        else
-            screen->Waypoints.cmdPrev();
-    });
-    return true;
 }
 
 void frmPlanung::PlaceOverMap() {

@@ -27,13 +27,8 @@ void frmPlanung::ApplyLanguage() {
     ApplyToolTips();
     waypoints->ApplyLanguage();
     routes->ApplyLanguage();
+    shown.reset();
     ShowState();
-}
-
-QString frmPlanung::WhyNoMap() const {
-    if (screen->Map.HasRows()) return QString::fromStdString(screen->Map.MapError());
-    return Text("Keine aktive Karte. Karten werden unter Kartendaten angemeldet.",
-                "No active chart. Charts are registered on the screen Map Data.");
 }
 
 void frmPlanung::ApplyToolTips() {

@@ -22,11 +22,9 @@ constexpr int PanelWidth = 244, NumberWidth = 44, DistanceSize = 22; // pixels
 
 } // namespace
 
-frmRoutePanel::frmRoutePanel(QWidget* parent, RouteEditing& toShow, const Variablen& variablen,
-                             EventGuard& eventGuard, std::function<void()> focusesWaypoints,
-                             std::function<void()> stateChanged)
-    : frmListPanel(parent, variablen, eventGuard, std::move(stateChanged)), routes(toShow),
-      focusWaypoints(std::move(focusesWaypoints)) {
+frmRoutePanel::frmRoutePanel(QWidget* parent, RouteEditing& toShow, const Language& texts,
+                             std::function<void(const Event&)> toRun, const Event& addWaypoint)
+    : frmListPanel(parent, texts, std::move(toRun)), routes(toShow) {
     setObjectName("frmRoutePanel");
     setFixedWidth(PanelWidth);
     auto* column = new QVBoxLayout(this);
@@ -35,15 +33,15 @@ frmRoutePanel::frmRoutePanel(QWidget* parent, RouteEditing& toShow, const Variab
     route = MakeList(
         "gridRoute", routes.RoutesSet, [this] { return Text("      Strecke", "      Route"); },
         &RouteEditing::RoutesHeadClick);
-    cmdNewRoute = Button("cmdNewRoute", [this] { routes.cmdNewRoute(); });
-    cmdRouteDelete = Button("cmdRouteDelete", [this] { routes.cmdRouteDelete(); });
+    cmdNewRoute = Button("cmdNewRoute", [this] { return routes.cmdNewRoute(); });
+    cmdRouteDelete = Button("cmdRouteDelete", [this] { return routes.cmdRouteDelete(); });
     points = MakeList(
         "gridPoints", routes.RoutePointsSet, [this] { return Text("   Streckenpunkte", "    Routepoints"); },
         &RouteEditing::PointsHeadClick);
     connect(points.Binding.get(), &GridBinding::RowChosen, this,
-            [this] { Do([this] { routes.PointRowChanged(); }); });
-    cmdAddwaypoint = Button("cmdAddwaypoint", [this] { routes.cmdAddwaypoint(); });
-    cmdDeleteWaypoint = Button("cmdDeleteWaypoint", [this] { routes.cmdDeleteWaypoint(); });
+            [this] { Do([this] { return routes.PointRowChanged(); }); });
+    cmdAddwaypoint = Button("cmdAddwaypoint", addWaypoint);
+    cmdDeleteWaypoint = Button("cmdDeleteWaypoint", [this] { return routes.cmdDeleteWaypoint(); });
     new SingleClick(*cmdDeleteWaypoint);
     column->addWidget(route.Grid, 2);
     column->addWidget(cmdNewRoute);
@@ -53,8 +51,6 @@ frmRoutePanel::frmRoutePanel(QWidget* parent, RouteEditing& toShow, const Variab
     column->addWidget(cmdAddwaypoint);
     column->addWidget(cmdDeleteWaypoint);
     MakeDrawing(*column);
-    frmRoutePanel::ApplyLanguage();
-    frmRoutePanel::ShowState();
 }
 
 frmRoutePanel::~frmRoutePanel() = default;
@@ -74,11 +70,11 @@ frmRoutePanel::List frmRoutePanel::MakeList(const char* name, Recordset& rows,
     connect(list.Grid->horizontalHeader(), &QHeaderView::sectionClicked, this,
             [this, headClick](int column) { Do([&] { (routes.*headClick)(column); }); });
     connect(list.Binding.get(), &GridBinding::RowChosen, this, [this] { Do([] {}); });
-    connect(list.Model.get(), &RecordsetModel::CurrentMoved, this, &frmRoutePanel::ShowState);
+    connect(list.Model.get(), &RecordsetModel::CurrentMoved, this, [this] { Do([] {}); });
     return list;
 }
 
-LampButton* frmRoutePanel::Switch(const char* name, const std::function<void()>& click) {
+LampButton* frmRoutePanel::Switch(const char* name, const Event& click) {
     auto* button = new LampButton(this);
     button->SetIcon(":/icons/route.svg");
     Wire(*button, name, click);
@@ -88,8 +84,8 @@ LampButton* frmRoutePanel::Switch(const char* name, const std::function<void()>&
 void frmRoutePanel::MakeDrawing(QBoxLayout& layout) {
     auto* row = new QHBoxLayout;
     row->setSpacing(5);
-    cmdshowRoute = Switch("cmdshowRoute", [this] { routes.cmdshowRoute(); });
-    picShowRoute = Switch("picShowRoute", [this] { routes.picShowRoute(); });
+    cmdshowRoute = Switch("cmdshowRoute", [this] { return routes.cmdshowRoute(); });
+    picShowRoute = Switch("picShowRoute", [this] { return routes.picShowRoute(); });
     picShowRoute->SetLit(true);
     lblRouteDistanz = new FittedText(DistanceSize, this);
     lblRouteDistanz->setObjectName("lblRouteDistanz");
@@ -103,7 +99,7 @@ void frmRoutePanel::MakeDrawing(QBoxLayout& layout) {
 
 bool frmRoutePanel::eventFilter(QObject* watched, QEvent* event) {
     if (watched == lblRouteDistanz && IsClick(*lblRouteDistanz, *event)) {
-        Do([this] { routes.picShowRoute(); });
+        Do([this] { return routes.picShowRoute(); });
         return true;
     }
     return frmListPanel::eventFilter(watched, event);
@@ -113,7 +109,10 @@ bool frmRoutePanel::TakesKey(QObject* watched, int key) const {
     return IsEnter(key) && (watched == route.Grid || watched == points.Grid);
 }
 
-void frmRoutePanel::KeyDone(QObject*, int) { focusWaypoints(); }
+// From the waypoints points are picked.
+void frmRoutePanel::KeyDone(QObject*, int) {
+    Do([] { return PlanEffects{PlanEffect::FocusWaypoints}; });
+}
 
 void frmRoutePanel::FocusList() { route.Grid->setFocus(); }
 
@@ -124,13 +123,14 @@ void frmRoutePanel::List::ShowSelection() {
         Binding->ClearRowSelection();
 }
 
-void frmRoutePanel::ShowState() {
-    for (List* list : {&route, &points})
-        if (list->Binding) list->ShowSelection();
-    if (!lblRouteDistanz) return; // the panel is being made
-    lblRouteDistanz->setText(QString::fromStdString(routes.lblRouteDistanz));
-    LampButton* shows = routes.ShowRouteOn ? picShowRoute : cmdshowRoute;
-    LampButton* hides = routes.ShowRouteOn ? cmdshowRoute : picShowRoute;
+void frmRoutePanel::ShowSelection() {
+    for (List* list : {&route, &points}) list->ShowSelection();
+}
+
+void frmRoutePanel::Show(const RouteControls& controls) {
+    lblRouteDistanz->setText(QString::fromStdString(controls.lblRouteDistanz));
+    LampButton* shows = controls.ShowRouteOn ? picShowRoute : cmdshowRoute;
+    LampButton* hides = controls.ShowRouteOn ? cmdshowRoute : picShowRoute;
     const bool hadFocus = hides->hasFocus();
     shows->show();
     if (hadFocus) shows->setFocus(); // before the other is hidden: the keys would go on elsewhere

@@ -19,13 +19,13 @@ class frmRoutePanel : public frmListPanel {
     Q_OBJECT
 
 public:
-    // `focusWaypoints`: Enter in a list leads to the waypoints, from which points are picked. `changed` runs
-    // after each event.
-    frmRoutePanel(QWidget* parent, RouteEditing& routes, const Variablen& shared, EventGuard& guard,
-                  std::function<void()> focusWaypoints, std::function<void()> changed);
+    // `addWaypoint`: puts the current waypoint into the route.
+    frmRoutePanel(QWidget* parent, RouteEditing& routes, const Language& language,
+                  std::function<void(const Event&)> run, const Event& addWaypoint);
     ~frmRoutePanel() override;
 
-    void ShowState() override;
+    void Show(const RouteControls& controls);
+    void ShowSelection(); // of the lists: their current rows, whatever was clicked
     void ApplyLanguage() override;
     void FocusList(); // gridRoute
 
@@ -44,11 +44,10 @@ private:
     };
     List MakeList(const char* name, Recordset& rows, std::function<QString()> caption,
                   void (RouteEditing::*headClick)(int));
-    LampButton* Switch(const char* name, const std::function<void()>& click);
+    LampButton* Switch(const char* name, const Event& click);
     void MakeDrawing(QBoxLayout& layout);
 
     RouteEditing& routes;
-    std::function<void()> focusWaypoints;
     List route, points;
     QPushButton *cmdNewRoute = nullptr, *cmdRouteDelete = nullptr, *cmdAddwaypoint = nullptr,
                 *cmdDeleteWaypoint = nullptr;

@@ -9,6 +9,7 @@
 #include <QTableView>
 
 #include "base/Numbers.h"
+#include "platform/qt/FillCombo.h"
 #include "platform/qt/GridBinding.h"
 #include "platform/qt/LampButton.h"
 #include "platform/qt/RecordsetModel.h"
@@ -28,17 +29,15 @@ QString CoordinateText(const Value& value, const LocaleText& locale) {
     return value.IsNull() ? QString() : Q(number ? NumberText(*number, locale) : value.Text());
 }
 
-void Show(QLineEdit& field, const std::string& text) {
+void ShowText(QLineEdit& field, const std::string& text) {
     if (field.text() != Q(text)) field.setText(Q(text)); // the same text again would move the cursor
 }
 
 } // namespace
 
-frmWaypointPanel::frmWaypointPanel(QWidget* parent, WaypointEditing& toShow, const Variablen& variablen,
-                                   EventGuard& eventGuard, std::function<void()> addsToRoute,
-                                   std::function<void()> stateChanged)
-    : frmListPanel(parent, variablen, eventGuard, std::move(stateChanged)), waypoints(toShow),
-      addToRoute(std::move(addsToRoute)) {
+frmWaypointPanel::frmWaypointPanel(QWidget* parent, WaypointEditing& toShow, const Language& texts,
+                                   std::function<void(const Event&)> toRun, Event addsToRoute)
+    : frmListPanel(parent, texts, std::move(toRun)), waypoints(toShow), addToRoute(std::move(addsToRoute)) {
     setObjectName("frmWaypointPanel");
     setFixedWidth(PanelWidth);
     auto* column = new QVBoxLayout(this);
@@ -49,8 +48,6 @@ frmWaypointPanel::frmWaypointPanel(QWidget* parent, WaypointEditing& toShow, con
     MakeSteps(*column);
     MakeEntry(*column);
     MakeButtons(*column);
-    frmWaypointPanel::ApplyLanguage();
-    frmWaypointPanel::ShowState();
 }
 
 frmWaypointPanel::~frmWaypointPanel() = default;
@@ -90,7 +87,7 @@ void frmWaypointPanel::MakeSearch(QBoxLayout& layout) {
     // The text and not the key: what is pasted or comes from a keyboard on the screen is searched as well.
     connect(tquickfind, &QLineEdit::textEdited, this, [this](const QString& text) {
         waypoints.tquickfind = text.toStdString();
-        Do([this] { waypoints.QuickFind(0); });
+        Do([this] { waypoints.QuickFind(); });
     });
     layout.addWidget(Captioned(searchCaption, {tquickfind}));
     cmbKat = new QComboBox(this);
@@ -99,7 +96,8 @@ void frmWaypointPanel::MakeSearch(QBoxLayout& layout) {
     cmbKat->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     cmbKat->installEventFilter(this);
     connect(cmbKat, &QComboBox::activated, this, [this](int index) {
-        Do([&] { waypoints.ChooseCategory(cmbKat->itemText(index).toStdString()); });
+        Do([&] { return waypoints.ChooseCategory(cmbKat->itemText(index).toStdString()); });
+        ShowCategories(waypoints); // the choice shows already, also one that could not be taken
     });
     tKat = new QLabel(cmbKat);
     tKat->setObjectName("tKat");
@@ -111,7 +109,7 @@ void frmWaypointPanel::MakeSearch(QBoxLayout& layout) {
 
 void frmWaypointPanel::MakeGrid(QBoxLayout& layout) {
     gridWaypoints = Grid("gridWaypoints");
-    const auto coordinate = [this](const Value& value) { return CoordinateText(value, shared.Locale); };
+    const auto coordinate = [this](const Value& value) { return CoordinateText(value, language.Locale); };
     model = std::make_unique<RecordsetModel>(
         waypoints.WaypointsSet,
         std::vector<RecordsetModel::Column>{
@@ -120,29 +118,29 @@ void frmWaypointPanel::MakeGrid(QBoxLayout& layout) {
             {"Long", [this] { return Text("  Längengrad", "  Longitude"); }, coordinate}});
     binding = std::make_unique<GridBinding>(*model, *gridWaypoints);
     connect(binding.get(), &GridBinding::RowChosen, this, [this] { Do([] {}); });
-    connect(model.get(), &RecordsetModel::CurrentMoved, this, &frmWaypointPanel::ShowState);
+    connect(model.get(), &RecordsetModel::CurrentMoved, this, [this] { Do([] {}); });
     QHeaderView* head = gridWaypoints->horizontalHeader();
     head->setSectionResizeMode(0, QHeaderView::Stretch);
     for (const int column : {1, 2}) gridWaypoints->setColumnWidth(column, CoordinateWidth);
-    connect(head, &QHeaderView::sectionClicked, this, &frmWaypointPanel::ShowState);
+    connect(head, &QHeaderView::sectionClicked, this, &frmWaypointPanel::ShowSelection);
     layout.addWidget(gridWaypoints, 1);
 }
 
-LampButton* frmWaypointPanel::Step(const char* name, const char* icon, const std::function<void()>& click) {
+LampButton* frmWaypointPanel::Step(const char* name, const char* icon, void (WaypointEditing::*step)()) {
     auto* button = new LampButton(this);
     button->SetIcon(QString(":/icons/%1.svg").arg(icon));
-    Wire(*button, name, click);
+    Wire(*button, name, [this, step] { return (waypoints.*step)(), PlanEffects(); });
     return button;
 }
 
 void frmWaypointPanel::MakeSteps(QBoxLayout& layout) {
     auto* row = new QHBoxLayout;
     row->setSpacing(5);
-    cmdPrev = Step("cmdPrev", "previous", [this] { waypoints.cmdPrev(); });
+    cmdPrev = Step("cmdPrev", "previous", &WaypointEditing::cmdPrev);
     lblCount = new QLabel(this);
     lblCount->setObjectName("lblCount");
     lblCount->setAlignment(Qt::AlignCenter);
-    cmdNext = Step("cmdNext", "next", [this] { waypoints.cmdNext(); });
+    cmdNext = Step("cmdNext", "next", &WaypointEditing::cmdNext);
     row->addWidget(cmdPrev, 1);
     row->addWidget(lblCount, 2);
     row->addWidget(cmdNext, 1);
@@ -170,68 +168,53 @@ void frmWaypointPanel::MakeEntry(QBoxLayout& layout) {
 }
 
 void frmWaypointPanel::MakeButtons(QBoxLayout& layout) {
-    cmdNew = Button("cmdNew", [this] { AddWaypoint(); });
+    cmdNew = Button("cmdNew", [this] { return waypoints.cmdNew(); });
     layout.addWidget(cmdNew);
     auto* row = new QHBoxLayout;
     row->setSpacing(5);
-    cmdChange = Button("cmdChange", [this] {
-        if (!waypoints.cmdChange()) FocusFaulty();
-    });
-    cmdDelete = Button("cmdDelete", [this] { waypoints.cmdDelete(); });
+    cmdChange = Button("cmdChange", [this] { return waypoints.cmdChange(); });
+    cmdDelete = Button("cmdDelete", [this] { return waypoints.cmdDelete(); });
     for (QPushButton* button : {cmdChange, cmdDelete}) new SingleClick(*button);
     row->addWidget(cmdChange, 1);
     row->addWidget(cmdDelete, 1);
     layout.addLayout(row);
 }
 
-// A refused entry is corrected where it is wrong; one that was taken leads on to the list.
-void frmWaypointPanel::AddWaypoint() {
-    if (waypoints.cmdNew())
-        FocusList();
-    else
-        FocusFaulty();
-}
-
-void frmWaypointPanel::FocusFaulty() {
-    QLineEdit* field = tWaypoint[static_cast<std::size_t>(waypoints.FaultyField)];
-    field->setFocus();
-    field->selectAll();
+void frmWaypointPanel::TakeKeysOf(QWidget& picMap) {
+    map = &picMap;
+    picMap.installEventFilter(this);
 }
 
 void frmWaypointPanel::FocusList() { gridWaypoints->setFocus(); }
 
-void frmWaypointPanel::FocusEntry() {
-    tWaypoint[1]->setFocus();
-    tWaypoint[1]->selectAll();
+void frmWaypointPanel::FocusEntry(std::size_t field) {
+    tWaypoint[field]->setFocus();
+    tWaypoint[field]->selectAll();
 }
 
-void frmWaypointPanel::ShowState() {
-    for (std::size_t i = 1; i < tWaypoint.size(); ++i) Show(*tWaypoint[i], waypoints.tWaypoint[i]);
-    Show(*tNS, waypoints.tNS);
-    Show(*tEW, waypoints.tEW);
-    Show(*tquickfind, waypoints.tquickfind);
-    lblCount->setText(Q(waypoints.lblCount));
-    cmdChange->setText(ChangeCaption());
-    Enable(*cmdNext, waypoints.cmdNextEnabled, *gridWaypoints);
-    Enable(*cmdPrev, waypoints.cmdPrevEnabled, *gridWaypoints);
-    ShowCategories();
+void frmWaypointPanel::Show(const WaypointControls& controls, const std::optional<std::string>& otherTarget) {
+    for (std::size_t i = 1; i < tWaypoint.size(); ++i) ShowText(*tWaypoint[i], controls.tWaypoint[i]);
+    ShowText(*tNS, Letter(controls.tNS));
+    ShowText(*tEW, Letter(controls.tEW));
+    ShowText(*tquickfind, controls.tquickfind);
+    lblCount->setText(Q(controls.lblCount));
+    cmdChange->setText(ChangeCaption(otherTarget));
+    Enable(*cmdNext, controls.cmdNextEnabled, *gridWaypoints);
+    Enable(*cmdPrev, controls.cmdPrevEnabled, *gridWaypoints);
+    ShowCategories(controls);
+}
+
+void frmWaypointPanel::ShowSelection() {
     if (gridWaypoints->currentIndex().isValid())
         binding->SelectRow();
     else
         binding->ClearRowSelection();
 }
 
-void frmWaypointPanel::ShowCategories() {
-    QStringList names, shown;
-    for (const std::string& name : waypoints.Categories) names << Q(name);
-    for (int i = 0; i < cmbKat->count(); ++i) shown << cmbKat->itemText(i);
-    if (names != shown) {
-        cmbKat->clear();
-        cmbKat->addItems(names);
-    }
-    cmbKat->setCurrentIndex(static_cast<int>(names.indexOf(Q(waypoints.cmbKat))));
-    tKat->setText(Q(waypoints.tKat));
-    tKat->setVisible(waypoints.tKatVisible);
+void frmWaypointPanel::ShowCategories(const WaypointControls& controls) {
+    FillCombo(*cmbKat, controls.Categories, controls.cmbKat);
+    tKat->setText(Q(controls.tKat));
+    tKat->setVisible(controls.tKatVisible);
 }
 
 } // namespace ornivane

@@ -22,15 +22,18 @@ class frmWaypointPanel : public frmListPanel {
     Q_OBJECT
 
 public:
-    // `addToRoute`: Enter on a waypoint. `changed` runs after each event.
-    frmWaypointPanel(QWidget* parent, WaypointEditing& waypoints, const Variablen& shared, EventGuard& guard,
-                     std::function<void()> addToRoute, std::function<void()> changed);
+    // `addToRoute`: Enter on a waypoint.
+    frmWaypointPanel(QWidget* parent, WaypointEditing& waypoints, const Language& language,
+                     std::function<void(const Event&)> run, Event addToRoute);
     ~frmWaypointPanel() override;
 
-    void ShowState() override;
-    void ApplyLanguage() override;
-    void FocusList();  // gridWaypoints
-    void FocusEntry(); // tWaypoint(1), its text marked: typing replaces it
+    // `otherTarget`: the waypoint that a change would write, when it is not the one whose fields show.
+    void Show(const WaypointControls& controls, const std::optional<std::string>& otherTarget);
+    void ShowSelection();                   // of the list: its current row, whatever was clicked
+    void ApplyLanguage() override;          // all but the caption of cmdChange
+    void TakeKeysOf(QWidget& picMap);       // which do there what they do in the list
+    void FocusList();                       // gridWaypoints
+    void FocusEntry(std::size_t field = 1); // of tWaypoint; its text marked: typing replaces it
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -41,7 +44,7 @@ private:
     void MakeSearch(QBoxLayout& layout);
     void MakeGrid(QBoxLayout& layout);
     void MakeSteps(QBoxLayout& layout);
-    LampButton* Step(const char* name, const char* icon, const std::function<void()>& click);
+    LampButton* Step(const char* name, const char* icon, void (WaypointEditing::*step)());
     void MakeEntry(QBoxLayout& layout);
     void MakeButtons(QBoxLayout& layout);
     QLineEdit* Field(const char* name);
@@ -53,19 +56,18 @@ private:
     void HemisphereKey(const QObject* watched, int key);
     void SearchKey(int key);
     void ListKey(int key);
-    void AddWaypoint();
-    void FocusFaulty();
     bool EmptyField(const QObject* watched);
     bool FilterCategory(QEvent& event);
-    void ShowCategories();
+    void ShowCategories(const WaypointControls& controls);
     void ApplyToolTips();
-    QString ChangeCaption() const;
+    QString ChangeCaption(const std::optional<std::string>& otherTarget) const;
 
     WaypointEditing& waypoints;
-    std::function<void()> addToRoute;
+    Event addToRoute;
     std::unique_ptr<RecordsetModel> model;
     std::unique_ptr<GridBinding> binding;
     QTableView* gridWaypoints = nullptr;
+    QWidget* map = nullptr;
     std::array<QLineEdit*, 4> tWaypoint{}; // as in WaypointEditing
     QLineEdit *tNS = nullptr, *tEW = nullptr, *tquickfind = nullptr;
     QComboBox* cmbKat = nullptr;

@@ -30,17 +30,17 @@ bool frmWaypointPanel::TakesKey(QObject* watched, int key) const {
     const bool isEnd = IsEnter(key) || key == Qt::Key_Escape;
     if (IsEntry(watched) || watched == tquickfind) return isStep || isEnd;
     if (watched == tNS || watched == tEW) return isEnd || TakesHemisphereKey(watched, key);
-    if (watched == gridWaypoints) return isStep || IsEnter(key);
+    if (watched == gridWaypoints || watched == map) return isStep || IsEnter(key);
     // The arrows open the list of categories: stepping through it closed would filter at each step.
     return watched == cmbKat && (isStep || isEnd || key == Qt::Key_Space);
 }
 
 void frmWaypointPanel::KeyDone(QObject* watched, int key) {
     if (watched == tquickfind) return SearchKey(key);
-    if (watched == gridWaypoints) return ListKey(key);
+    if (watched == gridWaypoints || watched == map) return ListKey(key);
     if (watched == cmbKat) return key == Qt::Key_Escape ? FocusList() : cmbKat->showPopup();
     if (TakesHemisphereKey(watched, key)) return HemisphereKey(watched, key);
-    if (IsEnter(key)) return Do([this] { AddWaypoint(); });
+    if (IsEnter(key)) return Do([this] { return waypoints.cmdNew(); });
     if (key == Qt::Key_Escape) return Do([this] { waypoints.CancelEntry(); });
     FocusList();
     ListKey(key);
@@ -52,8 +52,8 @@ void frmWaypointPanel::ListKey(int key) {
 }
 
 void frmWaypointPanel::SearchKey(int key) {
-    if (key == Qt::Key_Down) return Do([this] { waypoints.QuickFind(WaypointEditing::KeyDown); });
-    if (key == Qt::Key_Up) return Do([this] { waypoints.QuickFind(WaypointEditing::KeyUp); });
+    if (key == Qt::Key_Down) return Do([this] { waypoints.cmdNext(); });
+    if (key == Qt::Key_Up) return Do([this] { waypoints.cmdPrev(); });
     if (IsEnter(key)) return FocusList(); // what was found; the next Enter puts it into the route
     Do([this] { waypoints.tquickfind.clear(); });
 }
@@ -62,8 +62,10 @@ void frmWaypointPanel::HemisphereKey(const QObject* watched, int key) {
     Do([&] {
         if (key == Qt::Key_Space)
             watched == tNS ? waypoints.tNS_Click() : waypoints.tEW_Click();
+        else if (watched == tNS)
+            waypoints.tNS = key == Qt::Key_S ? NorthSouth::South : NorthSouth::North;
         else
-            (watched == tNS ? waypoints.tNS : waypoints.tEW) = static_cast<char>(key);
+            waypoints.tEW = key == Qt::Key_W ? EastWest::West : EastWest::East;
     });
 }
 

@@ -17,18 +17,15 @@ void frmWaypointPanel::ApplyLanguage() {
     latCaption->setText(Text("Breitengrad", "Latitude"));
     longCaption->setText(Text("Längengrad", "Longitude"));
     cmdNew->setText(Text(" Wegpunkt hinzufügen ", " Add Waypoint "));
-    cmdChange->setText(ChangeCaption());
     cmdDelete->setText(Text(" Wegpunkt löschen ", " Delete Waypoint "));
     model->HeadersChanged();
     ApplyToolTips();
 }
 
-// With its waypoint, when that is not the one whose fields one sees.
-QString frmWaypointPanel::ChangeCaption() const {
+QString frmWaypointPanel::ChangeCaption(const std::optional<std::string>& otherTarget) const {
     constexpr std::size_t characters = 60;
-    const auto other = waypoints.OtherTarget();
-    if (!other) return Text(" Wegpunkt ändern ", " Change Waypoint ");
-    const QString name = QString::fromStdString(Shortened(*other, characters)).replace("&", "&&");
+    if (!otherTarget) return Text(" Wegpunkt ändern ", " Change Waypoint ");
+    const QString name = QString::fromStdString(Shortened(*otherTarget, characters)).replace("&", "&&");
     return Text(" Wegpunkt ändern: ", " Change Waypoint: ") + name + " ";
 }
 

@@ -8,6 +8,9 @@
 
 namespace ornivane {
 
+// The title of boxes that have none of their own.
+inline constexpr const char* MessageTitle = "Ornivane GPS";
+
 // What a file dialog shows first and lets the user choose from.
 struct FileQuestion {
     struct Filter {
@@ -61,7 +64,7 @@ public:
     // The same with a button, & before the letter that presses it with Alt. A text that is shown later hides
     // it only as long as that one stands. A notice without buttons shows the text alone.
     virtual void Offer(const std::string& text, const std::string& /*button*/,
-                       std::function<void()> /*press*/) {
+                       const std::function<void()>& /*press*/) {
         Show(text);
     }
     // What was offered goes; a text that stands over it stays.

@@ -18,7 +18,8 @@ struct PixelRect {
 class Picture {
 public:
     virtual ~Picture() = default;
-    // Reads a BMP or JPG by its content. False when it cannot be read; the picture that was there stays then.
+    // Reads an image of one of the PictureFormats, by its content. False when it cannot be read; the picture
+    // that was there stays then.
     virtual bool Load(const std::filesystem::path& file) = 0;
     // Pixels as stored in the file; 0 before anything was loaded.
     virtual int ScaleWidth() const = 0;

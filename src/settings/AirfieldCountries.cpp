@@ -10,7 +10,7 @@ namespace ornivane {
 
 namespace {
 
-// Behind every code of a prefix. The star is a character like any other here.
+// Sorts behind the codes of a prefix. The star is a character like any other here.
 std::string BehindPrefix(const std::string& prefix) { return prefix + "ZZ*"; }
 
 std::string NameOf(Statement& names, const std::string& prefix) {

@@ -6,7 +6,8 @@
 #include <utility>
 
 #include "base/RuntimeError.h"
-#include "geo/NavigationMaths.h"
+#include "data/Waypoints.h"
+#include "geo/Position.h"
 #include "settings/CategoryNames.h"
 #include "store/Connection.h"
 #include "store/Statement.h"
@@ -18,13 +19,10 @@ namespace {
 
 // Empty when the store has none there, or no number.
 std::optional<double> Coordinate(const Statement& airfield, int column) {
-    if (airfield.IsNull(column)) return std::nullopt;
-    try {
-        const double degrees = airfield.Number(column);
-        return std::isfinite(degrees) ? std::optional(degrees) : std::nullopt;
-    } catch (const RuntimeError&) {
-        return std::nullopt;
-    }
+    std::optional<double> degrees;
+    // Null or a text is no coordinate: that is what empty says.
+    IgnoreErrors([&] { degrees = airfield.Number(column); });
+    return degrees && std::isfinite(*degrees) ? degrees : std::nullopt;
 }
 
 // Title and text of what an import tells.
@@ -43,13 +41,13 @@ bool AirfieldTransfer::Before::operator()(const std::string& a, const std::strin
     return CompareText(a, b) < 0;
 }
 
-AirfieldTransfer::AirfieldTransfer(Variablen& variables, Dialogs& messages)
-    : shared(variables), dialogs(messages) {}
+AirfieldTransfer::AirfieldTransfer(const Language& shownIn, OpenStores& openStores, Dialogs& messages)
+    : language(shownIn), stores(openStores), dialogs(messages) {}
 
 void AirfieldTransfer::Form_Load() {
-    Categories = CategoryNames(shared.DataConn);
+    Categories = CategoryNames(stores.DataConn);
     cmbKategorie_Click(Categories.empty() ? std::string() : Categories.front());
-    listAP = ReadAirfieldCountries(shared.AirfieldConn);
+    listAP = ReadAirfieldCountries(stores.AirfieldConn);
     listAP_Click({});
 }
 
@@ -79,7 +77,7 @@ void AirfieldTransfer::cmdTransfer_Click(const std::vector<std::size_t>& selecte
         taken = WaypointNames();
         Names prefixes;
         for (const std::size_t place : selected) prefixes.insert(Named(listAP.at(place).Name).Icao);
-        Transaction transaction(shared.DataConn);
+        Transaction transaction(stores.DataConn);
         for (const std::string& prefix : prefixes) ImportCountry(prefix);
         transaction.Commit();
     }
@@ -87,31 +85,24 @@ void AirfieldTransfer::cmdTransfer_Click(const std::vector<std::size_t>& selecte
 }
 
 AirfieldTransfer::Names AirfieldTransfer::WaypointNames() const {
-    Statement rows(shared.DataConn, "SELECT Name FROM Waypoints ORDER BY Name ASC");
     Names names;
-    bool any = false;
-    while (rows.Step()) {
-        any = true;
-        if (!rows.IsNull(0)) names.emplace_hint(names.end(), rows.Text(0));
-    }
-    if (!any)
+    const auto take = [&names](std::string_view name) { names.emplace_hint(names.end(), name); };
+    if (!Waypoints(stores.DataConn).ForEachName(take))
         throw RuntimeError(ErrorNumber::NoCurrentRecord,
-                           shared.Text("es gibt noch keinen Wegpunkt; bitte zuerst einen eingeben",
-                                       "there is no waypoint yet; please enter one first"));
+                           language.Text("es gibt noch keinen Wegpunkt; bitte zuerst einen eingeben",
+                                         "there is no waypoint yet; please enter one first"));
     return names;
 }
 
-// From the first code of the prefix on by the index, and the names of the waypoints read once: with every
-// airport of the world a matter of a second. Between the codes of a prefix there may be others, as "édaa" is
-// between "EDAA" and "EDAB".
+// Reads by the index of the codes from the first one of the prefix on, so that every airport of the world
+// takes about a second. Between the codes of a prefix there may be others, as "édaa" is between "EDAA" and
+// "EDAB".
 void AirfieldTransfer::ImportCountry(const std::string& prefix) {
     const std::string behindAll = prefix + '\xFF'; // no UTF-8: behind every letter
-    Statement airfields(shared.AirfieldConn,
+    Statement airfields(stores.AirfieldConn,
                         "SELECT ICAO, WGS_DLAT, WGS_DLONG FROM ARPT WHERE ICAO >= ? ORDER BY ICAO ASC");
     airfields.Bind(1, prefix);
-    Statement insert(shared.DataConn,
-                     "INSERT INTO Waypoints (Name, Lat, Long, Kategorie) VALUES (?, ?, ?, ?)");
-    insert.Bind(4, cmbKategorie);
+    Waypoints waypoints(stores.DataConn);
     while (airfields.Step()) {
         const std::string icao(airfields.Text(0));
         if (CompareText(icao, behindAll) > 0) break;
@@ -121,11 +112,8 @@ void AirfieldTransfer::ImportCountry(const std::string& prefix) {
             withoutPlace.push_back(icao);
             continue;
         }
-        const StatementRun run(insert);
-        insert.Bind(1, icao);
-        insert.Bind(2, ToDegMinValue(*latitude));
-        insert.Bind(3, ToDegMinValue(*longitude));
-        insert.Step();
+        waypoints.Add(icao, ToDegMinValue(Position{Latitude(*latitude), Longitude(*longitude)}),
+                      cmbKategorie);
         taken.insert(icao);
         ++added;
     }

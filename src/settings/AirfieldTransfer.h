@@ -6,7 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "common/Variablen.h"
+#include "base/Language.h"
+#include "common/OpenStores.h"
 #include "platform/Dialogs.h"
 #include "settings/AirfieldCountries.h"
 
@@ -19,7 +20,7 @@ class Statement;
 // without coordinates is left out, and told of. The texts exist in German only.
 class AirfieldTransfer {
 public:
-    AirfieldTransfer(Variablen& shared, Dialogs& dialogs);
+    AirfieldTransfer(const Language& shownIn, OpenStores& openStores, Dialogs& messages);
 
     void Form_Load();
     void cmbKategorie_Click(const std::string& category);
@@ -47,7 +48,8 @@ private:
     void ImportCountry(const std::string& prefix);
     void Report();
 
-    Variablen& shared;
+    const Language& language;
+    OpenStores& stores;
     Dialogs& dialogs;
     // Of the import that runs.
     Names taken; // names of waypoints

@@ -1,5 +1,6 @@
 #include "settings/Categories.h"
 
+#include "data/Waypoints.h"
 #include "store/Connection.h"
 #include "store/KeptColumn.h"
 #include "store/KeptListRow.h"
@@ -11,19 +12,18 @@ namespace ornivane {
 namespace {
 
 constexpr const char* AllCategories = "SELECT * From Kategorie";
-constexpr const char* MoveWaypoints = "UPDATE Waypoints SET Kategorie = ? WHERE Kategorie = ?";
 
 } // namespace
 
-Categories::Categories(Variablen& variables, Dialogs& messages, Undo& lastDeed)
-    : shared(variables), dialogs(messages), undo(lastDeed) {}
+Categories::Categories(const Language& shownIn, Connection& mainStore, Dialogs& messages, Undo& lastDeed)
+    : language(shownIn), dataConn(mainStore), dialogs(messages), undo(lastDeed) {}
 
 void Categories::Form_Load() {
-    CategoriesSet.Open(shared.DataConn, "Select * from Kategorie Order by NUMMER ASC");
+    CategoriesSet.Open(dataConn, "Select * from Kategorie Order by NUMMER ASC");
     GridRowChanged();
 }
 
-// A name that was typed and not yet used outlives a visit to another screen.
+// A name that was typed and not yet used is kept over a visit to another screen.
 void Categories::Form_Activate() {
     if (!CategoriesSet.IsOpen()) return Form_Load();
     const std::string entered = tKategorie;
@@ -70,20 +70,31 @@ void Categories::Reread(int place) {
 }
 
 void Categories::cmdAdd_Click() {
-    const char* const title = shared.Text("Datenfehler", "Data error");
+    const char* const title = language.Text("Datenfehler", "Data error");
     if (tKategorie.empty())
         return dialogs.Message(
-            title, shared.Text("Bitte Name für die Kategorie eingeben", "Please enter a category name"));
+            title, language.Text("Bitte Name für die Kategorie eingeben", "Please enter a category name"));
     const std::string name = tKategorie;
     if (Exists(name)) {
         GridRowChanged();
         return dialogs.Message(
-            title, shared.Text("Die Kategorie existiert schon. Bitte einen anderen Namen vergeben.",
-                               "Category already exists. Please choose another name..."));
+            title, language.Text("Die Kategorie existiert schon. Bitte einen anderen Namen vergeben.",
+                                 "Category already exists. Please choose another name..."));
     }
-    InsertAfterCurrent(shared.DataConn, CategoriesSet, AllCategories, {},
+    InsertAfterCurrent(dataConn, CategoriesSet, AllCategories, {},
                        [&](Recordset& row) { row.Set("Kategorie", name); });
     GridRowChanged();
+}
+
+// After an error the list must not show what the roll back has taken away.
+void Categories::ChangeStore(int place, const std::function<void()>& change) {
+    RestoreOnError(
+        [&] {
+            Transaction transaction(dataConn);
+            change();
+            transaction.Commit();
+        },
+        [&] { Reread(place); });
 }
 
 void Categories::cmdChange_Click() {
@@ -91,29 +102,24 @@ void Categories::cmdChange_Click() {
     const int place = CategoriesSet.AbsolutePosition();
     const bool isOther = tKategorie != CurrentName();
     Undo::Deed deed = KeepChanged();
-    try {
-        Transaction transaction(shared.DataConn);
-        shared.DataConn.Execute(MoveWaypoints, {tKategorie, CurrentName()});
+    ChangeStore(place, [this] {
+        Waypoints(dataConn).MoveCategory(CurrentName(), tKategorie);
         CategoriesSet.Set("Kategorie", tKategorie);
         CategoriesSet.Update();
-        transaction.Commit();
-    } catch (...) {
-        Reread(place); // the list must not show what the roll back has taken away
-        throw;
-    }
-    if (isOther) undo.Offer(std::move(deed)); // the same again must not take the offer before away
+    });
+    if (isOther) undo.Offer(std::move(deed)); // an unchanged name must not replace the last offer
     GridRowChanged();
 }
 
 std::int64_t Categories::CountOf(const std::string& name) const {
-    Statement rows(shared.DataConn, "SELECT count(*) FROM Kategorie WHERE Kategorie = ?");
+    Statement rows(dataConn, "SELECT count(*) FROM Kategorie WHERE Kategorie = ?");
     rows.Bind(1, name);
     rows.Step();
     return rows.Integer(0);
 }
 
 std::int64_t Categories::RowOf(const std::string& name) const {
-    Statement row(shared.DataConn, "SELECT rowid FROM Kategorie WHERE Kategorie = ?");
+    Statement row(dataConn, "SELECT rowid FROM Kategorie WHERE Kategorie = ?");
     row.Bind(1, name);
     return row.Step() ? row.Integer(0) : 0;
 }
@@ -123,16 +129,16 @@ std::int64_t Categories::RowOf(const std::string& name) const {
 // those that got it since then follow; those that had it before have it still.
 Undo::Deed Categories::KeepChanged() {
     const std::int64_t row = CategoriesSet.RowId();
-    const KeptColumn name(shared.DataConn, "Kategorie", "Kategorie", "rowid = ?", {row});
-    const KeptColumn waypoints(shared.DataConn, "Waypoints", "Kategorie", "Kategorie = ?", {CurrentName()});
-    const KeptColumn strays(shared.DataConn, "Waypoints", "Kategorie", "Kategorie = ?", {tKategorie});
+    const KeptColumn name(dataConn, {"Kategorie", "Kategorie"}, "rowid = ?", {row});
+    const KeptColumn waypoints = Waypoints(dataConn).KeepCategory(CurrentName());
+    const KeptColumn strays = Waypoints(dataConn).KeepCategory(tKategorie);
     const std::string shown = Undo::NameOf(CategoriesSet, "Kategorie");
-    return {"Kategorie " + shown + " geändert", "Category " + shown + " changed", shared.DataConn,
+    return {"Kategorie " + shown + " geändert", "Category " + shown + " changed", dataConn,
             [this, name, waypoints, strays, before = CurrentName(), present = tKategorie] {
                 name.PutBack();
                 waypoints.PutBackOver(present);
                 if (present.empty() || CountOf(present) > 0) return;
-                shared.DataConn.Execute(MoveWaypoints, {before, present});
+                Waypoints(dataConn).MoveCategory(present, before);
                 strays.PutBackOver(before);
             },
             [this, row] { ShowAgain(row); }};
@@ -140,10 +146,10 @@ Undo::Deed Categories::KeepChanged() {
 
 // A category that was added again meanwhile does not come back beside itself; its waypoints do.
 Undo::Deed Categories::KeepDeleted() {
-    const KeptListRow row(shared.DataConn, "Kategorie", "1", {}, CategoriesSet.RowId());
-    const KeptColumn waypoints(shared.DataConn, "Waypoints", "Kategorie", "Kategorie = ?", {CurrentName()});
+    const KeptListRow row(dataConn, "Kategorie", "1", {}, CategoriesSet.RowId());
+    const KeptColumn waypoints = Waypoints(dataConn).KeepCategory(CurrentName());
     const std::string shown = Undo::NameOf(CategoriesSet, "Kategorie");
-    return {"Kategorie " + shown + " gelöscht", "Category " + shown + " deleted", shared.DataConn,
+    return {"Kategorie " + shown + " gelöscht", "Category " + shown + " deleted", dataConn,
             [this, row, waypoints, name = CurrentName(), count = CountOf(CurrentName())] {
                 const bool isThere = count > 0 && CountOf(name) >= count; // a damaged one has no name
                 rowBack = isThere ? RowOf(name) : row.PutBack();
@@ -162,16 +168,11 @@ void Categories::cmdDelete_Click() {
     if (!HasRow()) return;
     const int place = CategoriesSet.AbsolutePosition();
     Undo::Deed deed = KeepDeleted();
-    try {
-        Transaction transaction(shared.DataConn);
-        shared.DataConn.Execute(MoveWaypoints, {"", CurrentName()});
+    ChangeStore(place, [this] {
+        Waypoints(dataConn).MoveCategory(CurrentName(), "");
         CategoriesSet.Delete();
-        Renumber(shared.DataConn, AllCategories, {});
-        transaction.Commit();
-    } catch (...) {
-        Reread(place);
-        throw;
-    }
+        Renumber(dataConn, AllCategories, {});
+    });
     undo.Offer(std::move(deed));
     Reread(place); // the next one, or the new last one
     GridRowChanged();

@@ -1,10 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
+#include "base/Language.h"
 #include "common/Undo.h"
-#include "common/Variablen.h"
 #include "platform/Dialogs.h"
 #include "store/Recordset.h"
 
@@ -14,8 +15,8 @@ namespace ornivane {
 // so renaming and deleting rewrite the waypoints; each command is one transaction.
 class Categories {
 public:
-    // `undo`: takes back the last change or deletion.
-    Categories(Variablen& shared, Dialogs& dialogs, Undo& undo);
+    // `lastDeed`: takes back the last change or deletion.
+    Categories(const Language& shownIn, Connection& mainStore, Dialogs& messages, Undo& lastDeed);
 
     void Form_Load();
     // Rereads the list; stands where it stood.
@@ -42,13 +43,16 @@ private:
     // The row at this place, from 1, or the last one.
     void StandOn(int place);
     void Reread(int place);
+    // All of it or nothing.
+    void ChangeStore(int place, const std::function<void()>& change);
     std::int64_t CountOf(const std::string& name) const;
     std::int64_t RowOf(const std::string& name) const;
     Undo::Deed KeepChanged();
     Undo::Deed KeepDeleted();
     void ShowAgain(std::int64_t rowId);
 
-    Variablen& shared;
+    const Language& language;
+    Connection& dataConn;
     Dialogs& dialogs;
     Undo& undo;
     std::int64_t rowBack = 0; // identity of the category that an undo has put back

@@ -2,18 +2,17 @@
 
 #include "settings/CategoryNames.h"
 #include "store/Connection.h"
-#include "store/Statement.h"
 #include "store/TextOrder.h"
 
 namespace ornivane {
 
-CategoryManager::CategoryManager(Variablen& variables, Dialogs& messages)
-    : shared(variables), dialogs(messages) {}
+CategoryManager::CategoryManager(Connection& mainStore, Dialogs& messages)
+    : dataConn(mainStore), dialogs(messages) {}
 
 void CategoryManager::Form_Load() {
-    waypointsSet.Open(shared.DataConn, "Select * from Waypoints Order by NAME ASC");
+    Waypoints(dataConn).Open(waypointsSet);
     FillLists();
-    Categories = CategoryNames(shared.DataConn);
+    Categories = CategoryNames(dataConn);
 }
 
 void CategoryManager::FillLists() {
@@ -27,7 +26,7 @@ void CategoryManager::FillLists() {
 
 // The rows are in the order by which names compare, so the first of a name is found without walking: tens of
 // thousands may be selected.
-bool CategoryManager::Assign(Statement& update, const std::string& waypoint) {
+bool CategoryManager::Assign(Waypoints& waypoints, const std::string& waypoint) {
     const auto nameAt = [this](int row) { return waypointsSet.ValueAt(row, "Name").TextOrEmpty(); };
     int first = 0, behind = waypointsSet.RecordCount();
     while (first < behind) {
@@ -38,19 +37,16 @@ bool CategoryManager::Assign(Statement& update, const std::string& waypoint) {
             behind = middle;
     }
     if (first == waypointsSet.RecordCount() || CompareText(nameAt(first), waypoint) != 0) return false;
-    const StatementRun run(update);
-    update.Bind(2, waypointsSet.ValueAt(first, "PointID"));
-    update.Step();
+    waypoints.SetCategory(waypointsSet.ValueAt(first, "PointID"), cmbKategorie);
     return true;
 }
 
 void CategoryManager::cmdZuweisen_Click(const std::vector<std::size_t>& selected) {
-    Transaction transaction(shared.DataConn);
-    Statement update(shared.DataConn, "UPDATE Waypoints SET Kategorie = ? WHERE PointID = ?");
-    update.Bind(1, cmbKategorie);
+    Transaction transaction(dataConn);
+    Waypoints waypoints(dataConn);
     for (const std::size_t row : selected) {
         const std::string& waypoint = listWegpunkt.at(row);
-        if (Assign(update, waypoint)) continue;
+        if (Assign(waypoints, waypoint)) continue;
         transaction.Commit(); // those before it keep what they got
         return dialogs.Message("Datenbankfehler", "Wegpunkt - " + waypoint +
                                                       " - wurde nicht gefunden. Bitte Datenbank überprüfen.");

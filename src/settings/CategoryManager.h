@@ -4,18 +4,19 @@
 #include <string>
 #include <vector>
 
-#include "common/Variablen.h"
+#include "data/Waypoints.h"
 #include "platform/Dialogs.h"
 #include "store/Recordset.h"
 
 namespace ornivane {
 
+class Connection;
 class Statement;
 
 // Gives many waypoints a category at once.
 class CategoryManager {
 public:
-    CategoryManager(Variablen& shared, Dialogs& dialogs);
+    CategoryManager(Connection& mainStore, Dialogs& messages);
 
     void Form_Load();
     // The chosen category for the waypoints at these places of listWegpunkt (from 0, ascending). A name that
@@ -29,9 +30,9 @@ public:
 
 private:
     void FillLists();
-    bool Assign(Statement& update, const std::string& waypoint);
+    bool Assign(Waypoints& waypoints, const std::string& waypoint);
 
-    Variablen& shared;
+    Connection& dataConn;
     Dialogs& dialogs;
     Recordset waypointsSet;
 };

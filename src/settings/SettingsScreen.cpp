@@ -1,12 +1,10 @@
 #include "settings/SettingsScreen.h"
 
 #include <algorithm>
-#include <exception>
 
 #include "base/Numbers.h"
 #include "common/Qnh.h"
 #include "common/SettingsFiles.h"
-#include "gps/LinkTexts.h"
 
 namespace ornivane {
 
@@ -17,10 +15,11 @@ constexpr double LongestInterval = 60; // s
 std::string TwoDigits(int number) { return (number < 10 ? "0" : "") + std::to_string(number); }
 
 // "21.03.2024" in German, "2024-03-21" in English.
-std::string ShownDate(const std::optional<Date>& date, bool english) {
+std::string ShownDate(const std::optional<Date>& date, const Language& language) {
     if (!date) return "---";
-    if (english) return DateText(*date);
-    return TwoDigits(date->Day) + "." + TwoDigits(date->Month) + "." + std::to_string(date->Year);
+    return language.Text(
+        "%1.%2.%3", "%4",
+        {TwoDigits(date->Day), TwoDigits(date->Month), std::to_string(date->Year), DateText(*date)});
 }
 
 // Whole seconds, 60 at most. What is no number or below one second is the first of the list.
@@ -32,13 +31,12 @@ int IntervalIn(const std::string& text) {
 
 } // namespace
 
-SettingsScreen::SettingsScreen(SettingsWorld settingsWorld, Notice& notices, std::function<void()> changed,
-                               std::function<void()> allCaptions)
+SettingsScreen::SettingsScreen(const SettingsWorld& settingsWorld, Notice& notices, Form settingsForm)
     : Port(settingsWorld.MSComm1, settingsWorld.timerCheck, settingsWorld.Ports, settingsWorld.Messages,
-           settingsWorld.SystemClock, settingsWorld.Shared, changed),
-      LastDeed(notices, settingsWorld.Shared, changed),
-      CategoryList(settingsWorld.Shared, settingsWorld.Messages, LastDeed), world(settingsWorld),
-      languageChanged(std::move(allCaptions)) {}
+           settingsWorld.SystemClock, settingsWorld.Shared, settingsWorld.Shared, settingsForm.ShowState),
+      LastDeed(notices, settingsWorld.Shared, settingsForm.ShowState),
+      CategoryList(settingsWorld.Shared, settingsWorld.Shared.DataConn, settingsWorld.Messages, LastDeed),
+      world(settingsWorld), form(std::move(settingsForm)) {}
 
 void SettingsScreen::Form_Activate() {
     Variablen& shared = world.Shared;
@@ -64,15 +62,14 @@ void SettingsScreen::ReadTrack() {
 
 void SettingsScreen::ApplyLanguage() {
     frmLuftraum = world.Shared.Text("Luftraumdaten - Stand: ", "Airspace data - as of: ") +
-                  ShownDate(world.Shared.LuftraumDate, world.Shared.EnglishUI == 1);
-    Port.ApplyLanguage();
+                  ShownDate(world.Shared.LuftraumDate, world.Shared);
     LastDeed.ApplyLanguage();
 }
 
-// Captions first: they are also keys, and must fit the language even when the file cannot be written.
+// Captions first: they must fit the language even when the file cannot be written.
 void SettingsScreen::ChooseLanguage(std::int16_t language) {
-    world.Shared.EnglishUI = language;
-    languageChanged();
+    world.Shared.Choose(language);
+    form.ShowLanguage();
     WriteLanguage(world.Shared.ProgramFolder, language);
 }
 
@@ -119,16 +116,14 @@ void SettingsScreen::TakeTrack() {
 
 void SettingsScreen::SaveAll() {
     const Variablen& shared = world.Shared;
-    std::exception_ptr failure;
-    try {
+    // The other file may still be written.
+    const auto failure = ErrorOf([&] {
         WriteQnhSettings(shared.ProgramFolder, {shared.QNH, shared.QNHDate});
-    } catch (const RuntimeError&) {
-        failure = std::current_exception(); // the other file may still be written
-    }
+    });
     if (Frame4)
         WriteTrackSettings(shared.ProgramFolder,
                            {shared.TrackEnabled, shared.TrackInterval / 1000, shared.TrackAuto});
-    if (failure) std::rethrow_exception(failure);
+    if (failure) throw *failure;
 }
 
 } // namespace ornivane

@@ -12,7 +12,8 @@
 
 namespace ornivane {
 
-// What the settings screen needs of the world. Port and timer are its own, not those of the flying screen.
+// What of the program and of the system the settings screen works with. Port and timer are its own, not those
+// of the flying screen.
 struct SettingsWorld {
     Variablen& Shared;
     SerialPort& MSComm1;
@@ -22,14 +23,17 @@ struct SettingsWorld {
     Dialogs& Messages;
 };
 
-// The settings screen: test of the receiver's port, language, aircraft symbol, track logger, QNH, categories.
-// Language and symbol are saved at the click, QNH and logger when the screen is left, the port by a test that
-// went well.
+// The settings screen without its form, which owns it: test of the receiver's port, language, aircraft
+// symbol, track logger, QNH, categories. Language and symbol are saved at the click, QNH and logger when the
+// screen is left, the port by a test that went well.
 class SettingsScreen {
 public:
-    // `changed`: show the members. `languageChanged`: write every caption of the program anew.
-    SettingsScreen(SettingsWorld world, Notice& notices, std::function<void()> changed,
-                   std::function<void()> languageChanged);
+    // What the form does when something changes.
+    struct Form {
+        std::function<void()> ShowState;
+        std::function<void()> ShowLanguage; // of every caption of the program
+    };
+    SettingsScreen(const SettingsWorld& settingsWorld, Notice& notices, Form settingsForm);
 
     void Form_Load() { CategoryList.Form_Load(); }
     void Form_Activate();
@@ -39,8 +43,8 @@ public:
     // Every text of the logic in the language of this moment.
     void ApplyLanguage();
 
-    void OptEng_Click() { ChooseLanguage(1); }
-    void OptGer_Click() { ChooseLanguage(0); }
+    // OptGer and OptEng: 0 German, 1 English.
+    void ChooseLanguage(std::int16_t language);
     void Option_Click(std::int16_t symbol); // 1 or 2
     void chkTrack_Click(bool ticked);
     void chkAutoOn_Click(bool ticked);
@@ -60,7 +64,6 @@ public:
     std::string frmLuftraum;           // its caption
 
 private:
-    void ChooseLanguage(std::int16_t language);
     void ReadTrack();
     bool IsQnhOfToday() const;
     void TakeQnh();
@@ -68,7 +71,7 @@ private:
     void SaveAll();
 
     SettingsWorld world;
-    std::function<void()> languageChanged;
+    Form form;
 };
 
 } // namespace ornivane

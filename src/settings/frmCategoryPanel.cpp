@@ -22,9 +22,9 @@ constexpr int RowHeight = 34, NumberWidth = 46, EntryHeight = 44; // pixels
 
 } // namespace
 
-frmCategoryPanel::frmCategoryPanel(Categories& categories, const Variablen& variables, EventGuard& eventGuard,
-                                   Ways ways)
-    : list(categories), shared(variables), guard(eventGuard) {
+frmCategoryPanel::frmCategoryPanel(Categories& categories, const Language& shownIn, EventGuard& eventGuard,
+                                   OpenedDialogs opened)
+    : list(categories), language(shownIn), guard(eventGuard) {
     setObjectName("frmKategorie");
     auto* layout = new QGridLayout(this);
     layout->setSpacing(6);
@@ -39,8 +39,8 @@ frmCategoryPanel::frmCategoryPanel(Categories& categories, const Variablen& vari
     cmdChange = CommandButton("cmdChange", [this] { list.cmdChange_Click(); });
     cmdDelete = CommandButton("cmdDelete", [this] { list.cmdDelete_Click(); });
     for (QPushButton* button : {cmdChange, cmdDelete}) new SingleClick(*button);
-    cmdManager = CommandButton("cmdManager", ways.ShowManager);
-    cmdGetWaypoint = CommandButton("cmdGetWaypoint", ways.ShowGetWaypoints);
+    cmdManager = CommandButton("cmdManager", opened.ShowManager);
+    cmdGetWaypoint = CommandButton("cmdGetWaypoint", opened.ShowGetWaypoints);
 
     layout->addWidget(gridKategorie, 0, 0, 4, 1);
     layout->addWidget(tKategorie, 4, 0);
@@ -58,7 +58,7 @@ void frmCategoryPanel::MakeGrid() {
         list.CategoriesSet,
         std::vector<RecordsetModel::Column>{
             {"Nummer", [] { return QString("Nr"); }, {}},
-            {"Kategorie", [this] { return QString::fromUtf8(shared.Text("Kategorie", "Category")); }, {}}});
+            {"Kategorie", [this] { return QString::fromUtf8(language.Text("Kategorie", "Category")); }, {}}});
     binding = std::make_unique<GridBinding>(*model, *gridKategorie);
     gridKategorie->setMinimumHeight(3 * RowHeight);
     gridKategorie->verticalHeader()->setDefaultSectionSize(RowHeight);
@@ -108,7 +108,7 @@ void frmCategoryPanel::ShowState() {
 
 void frmCategoryPanel::ApplyLanguage() {
     const auto text = [this](const char* german, const char* english) {
-        return QString::fromUtf8(shared.Text(german, english));
+        return QString::fromUtf8(language.Text(german, english));
     };
     setTitle(text("Wegpunkt Kategorien", "Waypoint categories"));
     cmdAdd->setText(text(" Kategorie hinzufügen ", " Add Category "));

@@ -21,12 +21,13 @@ class frmCategoryPanel : public QGroupBox {
     Q_OBJECT
 
 public:
-    struct Ways {
+    struct OpenedDialogs { // what two of the buttons open
         std::function<void()> ShowManager;
         std::function<void()> ShowGetWaypoints;
     };
 
-    frmCategoryPanel(Categories& list, const Variablen& shared, EventGuard& guard, Ways ways);
+    frmCategoryPanel(Categories& categories, const Language& shownIn, EventGuard& eventGuard,
+                     OpenedDialogs opened);
     ~frmCategoryPanel() override;
 
     void ShowState();
@@ -41,7 +42,7 @@ private:
     void Run(const std::function<void()>& command);
 
     Categories& list;
-    const Variablen& shared;
+    const Language& language;
     EventGuard& guard;
     bool running = false; // a command moves the rows by itself
     QTableView* gridKategorie = nullptr;

@@ -1,6 +1,7 @@
 #include "settings/frmGetWaypoints.h"
 
 #include <QGridLayout>
+#include <QScopeGuard>
 
 #include "platform/qt/EnterKey.h"
 #include "platform/qt/Events.h"
@@ -8,8 +9,9 @@
 
 namespace ornivane {
 
-frmGetWaypoints::frmGetWaypoints(Variablen& variables, Dialogs& dialogs, EventGuard& guard, QWidget* parent)
-    : QDialog(parent), shared(variables), logic(variables, dialogs) {
+frmGetWaypoints::frmGetWaypoints(const Language& shownIn, OpenStores& stores, Dialogs& dialogs,
+                                 EventGuard& guard, QWidget* parent)
+    : QDialog(parent), language(shownIn), logic(shownIn, stores, dialogs) {
     setObjectName("frmGetWaypoints");
     setAttribute(Qt::WA_DeleteOnClose);
     setModal(true);
@@ -31,7 +33,11 @@ frmGetWaypoints::frmGetWaypoints(Variablen& variables, Dialogs& dialogs, EventGu
         logic.cmbKategorie_Click(cmbKategorie->itemText(index).toStdString());
         ShowState();
     });
-    guard.Connect(cmdTransfer, &QPushButton::clicked, [this] { Transfer(); });
+    guard.Connect(cmdTransfer, &QPushButton::clicked, [this] {
+        setCursor(Qt::WaitCursor); // every airport of the world takes a second or two
+        const auto after = qScopeGuard([this] { unsetCursor(); });
+        logic.cmdTransfer_Click(parts::ChosenRows(*listAP));
+    });
     connect(cmdEnd, &QPushButton::clicked, this, &QDialog::close);
     ApplyTexts();
     ShowState();
@@ -59,18 +65,6 @@ void frmGetWaypoints::LayOut() {
     layout->setColumnStretch(1, 1);
 }
 
-// Every airport of the world takes a second or two.
-void frmGetWaypoints::Transfer() {
-    setCursor(Qt::WaitCursor);
-    try {
-        logic.cmdTransfer_Click(parts::ChosenRows(*listAP));
-    } catch (...) {
-        unsetCursor();
-        throw;
-    }
-    unsetCursor();
-}
-
 void frmGetWaypoints::ShowState() {
     lblCount->setText(QString::fromStdString(logic.lblCount));
     cmdTransfer->setText(parts::Caption(logic.cmdTransfer));
@@ -82,7 +76,7 @@ void frmGetWaypoints::ApplyTexts() {
     Label2->setText("Kategorie");
     cmdEnd->setText("Schließen");
     const auto tip = [this](QWidget* widget, const char* german, const char* english) {
-        widget->setToolTip(QString::fromUtf8(shared.Text(german, english)));
+        widget->setToolTip(QString::fromUtf8(language.Text(german, english)));
     };
     tip(listAP, "Länder wählen: Klick oder Leertaste; Strg+A wählt alle",
         "Choose countries: click or space bar; Ctrl+A takes all");

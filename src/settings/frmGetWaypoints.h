@@ -20,15 +20,15 @@ class frmGetWaypoints : public QDialog {
     Q_OBJECT
 
 public:
-    frmGetWaypoints(Variablen& shared, Dialogs& dialogs, EventGuard& guard, QWidget* parent);
+    frmGetWaypoints(const Language& shownIn, OpenStores& stores, Dialogs& dialogs, EventGuard& guard,
+                    QWidget* parent);
 
 private:
     void LayOut();
-    void Transfer();
     void ShowState();
     void ApplyTexts();
 
-    const Variablen& shared;
+    const Language& language;
     AirfieldTransfer logic;
     QStringListModel countries;
     QListView* listAP = nullptr;

@@ -1,6 +1,7 @@
 #include "settings/frmManager.h"
 
 #include <QGridLayout>
+#include <QScopeGuard>
 #include <QScrollBar>
 
 #include "platform/qt/EnterKey.h"
@@ -9,25 +10,15 @@
 
 namespace ornivane {
 
-namespace {
-
-QStringList Texts(const std::vector<std::string>& from) {
-    QStringList texts;
-    texts.reserve(static_cast<qsizetype>(from.size()));
-    for (const std::string& text : from) texts << QString::fromStdString(text);
-    return texts;
-}
-
-} // namespace
-
-frmManager::frmManager(Variablen& variables, Dialogs& dialogs, EventGuard& guard, QWidget* parent)
-    : QDialog(parent), shared(variables), logic(variables, dialogs) {
+frmManager::frmManager(const Language& shownIn, Connection& dataConn, Dialogs& dialogs,
+                       EventGuard& eventGuard, QWidget* parent)
+    : QDialog(parent), language(shownIn), guard(eventGuard), logic(dataConn, dialogs) {
     setObjectName("frmManager");
     setAttribute(Qt::WA_DeleteOnClose);
     setModal(true);
     setStyleSheet(parts::SectionStyle);
     resize(760, 600);
-    MakeLists(guard);
+    MakeLists();
     Label1 = parts::Label("Label1");
     Label2 = parts::Label("Label2");
     Label3 = parts::Label("Label3");
@@ -51,10 +42,10 @@ frmManager::frmManager(Variablen& variables, Dialogs& dialogs, EventGuard& guard
         logic.cmbKategorie = cmbKategorie->itemText(index).toStdString();
         ShowState();
     });
-    guard.Connect(cmdZuweisen, &QPushButton::clicked, [this] { Assign(); });
+    connect(cmdZuweisen, &QPushButton::clicked, this, &frmManager::Assign);
     connect(cmdEnd, &QPushButton::clicked, this, &QDialog::close);
     logic.Form_Load();
-    waypoints.setStringList(Texts(logic.listWegpunkt));
+    waypoints.setStringList(parts::Texts(logic.listWegpunkt));
     ShowCategories();
     parts::SetTexts(*cmbKategorie, logic.Categories, {});
     cmbKategorie->insertItem(0, QString()); // none
@@ -63,7 +54,7 @@ frmManager::frmManager(Variablen& variables, Dialogs& dialogs, EventGuard& guard
     ShowState();
 }
 
-void frmManager::MakeLists(EventGuard& guard) {
+void frmManager::MakeLists() {
     listWegpunkt = parts::ChoiceList("listWegpunkt");
     listKategorie = parts::ChoiceList("listKategorie");
     listKategorie->setSelectionMode(QAbstractItemView::NoSelection);
@@ -86,24 +77,19 @@ void frmManager::MoveAsOne(QListView& one, QListView& other) {
             });
 }
 
+// Also an assignment that ends in an error has changed something: what it did shows.
 void frmManager::Assign() {
-    setCursor(Qt::WaitCursor);
-    const auto finish = [this] {
-        unsetCursor();
-        ShowCategories();
-    };
-    try {
+    guard.Run([this] {
+        setCursor(Qt::WaitCursor);
+        const auto after = qScopeGuard([this] { unsetCursor(); });
         logic.cmdZuweisen_Click(parts::ChosenRows(*listWegpunkt));
-    } catch (...) {
-        finish();
-        throw;
-    }
-    finish();
+    });
+    ShowCategories();
 }
 
 // The waypoints stay as they are, with what is chosen and their top row; the categories follow.
 void frmManager::ShowCategories() {
-    categories.setStringList(Texts(logic.listKategorie));
+    categories.setStringList(parts::Texts(logic.listKategorie));
     listKategorie->verticalScrollBar()->setValue(listWegpunkt->verticalScrollBar()->value());
 }
 
@@ -111,7 +97,7 @@ void frmManager::ShowState() { cmdZuweisen->setEnabled(listWegpunkt->selectionMo
 
 void frmManager::ApplyLanguage() {
     const auto text = [this](const char* german, const char* english) {
-        return QString::fromUtf8(shared.Text(german, english));
+        return QString::fromUtf8(language.Text(german, english));
     };
     setWindowTitle(text("Wegpunkt Manager", "Manage waypoints"));
     Label1->setText(text("Wegpunkt", "Waypoint"));

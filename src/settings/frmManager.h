@@ -3,6 +3,7 @@
 #include <QDialog>
 #include <QStringListModel>
 
+#include "base/Language.h"
 #include "settings/CategoryManager.h"
 
 class QComboBox;
@@ -14,22 +15,25 @@ namespace ornivane {
 
 class EventGuard;
 
-// Two lists that move as one, waypoints and their categories, and the category to give to those chosen.
+// The dialog of CategoryManager: two lists that move as one, waypoints and their categories, and the category
+// to give to those chosen.
 class frmManager : public QDialog {
     Q_OBJECT
 
 public:
-    frmManager(Variablen& shared, Dialogs& dialogs, EventGuard& guard, QWidget* parent);
+    frmManager(const Language& shownIn, Connection& dataConn, Dialogs& dialogs, EventGuard& eventGuard,
+               QWidget* parent);
 
 private:
-    void MakeLists(EventGuard& guard);
+    void MakeLists();
     void MoveAsOne(QListView& one, QListView& other);
     void Assign();
     void ShowCategories();
     void ShowState();
     void ApplyLanguage();
 
-    const Variablen& shared;
+    const Language& language;
+    EventGuard& guard;
     CategoryManager logic;
     QStringListModel waypoints, categories;
     QListView *listWegpunkt = nullptr, *listKategorie = nullptr;

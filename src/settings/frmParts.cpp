@@ -59,9 +59,15 @@ std::vector<std::size_t> ChosenRows(const QListView& list) {
     return rows;
 }
 
-void SetTexts(QComboBox& combo, const std::vector<std::string>& texts, const std::string& current) {
+QStringList Texts(const std::vector<std::string>& texts) {
     QStringList items;
+    items.reserve(static_cast<qsizetype>(texts.size()));
     for (const std::string& text : texts) items << QString::fromStdString(text);
+    return items;
+}
+
+void SetTexts(QComboBox& combo, const std::vector<std::string>& texts, const std::string& current) {
+    const QStringList items = Texts(texts);
     combo.clear();
     combo.addItems(items);
     combo.setCurrentIndex(static_cast<int>(items.indexOf(QString::fromStdString(current))));

@@ -14,7 +14,7 @@
 
 namespace ornivane::parts {
 
-// What the forms of this folder are put together from.
+// Controls that the forms of the settings share.
 
 // A text as the caption of a button: an ampersand in a name is no key.
 QString Caption(const std::string& text);
@@ -26,9 +26,11 @@ QLabel* Label(const char* name);
 QListView* ChoiceList(const char* name);
 // The chosen rows, from 0, ascending.
 std::vector<std::size_t> ChosenRows(const QListView& list);
+QStringList Texts(const std::vector<std::string>& texts);
 void SetTexts(QComboBox& combo, const std::vector<std::string>& texts, const std::string& current);
 
-// Denser than elsewhere: the settings fill a small screen. Lists of choices that are hit in turbulence.
+// Less padding than elsewhere, because the settings fill a small screen; rows of lists high enough to be hit
+// in turbulence.
 extern const char* const SectionStyle;
 
 } // namespace ornivane::parts

@@ -17,7 +17,7 @@ namespace {
 
 QString Q(const std::string& text) { return QString::fromStdString(text); }
 
-// The colour says it on the ground of the text, which stays readable by day and by night.
+// The lamp is the background of its text, which stays readable by day and by night.
 void ShowLamp(QLabel& label, const PortTest::Label& lamp) {
     label.setText(Q(lamp.Caption));
     const QString style = QString("background: #%1; color: #000000; border-radius: 6px; padding: 6px 10px; "
@@ -28,9 +28,9 @@ void ShowLamp(QLabel& label, const PortTest::Label& lamp) {
 
 } // namespace
 
-frmPortPanel::frmPortPanel(PortTest& portTest, const PortList& portList, const Variablen& variables,
+frmPortPanel::frmPortPanel(PortTest& portTest, const PortList& portList, const Language& shownIn,
                            EventGuard& guard)
-    : test(portTest), ports(portList), shared(variables) {
+    : test(portTest), ports(portList), language(shownIn) {
     setObjectName("frmGPS");
     auto* layout = new QVBoxLayout(this);
     layout->setSpacing(6);
@@ -110,8 +110,7 @@ void frmPortPanel::FillPorts() {
 }
 
 void frmPortPanel::FillBaudRates() {
-    QStringList rates;
-    for (const std::string& rate : test.BaudRates) rates += Q(rate);
+    const QStringList rates = parts::Texts(test.BaudRates);
     QStringList shown;
     for (int i = 0; i < cmbBaud->count(); ++i) shown += cmbBaud->itemText(i);
     if (shown != rates) {
@@ -128,25 +127,25 @@ void frmPortPanel::ShowState() {
     cmbCom->setEnabled(!test.IsTesting());
     cmbBaud->setEnabled(!test.IsTesting());
     cmdCheck->setEnabled(!test.cmbCom.empty());
-    lblStatus->setText(Q(test.lblStatus.Caption));
-    lblHint->setText(Q(test.lblHint));
-    lblHint->setVisible(!test.lblHint.empty());
-    if (tGPS->text() != Q(test.tGPS)) {
-        tGPS->setText(Q(test.tGPS));
+    lblStatus->setText(Q(test.lblStatus()));
+    lblHint->setText(Q(test.lblHint()));
+    lblHint->setVisible(!test.lblHint().empty());
+    if (tGPS->text() != Q(test.tGPS())) {
+        tGPS->setText(Q(test.tGPS()));
         tGPS->setCursorPosition(0);
     }
-    ShowLamp(*lblComVerbindung, test.lblComVerbindung);
-    ShowLamp(*LabelStatus, test.LabelStatus);
-    lblSatellites->setText(Q(test.lblSatellites));
+    ShowLamp(*lblComVerbindung, test.lblComVerbindung());
+    ShowLamp(*LabelStatus, test.LabelStatus());
+    lblSatellites->setText(Q(test.lblSatellites()));
     lblLat->setText(Q(test.lblLat));
     lblLong->setText(Q(test.lblLong));
-    const QCursor pointer(test.Hourglass ? Qt::WaitCursor : Qt::ArrowCursor);
+    const QCursor pointer(test.IsTesting() ? Qt::WaitCursor : Qt::ArrowCursor);
     if (window()->cursor().shape() != pointer.shape()) window()->setCursor(pointer);
 }
 
 void frmPortPanel::ApplyLanguage() {
     const auto text = [this](const char* german, const char* english) {
-        return QString::fromUtf8(shared.Text(german, english));
+        return QString::fromUtf8(language.Text(german, english));
     };
     setTitle("GPS");
     portCaption->setText("COM");

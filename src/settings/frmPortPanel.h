@@ -20,7 +20,7 @@ class frmPortPanel : public QGroupBox {
     Q_OBJECT
 
 public:
-    frmPortPanel(PortTest& test, const PortList& ports, const Variablen& shared, EventGuard& guard);
+    frmPortPanel(PortTest& portTest, const PortList& portList, const Language& shownIn, EventGuard& guard);
 
     void ShowState();
     void ApplyLanguage();
@@ -33,7 +33,7 @@ private:
 
     PortTest& test;
     const PortList& ports;
-    const Variablen& shared;
+    const Language& language;
     QComboBox *cmbCom = nullptr, *cmbBaud = nullptr;
     QPushButton* cmdCheck = nullptr;
     QLineEdit* tGPS = nullptr;

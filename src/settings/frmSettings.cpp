@@ -24,6 +24,15 @@ namespace {
 
 constexpr int PressHeight = 44; // pixels
 
+// A choice of the language: the number by which it is stored, its button and the button's texts.
+struct LanguageChoice {
+    std::int16_t Number;
+    const char *Control, *Name, *GermanTip, *EnglishTip;
+};
+constexpr LanguageChoice Languages[] = {
+    {0, "OptGer", "Deutsch", "Alle Texte auf Deutsch", "All texts in German"},
+    {1, "OptEng", "English", "Alle Texte auf Englisch", "All texts in English"}};
+
 template <typename Tick>
 Tick* Choice(const char* name) {
     auto* choice = Named(new Tick, name);
@@ -34,20 +43,23 @@ Tick* Choice(const char* name) {
 } // namespace
 
 frmSettings::frmSettings(const SettingsFormServices& formServices)
-    : services(formServices),
-      logic(std::make_unique<SettingsScreen>(
-          services.World, services.Guard.Notices(), [this] { ShowState(); }, services.LanguageChanged)) {
+    : services(formServices), logic(std::make_unique<SettingsScreen>(
+                                  services.World, services.Guard.Notices(),
+                                  SettingsScreen::Form{[this] { ShowState(); }, services.LanguageChanged})) {
     setObjectName("frmSettings");
     setStyleSheet(parts::SectionStyle);
     port = new frmPortPanel(logic->Port, services.World.Ports, services.World.Shared, services.Guard);
     categories = new frmCategoryPanel(
         logic->CategoryList, services.World.Shared, services.Guard,
         {[this] {
-             (new frmManager(services.World.Shared, services.World.Messages, services.Guard, this))->open();
+             const SettingsWorld& world = services.World;
+             (new frmManager(world.Shared, world.Shared.DataConn, world.Messages, services.Guard, this))
+                 ->open();
          },
          [this] {
+             const SettingsWorld& world = services.World;
              if (logic->cmdGetWaypoint_Click())
-                 (new frmGetWaypoints(services.World.Shared, services.World.Messages, services.Guard, this))
+                 (new frmGetWaypoints(world.Shared, world.Shared, world.Messages, services.Guard, this))
                      ->open();
          }});
 
@@ -75,47 +87,45 @@ frmSettings::frmSettings(const SettingsFormServices& formServices)
     frmSettings::ApplyLanguage();
 }
 
-// As one reads: down the left column, down the right one.
+// Tab goes down the left column, then down the right one.
 void frmSettings::OrderTabs() {
-    QWidget* before = nullptr;
-    for (const char* name :
-         {"OptGer",     "OptEng",   "Option1",   "Option2",   "cmbCom",     "cmbBaud",       "cmdCheck",
-          "tGPS",       "chkTrack", "chkAutoOn", "cmbTrack",  "cmdTrack",   "tQNH",          "gridKategorie",
-          "tKategorie", "cmdAdd",   "cmdChange", "cmdDelete", "cmdManager", "cmdGetWaypoint"}) {
-        auto* next = findChild<QWidget*>(name);
-        if (before) setTabOrder(before, next);
-        before = next;
-    }
+    std::vector<QWidget*> order(languages.begin(), languages.end());
+    for (const char* name : {"Option1", "Option2", "cmbCom", "cmbBaud", "cmdCheck", "tGPS", "chkTrack",
+                             "chkAutoOn", "cmbTrack", "cmdTrack", "tQNH", "gridKategorie", "tKategorie",
+                             "cmdAdd", "cmdChange", "cmdDelete", "cmdManager", "cmdGetWaypoint"})
+        order.push_back(findChild<QWidget*>(name));
+    for (std::size_t i = 1; i < order.size(); ++i) setTabOrder(order[i - 1], order[i]);
 }
 
-// The panels look at what the logic owns, so they go first.
+// The panels refer to members of the logic, so they are deleted first.
 frmSettings::~frmSettings() {
     delete categories;
     delete port;
 }
 
-QWidget* frmSettings::Pair(QGroupBox*& box, const char* name, QRadioButton* first, QRadioButton* second) {
+QWidget* frmSettings::Row(QGroupBox*& box, const char* name, const std::vector<QRadioButton*>& choices) {
     box = Named(new QGroupBox, name);
     auto* layout = new QHBoxLayout(box);
     layout->setContentsMargins(4, 0, 4, 0);
-    for (QRadioButton* button : {first, second}) layout->addWidget(button, 1, Qt::AlignLeft);
+    for (QRadioButton* button : choices) layout->addWidget(button, 1, Qt::AlignLeft);
     return box;
 }
 
 void frmSettings::MakeLeft(QBoxLayout& column) {
     lblTitle = parts::Label("lblTitle");
     lblTitle->setStyleSheet("font-size: 24px; font-weight: bold");
-    OptGer = Choice<QRadioButton>("OptGer");
-    OptEng = Choice<QRadioButton>("OptEng");
+    for (const LanguageChoice& choice : Languages) {
+        auto* button = languages.emplace_back(Choice<QRadioButton>(choice.Control));
+        services.Guard.Connect(button, &QRadioButton::clicked,
+                               [this, &choice] { logic->ChooseLanguage(choice.Number); });
+    }
     Option1 = Choice<QRadioButton>("Option1");
     Option2 = Choice<QRadioButton>("Option2");
     column.addWidget(lblTitle);
-    column.addWidget(Pair(frmLanguage, "frmLanguage", OptGer, OptEng));
-    column.addWidget(Pair(frmSymbol, "frmSymbol", Option1, Option2));
+    column.addWidget(Row(frmLanguage, "frmLanguage", languages));
+    column.addWidget(Row(frmSymbol, "frmSymbol", {Option1, Option2}));
     column.addWidget(port);
     column.addStretch();
-    services.Guard.Connect(OptGer, &QRadioButton::clicked, [this] { logic->OptGer_Click(); });
-    services.Guard.Connect(OptEng, &QRadioButton::clicked, [this] { logic->OptEng_Click(); });
     services.Guard.Connect(Option1, &QRadioButton::clicked, [this] { logic->Option_Click(1); });
     services.Guard.Connect(Option2, &QRadioButton::clicked, [this] { logic->Option_Click(2); });
 }
@@ -200,19 +210,15 @@ void frmSettings::Form_Deactivate() {
 }
 
 void frmSettings::ShownAfter(const std::function<void()>& step) {
-    try {
-        step();
-    } catch (...) {
-        ApplyLanguage();
-        throw;
-    }
+    RestoreOnError(step, [this] { ApplyLanguage(); });
     ShowState();
 }
 
 void frmSettings::ShowState() {
     if (!tQNH) return; // the logic is there before its controls
     const Variablen& shared = services.World.Shared;
-    (shared.EnglishUI == 1 ? OptEng : OptGer)->setChecked(true);
+    for (std::size_t i = 0; i < languages.size(); ++i)
+        if (Languages[i].Number == shared.EnglishUI) languages[i]->setChecked(true);
     (shared.SymbolType == 1 ? Option1 : Option2)->setChecked(true);
     Frame4->setVisible(logic->Frame4);
     chkTrack->setChecked(logic->chkTrack);
@@ -241,8 +247,10 @@ void frmSettings::ApplyLanguage() {
     lblTitle->setText(text("Einstellungen", "Settings"));
     setWindowTitle(lblTitle->text());
     frmLanguage->setTitle(text("Sprache", "Language"));
-    OptGer->setText("Deutsch");
-    OptEng->setText("English");
+    for (std::size_t i = 0; i < languages.size(); ++i) {
+        languages[i]->setText(Languages[i].Name);
+        languages[i]->setToolTip(text(Languages[i].GermanTip, Languages[i].EnglishTip));
+    }
     frmSymbol->setTitle(text("Flugzeugsymbol", "Airplane symbol"));
     Option1->setText(text("Pfeil", "Arrow"));
     Option2->setText(text("Flugzeug", "Aeroplane"));
@@ -264,8 +272,6 @@ void frmSettings::ApplyTooltips() {
     tip(frmLanguage, "Die Sprache aller Bildschirme", "The language of all screens");
     tip(frmSymbol, "Das eigene Flugzeug auf der Karte", "The own aircraft on the chart");
     tip(Frame4, "Aufzeichnung des Flugs", "Recording of the flight");
-    tip(OptGer, "Alle Texte auf Deutsch", "All texts in German");
-    tip(OptEng, "Alle Texte auf Englisch", "All texts in English");
     tip(Option1, "Das eigene Flugzeug als Pfeil zeigen", "Show the own aircraft as an arrow");
     tip(Option2, "Das eigene Flugzeug als Umriss zeigen", "Show the own aircraft as an outline");
     tip(chkTrack, "Auf dem Flugbildschirm kann der Flug aufgezeichnet werden",

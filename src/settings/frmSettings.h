@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <vector>
 
 #include "platform/qt/Screen.h"
 #include "settings/SettingsScreen.h"
@@ -41,7 +42,7 @@ public:
     void ApplyLanguage() override;
 
 private:
-    QWidget* Pair(QGroupBox*& box, const char* name, QRadioButton* first, QRadioButton* second);
+    QWidget* Row(QGroupBox*& box, const char* name, const std::vector<QRadioButton*>& choices);
     void MakeLeft(QBoxLayout& column);
     void MakeRight(QBoxLayout& column);
     QGroupBox* MakeTrack();
@@ -59,7 +60,8 @@ private:
     frmPortPanel* port = nullptr;
     frmCategoryPanel* categories = nullptr;
     QGroupBox *frmLanguage = nullptr, *frmSymbol = nullptr, *Frame4 = nullptr, *frmLuftraum = nullptr;
-    QRadioButton *OptGer = nullptr, *OptEng = nullptr, *Option1 = nullptr, *Option2 = nullptr;
+    std::vector<QRadioButton*> languages; // OptGer, OptEng
+    QRadioButton *Option1 = nullptr, *Option2 = nullptr;
     QCheckBox *chkTrack = nullptr, *chkAutoOn = nullptr;
     QComboBox* cmbTrack = nullptr;
     QLabel *intervalCaption = nullptr, *intervalUnit = nullptr, *qnhCaption = nullptr, *qnhUnit = nullptr;

@@ -35,7 +35,7 @@ public:
 
 private:
     struct Closer {
-        void operator()(sqlite3* handle) const;
+        void operator()(sqlite3* toClose) const;
     };
     std::unique_ptr<sqlite3, Closer> handle;
 };
@@ -43,7 +43,7 @@ private:
 // Rolls back by itself unless committed. Nests as savepoints.
 class Transaction {
 public:
-    explicit Transaction(Connection& connection);
+    explicit Transaction(Connection& of);
     ~Transaction();
     Transaction(const Transaction&) = delete;
     Transaction& operator=(const Transaction&) = delete;

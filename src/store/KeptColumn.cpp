@@ -5,11 +5,11 @@
 
 namespace ornivane {
 
-KeptColumn::KeptColumn(Connection& of, std::string inTable, std::string ofColumn, const std::string& where,
+KeptColumn::KeptColumn(Connection& of, Place at, const std::string& where,
                        const std::vector<Value>& parameters)
-    : connection(&of), table(std::move(inTable)), column(std::move(ofColumn)) {
-    Statement select(of, "SELECT rowid, " + column + " FROM " + table + " WHERE " + where + " ORDER BY " +
-                             column + " ASC");
+    : connection(&of), place(std::move(at)) {
+    Statement select(of, "SELECT rowid, " + place.Column + " FROM " + place.Table + " WHERE " + where +
+                             " ORDER BY " + place.Column + " ASC");
     for (std::size_t i = 0; i < parameters.size(); ++i) select.Bind(static_cast<int>(i) + 1, parameters[i]);
     while (select.Step()) cells.push_back({select.Integer(0), select.ColumnValue(1)});
 }
@@ -20,10 +20,13 @@ void KeptColumn::Leave(std::int64_t rowId) {
 
 void KeptColumn::PutBack() const { Write({}, {}); }
 
-void KeptColumn::PutBackOver(const Value& present) const { Write(" AND " + column + " = ?", {present}); }
+void KeptColumn::PutBackOver(const Value& present) const {
+    Write(" AND " + place.Column + " = ?", {present});
+}
 
 void KeptColumn::Write(const std::string& condition, const std::vector<Value>& present) const {
-    Statement update(*connection, "UPDATE " + table + " SET " + column + " = ? WHERE rowid = ?" + condition);
+    Statement update(*connection,
+                     "UPDATE " + place.Table + " SET " + place.Column + " = ? WHERE rowid = ?" + condition);
     for (const Cell& cell : cells) {
         const StatementRun run(update);
         update.Bind(1, cell.Content);

@@ -18,9 +18,12 @@ public:
         Value Content;
     };
 
+    struct Place {
+        std::string Table, Column;
+    };
+
     // In the order of the column. `where`: the condition of the rows. RuntimeError StoreError.
-    KeptColumn(Connection& connection, std::string table, std::string column, const std::string& where,
-               const std::vector<Value>& parameters);
+    KeptColumn(Connection& of, Place at, const std::string& where, const std::vector<Value>& parameters);
 
     const std::vector<Cell>& Cells() const { return cells; }
     void Leave(std::int64_t rowId); // without this row from here on
@@ -33,7 +36,7 @@ private:
     void Write(const std::string& condition, const std::vector<Value>& present) const;
 
     Connection* connection;
-    std::string table, column;
+    Place place;
     std::vector<Cell> cells;
 };
 

@@ -34,7 +34,7 @@ KeptListRow::KeptListRow(Connection& of, std::string inTable, std::string ofList
     others.Leave(rowId);
 }
 
-KeptColumn KeptListRow::Numbers() const { return {*connection, table, "Nummer", where, parameters}; }
+KeptColumn KeptListRow::Numbers() const { return {*connection, {table, "Nummer"}, where, parameters}; }
 
 std::int64_t KeptListRow::PutBack() const {
     const KeptColumn present = Numbers();

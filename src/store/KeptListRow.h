@@ -14,9 +14,9 @@ namespace ornivane {
 // its place.
 class KeptListRow {
 public:
-    // `where`: the condition of the list's rows, "1" for a whole table. `rowId`: of the row that goes.
+    // `ofList`: the condition of the list's rows, "1" for a whole table. `rowId`: of the row that goes.
     // RuntimeError StoreError.
-    KeptListRow(Connection& connection, std::string table, std::string where, std::vector<Value> parameters,
+    KeptListRow(Connection& of, std::string inTable, std::string ofList, std::vector<Value> values,
                 std::int64_t rowId);
 
     // The list has the numbers that it had. Where it took rows since then, those stay: the row comes before

@@ -45,10 +45,10 @@ void KeptRows::Write(const std::string& verb) const {
     for (const auto& row : rows) connection->Execute(verb + into, row);
 }
 
-std::int64_t KeptRows::Copy(Connection& from, Connection& to, const std::string& table,
-                            const std::string& where, const std::vector<Value>& parameters) {
-    Statement select = Select(from, table, where, parameters);
-    Statement copy(to, "INSERT" + IntoLike(select, table));
+std::int64_t KeptRows::Copy(const Between& stores, const std::string& table, const std::string& where,
+                            const std::vector<Value>& parameters) {
+    Statement select = Select(stores.From, table, where, parameters);
+    Statement copy(stores.To, "INSERT" + IntoLike(select, table));
     std::int64_t count = 0;
     for (; select.Step(); ++count) {
         const StatementRun run(copy);

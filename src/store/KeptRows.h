@@ -15,7 +15,7 @@ class Connection;
 class KeptRows {
 public:
     // `where`: the condition of the rows, its ? bound to the parameters. RuntimeError StoreError.
-    KeptRows(Connection& connection, const std::string& table, const std::string& where,
+    KeptRows(Connection& of, const std::string& table, const std::string& where,
              const std::vector<Value>& parameters);
 
     // Both in a transaction of the caller's. RuntimeError StoreError, DiskFull.
@@ -23,8 +23,12 @@ public:
     void PutBackOver() const; // rows that were changed: they have their key still, and are replaced
 
     // Deleted rows from another store, without keeping them in memory. Returns how many they were.
-    static std::int64_t Copy(Connection& from, Connection& to, const std::string& table,
-                             const std::string& where, const std::vector<Value>& parameters);
+    struct Between {
+        Connection& From;
+        Connection& To;
+    };
+    static std::int64_t Copy(const Between& stores, const std::string& table, const std::string& where,
+                             const std::vector<Value>& parameters);
 
 private:
     void Write(const std::string& verb) const;

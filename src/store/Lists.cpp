@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/Numbers.h"
+#include "base/RuntimeError.h"
 #include "store/Connection.h"
 
 namespace ornivane {
@@ -23,7 +24,7 @@ void InsertAfterCurrent(Connection& connection, Recordset& list, const std::stri
     const bool isEmpty = list.RecordCount() == 0;
     const int place = isEmpty || list.Eof() ? list.RecordCount() : list.Bof() ? 0 : list.AbsolutePosition();
     const int target = place + 1;
-    try {
+    const auto insert = [&] {
         Transaction transaction(connection);
         Renumber(connection, select, parameters);
         list.AddNew();
@@ -32,13 +33,13 @@ void InsertAfterCurrent(Connection& connection, Recordset& list, const std::stri
         list.Update();
         Renumber(connection, select, parameters);
         transaction.Commit();
-    } catch (...) {
+    };
+    RestoreOnError(insert, [&] {
         // The list must not go on showing a row that the roll back has taken away.
         list.CancelUpdate();
         list.Requery();
         if (place > 0) list.SetAbsolutePosition(std::min(place, list.RecordCount()));
-        throw;
-    }
+    });
     list.Requery();
     list.Sort("Nummer"); // an order that the user chose for the grid would hide where the row went
     if (!list.Find("Nummer", Comparison::Equal, target)) list.MoveFirst();

@@ -42,11 +42,11 @@ using Bookmark = std::size_t;
 class RecordsetObserver {
 public:
     virtual ~RecordsetObserver() = default;
-    virtual void RowsReset() = 0; // all rows anew: open, requery, sort, filter, close
-    virtual void RowInserted(int row) = 0;
-    virtual void RowRemoved(int row) = 0;
-    virtual void RowChanged(int row) = 0;
-    virtual void CurrentRowChanged() = 0;
+    virtual void RowsReset() {} // all rows anew: open, requery, sort, filter, close
+    virtual void RowInserted(int /*row*/) {}
+    virtual void RowRemoved(int /*row*/) {}
+    virtual void RowChanged(int /*row*/) {}
+    virtual void CurrentRowChanged() {}
 };
 
 // A client-side, updatable snapshot of rows with a current row. The current row is the selection.

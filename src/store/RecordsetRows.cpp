@@ -32,12 +32,7 @@ int CompareValues(const Value& a, const Value& b) {
     if (textA && textB) return CompareText(*textA, *textB);
     if (textA || textB) {
         // A number looked for in a text field, or written as text in a criterion, compares as a number.
-        const Value& text = textA ? a : b;
-        try {
-            static_cast<void>(text.Number());
-        } catch (const RuntimeError&) {
-            return CompareText(a.Text(), b.Text());
-        }
+        if (!(textA ? a : b).NumberIfAny()) return CompareText(a.Text(), b.Text());
     }
     // True is -1 as a number of the program and 1 in a store.
     if (std::holds_alternative<bool>(a.Raw()) || std::holds_alternative<bool>(b.Raw()))

@@ -191,11 +191,10 @@ private:
 
     static Value ValueOf(FieldInfo field, const char* text) {
         field.Size = 0; // a text that is there is taken whole
-        try {
-            return ConvertFor(field, Value(XmlText(text)));
-        } catch (const RuntimeError&) {
+        Value value;
+        if (ErrorOf([&] { value = ConvertFor(field, Value(XmlText(text))); }))
             Refuse(field.Name + ": " + std::string(text).substr(0, 40));
-        }
+        return value;
     }
 
     Rowset rowset;

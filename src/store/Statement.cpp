@@ -98,4 +98,13 @@ Value Statement::ColumnValue(int column) const {
     }
 }
 
+StatementRun::StatementRun(Statement& of, Connection& connection, std::string_view sql,
+                           std::initializer_list<Value> parameters)
+    : statement(of) {
+    if (!statement.IsPrepared()) statement = Statement(connection, sql);
+    statement.Reset();
+    int parameter = 0;
+    for (const Value& value : parameters) statement.Bind(++parameter, value);
+}
+
 } // namespace ornivane

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -43,7 +44,7 @@ public:
 
 private:
     struct Finalizer {
-        void operator()(sqlite3_stmt* s) const;
+        void operator()(sqlite3_stmt* toFinalize) const;
     };
     std::unique_ptr<sqlite3_stmt, Finalizer> statement;
 };
@@ -53,6 +54,9 @@ private:
 class StatementRun {
 public:
     explicit StatementRun(Statement& of) : statement(of) { statement.Reset(); }
+    // Prepares the statement unless that has been done, and binds the values to its ?.
+    StatementRun(Statement& of, Connection& connection, std::string_view sql,
+                 std::initializer_list<Value> parameters);
     ~StatementRun() { statement.Reset(); }
     StatementRun(const StatementRun&) = delete;
     StatementRun& operator=(const StatementRun&) = delete;

@@ -46,11 +46,8 @@ bool Fits(FieldType type, const Value& value) {
 // value is the error.
 Value Fitting(const FieldInfo& field, Value value) {
     if (Fits(field.Type, value)) return value;
-    try {
-        return ConvertFor(field, value);
-    } catch (const RuntimeError&) {
-        return value;
-    }
+    IgnoreErrors([&] { value = ConvertFor(field, value); });
+    return value;
 }
 
 std::vector<FieldInfo> FieldsOf(const Statement& statement) {
@@ -62,7 +59,7 @@ std::vector<FieldInfo> FieldsOf(const Statement& statement) {
 
 } // namespace
 
-TableSource::TableSource(Connection& of, std::string sql, std::vector<Value> values)
+TableSource::TableSource(Connection& of, const std::string& sql, std::vector<Value> values)
     : connection(&of), parameters(std::move(values)) {
     const std::string lower = LowerAscii(sql);
     const auto from = lower.find(" from ");

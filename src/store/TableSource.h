@@ -15,7 +15,7 @@ class TableSource {
 public:
     // "SELECT fields FROM table [WHERE ...] [ORDER BY ...]". RuntimeError StoreError when it is not of that
     // form.
-    TableSource(Connection& connection, std::string sql, std::vector<Value> parameters);
+    TableSource(Connection& of, const std::string& sql, std::vector<Value> values);
 
     struct Result {
         std::vector<FieldInfo> Fields;

@@ -11,7 +11,7 @@ namespace ornivane {
 class TemporaryStore {
 public:
     // RuntimeError StoreError when it cannot be made.
-    explicit TemporaryStore(const std::filesystem::path& target);
+    explicit TemporaryStore(const std::filesystem::path& of);
     ~TemporaryStore();
     TemporaryStore(const TemporaryStore&) = delete;
     TemporaryStore& operator=(const TemporaryStore&) = delete;

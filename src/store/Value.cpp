@@ -7,10 +7,10 @@
 
 namespace ornivane {
 
-double Value::Number() const {
+std::optional<double> Value::NumberIfAny() const {
     switch (data.index()) {
     case 0:
-        throw RuntimeError(ErrorNumber::InvalidNull);
+        return std::nullopt;
     case 1:
         return std::get<bool>(data) ? -1 : 0; // true has all bits set
     case 2:
@@ -18,9 +18,13 @@ double Value::Number() const {
     case 3:
         return std::get<double>(data);
     default:
-        break;
+        return ParsePlainNumber(std::get<std::string>(data));
     }
-    const auto number = ParsePlainNumber(std::get<std::string>(data));
+}
+
+double Value::Number() const {
+    if (IsNull()) throw RuntimeError(ErrorNumber::InvalidNull);
+    const auto number = NumberIfAny();
     if (!number) throw RuntimeError(ErrorNumber::TypeMismatch, std::get<std::string>(data).substr(0, 40));
     return *number;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <variant>
 
@@ -18,7 +19,9 @@ public:
     Value(const char* value) : data(std::string(value)) {}
 
     bool IsNull() const { return data.index() == 0; }
-    // RuntimeError InvalidNull for Null, TypeMismatch for a text that is no number (decimal point).
+    // Empty for Null and for a text that is no number (decimal point).
+    std::optional<double> NumberIfAny() const;
+    // RuntimeError InvalidNull for Null, TypeMismatch for a text that is no number.
     double Number() const;
     std::int64_t Integer() const; // rounds ties to even
     // True for any number but 0.

@@ -62,8 +62,8 @@ void WriteText(std::ostream& to, const std::string& text) {
 }
 
 void Open(std::ostream& to, const char* tag, const TrackPoint& point) {
-    to << "\r\n<" << tag << " lat=\"" << Degrees(point.Lat) << "\" lon=\"" << Degrees(point.Long)
-       << "\">\r\n";
+    to << "\r\n<" << tag << " lat=\"" << Degrees(point.At.Lat.Degrees()) << "\" lon=\""
+       << Degrees(point.At.Long.Degrees()) << "\">\r\n";
     // A sample without altitude has none here either.
     if (point.Height) to << " <ele>" << Metres(*point.Height) << "</ele>\r\n";
 }

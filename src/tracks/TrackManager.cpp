@@ -6,28 +6,17 @@
 
 #include "base/RuntimeError.h"
 #include "store/Backup.h"
-#include "store/KeptRows.h"
-#include "store/Recordset.h"
-#include "store/Statement.h"
 
 namespace ornivane {
 
-namespace {
-
-const char* const Backup = "track.bak";
-const char* const KeptBackup = "track.undo";
-const char* const OfTrack = "\"Index\" = ?";
-
-} // namespace
-
-TrackManager::TrackManager(Variablen& variablen, Dialogs& dialogsOf, Undo& lastDeed)
-    : shared(variablen), dialogs(dialogsOf), undo(lastDeed), undoFrom(Backup) {}
+TrackManager::TrackManager(const Language& texts, const Settings& program, Dialogs& messages, Undo& lastDeed)
+    : language(texts), settings(program), dialogs(messages), undo(lastDeed), store(TrackFormConn) {}
 
 TrackManager::~TrackManager() { DropKeptBackup(); }
 
 void TrackManager::Form_Load() {
-    TrackFormConn.Open(shared.ProgramFolder / "track.ovd", Connection::Mode::ReadWrite);
-    TrackListSet.Open(TrackFormConn, "SELECT * FROM List ORDER BY \"Index\"");
+    TrackFormConn.Open(settings.ProgramFolder / "track.ovd", Connection::Mode::ReadWrite);
+    store.OpenList(TrackListSet);
     FillLists();
     TrackChosen.assign(Rows.size() + 1, false);
     ShowTrackPoints();
@@ -69,35 +58,30 @@ std::vector<std::int64_t> TrackManager::SelectedIndexes() const {
 }
 
 void TrackManager::ShowTrackPoints() {
-    TrackPointsSet.Open(TrackFormConn, SelectedIndexes());
+    TrackPointsSet.Open(store, SelectedIndexes());
     const int count = TrackPointsSet.Count();
-    lblRecords = std::to_string(count) + (count == 1 ? shared.Text(" Trackpunkt", " trackpoint")
-                                                     : shared.Text(" Trackpunkte", " trackpoints"));
+    lblRecords = std::to_string(count) + (count == 1 ? language.Text(" Trackpunkt", " trackpoint")
+                                                     : language.Text(" Trackpunkte", " trackpoints"));
 }
 
 // The list of the message and what is deleted are one and the same.
 void TrackManager::cmdDelete_Click() {
     const auto indexes = SelectedIndexes();
-    std::string message = shared.Text("Es wurden keine Tracks ausgewählt", "No tracks selected");
+    std::string message = language.Text("Es wurden keine Tracks ausgewählt", "No tracks selected");
     if (!indexes.empty()) {
         message = "Track: | ";
         for (const std::int64_t index : indexes) message += std::to_string(index) + " | ";
-        message += shared.Text(" werden gelöscht ! ", " will be deleted ! ");
+        message += language.Text(" werden gelöscht ! ", " will be deleted ! ");
     }
-    if (!dialogs.AskYesNo(shared.Text("Achtung", "Attention"), message)) return;
+    if (!dialogs.AskYesNo(language.Text("Achtung", "Attention"), message)) return;
     TrackPointsSet.Close(); // a statement that stands on a row would lock the store
     const Choice before{indexes, TrackChosen, ListIndex};
     KeepBackup();
     const bool hasBackup = BackupTrackStore();
-    std::int64_t samples = 0;
-    try {
-        samples = DeleteTracks(indexes);
-    } catch (...) {
-        ShowTrackPoints();
-        throw;
-    }
+    Tracks::Counts deleted;
+    RestoreOnError([&] { deleted = DeleteTracks(indexes); }, [this] { ShowTrackPoints(); });
     if (hasBackup && !indexes.empty())
-        OfferUndo(before, samples);
+        OfferUndo(before, deleted);
     else if (!indexes.empty())
         undo.Refuse("Gelöscht; ohne Sicherung nicht rückgängig zu machen",
                     "Deleted; without a backup it cannot be undone");
@@ -109,69 +93,55 @@ void TrackManager::cmdDelete_Click() {
 // A deletion of nothing and one that fails make a new backup, too: what the one before deleted can still be
 // brought back.
 void TrackManager::KeepBackup() {
-    if (!undo.Stands() || undoFrom == KeptBackup) return;
+    if (!undo.Stands() || undoFromKept) return;
     std::error_code error;
-    std::filesystem::copy_file(shared.ProgramFolder / Backup, shared.ProgramFolder / KeptBackup,
-                               std::filesystem::copy_options::overwrite_existing, error);
-    if (error)
-        DropKeptBackup();
-    else
-        undoFrom = KeptBackup;
+    std::filesystem::copy_file(Backup(), KeptBackup(), std::filesystem::copy_options::overwrite_existing,
+                               error);
+    if (error) return DropKeptBackup();
+    undoFromKept = true;
 }
 
 void TrackManager::DropKeptBackup() {
     std::error_code ignored;
-    std::filesystem::remove(shared.ProgramFolder / KeptBackup, ignored);
-    undoFrom = Backup;
+    std::filesystem::remove(KeptBackup(), ignored);
+    undoFromKept = false;
 }
 
+// The deletion was confirmed, and goes on without its backup.
 bool TrackManager::BackupTrackStore() {
-    try {
-        BackupStore(TrackFormConn, shared.ProgramFolder / Backup);
-        return true;
-    } catch (const RuntimeError&) {
-        return false; // the deletion was confirmed, and goes on without its backup
-    }
+    return !ErrorOf([this] { BackupStore(TrackFormConn, Backup()); });
 }
 
-std::int64_t TrackManager::DeleteTracks(const std::vector<std::int64_t>& indexes) {
+Tracks::Counts TrackManager::DeleteTracks(const std::vector<std::int64_t>& indexes) {
     Transaction together(TrackFormConn);
-    std::int64_t samples = 0;
-    for (const std::int64_t index : indexes) {
-        TrackFormConn.Execute("DELETE FROM Track WHERE \"Index\" = ?", {index});
-        Statement changes(TrackFormConn, "SELECT changes()");
-        changes.Step();
-        samples += changes.Integer(0);
-        TrackFormConn.Execute("DELETE FROM List WHERE \"Index\" = ?", {index});
-    }
+    Tracks::Counts deleted;
+    for (const std::int64_t index : indexes) deleted += store.Delete(index);
     together.Commit();
-    return samples;
+    return deleted;
 }
 
-void TrackManager::OfferUndo(const Choice& before, std::int64_t samples) {
+void TrackManager::OfferUndo(const Choice& before, const Tracks::Counts& deleted) {
     DropKeptBackup();
     const std::size_t count = before.Selected.size();
     const std::string tracks =
         count == 1 ? "Track " + std::to_string(before.Selected.front()) : std::to_string(count) + " Tracks";
     undo.Offer({tracks + " gelöscht", tracks + " deleted", TrackFormConn,
-                [this, indexes = before.Selected, samples] { BringBack(indexes, samples); },
+                [this, indexes = before.Selected, points = deleted.Points] { BringBack(indexes, points); },
                 [this, before] { ShowAgain(before); }});
 }
 
 // From the backup, a row at a time: a year of flights has a million samples. They must be those that were
 // deleted, or some would be missing and nobody would know.
-void TrackManager::BringBack(const std::vector<std::int64_t>& indexes, std::int64_t samples) {
+void TrackManager::BringBack(const std::vector<std::int64_t>& indexes, std::int64_t points) {
+    const std::filesystem::path file = undoFromKept ? KeptBackup() : Backup();
     Connection backup;
-    backup.Open(shared.ProgramFolder / undoFrom, Connection::Mode::ReadOnly);
-    std::int64_t rows = 0, back = 0;
-    for (const std::int64_t index : indexes) {
-        rows += KeptRows::Copy(backup, TrackFormConn, "List", OfTrack, {index});
-        back += KeptRows::Copy(backup, TrackFormConn, "Track", OfTrack, {index});
-    }
-    if (rows != static_cast<std::int64_t>(indexes.size()) || back != samples)
+    backup.Open(file, Connection::Mode::ReadOnly);
+    Tracks::Counts copied;
+    for (const std::int64_t index : indexes) copied += store.CopyFrom(backup, index);
+    if (copied != Tracks::Counts{static_cast<std::int64_t>(indexes.size()), points})
         throw RuntimeError(ErrorNumber::StoreError,
-                           std::string(undoFrom) + shared.Text(": nicht die gelöschten Tracks",
-                                                               ": not the tracks that were deleted"));
+                           file.filename().string() + language.Text(": nicht die gelöschten Tracks",
+                                                                    ": not the tracks that were deleted"));
 }
 
 void TrackManager::ShowAgain(const Choice& before) {
@@ -188,8 +158,8 @@ void TrackManager::ShowAgain(const Choice& before) {
 void TrackManager::Export(GpxContent content) {
     if (TrackPointsSet.Count() < 1) return;
     FileQuestion question;
-    question.Title = shared.Text("Tracks speichern", "Save tracks");
-    question.Start = shared.ProgramFolder / ("Track" + std::to_string(TrackPointsSet.At(0).Index) + ".gpx");
+    question.Title = language.Text("Tracks speichern", "Save tracks");
+    question.Start = settings.ProgramFolder / ("Track" + std::to_string(TrackPointsSet.At(0).Index) + ".gpx");
     question.Filters = {{"All files (*.*)", "*.*"}, {"GPX files", "*.gpx"}};
     question.Preselected = 1;
     question.DefaultExtension = "gpx";

@@ -1,12 +1,16 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <string>
 #include <vector>
 
+#include "base/Language.h"
+#include "common/Settings.h"
 #include "common/Undo.h"
-#include "common/Variablen.h"
+#include "data/Tracks.h"
 #include "platform/Dialogs.h"
+#include "store/Connection.h"
 #include "store/Recordset.h"
 #include "tracks/Gpx.h"
 #include "tracks/TrackPoints.h"
@@ -23,8 +27,8 @@ public:
         bool Selected = false;
     };
 
-    // `undo`: takes back the last deletion, from the backup that was made before it.
-    TrackManager(Variablen& variablen, Dialogs& dialogs, Undo& undo);
+    // `lastDeed`: takes back the last deletion, from the backup that was made before it.
+    TrackManager(const Language& texts, const Settings& program, Dialogs& messages, Undo& lastDeed);
     ~TrackManager();
     TrackManager(const TrackManager&) = delete;
     TrackManager& operator=(const TrackManager&) = delete;
@@ -44,8 +48,8 @@ public:
     std::vector<Row> Rows;
     int ListIndex = -1;
     int Fillings = 0; // how often Rows was read anew
-    TrackPoints TrackPointsSet;
     std::string lblRecords;
+    TrackPoints TrackPointsSet;
 
 private:
     void FillLists();
@@ -57,21 +61,24 @@ private:
         std::vector<bool> TrackChosen;
         int ListIndex = -1;
     };
+    std::filesystem::path Backup() const { return settings.ProgramFolder / "track.bak"; }
+    std::filesystem::path KeptBackup() const { return settings.ProgramFolder / "track.undo"; }
     void KeepBackup();
     void DropKeptBackup();
     bool BackupTrackStore();
-    // Returns how many samples they had.
-    std::int64_t DeleteTracks(const std::vector<std::int64_t>& indexes);
-    void OfferUndo(const Choice& before, std::int64_t samples);
-    void BringBack(const std::vector<std::int64_t>& indexes, std::int64_t samples);
+    Tracks::Counts DeleteTracks(const std::vector<std::int64_t>& indexes);
+    void OfferUndo(const Choice& before, const Tracks::Counts& deleted);
+    void BringBack(const std::vector<std::int64_t>& indexes, std::int64_t points);
     void ShowAgain(const Choice& before);
     void Export(GpxContent content);
 
-    Variablen& shared;
+    const Language& language;
+    const Settings& settings;
     Dialogs& dialogs;
     Undo& undo;
-    const char* undoFrom; // the file that has what the last deletion deleted
+    bool undoFromKept = false; // what the last deletion deleted is in KeptBackup, not in Backup
     Connection TrackFormConn;
+    Tracks store;
     Recordset TrackListSet;
     // What was chosen, by row. A deletion leaves it as it is, so that the first click on a row that moved up
     // may clear instead of set.

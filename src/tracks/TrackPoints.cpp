@@ -10,46 +10,23 @@ namespace {
 
 constexpr int BlockSize = 256;
 
-double NumberOrZero(const Statement& row, int column) { return row.IsNull(column) ? 0 : row.Number(column); }
-
-TrackPoint PointIn(const Statement& row) {
-    TrackPoint point;
-    point.Index = row.Integer(0);
-    point.Number = row.IsNull(1) ? 0 : row.Integer(1);
-    point.Lat = NumberOrZero(row, 2);
-    point.Long = NumberOrZero(row, 3);
-    if (!row.IsNull(4)) point.Height = row.Number(4);
-    point.Date = row.Text(5);
-    point.Time = row.Text(6);
-    return point;
-}
-
 } // namespace
 
-void TrackPoints::Open(Connection& connection, std::vector<std::int64_t> indexes) {
+void TrackPoints::Open(Tracks& of, std::vector<std::int64_t> indexes) {
     Close();
+    store = &of;
     std::sort(indexes.begin(), indexes.end());
     indexes.erase(std::unique(indexes.begin(), indexes.end()), indexes.end());
-    Statement counting(connection, "SELECT count(*) FROM Track WHERE \"Index\" = ?");
     for (const std::int64_t index : indexes) {
-        const StatementRun run(counting);
-        counting.Bind(1, index);
-        counting.Step();
-        const int points = static_cast<int>(counting.Integer(0));
+        const int points = store->PointsOf(index);
         if (points > 0) tracks.push_back({index, count, points});
         count += points;
     }
-    const std::string select = "SELECT \"Index\", Number, Lat, Long, Height, \"Date\", \"Time\" FROM Track "
-                               "WHERE \"Index\" = ? ORDER BY Number";
-    block = Statement(connection, select + " LIMIT ? OFFSET ?");
-    all = Statement(connection, select);
 }
 
 void TrackPoints::Close() {
     tracks.clear();
     read.clear();
-    block = Statement();
-    all = Statement();
     count = 0;
 }
 
@@ -68,19 +45,12 @@ void TrackPoints::ReadBlock(int row) {
     const int offset = (row - track->First) / BlockSize * BlockSize;
     read.clear();
     firstRead = track->First + offset;
-    const StatementRun run(block);
-    block.Bind(1, track->Index);
-    block.Bind(2, BlockSize);
-    block.Bind(3, offset);
-    while (block.Step()) read.push_back(PointIn(block));
+    store->ForEachPoint(track->Index, {offset, BlockSize},
+                        [this](const TrackPoint& point) { read.push_back(point); });
 }
 
 void TrackPoints::ForEach(const std::function<void(const TrackPoint&)>& visit) {
-    for (const Track& track : tracks) {
-        const StatementRun run(all);
-        all.Bind(1, track.Index);
-        while (all.Step()) visit(PointIn(all));
-    }
+    for (const Track& track : tracks) store->ForEachPoint(track.Index, visit);
 }
 
 } // namespace ornivane

@@ -25,57 +25,60 @@ namespace ornivane {
 namespace {
 
 constexpr int ButtonHeight = 44, ListRowHeight = 40;
-constexpr std::array<std::pair<const char*, const char*>, 7> Heads{{{"Track", "Track"},
-                                                                    {"PositionNr", "PositionNr"},
-                                                                    {" Breitengrad", "  Latitude"},
-                                                                    {" Längengrad", "  Longitude"},
-                                                                    {"       Höhe", "     Altitude"},
-                                                                    {"        Datum", "         Date"},
-                                                                    {"          Zeit", "         Time"}}};
-constexpr std::array HeadWidths = {50, 84, 116, 116, 112, 112, 70};
+
+QString Number(double value, const LocaleText& locale) {
+    return QString::fromStdString(NumberText(value, locale));
+}
+
+struct Column {
+    const char *German, *English;
+    int Width;
+    bool IsNumber;
+    QString (*TextOf)(const TrackPoint& point, const LocaleText& locale);
+};
+using Point = const TrackPoint&;
+using Locale = const LocaleText&;
+constexpr std::array Columns{
+    Column{"Track", "Track", 50, true, [](Point point, Locale) { return QString::number(point.Index); }},
+    Column{"PositionNr", "PositionNr", 84, true,
+           [](Point point, Locale) { return QString::number(point.Number); }},
+    Column{" Breitengrad", "  Latitude", 116, true,
+           [](Point point, Locale locale) { return Number(point.At.Lat.Degrees(), locale); }},
+    Column{" Längengrad", "  Longitude", 116, true,
+           [](Point point, Locale locale) { return Number(point.At.Long.Degrees(), locale); }},
+    Column{
+        "       Höhe", "     Altitude", 112, true,
+        [](Point point, Locale locale) { return point.Height ? Number(*point.Height, locale) : QString(); }},
+    Column{"        Datum", "         Date", 112, false,
+           [](Point point, Locale) { return QString::fromStdString(point.Date); }},
+    Column{"          Zeit", "         Time", 70, false,
+           [](Point point, Locale) { return QString::fromStdString(point.Time); }}};
+
+const Column& ColumnAt(int place) { return Columns.at(static_cast<std::size_t>(place)); }
 
 } // namespace
 
 int TrackPointsModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : rows; }
 
 int TrackPointsModel::columnCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(Heads.size());
+    return parent.isValid() ? 0 : static_cast<int>(Columns.size());
 }
 
 QVariant TrackPointsModel::data(const QModelIndex& index, int role) const {
-    if (role == Qt::TextAlignmentRole && index.column() < 5)
+    if (!index.isValid()) return {};
+    const Column& column = ColumnAt(index.column());
+    if (role == Qt::TextAlignmentRole && column.IsNumber)
         return static_cast<int>(Qt::AlignRight | Qt::AlignVCenter);
-    if (role != Qt::DisplayRole || !index.isValid()) return {};
-    try {
-        const TrackPoint& point = points.At(index.row());
-        const auto number = [this](double value) {
-            return QString::fromStdString(NumberText(value, shared.Locale));
-        };
-        switch (index.column()) {
-        case 0:
-            return QString::number(point.Index);
-        case 1:
-            return QString::number(point.Number);
-        case 2:
-            return number(point.Lat);
-        case 3:
-            return number(point.Long);
-        case 4:
-            return point.Height ? number(*point.Height) : QString();
-        case 5:
-            return QString::fromStdString(point.Date);
-        default:
-            return QString::fromStdString(point.Time);
-        }
-    } catch (const RuntimeError&) {
-        return {}; // gone from the store, or the store is locked: an empty cell
-    }
+    if (role != Qt::DisplayRole) return {};
+    QString text;
+    // A point that is gone from the store, or of a store that is locked, is an empty cell.
+    IgnoreErrors([&] { text = column.TextOf(points.At(index.row()), language.Locale); });
+    return text;
 }
 
 QVariant TrackPointsModel::headerData(int section, Qt::Orientation orientation, int role) const {
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
-    const auto& head = Heads[static_cast<std::size_t>(section)];
-    return QString::fromUtf8(shared.Text(head.first, head.second));
+    return QString::fromUtf8(language.Text(ColumnAt(section).German, ColumnAt(section).English));
 }
 
 void TrackPointsModel::Renew() {
@@ -84,9 +87,10 @@ void TrackPointsModel::Renew() {
     endResetModel();
 }
 
-frmTrack::frmTrack(Variablen& variablen, EventGuard& guardOf, Dialogs& dialogs, QWidget* window)
-    : QDialog(window), shared(variablen), guard(guardOf), noticeBar(new QtNotice(this)),
-      lastDeed(*noticeBar, variablen, [this] { ShowState(); }), logic(variablen, dialogs, lastDeed),
+frmTrack::frmTrack(const Variablen& variablen, EventGuard& guardOf, Dialogs& dialogs, QWidget* window)
+    : QDialog(window), language(variablen), guard(guardOf), noticeBar(new QtNotice(this)),
+      lastDeed(*noticeBar, variablen, [this] { ShowState(); }),
+      logic(variablen, variablen, dialogs, lastDeed),
       model(std::make_unique<TrackPointsModel>(logic.TrackPointsSet, variablen)) {
     setObjectName("frmTrack");
     setAttribute(Qt::WA_DeleteOnClose);
@@ -112,16 +116,11 @@ frmTrack::frmTrack(Variablen& variablen, EventGuard& guardOf, Dialogs& dialogs, 
 frmTrack::~frmTrack() = default;
 
 QString frmTrack::Text(const char* german, const char* english) const {
-    return QString::fromUtf8(shared.Text(german, english));
+    return QString::fromUtf8(language.Text(german, english));
 }
 
 void frmTrack::Start() {
-    try {
-        logic.Form_Load();
-    } catch (...) {
-        deleteLater();
-        throw;
-    }
+    RestoreOnError([this] { logic.Form_Load(); }, [this] { deleteLater(); });
     ShowState();
     open();
     listTrack->setFocus();
@@ -184,8 +183,7 @@ void frmTrack::MakePoints(QBoxLayout& layout) {
     gridTracks->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     gridTracks->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     gridTracks->horizontalHeader()->setStretchLastSection(true);
-    for (std::size_t i = 0; i < HeadWidths.size(); ++i)
-        gridTracks->setColumnWidth(static_cast<int>(i), HeadWidths[i]);
+    for (int i = 0; i < model->columnCount(); ++i) gridTracks->setColumnWidth(i, ColumnAt(i).Width);
     column->addWidget(gridTracks);
     layout.addWidget(Frame1, 1);
 }

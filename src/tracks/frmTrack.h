@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 
+#include "common/Variablen.h"
 #include "tracks/TrackManager.h"
 
 class QBoxLayout;
@@ -25,7 +26,7 @@ class TrackPointsModel : public QAbstractTableModel {
     Q_OBJECT
 
 public:
-    TrackPointsModel(TrackPoints& of, const Variablen& variablen) : points(of), shared(variablen) {}
+    TrackPointsModel(TrackPoints& of, const Language& texts) : points(of), language(texts) {}
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -36,7 +37,7 @@ public:
 
 private:
     TrackPoints& points;
-    const Variablen& shared;
+    const Language& language;
     int rows = 0;
 };
 
@@ -45,7 +46,7 @@ class frmTrack : public QDialog {
     Q_OBJECT
 
 public:
-    frmTrack(Variablen& shared, EventGuard& guard, Dialogs& dialogs, QWidget* window);
+    frmTrack(const Variablen& variablen, EventGuard& guard, Dialogs& dialogs, QWidget* window);
     ~frmTrack() override;
 
     // RuntimeError when there is no track store; the form closes then.
@@ -64,7 +65,7 @@ private:
     void ApplyLanguage();
     QString Text(const char* german, const char* english) const;
 
-    Variablen& shared;
+    const Language& language;
     EventGuard& guard;
     QtNotice* noticeBar; // the window's lies under this dialog
     Undo lastDeed;

@@ -5,6 +5,7 @@
 
 #include "airspace-import/Fields.h"
 #include "airspace-import/Unusable.h"
+#include "support/Positions.h"
 
 namespace {
 
@@ -28,10 +29,10 @@ std::string Reasons(const OpenAirContent& content) {
 TEST(OpenAirFields, PositionsComeInSecondsMinutesAndDegrees) {
     for (const char* text : {"48:47:27 N 016:52:30 E", "48:47.45N 16:52.5E", "N48.790833333 E16.875",
                              "48:47:27n\t016:52:30.0e"}) {
-        EXPECT_NEAR(ParsePosition(text).Lat, 48.7908333, 1e-6) << text;
-        EXPECT_NEAR(ParsePosition(text).Long, 16.875, 1e-6) << text;
+        EXPECT_NEAR(ParsePosition(text).Lat.Degrees(), 48.7908333, 1e-6) << text;
+        EXPECT_NEAR(ParsePosition(text).Long.Degrees(), 16.875, 1e-6) << text;
     }
-    EXPECT_EQ(ParsePosition("8:30:00 S 0:15:00 W"), (Position{-8.5, -0.25}));
+    EXPECT_EQ(ParsePosition("8:30:00 S 0:15:00 W"), At(-8.5, -0.25));
     for (const char* text :
          {"", "48 N", "48:60:00 N 16:00:00 E", "48:1:60 N 16:0:0 E", "91:00:00 N 16:00:00 E",
           "90:00:01 N 16:00:00 E", "48:00:00 N 180:00:01 E", "48:00:00 16:00:00", "48.5:30 N 16 E",
@@ -145,7 +146,7 @@ TEST(OpenAir, DirectionStartsClockwiseAtEachAirspaceAndTheCentreStays) {
     ASSERT_THAT(content.Airspaces, SizeIs(2)) << Reasons(content);
     EXPECT_FALSE(content.Airspaces[0].Outline[0].Clockwise);
     EXPECT_TRUE(content.Airspaces[1].Outline[0].Clockwise);
-    EXPECT_EQ(content.Airspaces[1].Outline[0].Centre, (Position{48, 17}));
+    EXPECT_EQ(content.Airspaces[1].Outline[0].Centre, At(48, 17));
 }
 
 TEST(OpenAir, JunkIsBounded) {

@@ -9,7 +9,8 @@
 #include "airspace-import/Import.h"
 #include "base/AtomicFile.h"
 #include "base/RuntimeError.h"
-#include "geo/NavigationMaths.h"
+#include "common/StoredPositions.h"
+#include "geo/GreatCircle.h"
 #include "store/Connection.h"
 #include "store/Statement.h"
 #include "support/TemporaryFolder.h"
@@ -108,14 +109,11 @@ TEST_F(AirspaceStore, ArcsAreDrawnFromStartToEnd) {
         "SELECT arcLat, arcLong, Arcx1, Arcy1, Arcx2, Arcy2, arcDir FROM Luftraum ORDER BY \"Index\"");
     for (std::size_t k = 0; k < wanted.size(); k += 3) {
         ASSERT_TRUE(row.Step());
-        double at[6];
-        for (int i = 0; i < 6; ++i) at[i] = DegToRad(ToDecimalDegrees(row.Number(i)));
+        const auto at = [&](int column) { return ToDecimalDegrees(DegMinOf(row, column)); };
         for (int end : {1, 2}) {
-            const double lat = at[2 * end], lon = at[2 * end + 1];
-            const double way = AngleBetween(at[0], at[1], lat, lon);
-            EXPECT_NEAR(RadToDeg(way) * 60, wanted[k], 0.001);
-            const double course = TrueCourse(at[0], at[1], lat, lon, way);
-            EXPECT_NEAR(std::remainder(course - wanted[k + end], 360), 0, 0.1) << wanted[k + end];
+            const auto arm = GreatCircle::Between(at(0), at(2 * end));
+            EXPECT_NEAR(arm.DistanceNM, wanted[k], 0.001);
+            EXPECT_NEAR(std::remainder(arm.TrueCourse - wanted[k + end], 360), 0, 0.1) << wanted[k + end];
         }
         EXPECT_EQ(row.Text(6), "-");
     }

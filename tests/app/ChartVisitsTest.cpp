@@ -67,16 +67,16 @@ protected:
         Flight = std::make_unique<FlyingScreen>(
             FlyingScreenWorld{Shared, Port, CheckTimer, TrackTimer, Clock, Storage, Surface, Card, Gyro,
                               WindRose, ProgressBar, Boxes, Notices},
-            [] {}, [] {});
+            [] {}, [](FocusBy) {});
         Flight->Form_Load();
-        Flight->State.CurLat = 50.5;
-        Flight->State.CurLong = 6.9;
+        Flight->State.CurLat = Latitude(50.5);
+        Flight->State.CurLong = Longitude(6.9);
         Flight->Form_Activate();
         Catalogue = std::make_unique<MapData>(Shared, Preview, PreviewSurface, Boxes);
         Catalogue->Form_Load();
         Planning = std::make_unique<PlanningScreen>(
             PlanningScreenWorld{Shared, PlanStorage, PlanSurface, ProgressBar, Boxes, Notices},
-            PlanningScreen::Form{[] {}, [] {}, [] {}, [] {}, [] {}, [] {}});
+            PlanningScreen::Form{[] {}, [](PlanEffect) {}});
         Planning->Form_Load();
     }
     int Random(int from, int to) { return std::uniform_int_distribution<int>(from, to)(Dice); }
@@ -109,24 +109,24 @@ protected:
         if (map.HasMap()) Expected[map.Name()] = {map.View.SX, map.View.SW, map.SlideMap, map.CenterMap};
     }
     void FlyABit() {
-        ActiveMap& map = Flight->Map;
+        const ActiveMap& map = Flight->Map;
         if (!map.HasMap()) return;
         switch (Random(0, 4)) {
         case 0:
-            map.cmbMaps_Click(
+            Flight->cmbMaps_Click(
                 map.MapNames[static_cast<std::size_t>(Random(0, static_cast<int>(map.MapNames.size()) - 1))]);
             break;
         case 1:
-            map.SetSlide(Random(-60, 100));
+            Flight->SetSlide(Random(-60, 100));
             break;
         case 2:
-            map.Pan(Random(-300, 300), Random(-300, 300));
+            Flight->Pan(Random(-300, 300), Random(-300, 300));
             break;
         case 3:
-            map.CenterMap ? map.picKartezentrieren_Click() : map.cmdKartezentrieren_Click();
+            map.CenterMap ? Flight->picKartezentrieren_Click() : Flight->cmdKartezentrieren_Click();
             break;
         default:
-            Flight->State.CurLong = 6.2 + Random(0, 160) / 100.0;
+            Flight->State.CurLong = Longitude(6.2 + Random(0, 160) / 100.0);
             Flight->UpdateMap();
         }
         Note();
@@ -175,7 +175,7 @@ protected:
             if (Random(0, 1) == 0)
                 map.cmbMaps_Change(map.MapNames[static_cast<std::size_t>(
                     Random(0, static_cast<int>(map.MapNames.size()) - 1))]);
-            map.SetSlide(Random(-40, 100));
+            Flight->SetSlide(Random(-40, 100));
         }
         Planning->Form_Deactivate();
     }

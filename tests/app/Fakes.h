@@ -6,7 +6,6 @@
 #include <utility>
 #include <vector>
 
-#include "app/Hints.h"
 #include "platform/Dialogs.h"
 #include "platform/System.h"
 #include "platform/qt/Screen.h"
@@ -20,14 +19,6 @@ using Texts = std::vector<std::string>;
 struct RecordedNotice : Notice {
     Texts Shown;
     void Show(const std::string& text) override { Shown.push_back(text); }
-};
-
-struct RecordedHints : Hints {
-    Texts Told;
-    void TrackStoreUnavailable(const std::string& reason) override { Told.push_back("track: " + reason); }
-    void AirspaceStoreUnavailable(const std::string& reason) override {
-        Told.push_back("airspace: " + reason);
-    }
 };
 
 struct ScriptedWeb : Web {

@@ -81,7 +81,7 @@ protected:
     FakePortList ports;
     SetClock clock;
     RecordedNotice notices;
-    EventGuard guard{notices, [this] { return variablen.EnglishUI == 1; }};
+    EventGuard guard{notices, variablen};
     ScriptedProcesses programs;
     RecordedShell links;
     std::unique_ptr<MainForm> form;

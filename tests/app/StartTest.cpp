@@ -5,7 +5,6 @@
 #include <fstream>
 
 #include "Fakes.h"
-#include "app/Captions.h"
 #include "app/StartSettings.h"
 #include "app/UpdateCheck.h"
 
@@ -33,18 +32,6 @@ TEST(UpdateCheck, OffersAnyDifferentShortVersionAndNothingElse) {
         EXPECT_THAT(web.Asked,
                     testing::ElementsAre(testing::EndsWith("/update-gps/download/version-prog.txt")));
     }
-}
-
-TEST(Captions, AreKeysInTheirOwnLanguageOnly) {
-    EXPECT_EQ(ModeOfCaption("Flug", false), Mode::Flight);
-    EXPECT_EQ(ModeOfCaption("Flight", true), Mode::Flight);
-    EXPECT_EQ(ModeOfCaption("  Map  Data  ", true), Mode::MapData);
-    EXPECT_EQ(ModeOfCaption("Flightplan", true), Mode::FlightPlan);
-    EXPECT_EQ(ModeOfCaption("Plan Mode", true), Mode::Planning);
-    EXPECT_EQ(ModeOfCaption("Einstellungen", false), Mode::Settings);
-    for (const auto& [caption, english] :
-         {std::pair{"Flug", true}, {"Flight", false}, {"Map Data", true}, {"flug", false}})
-        EXPECT_EQ(ModeOfCaption(caption, english), std::nullopt) << caption;
 }
 
 class StartSettings : public testing::Test {

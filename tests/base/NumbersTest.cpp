@@ -1,10 +1,13 @@
 #include <cmath>
 #include <limits>
+#include <random>
 
 #include <gtest/gtest.h>
 
 #include "base/Format.h"
+#include "base/Language.h"
 #include "base/Numbers.h"
+#include "base/Readout.h"
 #include "base/RuntimeError.h"
 #include "base/Strings.h"
 
@@ -54,6 +57,24 @@ TEST(Format, FollowsThePictureDigitByDigit) {
     EXPECT_EQ(Format(1234.56, "###0.0", German()), "1234,6");
     EXPECT_EQ(Format(8, "###.####", German()), "8,");
     EXPECT_THROW(Format(std::nan(""), "##0", LocaleText()), RuntimeError);
+}
+
+TEST(Readout, HoldsTheNumberThatIsReadInItsText) {
+    std::mt19937 random(13);
+    std::uniform_int_distribution<int> twentieths(-100000, 100000); // every tenth and every half
+    for (const char* picture : {"##0", "######", "000", "###0.0", "###.##0"}) {
+        for (int i = 0; i < 2000; ++i) {
+            const double value = twentieths(random) / 20.0 + (i % 3 - 1) * 1e-7;
+            const Readout shown(value, {picture, "NM"});
+            const std::string text = Format(value, picture, German());
+            ASSERT_EQ(shown.Text(German()), text);
+            ASSERT_EQ(shown.Number(), text.empty() ? 0 : NumberIn(text)) << value << " in " << picture;
+        }
+    }
+    EXPECT_EQ(Readout(7.36, {"##0.0", "NM"}).TextWithUnit(German()), "7,4 NM");
+    EXPECT_EQ(Readout(0.2, {"#####", "NM"}).TextWithUnit(German()), "");
+    EXPECT_EQ(Readout().TextWithUnit(German()) + Readout::Blank().TextWithUnit(German()), "---");
+    EXPECT_TRUE(Readout(0, {"######", "ft"}).HasNumber() && !Readout().HasNumber());
 }
 
 TEST(Numbers, RoundsTiesToEvenAndOverflowsAtSixteenBits) {
@@ -112,9 +133,9 @@ TEST(Strings, DecodesOldFilesAndKeepsUtf8) {
 
 TEST(RuntimeErrors, SpeakTheLanguageOfTheMoment) {
     const RuntimeError error(ErrorNumber::DivisionByZero, "SW");
-    EXPECT_EQ(DescribeError(error, true), "Division by zero (11): SW");
-    EXPECT_EQ(DescribeError(error, false), "Division durch Null (11): SW");
-    EXPECT_EQ(DescribeError(RuntimeError(ErrorNumber::Overflow), false), "Überlauf (6)");
+    EXPECT_EQ(DescribeError(error, Language::English()), "Division by zero (11): SW");
+    EXPECT_EQ(DescribeError(error, Language()), "Division durch Null (11): SW");
+    EXPECT_EQ(DescribeError(RuntimeError(ErrorNumber::Overflow), Language()), "Überlauf (6)");
 }
 
 } // namespace

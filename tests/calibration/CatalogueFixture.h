@@ -14,6 +14,9 @@
 
 namespace ornivane {
 
+inline constexpr Hemisphere North = Hemisphere::NorthOrEast, East = North;
+inline constexpr Hemisphere South = Hemisphere::SouthOrWest, West = South;
+
 // The catalogue over a folder of charts whose files are headers only.
 class CatalogueTest : public testing::Test, protected FlightFolder {
 protected:

@@ -97,8 +97,9 @@ TEST(ImageSize, TakesABmpAsItStandsInTheHeader) {
 }
 
 TEST(ImageSize, TheNameDecidesWhichReaderRuns) {
-    for (const char* name : {"a.bmp", "A.BMP", "a.Bmp", "bmp"}) EXPECT_TRUE(IsBmpName(name)) << name;
-    for (const char* name : {"a.jpg", "a.JPG", "bmp.jpg", "mp", ""}) EXPECT_FALSE(IsBmpName(name)) << name;
+    for (const char* name : {"a.bmp", "A.BMP", "a.Bmp", "bmp"}) EXPECT_EQ(FormatOfName(name), 0u) << name;
+    for (const char* name : {"a.jpg", "a.JPG", "bmp.jpg", "a.x", "mp", ""})
+        EXPECT_EQ(FormatOfName(name), 1u) << name;
     ImageSize size = Before;
     EXPECT_EQ(ReadImageSize("/nowhere/a.bmp", size), SizeReading::Kept);
     EXPECT_EQ(ReadImageSize("/nowhere/a.jpg", size), SizeReading::Damaged);

@@ -85,11 +85,19 @@ TEST_F(SettingsFiles, AreWrittenToTheLetter) {
 
 TEST_F(SettingsFiles, ComeBackAsTheyWereWritten) {
     const auto& folder = Folder.Path();
-    const InstrumentSettings instrument{"Köln", "HSI", "270"};
-    WriteInstrumentSettings(folder, instrument);
-    InstrumentSettings read;
-    EXPECT_TRUE(ReadInstrumentSettings(folder, read));
-    EXPECT_EQ(read, instrument);
+    for (const auto& [mode, text] :
+         {std::pair{DialMode::Heading, "Kurs"}, {DialMode::Vor, "VOR"}, {DialMode::Hsi, "HSI"}}) {
+        const InstrumentSettings instrument{"Köln", mode, "270"};
+        WriteInstrumentSettings(folder, instrument);
+        EXPECT_EQ(Bytes("VOR.crm"), "\"Köln\"\r\n\"" + std::string(text) + "\"\r\n\"270\"\r\n");
+        InstrumentSettings read;
+        EXPECT_TRUE(ReadInstrumentSettings(folder, read));
+        EXPECT_EQ(read, instrument);
+    }
+    InstrumentSettings read{"Köln", DialMode::Vor, ""};
+    Put("VOR.crm", "\"\"\r\n\"nonsense\"\r\n");
+    EXPECT_FALSE(ReadInstrumentSettings(folder, read));
+    EXPECT_EQ(read, InstrumentSettings());
     WriteFlightPlanEntries(folder, {"2", "25", "110", "270", "15"});
     EXPECT_EQ(ReadFlightPlanEntries(folder)[4], "15");
     WritePlanningHeight(folder, "4500");

@@ -33,7 +33,7 @@ protected:
                                      "P" + std::to_string(i + 1), places[i].first, places[i].second});
     }
     FlightPlan& Start() {
-        Plan = std::make_unique<FlightPlan>(Shared, Boxes, Notices);
+        Plan = std::make_unique<FlightPlan>(Shared, Shared, Shared.DataConn, Boxes, Notices);
         Plan->Form_Load();
         Plan->Form_Activate();
         return *Plan;
@@ -42,6 +42,10 @@ protected:
     std::string Cell(int row, const char* field) const {
         const Value value = Plan->PlanSet.ValueAt(row - 1, field);
         return value.IsNull() ? "" : value.Text();
+    }
+    void ExpectRow(int row, const std::map<std::string, std::string>& cells) const {
+        for (const auto& [field, text] : cells)
+            EXPECT_EQ(Cell(row, field.c_str()), text) << field << " of row " << row;
     }
     std::filesystem::path PlanFile(const std::string& route) const {
         return Folder.Path() / "Flugplan" / route;

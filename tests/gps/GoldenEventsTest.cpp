@@ -8,9 +8,7 @@
 
 #include "GpsFakes.h"
 #include "base/Strings.h"
-#include "gps/SentenceFraming.h"
-#include "gps/TalkerTwins.h"
-#include "gps/WholeLines.h"
+#include "support/SetClock.h"
 
 namespace ornivane {
 namespace {
@@ -26,15 +24,13 @@ std::string BytesOf(const fs::path& file) {
 std::string EventsOf(const std::string& recording) {
     EventLog log;
     NmeaInterpreter gps(log);
-    SentenceFraming framing(gps);
-    WholeLines lines;
-    TalkerTwins twins;
-    for (const std::string& line : Split(recording, "\n"))
-        for (const WholeLines::Piece& piece : lines.Take(line + "\n"))
-            if (piece.IsSentences) framing.HandleInput(twins.Turn(piece.Bytes, 0));
+    const SetClock clock;
+    const Language language;
+    NmeaSink sink(gps, clock, language);
+    for (const std::string& line : Split(recording, "\n")) sink.HandleInput(line + "\n");
     std::string list;
     for (const std::string& event : log.Events) list += event + "\n";
-    return list + "failed " + std::to_string(framing.FailedSentences()) + "\n";
+    return list + "failed " + std::to_string(sink.FailedSentences()) + "\n";
 }
 
 // Every recording in golden/ beside its list of events. With ORNIVANE_REBUILD_GOLDEN set the lists are

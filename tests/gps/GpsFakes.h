@@ -8,8 +8,10 @@
 #include <vector>
 
 #include "base/RuntimeError.h"
+#include "common/Variablen.h"
 #include "gps/GpsLink.h"
-#include "gps/NmeaInterpreter.h"
+#include "gps/NmeaSink.h"
+#include "gps/PortSource.h"
 #include "platform/PortList.h"
 #include "support/ScriptedDialogs.h"
 

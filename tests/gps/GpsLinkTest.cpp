@@ -17,30 +17,29 @@ const std::string Fix = Sentence("GPRMC,123519,A,,,,,,,") + "\r\n";
 const std::string NoFixYet = Sentence("GPRMC,123519,V,,,,,,,") + "\r\n";
 const std::string Text = Sentence("GPTXT,hello") + "\r\n";
 
-class GpsLinkTest : public testing::Test, protected LinkOwner, protected NmeaListener {
+class GpsLinkTest : public testing::Test, protected NmeaListener {
 protected:
     GpsLinkTest() {
         Shared.ProgramFolder = Folder.Path();
         Shared.EnglishUI = 1;
         WriteComSettings(Folder.Path(), {"7", "9600"});
-        Link.SetInterpreter(gps);
         Link.Form_Activate();
     }
 
-    void DataLost() override { Calls += "lost "; }
-    void NoSignal() override { Calls += "nothing "; }
-    void RefreshRouteList() override { Calls += "routes "; }
-    void FocusMap() override { Calls += "focus "; }
-    void StateChanged() override {}
+    void Do(LinkAction action) {
+        if (action == LinkAction::ShowLoss) Calls += "lost ";
+        if (action == LinkAction::ClearDisplays) Calls += "nothing ";
+        if (action == LinkAction::RefreshRouteList) Calls += "routes ";
+        if (action == LinkAction::FocusMap) Calls += "focus ";
+    }
     void FixObtained() override { Link.ShowFix(true); }
     void FixLost() override { Link.ShowFix(false); }
 
     // "0", "1" or "2" for the indicator that shows, "-" for none; then what lblStatus shows.
     std::string Signs() const {
-        std::string lamps;
-        for (int i = 0; i < 3; ++i)
-            if (Link.picGPSCheck[i].Visible) lamps += std::to_string(i);
-        return (lamps.empty() ? "-" : lamps) + (Link.lblStatus.Visible ? " " + Link.lblStatus.Caption : "");
+        const GpsLink::Signs signs = Link.Shown();
+        return (signs.picGPSCheck ? std::to_string(*signs.picGPSCheck) : "-") +
+               (signs.lblStatus.empty() ? "" : " " + signs.lblStatus);
     }
     void Run() {
         Link.cmdGPS_Click();
@@ -56,23 +55,25 @@ protected:
     SetClock Clock;
     Variablen Shared;
     std::string Calls;
-    GpsLink Link{Port, Timer, Dialogs, Clock, Shared, *this};
     NmeaInterpreter gps{*this};
+    NmeaSink Sentences{gps, Clock, Shared};
+    PortSource Com{Port, Shared, Shared};
+    GpsLink Link{Com, Sentences, Timer, Dialogs, Shared, [this](LinkAction action) { Do(action); }};
 };
 
 TEST_F(GpsLinkTest, ChecksTwoSecondsAndRunsWhenDataCame) {
     Link.cmdGPS_Click();
     EXPECT_EQ(Signs(), "0 Checking COM 7");
     EXPECT_EQ(Calls, "focus ");
-    EXPECT_TRUE(Link.Hourglass);
+    EXPECT_TRUE(Link.Shown().Hourglass);
     EXPECT_EQ(Timer.Interval(), 1000);
     EXPECT_EQ(Port.Settings, "9600,n,8,1");
     Port.Receive(NoFixYet);
     EXPECT_EQ(Signs(), "0");
     Timer.Fire();
-    EXPECT_TRUE(Link.Hourglass);
+    EXPECT_TRUE(Link.Shown().Hourglass);
     Timer.Fire();
-    EXPECT_FALSE(Link.Hourglass);
+    EXPECT_FALSE(Link.Shown().Hourglass);
     EXPECT_EQ(Timer.Interval(), 0);
     EXPECT_EQ(Signs(), "0");
     EXPECT_THAT(Port.Attempts, ElementsAre(7));
@@ -85,7 +86,7 @@ TEST_F(GpsLinkTest, ListensOnAfterNoSignalAndStartsWithLateData) {
     EXPECT_THAT(Port.Attempts, ElementsAre(7, 7));
     EXPECT_TRUE(Port.IsOpen());
     EXPECT_EQ(Timer.Interval(), 0);
-    EXPECT_FALSE(Link.Hourglass);
+    EXPECT_FALSE(Link.Shown().Hourglass);
     EXPECT_EQ(Calls, "focus routes ");
     Port.Receive(Text);
     EXPECT_EQ(Signs(), "- No Signal an COM 7"); // data without a word on the fix
@@ -113,7 +114,7 @@ TEST_F(GpsLinkTest, SpeaksBothLanguagesAndTellsWhyAPortDoesNotOpen) {
         Timer.Fire(2);
         EXPECT_EQ(Signs(), c.Status);
         EXPECT_EQ(Timer.Interval(), 0); // it waits for the next click
-        EXPECT_FALSE(Link.Hourglass);
+        EXPECT_FALSE(Link.Shown().Hourglass);
     }
     Port.Failure.reset();
     Link.cmdGPS_Click();
@@ -126,8 +127,6 @@ TEST_F(GpsLinkTest, ReopensThePortEveryFiveSecondsUntilDataReturns) {
     Port.HangUp();
     EXPECT_EQ(Signs(), "2");
     EXPECT_EQ(Calls, "lost ");
-    EXPECT_FALSE(Link.DataSeen);
-    EXPECT_EQ(Link.CheckCount, GpsLink::DataLostWatch);
     EXPECT_EQ(Timer.Interval(), 5000);
 
     Port.Failure = ErrorNumber::FileNotFound;
@@ -162,7 +161,6 @@ TEST_F(GpsLinkTest, TakesABreakAsALineEventWithOneMessage) {
 TEST_F(GpsLinkTest, StartsNothingOnAGapAndIgnoresAReceiveEventWithoutBytes) {
     Link.cmdGPS_Click();
     Port.Callback(SerialEvent::Receive);
-    EXPECT_FALSE(Link.DataSeen);
     EXPECT_EQ(Signs(), "0 Checking COM 7");
     EXPECT_THAT(Dialogs.Shown, IsEmpty());
 }
@@ -174,7 +172,7 @@ TEST_F(GpsLinkTest, PassesASecondCheckAtOnceAndStillFindsTheWayBackWhenThePortWa
     Link.cmdGPS_Click();
     Timer.Fire(2);
     EXPECT_EQ(Signs(), "0");
-    EXPECT_FALSE(Link.Hourglass);
+    EXPECT_FALSE(Link.Shown().Hourglass);
     Timer.Fire(2);
     EXPECT_EQ(Signs(), "0");
     Port.Failure.reset();
@@ -230,7 +228,7 @@ TEST_F(GpsLinkTest, SurvivesAVisitToAnotherScreenInEveryState) {
     Link.cmdGPS_Click();
     Link.Form_Deactivate();
     EXPECT_FALSE(Port.IsOpen());
-    EXPECT_FALSE(Link.Hourglass);
+    EXPECT_FALSE(Link.Shown().Hourglass);
     EXPECT_EQ(Timer.Interval(), 0);
     Link.Form_Activate();
     EXPECT_EQ(Timer.Interval(), 1000);
@@ -295,25 +293,25 @@ TEST_F(GpsLinkTest, FliesABaudRateThatNoListOffers) {
     // By hand into the file: what is a whole number is one for the port, too.
     for (const char* baud : {" 9600 ", "9600.0", "+9600", "9.6e3"}) {
         WriteComSettings(Folder.Path(), {"07", baud});
-        Link.LoadSavedCom();
-        EXPECT_EQ(Link.Settings, "9600,n,8,1") << baud;
-        EXPECT_EQ(Link.ComPort, 7);
+        Com.LoadSavedCom();
+        EXPECT_EQ(Com.LineSettings, "9600,n,8,1") << baud;
+        EXPECT_EQ(Com.ComPort, 7);
     }
 }
 
 TEST_F(GpsLinkTest, MakesTheSettingsFileAnewWhenItCannotBeRead) {
     for (const char* damage : {"", "\"COM7\",\"4800\"\r\n", "\"7\"\r\n", "\"7\"\r\n\"fast\"\r\n"}) {
         std::ofstream(Folder.Path() / "data.crm", std::ios::binary) << damage;
-        Link.LoadSavedCom();
-        EXPECT_EQ(Link.ComPort, 1) << damage;
-        EXPECT_EQ(Link.Settings, "9600,n,8,1") << damage;
+        Com.LoadSavedCom();
+        EXPECT_EQ(Com.ComPort, 1) << damage;
+        EXPECT_EQ(Com.LineSettings, "9600,n,8,1") << damage;
         EXPECT_EQ(ReadComSettings(Folder.Path()), (ComSettings{"1", "4800"})) << damage;
     }
     // A folder that is gone stops nothing.
     Shared.ProgramFolder = Folder.Path() / "gone";
-    Link.ComPort = 5;
+    Com.ComPort = 5;
     Link.Form_Activate();
-    EXPECT_EQ(Link.ComPort, 1);
+    EXPECT_EQ(Com.ComPort, 1);
 }
 
 TEST_F(GpsLinkTest, UnderstandsReceiversOfSeveralSystemsAndTellsWhatItHears) {

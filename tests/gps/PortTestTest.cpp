@@ -30,23 +30,23 @@ protected:
     ScriptedDialogs Dialogs;
     SetClock Clock;
     Variablen Shared;
-    PortTest Screen{Port, Timer, Ports, Dialogs, Clock, Shared, [] {}};
+    PortTest Screen{Port, Timer, Ports, Dialogs, Clock, Shared, Shared, [] {}};
 };
 
 TEST_F(PortTestTest, OffersPortsUpToTwentyAndChoosesTheSavedOneIfItIsStillThere) {
     EXPECT_THAT(Screen.cmbCom, ElementsAre(2, 7, 20));
     EXPECT_EQ(Screen.SelectedCom, 7);
     EXPECT_EQ(Screen.cmbBaud, 1u);
-    EXPECT_EQ(Screen.lblHint, "");
+    EXPECT_EQ(Screen.lblHint(), "");
 
     Ports.Numbers.clear();
     Screen.Form_Activate();
-    EXPECT_EQ(Screen.lblHint, "No COM Port available");
+    EXPECT_EQ(Screen.lblHint(), "No COM Port available");
     Screen.cmdCheck_Click();
     EXPECT_THAT(Port.Attempts, IsEmpty());
     Shared.EnglishUI = 0;
     Screen.Form_Activate();
-    EXPECT_EQ(Screen.lblHint, "Keine COM Anschlüsse vorhanden");
+    EXPECT_EQ(Screen.lblHint(), "Keine COM Anschlüsse vorhanden");
     EXPECT_THAT(Dialogs.Shown, ElementsAre("No COM was found|No COM Port available",
                                            "Es wurde kein COM Port gefunden|Keine COM Anschlüsse vorhanden"));
 }
@@ -59,27 +59,26 @@ TEST_F(PortTestTest, OffersWhatIsThereWhenTheSavedPortIsGoneAndSaysSo) {
         Shared.EnglishUI = 1;
         Screen.Form_Activate();
         EXPECT_EQ(Screen.SelectedCom, 2);
-        EXPECT_EQ(Screen.lblHint, "COM 7 is not there. Choose and check another: " + there);
+        EXPECT_EQ(Screen.lblHint(), "COM 7 is not there. Choose and check another: " + there);
         Shared.EnglishUI = 0;
-        Screen.ApplyLanguage();
-        EXPECT_EQ(Screen.lblHint, "COM 7 gibt es nicht. Anderen wählen und überprüfen: " + there);
+        EXPECT_EQ(Screen.lblHint(), "COM 7 gibt es nicht. Anderen wählen und überprüfen: " + there);
         Screen.Form_Deactivate();
         EXPECT_EQ(ReadComSettings(Folder.Path())->Port, "7") << "looking is not choosing";
     }
     Screen.Form_Activate();
     Screen.cmdCheck_Click();
     EXPECT_THAT(Port.Attempts, ElementsAre(2));
-    EXPECT_EQ(Screen.lblHint, "");
+    EXPECT_EQ(Screen.lblHint(), "");
     Port.Receive(Sentence("GPRMC,120000,A,4807.0,N,01131.0,E,,,") + "\r\n");
     Timer.Fire(2);
     EXPECT_EQ(ReadComSettings(Folder.Path())->Port, "2");
-    EXPECT_EQ(Screen.lblHint, "");
+    EXPECT_EQ(Screen.lblHint(), "");
 
     // Nothing was ever saved.
     std::filesystem::remove(Folder.Path() / "data.crm");
     Screen.Form_Activate();
     EXPECT_EQ(Screen.SelectedCom, 2);
-    EXPECT_EQ(Screen.lblHint, "");
+    EXPECT_EQ(Screen.lblHint(), "");
 }
 
 TEST_F(PortTestTest, KeepsABaudRateThatTheListLacks) {
@@ -114,28 +113,28 @@ TEST_F(PortTestTest, SavesPortAndBaudRateOnlyWhenDataCame) {
     Screen.SelectedCom = 20;
     Screen.cmbBaud = 4;
     Screen.cmdCheck_Click();
-    EXPECT_EQ(Screen.lblStatus.Caption, "COM 20 - testing connection ");
-    EXPECT_EQ(Screen.lblComVerbindung.Caption, "No COM Connection");
-    EXPECT_TRUE(Screen.Hourglass);
+    EXPECT_EQ(Screen.lblStatus(), "COM 20 - testing connection ");
+    EXPECT_EQ(Screen.lblComVerbindung().Caption, "No COM Connection");
+    EXPECT_TRUE(Screen.IsTesting());
     EXPECT_EQ(Port.Settings, "57600,n,8,1");
     Port.Receive("$");
-    EXPECT_EQ(Screen.lblComVerbindung.Caption, "COM 20 connected");
-    EXPECT_EQ(Screen.lblComVerbindung.ForeColor, PortTest::Green);
+    EXPECT_EQ(Screen.lblComVerbindung().Caption, "COM 20 connected");
+    EXPECT_EQ(Screen.lblComVerbindung().ForeColor, PortTest::Green);
     Timer.Fire();
     EXPECT_EQ(ReadComSettings(Folder.Path())->Port, "7");
     Timer.Fire();
-    EXPECT_EQ(Screen.lblStatus.Caption, "OK - Data saved");
+    EXPECT_EQ(Screen.lblStatus(), "OK - Data saved");
     EXPECT_EQ(ReadComSettings(Folder.Path()), (ComSettings{"20", "57600"}));
-    EXPECT_FALSE(Screen.Hourglass);
+    EXPECT_FALSE(Screen.IsTesting());
     EXPECT_EQ(Timer.Interval(), 0);
 
     // Another port without data: what the first one sent does not count.
     Shared.EnglishUI = 0;
     Screen.SelectedCom = 2;
     Screen.cmdCheck_Click();
-    EXPECT_EQ(Screen.lblStatus.Caption, "COM 2 wird überprüft");
+    EXPECT_EQ(Screen.lblStatus(), "COM 2 wird überprüft");
     Timer.Fire(2);
-    EXPECT_EQ(Screen.lblStatus.Caption, "Kein Signal an COM 2");
+    EXPECT_EQ(Screen.lblStatus(), "Kein Signal an COM 2");
     EXPECT_TRUE(Port.IsOpen());
     EXPECT_EQ(ReadComSettings(Folder.Path())->Port, "20");
 }
@@ -143,18 +142,17 @@ TEST_F(PortTestTest, SavesPortAndBaudRateOnlyWhenDataCame) {
 TEST_F(PortTestTest, TellsOfAPortThatDoesNotOpenAndEndsTheTest) {
     Port.Failure = ErrorNumber::FileNotFound;
     Screen.cmdCheck_Click();
-    EXPECT_EQ(Screen.lblStatus.Caption, "COM 7 does not exist");
+    EXPECT_EQ(Screen.lblStatus(), "COM 7 does not exist");
     Timer.Fire(2);
-    EXPECT_EQ(Screen.lblStatus.Caption, "COM 7 does not exist");
-    EXPECT_FALSE(Screen.Hourglass);
+    EXPECT_EQ(Screen.lblStatus(), "COM 7 does not exist");
+    EXPECT_FALSE(Screen.IsTesting());
     EXPECT_EQ(Timer.Interval(), 0);
 
     Port.Failure = ErrorNumber::FileAlreadyOpen;
     Screen.cmdCheck_Click();
-    EXPECT_EQ(Screen.lblStatus.Caption, "COM 7 is in use by another program");
+    EXPECT_EQ(Screen.lblStatus(), "COM 7 is in use by another program");
     Shared.EnglishUI = 0;
-    Screen.ApplyLanguage();
-    EXPECT_EQ(Screen.lblStatus.Caption, "COM 7 wird von einem anderen Programm benutzt");
+    EXPECT_EQ(Screen.lblStatus(), "COM 7 wird von einem anderen Programm benutzt");
 }
 
 TEST_F(PortTestTest, APortThatVanishesDuringItsTestHasNotPassed) {
@@ -163,10 +161,10 @@ TEST_F(PortTestTest, APortThatVanishesDuringItsTestHasNotPassed) {
     Port.Receive(Sentence("GPRMC,120000,A,4807.0,N,01131.0,E,,,") + "\r\n");
     Timer.Fire();
     Port.HangUp();
-    EXPECT_EQ(Screen.lblComVerbindung.Caption, "No COM Connection");
+    EXPECT_EQ(Screen.lblComVerbindung().Caption, "No COM Connection");
     Port.Failure = ErrorNumber::FileNotFound;
     Timer.Fire();
-    EXPECT_EQ(Screen.lblStatus.Caption, "COM 20 does not exist");
+    EXPECT_EQ(Screen.lblStatus(), "COM 20 does not exist");
     EXPECT_EQ(ReadComSettings(Folder.Path())->Port, "7");
 }
 
@@ -177,26 +175,25 @@ TEST_F(PortTestTest, TellsOfDataThatNoReceiverSendsAtTheRightBaudRate) {
     Screen.cmdCheck_Click(); // what was said at the right one does not count
     for (int i = 0; i < 5; ++i) Port.Receive("\xF8\x80\xFE" + std::string(60, '\x86'));
     Timer.Fire(2);
-    EXPECT_EQ(Screen.tGPS, "No data from GPS received - check baudrate");
-    EXPECT_EQ(Screen.LabelStatus.Caption, "No GPS Fix");
-    EXPECT_EQ(Screen.lblHint, "Data come in, but no sentences of a GPS: check baud rate and port");
+    EXPECT_EQ(Screen.tGPS(), "No data from GPS received - check baudrate");
+    EXPECT_EQ(Screen.LabelStatus().Caption, "No GPS Fix");
+    EXPECT_EQ(Screen.lblHint(), "Data come in, but no sentences of a GPS: check baud rate and port");
     Port.Receive("\r\n" + Sentence("GPGLL,4807.0,N,01131.0,E,120000,A") + "\r\n");
-    EXPECT_EQ(Screen.lblHint, "");
+    EXPECT_EQ(Screen.lblHint(), "");
 }
 
 TEST_F(PortTestTest, ChangesTheLanguageOfWhatItShows) {
-    EXPECT_EQ(Screen.LabelStatus.Caption + Screen.lblSatellites, "No GPS fixNumber of satellites = ");
+    EXPECT_EQ(Screen.LabelStatus().Caption + Screen.lblSatellites(), "No GPS fixNumber of satellites = ");
     Screen.cmdCheck_Click();
     Port.Receive(Sentence("GPRMC,,A,4807.0,N,01131.0,E,,,") + "\r\n" + Sentence("GPGGA,,,,,,1,06,,,,,,,") +
                  "\r\n" + Sentence("GPGSV,1,1,11") + "\r\n");
     Shared.EnglishUI = 0;
-    Screen.ApplyLanguage();
-    EXPECT_EQ(Screen.lblStatus.Caption, "COM 7 wird überprüft");
-    EXPECT_EQ(Screen.lblComVerbindung.Caption, "COM 7 Verbindung hergestellt");
-    EXPECT_EQ(Screen.lblSatellites, "Anzahl Satelliten = 6 / 11");
+    EXPECT_EQ(Screen.lblStatus(), "COM 7 wird überprüft");
+    EXPECT_EQ(Screen.lblComVerbindung().Caption, "COM 7 Verbindung hergestellt");
+    EXPECT_EQ(Screen.lblSatellites(), "Anzahl Satelliten = 6 / 11");
     Screen.Form_Deactivate();
-    EXPECT_EQ(Screen.lblStatus.Caption + Screen.lblComVerbindung.Caption, "Keine COM Verbindung");
-    EXPECT_EQ(Screen.LabelStatus.Caption + Screen.lblSatellites, "Kein GPS fixAnzahl Satelliten = ");
+    EXPECT_EQ(Screen.lblStatus() + Screen.lblComVerbindung().Caption, "Keine COM Verbindung");
+    EXPECT_EQ(Screen.LabelStatus().Caption + Screen.lblSatellites(), "Kein GPS fixAnzahl Satelliten = ");
 }
 
 TEST_F(PortTestTest, ATestWhoseResultCannotBeKeptIsOverAllTheSame) {
@@ -206,8 +203,8 @@ TEST_F(PortTestTest, ATestWhoseResultCannotBeKeptIsOverAllTheSame) {
     Screen.cmdCheck_Click();
     Port.Receive("$");
     EXPECT_THROW(Timer.Fire(2), RuntimeError);
-    EXPECT_FALSE(Screen.IsTesting() || Screen.Hourglass);
-    EXPECT_EQ(Screen.lblStatus.Caption + Screen.lblComVerbindung.Caption, "COM 7 connected");
+    EXPECT_FALSE(Screen.IsTesting());
+    EXPECT_EQ(Screen.lblStatus() + Screen.lblComVerbindung().Caption, "COM 7 connected");
 }
 
 TEST_F(PortTestTest, ShowsFixSatellitesAndPositionOnlyWithAFix) {
@@ -218,17 +215,17 @@ TEST_F(PortTestTest, ShowsFixSatellitesAndPositionOnlyWithAFix) {
     const std::string satellites =
         Sentence("GPGGA,,,,,,1,06,,,,,,,") + "\r\n" + Sentence("GPGSV,1,1,11") + "\r\n";
     Port.Receive(rmc("V") + satellites);
-    EXPECT_EQ(Screen.LabelStatus.Caption + Screen.lblLat + Screen.lblSatellites,
+    EXPECT_EQ(Screen.LabelStatus().Caption + Screen.lblLat + Screen.lblSatellites(),
               "No GPS Fix---Number of satellites = -/-");
     Port.Receive(rmc("A") + satellites);
-    EXPECT_EQ(Screen.LabelStatus.Caption, "GPS Fix");
-    EXPECT_EQ(Screen.LabelStatus.ForeColor, PortTest::Green);
+    EXPECT_EQ(Screen.LabelStatus().Caption, "GPS Fix");
+    EXPECT_EQ(Screen.LabelStatus().ForeColor, PortTest::Green);
     EXPECT_EQ(Screen.lblLat + Screen.lblLong, "N 48° 07.0'E 011° 31.0'");
-    EXPECT_EQ(Screen.lblSatellites, "Number of satellites = 6 / 11");
+    EXPECT_EQ(Screen.lblSatellites(), "Number of satellites = 6 / 11");
 
     Port.HangUp();
-    EXPECT_EQ(Screen.lblComVerbindung.ForeColor, PortTest::Red);
-    EXPECT_EQ(Screen.LabelStatus.Caption + Screen.lblLat + Screen.lblSatellites,
+    EXPECT_EQ(Screen.lblComVerbindung().ForeColor, PortTest::Red);
+    EXPECT_EQ(Screen.LabelStatus().Caption + Screen.lblLat + Screen.lblSatellites(),
               "No GPS Fix---Number of satellites = -/-");
 }
 
@@ -236,25 +233,25 @@ TEST_F(PortTestTest, ShowsTheFixOfAReceiverOfSeveralSystemsAndItsInputAsItWasSen
     Screen.cmdCheck_Click();
     const std::string sentence = Sentence("GNRMC,,A,4807.0,N,01131.0,E,,,");
     Port.Receive(sentence.substr(0, 9));
-    EXPECT_EQ(Screen.tGPS, "");
+    EXPECT_EQ(Screen.tGPS(), "");
     Port.Receive(sentence.substr(9) + "\r\n");
-    EXPECT_EQ(Screen.LabelStatus.Caption + Screen.lblLat, "GPS FixN 48° 07.0'");
-    EXPECT_EQ(Screen.tGPS, sentence);
+    EXPECT_EQ(Screen.LabelStatus().Caption + Screen.lblLat, "GPS FixN 48° 07.0'");
+    EXPECT_EQ(Screen.tGPS(), sentence);
 }
 
 TEST_F(PortTestTest, ShowsTheFirstLineOrTheSignOfAWrongBaudRate) {
     Screen.cmdCheck_Click();
     Port.Receive("$GPTXT,1*00\r\n$GPTXT,2*00\r\n");
-    EXPECT_EQ(Screen.tGPS, "$GPTXT,1*00");
+    EXPECT_EQ(Screen.tGPS(), "$GPTXT,1*00");
     Port.Receive("$" + std::string(199, '\xF0'));
-    EXPECT_EQ(CharacterCount(Screen.tGPS), 200u);
-    EXPECT_TRUE(IsValidUtf8(Screen.tGPS));
+    EXPECT_EQ(CharacterCount(Screen.tGPS()), 200u);
+    EXPECT_TRUE(IsValidUtf8(Screen.tGPS()));
     Port.Receive("\xF0");
-    EXPECT_EQ(Screen.tGPS, "No data from GPS received - check baudrate");
+    EXPECT_EQ(Screen.tGPS(), "No data from GPS received - check baudrate");
     for (int i = 0; i < 200; ++i) Port.Receive(std::string(90, 'x'));
     Shared.EnglishUI = 0;
     Port.Receive("x");
-    EXPECT_EQ(Screen.tGPS, "Kein GPS Datenempfang - Baudrate überprüfen");
+    EXPECT_EQ(Screen.tGPS(), "Kein GPS Datenempfang - Baudrate überprüfen");
 }
 
 } // namespace

@@ -18,16 +18,8 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 // A receiver behind a port, and all that the link's listener hears of it.
-struct Stream : LinkOwner {
-    Stream() {
-        Link.SetInterpreter(gps);
-        Link.cmdGPS_Click();
-    }
-    void DataLost() override {}
-    void NoSignal() override {}
-    void RefreshRouteList() override {}
-    void FocusMap() override {}
-    void StateChanged() override {}
+struct Stream {
+    Stream() { Link.cmdGPS_Click(); }
 
     const std::vector<std::string>& EventsOf(const std::string& chunk) {
         Log.Events.clear();
@@ -40,9 +32,11 @@ struct Stream : LinkOwner {
     ScriptedDialogs Dialogs;
     SetClock Clock;
     Variablen Shared;
-    GpsLink Link{Port, Timer, Dialogs, Clock, Shared, *this};
     EventLog Log;
     NmeaInterpreter gps{Log};
+    NmeaSink Sentences{gps, Clock, Shared};
+    PortSource Com{Port, Shared, Shared};
+    GpsLink Link{Com, Sentences, Timer, Dialogs, Shared, [](LinkAction) {}};
 };
 
 std::string BytesOf(const fs::path& file) {
@@ -74,7 +68,7 @@ std::string EventsOfCut(const std::vector<std::string>& texts, Size size) {
         }
     std::string list;
     for (const std::string& event : stream.Log.Events) list += event + "\n";
-    return list + "failed " + std::to_string(stream.Link.FailedSentences()) + "\n";
+    return list + "failed " + std::to_string(stream.Sentences.FailedSentences()) + "\n";
 }
 
 // Whole, in chunks of each size, and in chunks of chance; with a pause behind each burst and without.

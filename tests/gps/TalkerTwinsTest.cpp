@@ -8,6 +8,7 @@
 
 #include "GpsFakes.h"
 #include "base/Strings.h"
+#include "support/SetClock.h"
 
 namespace ornivane {
 namespace {
@@ -32,14 +33,11 @@ std::string BurstOf(const std::string& talker) {
 struct Stream {
     EventLog Log;
     NmeaInterpreter gps{Log};
-    SentenceFraming framing{gps};
-    WholeLines Lines;
-    TalkerTwins Twins;
+    SetClock Clock;
+    Language German;
+    NmeaSink Sink{gps, Clock, German};
 
-    void Receive(const std::string& chunk) {
-        for (const WholeLines::Piece& piece : Lines.Take(chunk))
-            if (piece.IsSentences) framing.HandleInput(Twins.Turn(piece.Bytes, 0));
-    }
+    void Receive(const std::string& chunk) { Sink.HandleInput(chunk); }
 };
 
 // What became of the text with every border there can be between two chunks, and byte by byte.
@@ -202,12 +200,14 @@ TEST(TalkerTwins, TellsTalkerAndChecksumAsTheReceiverSentThem) {
                              " \r\n$GNunfinished";
     for (std::size_t cut = 0; cut <= text.size(); ++cut) {
         std::string told;
-        Stream stream;
-        stream.Twins.OnSentence = [&](std::string_view talker, bool isRight) {
+        WholeLines lines;
+        TalkerTwins twins;
+        twins.OnSentence = [&](std::string_view talker, bool isRight) {
             told += std::string(talker) + (isRight ? "+ " : "- ");
         };
-        stream.Receive(text.substr(0, cut));
-        stream.Receive(text.substr(cut));
+        for (const std::string& chunk : {text.substr(0, cut), text.substr(cut)})
+            for (const WholeLines::Piece& piece : lines.Take(chunk))
+                if (piece.IsSentences) twins.Turn(piece.Bytes, 0);
         EXPECT_EQ(told, "GN+ GN+ GN+ GN+ P+ GL+ GP- GN- GA+ ") << cut;
     }
 }

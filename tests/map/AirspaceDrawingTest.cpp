@@ -9,6 +9,7 @@
 #include "geo/NavigationMaths.h"
 #include "store/Connection.h"
 #include "support/MapFakes.h"
+#include "support/Positions.h"
 
 namespace ornivane {
 namespace {
@@ -16,7 +17,7 @@ namespace {
 class AirspaceDrawingTest : public testing::Test {
 protected:
     // One degree is 400 pixels, 49° N 6° E at the lower left.
-    const MapTransform Transform{{6, 49, 800, 40, 40}, {0, 0, 800, 800}, 800, 800};
+    const MapTransform Transform{{Longitude(6), Latitude(49), 800, 40, 40}, {0, 0, 800, 800}, 800, 800};
     void Draw(const std::vector<AirspaceElement>& elements, bool texts = true) {
         Surface.Drawn.clear();
         Drawing.Draw({Surface, Transform, 0, texts}, elements);
@@ -33,27 +34,23 @@ protected:
     }
     static AirspaceElement Point(const char* type, long number, double lat, double longitude) {
         AirspaceElement element = Base(type, "DP", number);
-        element.Lat = lat;
-        element.Long = longitude;
+        element.Place = Stored(lat, longitude);
         return element;
     }
     static AirspaceElement Circle(const char* type, double radius) {
         AirspaceElement element = Base(type, "DC", 1);
-        element.Lat = 50.0;
-        element.Long = 7.0;
+        element.Place = Stored(50.0, 7.0);
         element.arcRad = radius;
         return element;
     }
     // Around 50° N 7° E, from due north (50.30) to due east or the other way round.
     static AirspaceElement Arc(long number, const char* direction, bool fromNorth) {
         AirspaceElement element = Base("D", "DB", number);
-        element.arcLat = 50.0;
-        element.arcLong = 7.0;
+        element.ArcCentre = Stored(50.0, 7.0);
         element.arcDir = direction;
-        element.Arcx1 = fromNorth ? 50.30 : 50.0;
-        element.Arcy1 = fromNorth ? 7.00001 : 7.28;
-        element.Arcx2 = fromNorth ? 50.0 : 50.30;
-        element.Arcy2 = fromNorth ? 7.28 : 7.00001;
+        const DegMin north = Stored(50.30, 7.00001), east = Stored(50.0, 7.28);
+        element.ArcStart = fromNorth ? north : east;
+        element.ArcEnd = fromNorth ? east : north;
         return element;
     }
     int Lines() const { return Surface.Count("line "); }
@@ -139,7 +136,7 @@ TEST_F(AirspaceDrawingTest, ArcsRunInTheirDirectionAndMeetTheirNeighbours) {
     EXPECT_EQ(Surface.Drawn[Surface.Drawn.size() - 2], "line 586.7,400 400,466.7 w7 #FF0000");
     // In the south no point counts as a previous one.
     AirspaceElement south = Circle("D", 3);
-    south.Lat = -20.30;
+    south.Place = Stored(-20.30, 7.0);
     Draw({south}, false);
     EXPECT_EQ(Lines(), 0);
 }
@@ -147,15 +144,13 @@ TEST_F(AirspaceDrawingTest, ArcsRunInTheirDirectionAndMeetTheirNeighbours) {
 TEST_F(AirspaceDrawingTest, ArcsThatBeginOrEndDueNorthOrSouthRunOnTheirOwnSide) {
     for (int minute = 1; minute < 30; ++minute) {
         const double north = 50 + minute / 100.0, south = 49.60 - minute / 100.0;
-        EXPECT_NEAR(ArcDimension(50.0, 7.0, north, 7.0), 360, 0.05) << minute;
-        EXPECT_NEAR(ArcDimension(50.0, 7.0, south, 7.0), 180, 0.05) << minute;
+        EXPECT_NEAR(ArcDimension(Stored(50.0, 7.0), Stored(north, 7.0)), 360, 0.05) << minute;
+        EXPECT_NEAR(ArcDimension(Stored(50.0, 7.0), Stored(south, 7.0)), 180, 0.05) << minute;
         AirspaceElement arc = Base("D", "DB", 1);
-        arc.arcLat = 50.0;
-        arc.arcLong = 7.0;
+        arc.ArcCentre = Stored(50.0, 7.0);
         arc.arcDir = "-"; // from the south by the east to the north
-        arc.Arcx1 = south;
-        arc.Arcy1 = arc.Arcy2 = 7.0;
-        arc.Arcx2 = north;
+        arc.ArcStart = Stored(south, 7.0);
+        arc.ArcEnd = Stored(north, 7.0);
         Draw({arc}, false);
         EXPECT_NEAR(Lines(), 20, 1) << minute; // half a circle and the closing line
         int east = 0;
@@ -166,11 +161,10 @@ TEST_F(AirspaceDrawingTest, ArcsThatBeginOrEndDueNorthOrSouthRunOnTheirOwnSide) 
 
 TEST_F(AirspaceDrawingTest, ADamagedElementEndsItsAirspaceAndNothingElse) {
     AirspaceElement noCentre = Arc(1, "+", true);
-    noCentre.arcLat.reset();
+    noCentre.ArcCentre.reset();
     EXPECT_THROW(Draw({noCentre}), RuntimeError);
     AirspaceElement together = Arc(1, "+", true);
-    together.Arcx1 = 50.0;
-    together.Arcy1 = 7.0;
+    together.ArcStart = Stored(50.0, 7.0);
     EXPECT_THROW(Draw({together}), RuntimeError);
     AirspaceElement noRadius = Circle("D", 3);
     noRadius.arcRad.reset();

@@ -4,6 +4,7 @@
 
 #include "map/LabelCover.h"
 #include "support/MapFakes.h"
+#include "support/Positions.h"
 
 namespace ornivane {
 namespace {
@@ -14,27 +15,27 @@ using Steps = std::vector<std::string>;
 class MapSymbolsTest : public Test {
 protected:
     // One degree is 1000 pixels, 50° N 6° E at the lower left of a view of 1:1.
-    const MapTransform Transform{{6, 50, 400, 100, 100}, {0, 0, 800, 400}, 800, 400};
+    const MapTransform Transform{{Longitude(6), Latitude(50), 400, 100, 100}, {0, 0, 800, 400}, 800, 400};
     DrawnSurface Surface;
 };
 
 TEST_F(MapSymbolsTest, PointsShowTheirModeAndNameAtFixedOffsets) {
     MapSymbols named(Surface, Transform, 100, {true});
-    named.DrawPoint(50.12, 6.30, PointMode::Plain, "O'Hara");
+    named.DrawPoint(Stored(50.12, 6.30), PointMode::Plain, "O'Hara");
     EXPECT_EQ(Surface.Drawn, (Steps{"circle 500,200 r2 w4 #000000", "circle 500,200 r5 w4 #FF0000",
                                     "text 510,193 [ O'Hara ]"}));
     EXPECT_EQ(Surface.Pen, 1);
     Surface.Drawn.clear();
     MapSymbols plain(Surface, Transform, -100, {});
-    plain.DrawPoint(50.12, 6.30, PointMode::ActiveRoutePoint, "A");
-    plain.DrawPoint(50.12, 6.30, PointMode::DirectTarget, "DF");
+    plain.DrawPoint(Stored(50.12, 6.30), PointMode::ActiveRoutePoint, "A");
+    plain.DrawPoint(Stored(50.12, 6.30), PointMode::DirectTarget, "DF");
     EXPECT_EQ(Surface.Drawn, (Steps{"circle 500,200 r2 w8 #000000", "circle 500,200 r5 w8 #0000FF",
                                     "circle 500,200 r2 w8 #000000", "circle 500,200 r5 w8 #FFFF00"}));
 }
 
 TEST_F(MapSymbolsTest, LegsRunBackwardsInTheWidthOfTheZoom) {
     MapSymbols symbols(Surface, Transform, 0, {});
-    symbols.DrawLeg({50.1, 6.1}, {50.2, 6.2}, RouteColour);
+    symbols.DrawLeg(At(50.1, 6.1), At(50.2, 6.2), RouteColour);
     EXPECT_EQ(Surface.Drawn, Steps{"line 200,200 100,300 w6 #000080"});
     EXPECT_EQ(Surface.Pen, 1);
 }
@@ -62,8 +63,8 @@ TEST_F(MapSymbolsTest, TheAeroplaneHasItsNoseOnThePositionAndTurnsRedWithoutAFix
 TEST_F(MapSymbolsTest, LeavesOutOnlyWhatIsBuriedUnderLaterLabels) {
     MapSymbols named(Surface, Transform, 100, {true});
     // Two thousand points at one place and one alone beside them.
-    std::vector<MapSymbols::StoredPoint> points(2000, {50.10, 6.12, "crowd"});
-    points[5] = {50.10, 6.36, "alone"};
+    std::vector<MapSymbols::StoredPoint> points(2000, {Stored(50.10, 6.12), "crowd"});
+    points[5] = {Stored(50.10, 6.36), "alone"};
     named.DrawPoints(points);
     EXPECT_EQ(Surface.Count("[ alone ]"), 1);
     const int crowd = Surface.Count("[ crowd ]");

@@ -4,6 +4,7 @@
 
 #include "base/RuntimeError.h"
 #include "map/MapTransform.h"
+#include "support/Positions.h"
 
 namespace ornivane {
 namespace {
@@ -60,24 +61,24 @@ TEST(Viewport, DragsOneImagePixelForOneViewPixelAndStopsAtTheEdges) {
 
 TEST(MapTransform, GoesThereAndBack) {
     // 6 to 7.4 degrees east, 50.6 to 51.4 degrees north on 2800 x 2540 pixels.
-    const MapScale scale{6, 50.6, 2540, 2540 / 8.0, 2800 / 14.0};
+    const MapScale scale{Longitude(6), Latitude(50.6), 2540, 2540 / 8.0, 2800 / 14.0};
     const MapTransform transform(scale, {100, 50, 700, 350}, 1400, 700);
-    const Point corner = transform.ImageOf({51.4, 7.4});
+    const Point corner = transform.ImageOf(At(51.4, 7.4));
     EXPECT_NEAR(corner.X, 2800, 1e-9);
     EXPECT_NEAR(corner.Y, 0, 1e-9);
-    for (const Position& position :
-         {Position{50.9, 6.9}, Position{51.3999, 6.0001}, Position{49, 9}, Position{-33.5, -70.25}}) {
+    for (const Position& position : {At(50.9, 6.9), At(51.3999, 6.0001), At(49, 9), At(-33.5, -70.25)}) {
         const Position back = transform.PositionOfView(transform.ViewOf(position));
-        EXPECT_NEAR(back.Lat, position.Lat, 1e-9);
-        EXPECT_NEAR(back.Long, position.Long, 1e-9);
+        EXPECT_NEAR(back.Lat.Degrees(), position.Lat.Degrees(), 1e-9);
+        EXPECT_NEAR(back.Long.Degrees(), position.Long.Degrees(), 1e-9);
     }
-    const ViewBounds all = MapTransform(scale, {0, 0, 2800, 2540}, 1400, 700).GetViewBounds(0, 0, 1400, 700);
-    EXPECT_DOUBLE_EQ(all.ViewNorth, 51.24);
-    EXPECT_DOUBLE_EQ(all.ViewWest, 6.00);
-    EXPECT_DOUBLE_EQ(all.ViewSouth, 50.36);
-    EXPECT_DOUBLE_EQ(all.ViewEast, 7.24);
+    const ViewBounds all =
+        MapTransform(scale, {0, 0, 2800, 2540}, 1400, 700).GetViewBounds({0, 0}, {1400, 700});
+    EXPECT_DOUBLE_EQ(all.ViewNorth.Value(), 51.24);
+    EXPECT_DOUBLE_EQ(all.ViewWest.Value(), 6.00);
+    EXPECT_DOUBLE_EQ(all.ViewSouth.Value(), 50.36);
+    EXPECT_DOUBLE_EQ(all.ViewEast.Value(), 7.24);
     EXPECT_THROW(MapTransform(scale, {0, 0, 0, 0}, 1400, 700), RuntimeError);
-    EXPECT_THROW(MapTransform(scale, {0, 0, 10, 10}, 0, 700).GetViewBounds(0, 0, 1, 1), RuntimeError);
+    EXPECT_THROW(MapTransform(scale, {0, 0, 10, 10}, 0, 700).GetViewBounds({0, 0}, {1, 1}), RuntimeError);
 }
 
 } // namespace

@@ -30,13 +30,13 @@ protected:
     // The whole chart, the aircraft over it.
     void Begin() {
         Start();
-        Screen->State.CurLat = 50.6;
-        Screen->State.CurLong = 6.5;
-        Screen->Map.SetSlide(100);
+        Screen->State.CurLat = Latitude(50.6);
+        Screen->State.CurLong = Longitude(6.5);
+        Screen->SetSlide(100);
     }
     int LabelsAt(const char* altitude, bool feet = true) {
         Screen->State.AltInFeet = feet;
-        Screen->State.lblAlt = altitude;
+        Screen->State.lblAlt = Showing(altitude);
         Screen->UpdateMap();
         return Surface.Count("[ D ");
     }
@@ -76,7 +76,7 @@ TEST_F(AirspaceViewTest, PatternsHaveNoUpperLimitAndTheirOwnWindow) {
     Airspace(3, "A", 500, 1000, 51.05); // beyond the view, inside the widened window
     Airspace(4, "D", 0, 9000, 51.05);
     Begin();
-    Screen->State.lblAlt = "2000";
+    Screen->State.lblAlt = Showing("2000");
     Screen->Airspace.cmdPR_Click();
     EXPECT_EQ(Surface.Count(" w5 #"), 13); // number 1 alone; its arcs are red and black
     EXPECT_FALSE(Screen->Airspace.frmQNH);
@@ -164,7 +164,7 @@ TEST_F(AirspaceViewTest, AirfieldsShowRunwayAndRadioInThreeStages) {
     // Only route points: airfields stay, other waypoints go.
     AddRoute("R", {6.3, 7.0});
     Screen->Form_Activate();
-    Screen->Pass.cmdShowPoints_Click();
+    Screen->cmdShowPoints_Click();
     EXPECT_EQ(Surface.Count("r10"), 3);
     EXPECT_EQ(Surface.Count("[ Stadt ]"), 0);
     Screen->Airspace.picAPT3_Click();

@@ -12,8 +12,8 @@ protected:
         WriteFileAtomically(Folder.Path() / "Karten" / "east.jpg", "an image");
     }
     void RedrawAt(double longitude) {
-        Screen->State.CurLat = 50.5;
-        Screen->State.CurLong = longitude;
+        Screen->State.CurLat = Latitude(50.5);
+        Screen->State.CurLong = Longitude(longitude);
         Screen->UpdateMap();
     }
 };
@@ -21,7 +21,7 @@ protected:
 TEST_F(CentringTest, AutomaticSwitchingStaysCentredAcrossChartsThatOnlyTouch) {
     FlyingScreen& screen = Start();
     Fly(50.5, 7.5);
-    screen.Ring.cmdMapScroll_Click();
+    screen.cmdMapScroll_Click();
     for (const auto& [from, to, chart] : {std::tuple{7.9, 8.3, "east.jpg"}, // without a remembered view
                                           {8.3, 7.7, "alpha.jpg"},          // with one
                                           {7.7, 8.3, "east.jpg"}}) {
@@ -47,24 +47,24 @@ TEST_F(CentringTest, TellsOnceThatTheAircraftLeftTheChartAndAtEachPressOfTheButt
     FlyingScreen& screen = Start();
     EXPECT_TRUE(Notices.Shown.empty()); // the position before the first fix has left nothing
     Fly(50.5, 7.5);
-    screen.Map.cmdKartezentrieren_Click();
+    screen.cmdKartezentrieren_Click();
     EXPECT_TRUE(Notices.Shown.empty());
     RedrawAt(8.5);
     RedrawAt(8.6);
     screen.Readouts.gps_FixLost(); // redraws as well
     const std::string offChart = "Das Flugzeug ist nicht auf der Karte alpha.jpg; sie folgt ihm nicht.";
     EXPECT_EQ(Notices.Shown, std::vector<std::string>{offChart});
-    screen.Map.cmdKartezentrieren_Click();
+    screen.cmdKartezentrieren_Click();
     EXPECT_EQ(Notices.Shown, (std::vector<std::string>{offChart, offChart}));
     Shared.EnglishUI = 1;
-    screen.Map.cmdKartezentrieren_Click();
+    screen.cmdKartezentrieren_Click();
     EXPECT_EQ(Notices.Shown.back(), "The aircraft is off the chart alpha.jpg; the chart does not follow it.");
     EXPECT_FALSE(screen.Map.picKartezentrieren);
 }
 
 TEST_F(CentringTest, WithoutAPositionTheButtonSaysThatThereIsNone) {
     FlyingScreen& screen = Start();
-    screen.Map.cmdKartezentrieren_Click();
+    screen.cmdKartezentrieren_Click();
     EXPECT_EQ(Notices.Shown, std::vector<std::string>{
                                  "Noch keine Position vom GPS: die Karte kann nicht zentriert werden."});
     EXPECT_FALSE(screen.Map.picKartezentrieren);
@@ -73,12 +73,12 @@ TEST_F(CentringTest, WithoutAPositionTheButtonSaysThatThereIsNone) {
 TEST_F(CentringTest, TheButtonAlsoSpeaksWhileTheNextChartIsStillToCome) {
     FlyingScreen& screen = Start();
     Fly(50.5, 7.5);
-    screen.Ring.cmdMapScroll_Click();
+    screen.cmdMapScroll_Click();
     RedrawAt(8.3);
     EXPECT_EQ(screen.Map.Name(), "alpha.jpg");
     EXPECT_TRUE(Notices.Shown.empty());
     screen.Ring.tNextMap.clear(); // the redraw of the press does not change the chart
-    screen.Map.cmdKartezentrieren_Click();
+    screen.cmdKartezentrieren_Click();
     EXPECT_EQ(Notices.Shown.size(), 1u);
 }
 

@@ -15,9 +15,9 @@ TEST_F(DrawingPassTest, DrawsFromBottomToTop) {
     FlyingScreen& screen = Start();
     screen.Flags.ShowRoute = screen.Flags.ShowNames = true;
     screen.Map.SlideMap = 100;
-    screen.Map.ApplyZoom();
-    screen.Route.cmdActivateGoto_Click();
-    screen.Route.cmdNext_Click();
+    screen.ApplyZoom();
+    screen.cmdActivateGoto_Click();
+    screen.cmdNext_Click();
     Fly(50.25, 6.75);
     // The whole width is in view: 400 view pixels a degree, the aircraft at x 300; the height is cut
     // to 51..50.
@@ -37,16 +37,16 @@ TEST_F(DrawingPassTest, ShowsOnlyRoutePointsWithTheActiveOneByNumberOrName) {
     Sql("INSERT INTO Waypoints (Name, Lat, Long, Kategorie) VALUES ('W', 50.3, 7.15, '')");
     FlyingScreen& screen = Start();
     screen.Map.SlideMap = 100;
-    screen.Pass.cmdShowPoints_Click();
-    screen.Map.ApplyZoom();
-    EXPECT_TRUE(screen.Pass.picShowPoints);
+    screen.cmdShowPoints_Click();
+    screen.ApplyZoom();
+    EXPECT_TRUE(screen.picShowPoints);
     EXPECT_EQ(Surface.Count("r5 w4 #0000FF"), 2);
     EXPECT_EQ(Surface.Count("r5 w4 #FF0000"), 1);
     EXPECT_EQ(Surface.Count("500,200"), 0);
     Sql("DELETE FROM Route");
     screen.Form_Activate();
-    screen.Pass.cmdShowPoints_Click();
-    EXPECT_FALSE(screen.Pass.picShowPoints);
+    screen.cmdShowPoints_Click();
+    EXPECT_FALSE(screen.picShowPoints);
 }
 
 TEST_F(DrawingPassTest, ADamagedRowEndsThePassAndTheNextOneIsWholeAgain) {
@@ -78,7 +78,7 @@ TEST_F(DrawingPassTest, WhatEndsThePassIsToldOnceWithItsPlaceAndItsCause) {
                   "eine Zahl hingehört (data.ovd, R, P2: north)."});
     Sql("UPDATE GpsPoints SET Lat = NULL WHERE Nummer = 2");
     screen.Flags.ShowRoute = false;
-    screen.Pass.cmdShowPoints_Click();
+    screen.cmdShowPoints_Click();
     screen.UpdateMap();
     ASSERT_EQ(Notices.Shown.size(), 2u);
     EXPECT_NE(Notices.Shown[1].find("es fehlt ein Wert (data.ovd, R, P2)"), std::string::npos);
@@ -92,18 +92,18 @@ TEST_F(DrawingPassTest, AnAircraftOffTheChartSwitchesCentringOffAndHasNoSymbol) 
     FlyingScreen& screen = Start();
     EXPECT_FALSE(screen.Map.CenterMap); // the position before the first fix is off this chart
     Fly(50.5, 6.5);
-    screen.Map.cmdKartezentrieren_Click();
+    screen.cmdKartezentrieren_Click();
     EXPECT_TRUE(screen.Map.CenterMap);
-    Screen->State.CurLat = 50.0;
-    Screen->State.CurLong = 6.0;
+    Screen->State.CurLat = Latitude(50.0);
+    Screen->State.CurLong = Longitude(6.0);
     screen.UpdateMap(); // on the lower edge: counts as off the chart
     EXPECT_FALSE(screen.Map.CenterMap);
-    screen.Map.cmdKartezentrieren_Click();
+    screen.cmdKartezentrieren_Click();
     EXPECT_FALSE(screen.Map.picKartezentrieren);
-    Screen->State.CurLat = 51.0; // on the upper and left edges it is still on it
-    screen.Map.cmdKartezentrieren_Click();
+    Screen->State.CurLat = Latitude(51.0); // on the upper and left edges it is still on it
+    screen.cmdKartezentrieren_Click();
     EXPECT_TRUE(screen.Map.picKartezentrieren);
-    Screen->State.CurLong = 5;
+    Screen->State.CurLong = Longitude(5);
     screen.UpdateMap();
     EXPECT_EQ(Surface.Count("w2"), 0);
 }
@@ -111,10 +111,10 @@ TEST_F(DrawingPassTest, AnAircraftOffTheChartSwitchesCentringOffAndHasNoSymbol) 
 TEST_F(DrawingPassTest, SteppingInsideAPassDoesNotStartAnother) {
     AddRoute("R", {6.3, 7.0});
     FlyingScreen& screen = Start();
-    screen.Route.cmdActivateGoto_Click();
+    screen.cmdActivateGoto_Click();
     Fly(50.5, 6.45); // 1.9 NM from the first point
     const int paints = Surface.Paints;
-    screen.State.CurLong = 6.44; // 0.4 NM farther: passed
+    screen.State.CurLong = Longitude(6.44); // 0.4 NM farther: passed
     screen.UpdateMap();
     EXPECT_EQ(Surface.Paints, paints + 1);
     EXPECT_EQ(screen.Route.RoutePointsSet.AbsolutePosition(), 2);
@@ -130,10 +130,10 @@ TEST_F(DrawingPassTest, ALegOfADayEndsNothingButItsTime) {
     Sql("UPDATE GpsPoints SET Lat = 70 WHERE Nummer = 1");
     FlyingScreen& screen = Start();
     screen.Map.SlideMap = 100;
-    screen.Map.ApplyZoom();
+    screen.ApplyZoom();
     Fly(50.5, 7);
     screen.Readouts.gps_SpeedReceived("11");
-    screen.Route.cmdActivateGoto_Click();
+    screen.cmdActivateGoto_Click();
     for (int redraw = 0; redraw < 3; ++redraw) screen.UpdateMap();
     EXPECT_EQ(screen.State.lblTime, "---");
     EXPECT_NE(screen.State.lblDistanz, "---");
@@ -142,8 +142,8 @@ TEST_F(DrawingPassTest, ALegOfADayEndsNothingButItsTime) {
     EXPECT_EQ(Surface.Count("r5 w4 #FF0000"), 1) << "the waypoint";
     EXPECT_EQ(Surface.Count("#00FF00"), 5) << "the aircraft";
     Shared.EnglishUI = 1;
-    screen.Route.cmdDirectFly_Click();
-    screen.Route.SetDirectTarget({70, 7});
+    screen.cmdDirectFly_Click();
+    screen.Do(screen.Route.SetDirectTarget({Latitude(70), Longitude(7)}));
     EXPECT_EQ(Notices.Shown,
               (Steps{"Bei dieser Geschwindigkeit dauert es bis zum Ziel 24 Stunden oder länger. Die Zeit "
                      "bleibt \"---\".",

@@ -4,7 +4,10 @@
 namespace ornivane {
 namespace {
 
-class FixReadoutsTest : public FlyingScreenTest {};
+class FixReadoutsTest : public FlyingScreenTest {
+protected:
+    std::string WithUnit(const Readout& shown) const { return shown.Text(Shared.Locale) + shown.Unit(); }
+};
 
 TEST_F(FixReadoutsTest, ShowNothingUntilThereIsAFix) {
     FlyingScreen& screen = Start();
@@ -16,11 +19,11 @@ TEST_F(FixReadoutsTest, ShowNothingUntilThereIsAFix) {
     readouts.gps_AltitudeReceived("300");
     readouts.gps_SatellitesInViewReceived(9);
     const FlightState& s = screen.State;
-    for (const std::string* label : {&s.lblLat, &s.lblLong, &s.lblSpeed, &s.lblBearing, &s.lblAlt})
-        EXPECT_EQ(*label, "---");
-    EXPECT_EQ(s.CurLat, 49.0);
+    EXPECT_EQ(s.lblLat + s.lblLong, "------");
+    for (const Readout* label : {&s.lblSpeed, &s.lblBearing, &s.lblAlt}) EXPECT_EQ(*label, "---");
+    EXPECT_EQ(s.CurLat, Latitude(49.0));
     EXPECT_EQ(Surface.Paints, paints);
-    for (const auto& lamp : screen.Link.picGPSCheck) EXPECT_EQ(lamp.ToolTip, "Sat: -/-");
+    for (const std::string& toolTip : screen.Link.Shown().ToolTips) EXPECT_EQ(toolTip, "Sat: -/-");
 }
 
 TEST_F(FixReadoutsTest, ShowTheReceiversValuesInTheChosenUnits) {
@@ -28,36 +31,35 @@ TEST_F(FixReadoutsTest, ShowTheReceiversValuesInTheChosenUnits) {
     FlyingScreen& screen = Start();
     auto& readouts = screen.Readouts;
     readouts.gps_FixObtained();
-    EXPECT_TRUE(screen.Link.picGPSCheck[1].Visible);
-    EXPECT_FALSE(screen.Link.picGPSCheck[0].Visible || screen.Link.picGPSCheck[2].Visible);
+    EXPECT_EQ(screen.Link.Shown().picGPSCheck, 1u);
     readouts.gps_SatellitesUsedReceived(7);
     readouts.gps_SatellitesInViewReceived(11);
-    EXPECT_EQ(screen.Link.picGPSCheck[1].ToolTip, "Sat: 7/11");
+    EXPECT_EQ(screen.Link.Shown().ToolTips[1], "Sat: 7/11");
     readouts.gps_SpeedReceived("99.5");
     readouts.gps_BearingReceived("7.4");
     readouts.gps_AltitudeReceived("304.8");
-    EXPECT_EQ(screen.State.lblSpeed + screen.State.lblSpeedmode, "100kts");
-    EXPECT_EQ(screen.State.lblBearing, "007");
+    EXPECT_EQ(WithUnit(screen.State.lblSpeed), "100kts");
+    EXPECT_EQ(screen.State.lblBearing.Text({}), "007");
     EXPECT_EQ(screen.State.HeadingIndicator, -7);
-    EXPECT_EQ(screen.State.lblAlt + screen.State.lblAltmode, "1000ft");
+    EXPECT_EQ(WithUnit(screen.State.lblAlt), "1000ft");
     screen.lblSpeed_Click();
     screen.lblAlt_Click();
     readouts.gps_SpeedReceived("99.5");
     readouts.gps_AltitudeReceived("304.8");
-    EXPECT_EQ(screen.State.lblSpeed + screen.State.lblSpeedmode, "184km/h");
-    EXPECT_EQ(screen.State.lblAlt + screen.State.lblAltmode, "305m");
+    EXPECT_EQ(WithUnit(screen.State.lblSpeed), "184km/h");
+    EXPECT_EQ(WithUnit(screen.State.lblAlt), "305m");
     EXPECT_THROW(readouts.gps_SpeedReceived("fast"), RuntimeError);
     readouts.gps_FixLost();
-    EXPECT_TRUE(screen.Link.picGPSCheck[0].Visible);
-    EXPECT_EQ(screen.State.lblSpeed, "184"); // until the next value of its kind
+    EXPECT_EQ(screen.Link.Shown().picGPSCheck, 0u);
+    EXPECT_EQ(WithUnit(screen.State.lblSpeed), "184km/h"); // until the next value of its kind
     readouts.gps_SpeedReceived("99.5");
     EXPECT_EQ(screen.State.lblSpeed, "---");
     readouts.ClearDisplays();
     EXPECT_EQ(screen.State.lblAlt, "---");
     screen.lblSpeed_Click(); // the unit alone
     screen.lblAlt_Click();
-    EXPECT_EQ(screen.State.lblSpeed + screen.State.lblSpeedmode, "---kts");
-    EXPECT_EQ(screen.State.lblAlt + screen.State.lblAltmode, "---ft");
+    EXPECT_EQ(WithUnit(screen.State.lblSpeed), "---kts");
+    EXPECT_EQ(WithUnit(screen.State.lblAlt), "---ft");
     EXPECT_EQ(screen.State.HeadingIndicator, 0);
 }
 
@@ -65,8 +67,8 @@ TEST_F(FixReadoutsTest, WestIsNegativeAndSouthIsNotLookedAt) {
     FlyingScreen& screen = Start();
     screen.Readouts.gps_FixObtained();
     screen.Readouts.gps_PositionReceived("S 50° 30.000'", "W 007° 12.000'", "5030.000", "00712.000");
-    EXPECT_NEAR(screen.State.CurLat, 50.5, 1e-9);
-    EXPECT_NEAR(screen.State.CurLong, -7.2, 1e-9);
+    EXPECT_NEAR(screen.State.CurLat.Degrees(), 50.5, 1e-9);
+    EXPECT_NEAR(screen.State.CurLong.Degrees(), -7.2, 1e-9);
     EXPECT_EQ(screen.State.lblLat, "S 50° 30.000'");
 }
 
@@ -84,7 +86,7 @@ TEST_F(FixReadoutsTest, RedrawAtTheFirstPositionAndAtEvery21st) {
 TEST_F(FixReadoutsTest, ALostFixRecoloursTheSymbolOnAPictureThatFits) {
     FlyingScreen& screen = Start();
     Fly(50.5, 7.0);
-    screen.Map.cmdKartezentrieren_Click();
+    screen.cmdKartezentrieren_Click();
     EXPECT_EQ(Surface.Count("#00FF00"), 5);
     const int paints = Surface.Paints;
     screen.Readouts.gps_FixLost(); // at the same place: over the picture that stands

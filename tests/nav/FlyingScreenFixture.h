@@ -12,6 +12,7 @@
 #include "support/FlightFolder.h"
 #include "support/IdleLink.h"
 #include "support/MapFakes.h"
+#include "support/Readouts.h"
 
 namespace ornivane {
 
@@ -22,7 +23,7 @@ protected:
         Screen = std::make_unique<FlyingScreen>(
             FlyingScreenWorld{Shared, Port, CheckTimer, TrackTimer, Clock, Storage, Surface, Card, Gyro,
                               WindRose, ProgressBar, Boxes, Notices},
-            [] {}, [] {});
+            [] {}, [](FocusBy) {});
         Screen->Form_Load();
         Screen->Form_Activate();
         return *Screen;
@@ -31,7 +32,7 @@ protected:
     void Fly(double lat, double longitude, bool fix = true) {
         if (fix) Screen->Readouts.gps_FixObtained();
         const auto raw = [](double degrees, const char* picture) {
-            return Format(ToDegMinValue(degrees) * 100, picture, LocaleText());
+            return Format(ToDegMinValue(Latitude(degrees)).Value() * 100, picture, LocaleText());
         };
         Screen->Readouts.gps_PositionReceived("N lat", "E long", raw(lat, "0000.0000"),
                                               raw(longitude, "00000.0000"));

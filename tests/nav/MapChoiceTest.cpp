@@ -19,20 +19,20 @@ TEST_F(MapChoiceTest, AFirstStartTakesTheFirstMapInNameOrder) {
 TEST_F(MapChoiceTest, EveryMapKeepsItsViewOverSwitchesAndRestarts) {
     FlyingScreen& screen = Start();
     screen.Map.SetCentring(false);
-    screen.Map.SetSlide(-50);
-    screen.Map.Pan(-120, -60);
-    screen.Map.cmbMaps_Click("zulu.jpg"); // the store's case differs, the file's too
+    screen.SetSlide(-50);
+    screen.Pan(-120, -60);
+    screen.cmbMaps_Click("zulu.jpg"); // the store's case differs, the file's too
     EXPECT_EQ(screen.Map.Name(), "Zulu.JPG");
     EXPECT_EQ(Storage.Asked.back(), "zulu.jpg");
     EXPECT_EQ(screen.Map.SlideMap, 0);
-    screen.Map.SetSlide(100);
+    screen.SetSlide(100);
     screen.Form_Deactivate();
     EXPECT_EQ(ReadLastChoice(Folder.Path()).Map, "Zulu.JPG");
 
     FlyingScreen& again = Start();
     EXPECT_EQ(again.Map.Name(), "Zulu.JPG");
     EXPECT_EQ(again.Map.SlideMap, 100);
-    again.Map.cmbMaps_Click("alpha.jpg");
+    again.cmbMaps_Click("alpha.jpg");
     EXPECT_EQ(again.Map.View, (SourceRect{120, 60, 500, 250}));
     EXPECT_EQ(again.Map.SlideMap, -50);
     EXPECT_FALSE(again.Map.CenterMap);
@@ -41,13 +41,13 @@ TEST_F(MapChoiceTest, EveryMapKeepsItsViewOverSwitchesAndRestarts) {
 TEST_F(MapChoiceTest, AFrameWithoutExtentIsToldAndAMissingImageIsNot) {
     Sql("UPDATE Maps SET Rechts = 6 WHERE Name = 'Zulu.JPG'");
     FlyingScreen& screen = Start();
-    screen.Map.cmbMaps_Click("Zulu.JPG");
+    screen.cmbMaps_Click("Zulu.JPG");
     EXPECT_EQ(Boxes.Shown, (std::vector<std::string>{
                                "Fehler in Karte|Fehler in Karte: Zulu.JPG - Bitte Koordinaten üperprüfen."}));
     EXPECT_TRUE(ProgressBar.Visible);
     Boxes.Shown.clear();
     std::filesystem::remove(Folder.Path() / "Karten" / "alpha.jpg");
-    screen.Map.cmbMaps_Click("alpha.jpg");
+    screen.cmbMaps_Click("alpha.jpg");
     EXPECT_TRUE(Boxes.Shown.empty());
     EXPECT_EQ(screen.Map.Sizes.StoreWidth, 2000); // the picture that was there stays
 }
@@ -58,23 +58,23 @@ TEST_F(MapChoiceTest, AChartThatCannotBeShownIsABlankSheetUntilAnotherOneIsChose
     AddRoute("R", {6.3, 7.3});
     FlyingScreen& screen = Start();
     Fly(50.5, 7);
-    screen.Route.cmdActivateGoto_Click();
-    const std::string before = screen.State.lblDistanz;
+    screen.cmdActivateGoto_Click();
+    const Readout before = screen.State.lblDistanz;
     screen.Map.SetCentring(false);
-    screen.Map.cmbMaps_Click("Zulu.JPG");
+    screen.cmbMaps_Click("Zulu.JPG");
     ASSERT_EQ(Boxes.Shown.size(), 1u);
     const std::vector<std::string> blank{"cls"};
     EXPECT_EQ(Surface.Drawn, blank);
     EXPECT_FALSE(screen.Map.HasMap());
-    screen.Map.Pan(-50, -50);
+    screen.Pan(-50, -50);
     screen.StepZoom(10);
-    screen.Map.SetSlide(-20);
+    screen.SetSlide(-20);
     screen.Form_Resize();
-    screen.Route.cmdDirectFly_Click();
+    screen.cmdDirectFly_Click();
     screen.SetDirectTarget({10, 10});
     EXPECT_EQ(screen.Route.lblLatx, "");
-    screen.Route.picDF_Click();
-    screen.State.CurLong = 7.2;
+    screen.picDF_Click();
+    screen.State.CurLong = Longitude(7.2);
     screen.UpdateMap();
     EXPECT_EQ(Surface.Drawn, blank);
     EXPECT_NE(screen.State.lblDistanz, before); // the flight goes on
@@ -83,19 +83,19 @@ TEST_F(MapChoiceTest, AChartThatCannotBeShownIsABlankSheetUntilAnotherOneIsChose
     screen.Form_Activate();
     EXPECT_EQ(Surface.Drawn, blank);
     EXPECT_EQ(screen.Map.cmbMaps, "Zulu.JPG");
-    screen.Map.cmbMaps_Click("alpha.jpg");
+    screen.cmbMaps_Click("alpha.jpg");
     EXPECT_TRUE(screen.Map.HasMap());
     EXPECT_EQ(Surface.Count("#80FFFF"), 1);
     Sql("UPDATE Maps SET \"Höhe\" = 1000 WHERE Name = 'Zulu.JPG'");
     screen.Form_Activate();
-    screen.Map.cmbMaps_Click("Zulu.JPG");
+    screen.cmbMaps_Click("Zulu.JPG");
     EXPECT_EQ(screen.Map.View, (SourceRect{0, 0, 1000, 500})); // nothing was remembered of the other's view
 }
 
 TEST_F(MapChoiceTest, AFrameTooLargeForAnyScaleIsToldToo) {
     Sql("UPDATE Maps SET Oben = 1e308, Unten = -1e308 WHERE Name = 'Zulu.JPG'");
     FlyingScreen& screen = Start();
-    screen.Map.cmbMaps_Click("Zulu.JPG");
+    screen.cmbMaps_Click("Zulu.JPG");
     EXPECT_EQ(Boxes.Shown.size(), 1u);
     EXPECT_FALSE(screen.Map.HasMap());
 }
@@ -105,7 +105,7 @@ TEST_F(MapChoiceTest, AChartWithoutANameKeepsNoOtherAway) {
         "(NULL, 51, 50, 6, 8, 2000, 1000, 1)");
     FlyingScreen& screen = Start();
     EXPECT_EQ(screen.Map.MapNames.size(), 3u);
-    screen.Map.cmbMaps_Click("alpha.jpg");
+    screen.cmbMaps_Click("alpha.jpg");
     EXPECT_EQ(screen.Map.Name(), "alpha.jpg");
     EXPECT_TRUE(screen.Map.HasMap());
 }
@@ -113,7 +113,7 @@ TEST_F(MapChoiceTest, AChartWithoutANameKeepsNoOtherAway) {
 TEST_F(MapChoiceTest, ADamagedRouteKeepsNeitherTheChartNorTheReceiverAway) {
     AddRoute("R", {6.3, 7.3});
     FlyingScreen& screen = Start();
-    screen.Route.cmbRoute_Click("R");
+    screen.cmbRoute_Click("R");
     screen.SetShowRoute(true);
     screen.Form_Unload();
     Sql("UPDATE GpsPoints SET Lat = 'north' WHERE Nummer = 2");
@@ -129,30 +129,30 @@ TEST_F(MapChoiceTest, DamagedMemoriesAreReplacedAndLongNamesForgone) {
     const std::string longName(31, 'x');
     Shared.DataConn.Execute("UPDATE Maps SET Name = ? WHERE Name = 'Zulu.JPG'", {longName});
     FlyingScreen& screen = Start();
-    screen.Map.SetSlide(30);
-    screen.Map.cmbMaps_Click(longName);
-    screen.Map.SetSlide(-30);
-    screen.Map.cmbMaps_Click("alpha.jpg");
+    screen.SetSlide(30);
+    screen.cmbMaps_Click(longName);
+    screen.SetSlide(-30);
+    screen.cmbMaps_Click("alpha.jpg");
     EXPECT_EQ(screen.Map.SlideMap, 30);
-    screen.Map.cmbMaps_Click(longName);
+    screen.cmbMaps_Click(longName);
     EXPECT_EQ(screen.Map.SlideMap, 0);
 }
 
 TEST_F(MapChoiceTest, OpensAtTheRouteUntilThereWasAPositionAndKeepsThatOneAfterwards) {
     AddRoute("R", {7.0});
     FlyingScreen& screen = Start();
-    EXPECT_NEAR(screen.State.CurLong, 7, 1e-9);
+    EXPECT_NEAR(screen.State.CurLong.Degrees(), 7, 1e-9);
     EXPECT_TRUE(screen.Map.CenterMap); // on the chart from the first redraw on
     EXPECT_EQ(screen.Map.View.SX, 500);
     Fly(50.5, 6.5);
     screen.Readouts.gps_FixLost();
     screen.Form_Deactivate();
     screen.Form_Activate();
-    EXPECT_NEAR(screen.State.CurLong, 6.5, 1e-6);
+    EXPECT_NEAR(screen.State.CurLong.Degrees(), 6.5, 1e-6);
     AddRoute("empty", {});
     screen.Form_Activate();
-    screen.Route.cmdActivateGoto_Click();
-    screen.Route.cmbRoute_Click("empty"); // an active route without points would end every drawing pass
+    screen.cmdActivateGoto_Click();
+    screen.cmbRoute_Click("empty"); // an active route without points would end every drawing pass
     EXPECT_FALSE(screen.Route.RouteActive);
     EXPECT_EQ(Surface.Count("w2 #FF0000"), 5);
 }
@@ -162,7 +162,7 @@ TEST_F(MapChoiceTest, WithoutMapsNothingIsDrawnAndNothingFails) {
     FlyingScreen& screen = Start();
     Fly(50.5, 7);
     screen.StepZoom(10);
-    screen.Map.Pan(5, 5);
+    screen.Pan(5, 5);
     screen.SetDirectTarget({10, 10});
     screen.Form_Resize();
     screen.Form_Deactivate();
@@ -174,12 +174,12 @@ TEST_F(MapChoiceTest, AnApostropheInANameIsALetterLikeAnyOther) {
     Sql("UPDATE Maps SET Name = 'O''Hara.jpg' WHERE Name = 'Zulu.JPG'");
     AddRoute("D'Artagnan", {6.3, 7.0});
     FlyingScreen& screen = Start();
-    screen.Route.cmbRoute_Click("D'Artagnan");
-    screen.Map.cmbMaps_Click("O'Hara.jpg");
+    screen.cmbRoute_Click("D'Artagnan");
+    screen.cmbMaps_Click("O'Hara.jpg");
     FlyingScreen& again = Start();
     EXPECT_EQ(again.Map.Name(), "O'Hara.jpg");
     EXPECT_EQ(again.Route.cmbRoute, "D'Artagnan");
-    EXPECT_EQ(again.Route.lblRoute, "19");
+    EXPECT_EQ(again.Route.lblRoute, "19 NM");
 }
 
 } // namespace

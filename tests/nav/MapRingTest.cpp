@@ -15,8 +15,8 @@ protected:
             WriteFileAtomically(Folder.Path() / "Karten" / chart, "an image");
     }
     void Redraw(double longitude) {
-        Screen->State.CurLong = longitude;
-        Screen->State.CurLat = 50.5;
+        Screen->State.CurLong = Longitude(longitude);
+        Screen->State.CurLat = Latitude(50.5);
         Screen->UpdateMap();
     }
     std::string Next() const {
@@ -31,7 +31,7 @@ TEST_F(MapRingTest, AnnouncesTheNextMapInTheOrderOfNames) {
     Redraw(7.0);
     EXPECT_EQ(Next(), "- -"); // off
     screen.Map.SetCentring(false);
-    screen.Ring.cmdMapScroll_Click();
+    screen.cmdMapScroll_Click();
     EXPECT_TRUE(screen.Map.CenterMap);
     EXPECT_EQ(Next(), "anna.jpg 1 / 3"); // alpha, anna, Berta all hold 7° E
     Redraw(6.2);
@@ -40,7 +40,7 @@ TEST_F(MapRingTest, AnnouncesTheNextMapInTheOrderOfNames) {
     EXPECT_EQ(Next(), "Berta.jpg -");
     screen.Ring.tNextMap_MouseDown();
     EXPECT_EQ(Next(), "- -");
-    screen.Ring.PicMapScroll_Click();
+    screen.PicMapScroll_Click();
     EXPECT_FALSE(screen.Map.AutoMapSwitch);
     EXPECT_TRUE(screen.Map.CenterMap); // stays
     Redraw(7.5);
@@ -50,14 +50,15 @@ TEST_F(MapRingTest, AnnouncesTheNextMapInTheOrderOfNames) {
 TEST_F(MapRingTest, ChangesAtTheEdgeOfTheChartToTheMapThatWasAnnounced) {
     FlyingScreen& screen = Start();
     Redraw(7.9);
-    screen.Ring.cmdMapScroll_Click();
+    screen.cmdMapScroll_Click();
     EXPECT_EQ(Next(), "Berta.jpg -");
     EXPECT_EQ(screen.Map.Name(), "alpha.jpg");
     const int before = Surface.Paints;
     Redraw(7.995); // 5 pixels of the image from the edge, 4 of the view
     EXPECT_EQ(screen.Map.Name(), "Berta.jpg");
     EXPECT_EQ(screen.Map.cmbMaps, "Berta.jpg");
-    EXPECT_EQ(Surface.Paints, before + 2); // drawn anew at once: what shows is the map that is active
+    EXPECT_EQ(Surface.Paints, before + 1) << "at once, and only the map that is active";
+    EXPECT_EQ(Surface.Source.X, screen.Map.View.SX);
     EXPECT_EQ(Next(), "alpha.jpg -");
     Redraw(8.2); // alone: it still is the next one, and nothing is announced
     EXPECT_EQ(Next(), "- -");
@@ -73,7 +74,7 @@ TEST_F(MapRingTest, LeavesAChartThatCannotBeShownByItself) {
     Sql("UPDATE Maps SET Breite = 0 WHERE Name = 'Berta.jpg'");
     FlyingScreen& screen = Start();
     Redraw(7.9);
-    screen.Ring.cmdMapScroll_Click();
+    screen.cmdMapScroll_Click();
     Redraw(7.995);
     EXPECT_EQ(screen.Map.Name(), "Berta.jpg");
     EXPECT_EQ(Surface.Drawn, std::vector<std::string>{"cls"});
@@ -84,13 +85,13 @@ TEST_F(MapRingTest, LeavesAChartThatCannotBeShownByItself) {
     for (int i = 0; i < 3; ++i) Redraw(7.996);
     EXPECT_EQ(screen.Map.Name(), "alpha.jpg");
     EXPECT_EQ(Boxes.Shown.size(), 1u);
-    screen.Map.cmbMaps_Click("Berta.jpg"); // by hand it is tried again
+    screen.cmbMaps_Click("Berta.jpg"); // by hand it is tried again
     EXPECT_EQ(Boxes.Shown.size(), 2u);
     EXPECT_EQ(screen.Map.Name(), "alpha.jpg"); // and automatic switching goes on
-    screen.Ring.PicMapScroll_Click();
-    screen.Map.cmbMaps_Click("Berta.jpg");
+    screen.PicMapScroll_Click();
+    screen.cmbMaps_Click("Berta.jpg");
     Redraw(8.2);
-    screen.Ring.cmdMapScroll_Click(); // no other one covers the aircraft
+    screen.cmdMapScroll_Click(); // no other one covers the aircraft
     EXPECT_EQ(Surface.Drawn, std::vector<std::string>{"cls"});
     EXPECT_EQ(Boxes.Shown.size(), 3u);
     Redraw(7.0);
@@ -101,14 +102,14 @@ TEST_F(MapRingTest, LeavesAChartThatCannotBeShownByItself) {
 TEST_F(MapRingTest, AnnouncesNoChartThatHasLeftTheCatalogue) {
     FlyingScreen& screen = Start();
     Redraw(7.0);
-    screen.Ring.cmdMapScroll_Click();
+    screen.cmdMapScroll_Click();
     ASSERT_EQ(Next(), "anna.jpg 1 / 3");
     screen.Form_Deactivate();
     Sql("UPDATE Maps SET Active = 0");
     Shared.ChartsChanged.Raise();
     screen.Form_Activate();
     EXPECT_EQ(Next(), "- -");
-    screen.Ring.Step();
+    screen.StepRing();
     screen.Form_Deactivate();
     Sql("UPDATE Maps SET Active = 1 WHERE Name = 'Berta.jpg'");
     Shared.ChartsChanged.Raise();
@@ -119,17 +120,17 @@ TEST_F(MapRingTest, AnnouncesNoChartThatHasLeftTheCatalogue) {
 
 TEST_F(MapRingTest, StepsByHandAroundTheRing) {
     FlyingScreen& screen = Start();
-    screen.Ring.Step(); // off
+    screen.StepRing(); // off
     EXPECT_EQ(screen.Map.Name(), "alpha.jpg");
     Redraw(6.75);
-    screen.Ring.cmdMapScroll_Click();
+    screen.cmdMapScroll_Click();
     for (const char* name : {"anna.jpg", "Berta.jpg", "alpha.jpg", "anna.jpg"}) {
-        screen.Ring.Step();
+        screen.StepRing();
         EXPECT_EQ(screen.Map.Name(), name);
     }
     EXPECT_FALSE(ProgressBar.Visible);
     Redraw(20);
-    screen.Ring.Step(); // nothing covers the aircraft
+    screen.StepRing(); // nothing covers the aircraft
     EXPECT_EQ(screen.Map.Name(), "anna.jpg");
 }
 

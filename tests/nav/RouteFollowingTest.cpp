@@ -14,8 +14,8 @@ protected:
     void StandAt(double longitude, double lat = 50.5) {
         Screen->State.HadPosition = true;
         Screen->State.NoFix = false;
-        Screen->State.CurLat = lat;
-        Screen->State.CurLong = longitude;
+        Screen->State.CurLat = Latitude(lat);
+        Screen->State.CurLong = Longitude(longitude);
         Screen->UpdateMap();
     }
     int Row() { return Screen->Route.RoutePointsSet.AbsolutePosition(); }
@@ -28,7 +28,8 @@ protected:
     }
     // A target of Direct Fly that is this far to the east of where one is, in degrees.
     void DirectTo(double east) {
-        Screen->Route.SetDirectTarget({Screen->State.CurLat, Screen->State.CurLong + east});
+        Screen->Do(Screen->Route.SetDirectTarget(
+            {Screen->State.CurLat, Longitude(Screen->State.CurLong.Degrees() + east)}));
     }
 };
 
@@ -42,25 +43,25 @@ TEST_F(RouteFollowingTest, TheFirstCalculationForATargetChosenByHandNeverPassesI
         std::function<void()> Before, Hand;
         int Row;
     } cases[] = {
-        {"Direct Fly off", [&] { route.cmdDirectFly_Click(); }, [&] { route.picDF_Click(); }, 1},
-        {"its target set anew, then off", [&] { route.cmdDirectFly_Click(); },
+        {"Direct Fly off", [&] { Screen->cmdDirectFly_Click(); }, [&] { Screen->picDF_Click(); }, 1},
+        {"its target set anew, then off", [&] { Screen->cmdDirectFly_Click(); },
          [&] {
              DirectTo(-0.04); // 1.5 NM
-             route.picDF_Click();
+             Screen->picDF_Click();
          },
          1},
         {"a row clicked", nothing, [&] { Choose(2); }, 2},
-        {"the next one", nothing, [&] { route.cmdNext_Click(); }, 2},
-        {"the one before", [&] { Choose(2); }, [&] { route.cmdPrev_Click(); }, 1},
-        {"another route", nothing, [&] { route.cmbRoute_Click("S"); }, 1},
-        {"the route switched on", [&] { route.picActivateGoto_Click(); },
-         [&] { route.cmdActivateGoto_Click(); }, 1},
+        {"the next one", nothing, [&] { Screen->cmdNext_Click(); }, 2},
+        {"the one before", [&] { Choose(2); }, [&] { Screen->cmdPrev_Click(); }, 1},
+        {"another route", nothing, [&] { Screen->cmbRoute_Click("S"); }, 1},
+        {"the route switched on", [&] { Screen->picActivateGoto_Click(); },
+         [&] { Screen->cmdActivateGoto_Click(); }, 1},
         {"its point moved in planning", nothing,
          [&] { LeaveAndComeBack("UPDATE GpsPoints SET Long = 6.36 WHERE Nummer = 1"); }, 1},
     };
     for (const auto& c : cases) {
-        route.cmbRoute_Click("R");
-        route.cmdActivateGoto_Click();
+        Screen->cmbRoute_Click("R");
+        Screen->cmdActivateGoto_Click();
         StandAt(6.55); // P1 and P2, and that of S, are 1.9 NM away, P3 5.7 NM
         c.Before();
         Screen->ActiveLeg.LastDistance = 1.6; // from before
@@ -73,16 +74,16 @@ TEST_F(RouteFollowingTest, TheFirstCalculationForATargetChosenByHandNeverPassesI
 
 TEST_F(RouteFollowingTest, APositionThatIsNotTheAircraftsSaysNothingOfPassing) {
     AddRoute("R", {6.30, 6.34, 6.42});
-    RouteFollowing& route = Start().Route; // the map opens at P1
-    route.cmdActivateGoto_Click();
-    route.cmdNext_Click(); // P2, 2.5 NM from there
-    Fly(50.5, 6.49);       // on the apron, 0.4 NM further away
+    Start(); // the map opens at P1
+    Screen->cmdActivateGoto_Click();
+    Screen->cmdNext_Click(); // P2, 2.5 NM from there
+    Fly(50.5, 6.49);         // on the apron, 0.4 NM further away
     EXPECT_EQ(Row(), 2);
     EXPECT_EQ(Screen->State.lblDistanz, "2.9 NM");
 
     Screen->Readouts.gps_FixLost();
-    route.cmdNext_Click(); // P3 is chosen while nobody knows where the aircraft is
-    route.cmdPrev_Click();
+    Screen->cmdNext_Click(); // P3 is chosen while nobody knows where the aircraft is
+    Screen->cmdPrev_Click();
     Screen->Readouts.gps_FixObtained();
     StandAt(6.48);
     EXPECT_EQ(Row(), 2);
@@ -97,10 +98,10 @@ TEST_F(RouteFollowingTest, WhateverTheHandDoesAndWhereverTheRowIsTheOneThatWasCh
     const auto between = [&](double a, double b) {
         return std::uniform_real_distribution<double>(a, b)(random);
     };
-    route.cmdActivateGoto_Click();
+    Screen->cmdActivateGoto_Click();
     for (int i = 0; i < 400; ++i) {
         StandAt(between(6.45, 6.65), between(50.45, 50.55)); // within 5 NM of all points
-        route.cmdActivateGoto_Click();                       // also when that step was the end of the route
+        Screen->cmdActivateGoto_Click();                     // also when that step was the end of the route
         Screen->ActiveLeg.LastDistance = between(0, 6);
         const int before = Row();
         int wanted = before;
@@ -111,22 +112,22 @@ TEST_F(RouteFollowingTest, WhateverTheHandDoesAndWhereverTheRowIsTheOneThatWasCh
             break;
         case 1:
             wanted = std::min(before + 1, 4);
-            if (before < 4) route.cmdNext_Click();
+            if (before < 4) Screen->cmdNext_Click();
             break;
         case 2:
             wanted = std::max(before - 1, 1);
-            route.cmdPrev_Click();
+            Screen->cmdPrev_Click();
             break;
         case 3:
-            route.cmdDirectFly_Click();
+            Screen->cmdDirectFly_Click();
             DirectTo(between(-0.1, 0.1));
             Screen->ActiveLeg.LastDistance = between(0, 6);
-            route.picDF_Click();
+            Screen->picDF_Click();
             break;
         default:
-            route.picActivateGoto_Click();
+            Screen->picActivateGoto_Click();
             StandAt(between(6.45, 6.65));
-            route.cmdActivateGoto_Click();
+            Screen->cmdActivateGoto_Click();
         }
         ASSERT_EQ(Row(), wanted) << i;
         ASSERT_TRUE(route.RouteActive) << i;
@@ -139,17 +140,19 @@ TEST_F(RouteFollowingTest, ARouteIsFlownPointByPointWithoutAnyHand) {
     for (int round = 0; round < 8; ++round) {
         std::vector<double> stored;
         double longitude = 6.05;
-        for (; longitude < 7.9; longitude += leg(random)) stored.push_back(ToDegMinValue(longitude));
+        for (; longitude < 7.9; longitude += leg(random))
+            stored.push_back(ToDegMinValue(Longitude(longitude)).Value());
         AddRoute("R" + std::to_string(round), stored);
         FlyingScreen& screen = Start();
-        screen.Route.cmbRoute_Click("R" + std::to_string(round));
-        screen.State.CurLat = 50.49; // beside the route
-        screen.State.CurLong = 6.0;
-        screen.Route.cmdActivateGoto_Click();
+        screen.cmbRoute_Click("R" + std::to_string(round));
+        screen.State.CurLat = Latitude(50.49); // beside the route
+        screen.State.CurLong = Longitude(6.0);
+        screen.cmdActivateGoto_Click();
         for (double at = 6.0; at < longitude && screen.Route.RouteActive; at += step(random)) {
             const int before = Row();
             StandAt(at, 50.49);
-            const double active = ToDecimalDegrees(stored[static_cast<std::size_t>(before - 1)]);
+            const double active =
+                ToDecimalDegrees(StoredLongitude(stored[static_cast<std::size_t>(before - 1)])).Degrees();
             const bool passed = Row() != before || !screen.Route.RouteActive;
             EXPECT_LE(Row(), before + 1);
             // At the first or second redraw behind the point, never ahead of it.
@@ -177,7 +180,7 @@ TEST_F(RouteFollowingTest, ComesBackToTheSameRowThoughItsPointStandsSeveralTimes
     FlyingScreen& screen = Start();
     for (std::size_t round = 0; round < counts.size(); ++round) {
         const std::string name = "R" + std::to_string(round);
-        screen.Route.cmbRoute_Click(name);
+        screen.cmbRoute_Click(name);
         Choose(upTo(counts[round]));
         const int row = Row();
         LeaveAndComeBack("");
@@ -217,13 +220,14 @@ TEST_F(RouteFollowingTest, ARouteWithADamagedPointShowsNoLengthOfAnotherAndStays
     AddRoute("S", {6.4, 6.5, 7.0});
     Sql("UPDATE GpsPoints SET Long = 'east' WHERE Nummer = 3");
     RouteFollowing& route = Start().Route;
-    route.cmbRoute_Click("R");
-    route.cmdActivateGoto_Click();
+    Screen->cmbRoute_Click("R");
+    Screen->cmdActivateGoto_Click();
     StandAt(6.4);
-    EXPECT_FALSE(route.lblRoute.empty() || route.lblRemDist.empty());
-    const std::string distance = Screen->State.lblDistanz;
-    EXPECT_THROW(route.cmbRoute_Click("S"), RuntimeError);
-    EXPECT_EQ(route.lblRoute + route.lblRemDist, "");
+    EXPECT_TRUE(route.lblRoute.HasNumber() && route.lblRemDist.HasNumber());
+    const Readout distance = Screen->State.lblDistanz;
+    EXPECT_THROW(Screen->cmbRoute_Click("S"), RuntimeError);
+    EXPECT_EQ(route.lblRoute, "");
+    EXPECT_EQ(route.lblRemDist, "");
     EXPECT_NE(Screen->State.lblDistanz, distance); // the target is that of S
     EXPECT_EQ(ReadLastChoice(Folder.Path()).Route, "S");
 }
@@ -242,9 +246,9 @@ TEST_F(RouteFollowingTest, AFlownRouteThatIsGoneIsNotFlownOnAndThatIsTold) {
         AddRoute("R", {6.3, 7.0});
         Notices.Shown.clear();
         RouteFollowing& route = Start().Route;
-        route.cmbRoute_Click("R");
+        Screen->cmbRoute_Click("R");
         LeaveAndComeBack("");
-        route.cmdActivateGoto_Click();
+        Screen->cmdActivateGoto_Click();
         LeaveAndComeBack("UPDATE Route SET Nummer = Nummer + 1"); // still there
         EXPECT_TRUE(route.RouteActive && Notices.Shown.empty()) << deed;
         LeaveAndComeBack(deed);
@@ -261,11 +265,11 @@ TEST_F(RouteFollowingTest, AFlownRouteThatIsGoneIsNotFlownOnAndThatIsTold) {
     Notices.Shown.clear();
     Shared.EnglishUI = 1;
     RouteFollowing& route = Start().Route;
-    route.cmbRoute_Click("S");
+    Screen->cmbRoute_Click("S");
     LeaveAndComeBack("DELETE FROM Route WHERE Name = 'S'");
     EXPECT_TRUE(Notices.Shown.empty());
-    route.cmdActivateGoto_Click();
-    route.cmdDirectFly_Click();
+    Screen->cmdActivateGoto_Click();
+    Screen->cmdDirectFly_Click();
     LeaveAndComeBack("UPDATE Route SET Name = 'T'");
     EXPECT_TRUE(!route.RouteActive && route.GotoActive && route.Frame1);
     EXPECT_EQ(Notices.Shown.at(0), "The route \"R\" was renamed or deleted. It is no longer flown.");
@@ -276,22 +280,22 @@ TEST_F(RouteFollowingTest, AStepButtonAtAnEndWorksAgainAfterAnyChangeOfRow) {
     AddRoute("S", {6.4});
     RouteFollowing& route = Start().Route;
     const auto enabled = [&] { return route.cmdPrevEnabled && route.cmdNextEnabled; };
-    route.cmdPrev_Click();
+    Screen->cmdPrev_Click();
     EXPECT_FALSE(route.cmdPrevEnabled);
     Choose(2);
     EXPECT_TRUE(enabled());
     Choose(3);
-    route.cmdNext_Click();
+    Screen->cmdNext_Click();
     EXPECT_FALSE(route.cmdNextEnabled);
-    route.cmdNext_Click(); // the last row stays
+    Screen->cmdNext_Click(); // the last row stays
     EXPECT_FALSE(route.cmdNextEnabled);
     Choose(1);
     EXPECT_TRUE(enabled());
-    route.cmdPrev_Click();
-    route.cmbRoute_Click("S");
+    Screen->cmdPrev_Click();
+    Screen->cmbRoute_Click("S");
     EXPECT_TRUE(enabled());
-    route.cmdPrev_Click();
-    route.cmdNext_Click();
+    Screen->cmdPrev_Click();
+    Screen->cmdNext_Click();
     LeaveAndComeBack(""); // the same row, still at both ends
     EXPECT_FALSE(route.cmdPrevEnabled || route.cmdNextEnabled);
     LeaveAndComeBack(

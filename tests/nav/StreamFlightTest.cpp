@@ -46,8 +46,8 @@ protected:
         Shared.TrackConn.Execute("DELETE FROM List");
         Shared.TrackConn.Execute("DELETE FROM Track");
         FlyingScreen& screen = Start();
-        screen.Route.cmbRoute_Click("Tour");
-        screen.Route.cmdActivateGoto_Click();
+        screen.cmbRoute_Click("Tour");
+        screen.cmdActivateGoto_Click();
         screen.Link.cmdGPS_Click();
         std::vector<std::string> done;
         int redraws = Surface.Refreshes;

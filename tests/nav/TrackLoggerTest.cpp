@@ -46,10 +46,10 @@ protected:
 TEST_F(TrackLoggerTest, WritesASampleAtEachIntervalBetweenTwoClicks) {
     Shared.Locale.DecimalSeparator = ',';
     Start();
-    Screen->Logger.cmdRecord_Click(); // without a fix nothing happens
+    Screen->cmdRecord_Click(); // without a fix nothing happens
     EXPECT_EQ(Buttons(), "hand ");
     TrackLogger& logger = Begin(false);
-    logger.cmdRecord_Click();
+    Screen->cmdRecord_Click();
     EXPECT_EQ(Buttons(), "running");
     EXPECT_EQ(TrackTimer.Interval(), 10000);
     Screen->Readouts.gps_TimeChanged("23:59:58");
@@ -62,7 +62,7 @@ TEST_F(TrackLoggerTest, WritesASampleAtEachIntervalBetweenTwoClicks) {
     EXPECT_EQ(logger.lblRecord, "3");
     Screen->Readouts.gps_AltitudeReceived("0.1"); // at sea level the display is empty
     Tick();
-    logger.picRecord_Click();
+    Screen->picRecord_Click();
     EXPECT_EQ(Buttons(), "hand ");
     EXPECT_EQ(TrackTimer.Interval(), 0);
     EXPECT_EQ(List(), (std::vector<std::string>{"1|22Nov26 - 13:50"}));
@@ -70,12 +70,12 @@ TEST_F(TrackLoggerTest, WritesASampleAtEachIntervalBetweenTwoClicks) {
               (std::vector<std::string>{
                   "1|50.5|7.0|null|2026-11-22|23:59:58", "2|50.5|7.0|300.54|2026-11-23|23:59:58",
                   "3|50.5|7.0|301.0|2026-11-23|23:59:58", "4|50.5|7.0|0.0|2026-11-23|23:59:58"}));
-    logger.cmdRecord_Click();
-    logger.picRecord_Click();
+    Screen->cmdRecord_Click();
+    Screen->picRecord_Click();
     Clock.Time = {2020, 1, 1, 0, 0, 0}; // a clock that jumps back
-    logger.cmdRecord_Click();
-    logger.picRecord_Click();
-    logger.cmdRecord_Click(); // in the same minute: the same name
+    Screen->cmdRecord_Click();
+    Screen->picRecord_Click();
+    Screen->cmdRecord_Click(); // in the same minute: the same name
     EXPECT_EQ(List(), (std::vector<std::string>{"1|22Nov26 - 13:50", "2|23Nov26 - 00:00", "3|01Jan20 - 00:00",
                                                 "4|01Jan20 - 00:00"}));
 }
@@ -92,9 +92,9 @@ TEST_F(TrackLoggerTest, StartsAndStopsByItselfAt30Knots) {
     }
     EXPECT_EQ(List().size(), 2u);
     Tick(2);
-    logger.ToggleTrackLog(); // does not stop what runs by itself
+    logger.ToggleTrackLog(true); // does not stop what runs by itself
     EXPECT_EQ(Buttons(), "running");
-    logger.picRecord_Click(); // the pilot does, and ends the automatic mode with it
+    Screen->picRecord_Click(); // the pilot does, and ends the automatic mode with it
     EXPECT_EQ(Buttons(), "hand ");
     EXPECT_FALSE(Shared.TrackAuto);
     TrackSettings saved;
@@ -105,17 +105,17 @@ TEST_F(TrackLoggerTest, StartsAndStopsByItselfAt30Knots) {
 }
 
 TEST_F(TrackLoggerTest, AClickThatStopsWritesTheSettingsAlsoOfARecordingByHand) {
-    TrackLogger& logger = Begin(false);
-    logger.cmdRecord_Click();
-    logger.picRecord_Click();
+    Begin(false);
+    Screen->cmdRecord_Click();
+    Screen->picRecord_Click();
     EXPECT_EQ(ReadWholeFile(Folder.Path() / "track.crm").value_or("none"), "1\r\n10\r\n0\r\n");
 }
 
 TEST_F(TrackLoggerTest, WithoutAFixAClickEndsTheAutomaticModeAndTheNextIntervalTheRecording) {
-    TrackLogger& logger = Begin(true);
+    Begin(true);
     Screen->Readouts.gps_SpeedReceived("90");
     Screen->Readouts.gps_FixLost();
-    logger.picRecord_Click();
+    Screen->picRecord_Click();
     EXPECT_EQ(Buttons(), "running");
     EXPECT_FALSE(Shared.TrackAuto);
     EXPECT_EQ(ReadWholeFile(Folder.Path() / "track.crm").value_or("none"), "1\r\n10\r\n0\r\n");
@@ -138,8 +138,8 @@ TEST_F(TrackLoggerTest, ALostFixEndsTheRecordingAndSpeedBeginsANewOne) {
 }
 
 TEST_F(TrackLoggerTest, PausesWhileAnotherScreenIsInFront) {
-    TrackLogger& logger = Begin(false);
-    logger.cmdRecord_Click();
+    Begin(false);
+    Screen->cmdRecord_Click();
     Tick(2);
     Screen->Form_Deactivate();
     EXPECT_EQ(TrackTimer.Interval(), 0);
@@ -160,8 +160,8 @@ TEST_F(TrackLoggerTest, PausesWhileAnotherScreenIsInFront) {
 }
 
 TEST_F(TrackLoggerTest, ARecordingThatWasDeletedMeanwhileIsNotGoneOnWith) {
-    TrackLogger& logger = Begin(false);
-    logger.cmdRecord_Click();
+    Begin(false);
+    Screen->cmdRecord_Click();
     Tick(2);
     Screen->Form_Deactivate();
     Shared.TrackConn.Execute("DELETE FROM List");
@@ -172,7 +172,7 @@ TEST_F(TrackLoggerTest, ARecordingThatWasDeletedMeanwhileIsNotGoneOnWith) {
 
 TEST_F(TrackLoggerTest, GoesOnWhenThereIsRoomAgain) {
     TrackLogger& logger = Begin(false);
-    logger.cmdRecord_Click();
+    Screen->cmdRecord_Click();
     Tick(2);
     Statement(Shared.TrackConn, "PRAGMA max_page_count = 1")
         .Step(); // what the store has is all the disk there is
@@ -193,14 +193,14 @@ TEST_F(TrackLoggerTest, GoesOnWhenThereIsRoomAgain) {
 
 TEST_F(TrackLoggerTest, TheCountFitsItsPicture) {
     TrackLogger& logger = Begin(false);
-    logger.cmdRecord_Click();
+    Screen->cmdRecord_Click();
     for (const auto& [before, font] : {std::pair{997L, 14}, {998L, 12}, {9998L, 10}}) {
         logger.TrackSampleCount = before;
         Tick();
         EXPECT_EQ(logger.lblRecordFont, font) << logger.lblRecord;
     }
-    logger.picRecord_Click();
-    logger.cmdRecord_Click();
+    Screen->picRecord_Click();
+    Screen->cmdRecord_Click();
     EXPECT_EQ(logger.lblRecordFont, 14);
     EXPECT_EQ(logger.lblRecord, "0");
 }

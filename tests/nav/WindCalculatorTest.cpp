@@ -6,6 +6,7 @@
 
 #include "base/Format.h"
 #include "support/MapFakes.h"
+#include "support/Readouts.h"
 
 namespace ornivane {
 namespace {
@@ -17,9 +18,9 @@ protected:
         for (const char key : keys) Wind.KeyUp(key);
     }
     void Display(const std::string& speed, const std::string& track, const std::string& altitude) {
-        State.lblSpeed = speed;
-        State.lblBearing = track;
-        State.lblAlt = altitude;
+        State.lblSpeed = Showing(speed);
+        State.lblBearing = Showing(track);
+        State.lblAlt = Showing(altitude);
     }
     std::string Fields() const { return Wind.lblHeading + " " + Wind.lblIAS; }
 
@@ -91,7 +92,7 @@ TEST_F(WindTest, AnotherUnitOfSpeedShowsTheSameWindAndAirspeedInIt) {
     flip();
     Type("0110");
     EXPECT_EQ(Wind.lblWind, "090 / 12");
-    State.lblBearing = "180"; // a turn later it is still the wind of that heading
+    State.lblBearing = Showing("180"); // a turn later it is still the wind of that heading
     flip();
     EXPECT_EQ(Fields() + " " + Wind.lblWind, "090 204 090 / 22");
     EXPECT_NE(Wind.lblIASToolTip.find("TAS 207 (ISA)"), std::string::npos) << Wind.lblIASToolTip;
@@ -104,7 +105,7 @@ TEST_F(WindTest, AnotherUnitOfSpeedShowsTheSameWindAndAirspeedInIt) {
         Wind.KeyUp(0);
         Display(digits(40, 300), digits(0, 359), digits(100, 999));
         Type(digits(0, 360) + digits(40, 300));
-        Wind.UpdateTAS(std::stod(State.lblAlt));
+        Wind.UpdateTAS(State.lblAlt.Number());
         const std::string before = shown(), wind = Wind.lblWind, airspeed = Wind.lblIAS;
         const double factor = State.SpeedInKnots ? 1.852 : 1 / 1.852;
         flip();

@@ -54,15 +54,15 @@ protected:
             route + "' ORDER BY RouteID, p.Nummer");
     }
     std::filesystem::path Export(const std::string& route) {
-        RouteExport room(Shared, Boxes);
-        room.Form_Load(route);
-        room.cmdExport();
-        return room.lblSave;
+        RouteExport exporting(Shared, Shared, Shared.DataConn, Boxes);
+        exporting.Form_Load(route);
+        exporting.cmdExport();
+        return exporting.lblSave;
     }
-    void Import(const std::filesystem::path& file, PlanningSets sets = {}) {
+    void Import(const std::filesystem::path& file, const ImportSteps& steps = {}) {
         Boxes.Shown.clear();
         Boxes.File = file;
-        RouteImport(Shared, Boxes, sets).GetRoute();
+        RouteImport(Shared, Shared, Shared.DataConn, Boxes, steps).GetRoute();
     }
     std::filesystem::path Write(const std::string& name, const std::string& bytes) {
         WriteFileAtomically(Folder.Path() / name, bytes);

@@ -13,17 +13,7 @@
 
 namespace ornivane {
 
-// A screen without a chart: counts what the lists ask of it.
-struct CountingScreen : PlanningOwner {
-    std::map<std::string, int> Asked;
-    void CenterOnWaypoint() override { ++Asked["centre"]; }
-    void RedrawPlan() override { ++Asked["redraw"]; }
-    void FocusMap() override { ++Asked["map"]; }
-    void FocusWaypoints() override { ++Asked["waypoints"]; }
-    void FocusRoutes() override { ++Asked["routes"]; }
-};
-
-// Both lists of planning on a store with four waypoints of two categories.
+// Both lists of planning on a store with four waypoints of two categories, and what they leave to a screen.
 struct PlanningLists : FlightFolder {
     PlanningLists() {
         Shared.EnglishUI = 1;
@@ -51,12 +41,22 @@ struct PlanningLists : FlightFolder {
         return Rows("SELECT CAST(Nummer AS INTEGER), Name FROM " + table + " ORDER BY Nummer");
     }
 
-    CountingScreen Screen;
+    void Act(const PlanEffects& effects) {
+        for (const PlanEffect effect : effects) ++Asked[effect];
+    }
+    bool Taken(const PlanEffects& effects) { // an entry
+        Act(effects);
+        return effects.front() == PlanEffect::CentreOnEntry;
+    }
+    void AddCurrent() { Act(Routes.cmdAddwaypoint(Points.Current())); }
+
+    std::map<PlanEffect, int> Asked;
     ScriptedDialogs Boxes;
     PressedNotice Bar;
     Undo LastDeed{Bar, Shared, {}};
-    WaypointEditing Points{Shared, Boxes, LastDeed, Screen};
-    RouteEditing Routes{Shared, Boxes, LastDeed, Points.WaypointsSet, Screen};
+    PlanEvents Events{[this](const PlanEffects& effects) { Act(effects); }};
+    WaypointEditing Points{Shared, Shared.DataConn, Boxes, LastDeed, Events};
+    RouteEditing Routes{Shared, Shared.DataConn, Boxes, LastDeed, Events};
 };
 
 } // namespace ornivane

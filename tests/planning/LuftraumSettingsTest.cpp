@@ -2,36 +2,42 @@
 
 #include <gtest/gtest.h>
 
+#include "common/Variablen.h"
+
 namespace ornivane {
 namespace {
+
+using enum AirspaceChoice::Which;
 
 class LuftraumSettingsTest : public testing::Test {
 protected:
     Variablen Shared;
-    PlanAirspace Airspace{Shared};
-    LuftraumSettings Dialog{Shared, Airspace};
+    AirspaceChoice Airspace;
+    LuftraumSettings Dialog{Shared, Shared, Shared, Airspace};
 };
 
 TEST_F(LuftraumSettingsTest, ReadsAndWritesTheHeightOfTheMap) {
     struct {
         const char* Height;
-        int Option;
+        AirspaceChoice::Which Option;
         const char *Text, *After;
     } const cases[] = {
-        {"-99", 1, "1000", "-99"},   {"-10", 2, "1000", "-10"},         {"0", 3, "0", "0"},
-        {"4500", 3, "4500", "4500"}, {"4500,5", 3, "4500,5", "4500,5"},
+        {"-99", All, "1000", "-99"},
+        {"-10", None, "1000", "-10"},
+        {"0", AtHeight, "0", "0"},
+        {"4500", AtHeight, "4500", "4500"},
+        {"4500,5", AtHeight, "4500,5", "4500,5"},
     };
     for (const auto& c : cases) {
         Airspace.tLRHoehe = c.Height;
-        Airspace.tPR = c.Option == 1 ? "1" : "0";
+        Airspace.tPR = c.Option == All;
         Dialog.Form_Load();
-        const int option = Dialog.Option1 ? 1 : Dialog.Option2 ? 2 : Dialog.Option3 ? 3 : 0;
-        EXPECT_EQ(option, c.Option) << c.Height;
+        EXPECT_EQ(Dialog.Chosen, c.Option) << c.Height;
         EXPECT_EQ(Dialog.cmbHoehe, c.Text);
-        EXPECT_EQ(Dialog.chkPL, c.Option == 1);
+        EXPECT_EQ(Dialog.chkPL, c.Option == All);
         Dialog.cmdExit_Click();
         EXPECT_EQ(Airspace.tLRHoehe, c.After);
-        EXPECT_EQ(Airspace.tPR, c.Option == 1 ? "1" : "0");
+        EXPECT_EQ(Airspace.tPR, c.Option == All);
     }
 }
 
@@ -39,9 +45,7 @@ TEST_F(LuftraumSettingsTest, AHeightThatIsNoneSwitchesAirspaceOff) {
     Dialog.Form_Load();
     for (const char* text : {"", "high", "-1", "-99", "FL 65"}) {
         Airspace.tLRHoehe = "4500";
-        Dialog.Option1_Click();
-        Dialog.Option3_Click();
-        EXPECT_FALSE(Dialog.Option1);
+        Dialog.Chosen = AtHeight;
         Dialog.cmbHoehe = text;
         Dialog.cmdExit_Click();
         EXPECT_EQ(Airspace.tLRHoehe, "-10") << text;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "base/RuntimeError.h"
+#include "support/Positions.h"
 
 namespace ornivane {
 namespace {
@@ -33,7 +34,7 @@ TEST(MeasureTool, ShowsDistanceAndBearingInAllDirections) {
     const LocaleText locale;
     for (const auto& pair : pairs) {
         MeasureTool tool(locale);
-        tool.Measure(pair.Lat1, pair.Long1, pair.Lat2, pair.Long2);
+        tool.Measure(Stored(pair.Lat1, pair.Long1), Stored(pair.Lat2, pair.Long2));
         EXPECT_EQ(tool.lblDistanz, pair.Distance) << pair.Lat2 << " " << pair.Long2;
         EXPECT_EQ(tool.lblKurs, pair.Bearing) << pair.Lat2 << " " << pair.Long2;
     }
@@ -42,8 +43,8 @@ TEST(MeasureTool, ShowsDistanceAndBearingInAllDirections) {
 TEST(MeasureTool, HasNoBearingFromAPointToItself) {
     const LocaleText locale;
     MeasureTool tool(locale);
-    tool.Measure(50.30, 7.00, 50.30, 8.00);
-    EXPECT_THROW(tool.Measure(50.30, 7.00, 50.30, 7.00), RuntimeError);
+    tool.Measure(Stored(50.30, 7.00), Stored(50.30, 8.00));
+    EXPECT_THROW(tool.Measure(Stored(50.30, 7.00), Stored(50.30, 7.00)), RuntimeError);
     EXPECT_EQ(tool.lblDistanz, "0.0 NM");
     EXPECT_EQ(tool.lblKurs, "90 °");
 }

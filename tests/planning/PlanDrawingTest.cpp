@@ -69,7 +69,7 @@ TEST_F(PlanDrawingTest, DrawsAllWaypointsInViewAndMarksTheCurrentRoutePoint) {
     EXPECT_EQ(Surface.Count("circle 480,200 r4 w4 #FFFF00"), 1);
     EXPECT_EQ(Surface.Count("#FFFF00"), 1);
     EXPECT_EQ(Texts().size(), 3U);
-    Screen->Waypoints.ChooseCategory("none of these"); // a filter of the list, not of the map
+    Screen->Act(Screen->Waypoints.ChooseCategory("none of these")); // a filter of the list, not of the map
     Screen->RedrawPlan();
     EXPECT_EQ(Texts().size(), 3U);
 }
@@ -105,7 +105,7 @@ TEST_F(PlanDrawingTest, DrawsTheSelectedRouteAndAddsUpItsLength) {
     routes.lblRouteDistanz = "38 NM";
     Screen->RedrawPlan(); // drawing a route without points leaves the length as it was
     EXPECT_EQ(routes.lblRouteDistanz, "38 NM");
-    routes.picShowRoute();
+    Screen->Act(routes.picShowRoute());
     routes.RoutesSet.MoveFirst();
     EXPECT_EQ(Surface.Count("#000080"), 0);
 }
@@ -119,25 +119,27 @@ TEST_F(PlanDrawingTest, ShowsAirspaceThatEnclosesTheHeight) {
     Sql("DELETE FROM Maps WHERE Name <> 'alpha.jpg'");
     Start();
     struct {
-        const char *Height, *Patterns, *Caption;
+        const char* Height;
+        bool Patterns;
+        const char* Caption;
         int Labels, Lines;
     } const cases[] = {
-        {"-10", "1", nullptr, 0, 0},
-        {"", "1", nullptr, 0, 0}, // no number: like none
-        {"-99", "0", "Alle Lufträume", 2, 24},
-        {"-99", "1", "Alle Lufträume", 2, 36},
-        {"0", "0", "Luftraum in 0 ft", 1, 12},
-        {"2500", "0", "Luftraum in 2500 ft", 2, 24}, // limits included
-        {"2501", "0", "Luftraum in 2501 ft", 1, 12}, // and no band around them
-        {"6500", "1", "Luftraum in 6500 ft", 1, 24}, // patterns have no upper limit
-        {"6501", "0", "Luftraum in 6501 ft", 0, 0},
-        {"2500,5", "0", "Luftraum in 2500.5 ft", 1, 12},
+        {"-10", true, "", 0, 0},
+        {"", true, "", 0, 0}, // no number: like none
+        {"-99", false, "Alle Lufträume", 2, 24},
+        {"-99", true, "Alle Lufträume", 2, 36},
+        {"0", false, "Luftraum in 0 ft", 1, 12},
+        {"2500", false, "Luftraum in 2500 ft", 2, 24}, // limits included
+        {"2501", false, "Luftraum in 2501 ft", 1, 12}, // and no band around them
+        {"6500", true, "Luftraum in 6500 ft", 1, 24},  // patterns have no upper limit
+        {"6501", false, "Luftraum in 6501 ft", 0, 0},
+        {"2500,5", false, "Luftraum in 2500.5 ft", 1, 12},
     };
     for (const auto& c : cases) {
         Screen->Airspace.tLRHoehe = c.Height;
         Screen->Airspace.tPR = c.Patterns;
         Screen->RedrawPlan();
-        EXPECT_EQ(Screen->Airspace.tLRVisible ? Screen->Airspace.tLR : "", c.Caption ? c.Caption : "");
+        EXPECT_EQ(Screen->Airspace.tLR(Shared.Locale), c.Caption);
         EXPECT_EQ(Surface.Count("text"), c.Labels) << c.Height;
         // A circle of 3 NM: twelve sides, and one of no length that closes it.
         EXPECT_EQ(Surface.Count("line "), c.Lines + c.Lines / 12) << c.Height << " " << c.Patterns;
@@ -163,7 +165,6 @@ TEST_F(PlanDrawingTest, ADamagedLayerLeavesTheOthers) {
     Sql("UPDATE GpsPoints SET Long = NULL WHERE Nummer = 2");
     Start().Airspace.tLRHoehe = "-99"; // and there is no store
     Screen->RedrawPlan();
-    EXPECT_TRUE(Screen->Airspace.tLRVisible);
     EXPECT_THAT(Texts(), ElementsAre("[ Alpha ]"));
     for (int i = 0; i < 20; ++i) Screen->RedrawPlan();
     const std::string route = "Die Strecke ist nicht ganz gezeichnet: es fehlt ein Wert (data.ovd, R, P2).";

@@ -5,7 +5,13 @@
 namespace ornivane {
 namespace {
 
-class PlanMapTest : public PlanningScreenTest {};
+using enum NorthSouth;
+using enum EastWest;
+
+class PlanMapTest : public PlanningScreenTest {
+protected:
+    void Choose(const char* map) { Screen->Act(Screen->Map.cmbMaps_Change(map)); }
+};
 
 TEST_F(PlanMapTest, StartsWithTheMapOfTheLastFlightElseTheFirst) {
     EXPECT_EQ(Start().Map.cmbMaps, "alpha.jpg");
@@ -23,12 +29,12 @@ TEST_F(PlanMapTest, TellsThePositionUnderTheCursorInEachQuadrant) {
         "('south.jpg', -33, -34, -60, -58, 2000, 1000, 1)");
     PlanMap& map = Start().Map;
     EXPECT_EQ(map.lblLatx, "---");
-    map.MouseMove({400, 200}, false);
+    Screen->MouseMove({400, 200}, false);
     EXPECT_EQ(map.lblLatx + map.lblNS + " " + map.lblLongx + map.lblEW, "50.45N 6.3E");
-    map.MouseMove({403.3, 203.3}, false); // to four decimals
+    Screen->MouseMove({403.3, 203.3}, false); // to four decimals
     EXPECT_EQ(map.lblLatx + map.lblNS + " " + map.lblLongx + map.lblEW, "50.4475N 6.3025E");
-    map.cmbMaps_Change("south.jpg");
-    map.MouseMove({400, 200}, false);
+    Choose("south.jpg");
+    Screen->MouseMove({400, 200}, false);
     // 33.25° S 59.5° W: stored values below zero count their minutes from the next whole degree down.
     EXPECT_EQ(map.lblLatx + map.lblNS + " " + map.lblLongx + map.lblEW, "33.55S 59.7W");
     EXPECT_EQ(EntryFocused, 1);
@@ -36,44 +42,46 @@ TEST_F(PlanMapTest, TellsThePositionUnderTheCursorInEachQuadrant) {
 
 TEST_F(PlanMapTest, DragsByThePointerUnlessAllOfTheMapShows) {
     PlanMap& map = Start().Map;
-    map.MouseMove({300, 300}, true); // pressed somewhere else
+    Screen->MouseMove({300, 300}, true); // pressed somewhere else
     EXPECT_EQ(map.View, (SourceRect{0, 0, 1000, 500}));
     map.MouseDown({300, 300});
-    map.MouseMove({260, 290}, true);
+    Screen->MouseMove({260, 290}, true);
     EXPECT_EQ(map.View, (SourceRect{40, 10, 1000, 500}));
     EXPECT_EQ(Surface.Source, (PixelRect{40, 10, 1000, 500}));
-    map.MouseMove({250, 290}, true); // from the last place, not from the first
+    Screen->MouseMove({250, 290}, true); // from the last place, not from the first
     EXPECT_EQ(map.View.SX, 50);
-    map.MouseMove({-5000, -5000}, true);
+    Screen->MouseMove({-5000, -5000}, true);
     EXPECT_EQ(map.View, (SourceRect{1000, 500, 1000, 500})); // the image ends there
-    map.MouseMove({9000, 9000}, true);
+    Screen->MouseMove({9000, 9000}, true);
     EXPECT_EQ(map.View, (SourceRect{0, 0, 1000, 500}));
     map.MouseUp();
     map.SetSlide(100);
     map.MouseDown({300, 300});
-    map.MouseMove({200, 200}, true);
+    Screen->MouseMove({200, 200}, true);
     EXPECT_EQ(map.View, (SourceRect{0, 0, 2000, 1000}));
 }
 
 TEST_F(PlanMapTest, CentresOnThePositionInTheEntryFields) {
     PlanMap& map = Start().Map;
     struct {
-        const char *Lat, *Long, *Ns, *Ew;
+        const char *Lat, *Long;
+        NorthSouth NS;
+        EastWest EW;
         SourceRect View;
     } const cases[] = {
-        {"50.30", "7.00", "N", "E", {500, 250, 1000, 500}},
-        {"50,30", "7,12", "N", "E", {700, 250, 1000, 500}},  // the other separator
-        {"50.00", "8.00", "N", "E", {1000, 500, 1000, 500}}, // the corner of the image
-        {"50.30", "7.00", "S", "E", {500, 500, 1000, 500}},  // far to the south
-        {"50.30", "7.00", "N", "W", {0, 250, 1000, 500}},
-        {"50.30", "", "N", "E", {0, 250, 1000, 500}}, // no position: where it was
-        {"north", "7.00", "N", "E", {0, 250, 1000, 500}},
+        {"50.30", "7.00", North, East, {500, 250, 1000, 500}},
+        {"50,30", "7,12", North, East, {700, 250, 1000, 500}},  // the other separator
+        {"50.00", "8.00", North, East, {1000, 500, 1000, 500}}, // the corner of the image
+        {"50.30", "7.00", South, East, {500, 500, 1000, 500}},  // far to the south
+        {"50.30", "7.00", North, West, {0, 250, 1000, 500}},
+        {"50.30", "", North, East, {0, 250, 1000, 500}}, // no position: where it was
+        {"north", "7.00", North, East, {0, 250, 1000, 500}},
     };
     for (const auto& c : cases) {
-        Enter(c.Lat, c.Long, c.Ns, c.Ew);
+        Enter(c.Lat, c.Long, c.NS, c.EW);
         const int before = Surface.Paints;
         Screen->CenterOnWaypoint();
-        EXPECT_EQ(map.View, c.View) << c.Lat << c.Ns << c.Long << c.Ew;
+        EXPECT_EQ(map.View, c.View) << c.Lat << Letter(c.NS) << c.Long << Letter(c.EW);
         EXPECT_EQ(Surface.Paints, before + 1);
     }
 }
@@ -83,12 +91,12 @@ TEST_F(PlanMapTest, ADoubleClickBeginsAWaypointAndStoresNothing) {
     PlanMap& map = Start().Map;
     map.MouseDown({400, 200});
     map.MouseUp();
-    map.DblClick({400, 200});
-    map.MouseMove({403, 202}, true); // the second press is no drag
+    Screen->DblClick({400, 200});
+    Screen->MouseMove({403, 202}, true); // the second press is no drag
     EXPECT_EQ(map.View.SX, 0);
     const WaypointEditing& entry = Screen->Waypoints;
     EXPECT_EQ(entry.tWaypoint, (std::array<std::string, 4>{"", "", "50.45", "6.3"}));
-    EXPECT_EQ(entry.tNS + entry.tEW, "NE");
+    EXPECT_EQ(Letter(entry.tNS) + Letter(entry.tEW), "NE");
     EXPECT_EQ(EntryFocused, 2);
     EXPECT_EQ(Surface.Drawn[Surface.Drawn.size() - 2], "circle 400,200 r4 w4 #0000FF");
     EXPECT_EQ(Surface.Drawn.back(), "circle 400,200 r6 w3 #000000");
@@ -98,31 +106,31 @@ TEST_F(PlanMapTest, ADoubleClickBeginsAWaypointAndStoresNothing) {
 TEST_F(PlanMapTest, MeasuresFromTheEntryAndLeavesNoTrails) {
     AddWaypoint("Alpha", 50.30, 6.30);
     PlanMap& map = Start().Map;
-    Enter("50.45", "6.30", "S", "W"); // the hemispheres do not count for the start
-    map.cmdMessen_Click();
+    Enter("50.45", "6.30", South, West); // the hemispheres do not count for the start
+    Screen->Act(map.cmdMessen_Click());
     const std::vector<std::string> plan = Surface.Drawn;
     const int paints = Surface.Paints;
-    for (const double x : {500.0, 600.0, 700.0}) map.MouseMove({x, 200}, false);
+    for (const double x : {500.0, 600.0, 700.0}) Screen->MouseMove({x, 200}, false);
     ASSERT_EQ(Surface.Drawn.size(), plan.size() + 2);
     EXPECT_EQ(Surface.Drawn[plan.size()], "circle 400,200 r1 w3 #000000");
     EXPECT_EQ(Surface.Drawn.back(), "line 400,200 700,200 w3 #000000");
     EXPECT_EQ(Surface.Paints, paints); // no redraw of what has not changed
     EXPECT_EQ(map.Measuring.lblDistanz, "14.2 NM");
     EXPECT_EQ(map.Measuring.lblKurs, "90 °");
-    map.MouseMove({400, 200}, false); // the start itself
+    Screen->MouseMove({400, 200}, false); // the start itself
     EXPECT_EQ(map.Measuring.lblDistanz, "0.0 NM");
     EXPECT_EQ(map.Measuring.lblKurs, "90 °");
     Enter("x", "6.30");
-    map.MouseMove({500, 200}, false); // nothing to measure from
+    Screen->MouseMove({500, 200}, false); // nothing to measure from
     EXPECT_EQ(Surface.Drawn, plan);
     Enter("50.45", "6.30");
     map.MouseDown({400, 200}); // a drag moves plan and line together
-    map.MouseMove({390, 200}, true);
+    Screen->MouseMove({390, 200}, true);
     EXPECT_EQ(Surface.Source.X, 10);
     EXPECT_EQ(Surface.Drawn.back(), "line 392,200 390,200 w3 #000000");
-    map.picMessen_Click();
+    Screen->Act(map.picMessen_Click());
     EXPECT_EQ(Surface.Count("line "), 0);
-    map.MouseMove({600, 200}, false);
+    Screen->MouseMove({600, 200}, false);
     EXPECT_EQ(Surface.Count("line "), 0);
 }
 
@@ -130,7 +138,7 @@ TEST_F(PlanMapTest, TheViewStaysOverAVisitToAnotherScreen) {
     PlanMap& map = Start().Map;
     map.SetSlide(-40);
     map.MouseDown({300, 300});
-    map.MouseMove({200, 250}, true);
+    Screen->MouseMove({200, 250}, true);
     const SourceRect view = map.View;
     Screen->Airspace.tLRHoehe = "4500";
     const auto visitAnotherScreen = [&](const std::string& change) {
@@ -146,7 +154,7 @@ TEST_F(PlanMapTest, TheViewStaysOverAVisitToAnotherScreen) {
     // The chart was calibrated anew: the same view of it, points on the new frame.
     visitAnotherScreen("UPDATE Maps SET Rechts = 10 WHERE Name = 'alpha.jpg'");
     EXPECT_EQ(map.View, view);
-    EXPECT_NEAR(map.Transform().PositionOfView({0, 0}).Long, 6 + view.SX / 500, 1e-6);
+    EXPECT_NEAR(map.Transform().PositionOfView({0, 0}).Long.Degrees(), 6 + view.SX / 500, 1e-6);
     visitAnotherScreen("DELETE FROM Maps WHERE Name = 'alpha.jpg'");
     EXPECT_EQ(map.cmbMaps, "unused.jpg");
     visitAnotherScreen("DELETE FROM Maps");
@@ -161,11 +169,11 @@ TEST_F(PlanMapTest, WithoutMapsNothingIsDrawnAndNothingFails) {
     Sql("DELETE FROM Maps");
     PlanMap& map = Start().Map;
     map.MouseDown({10, 10});
-    map.MouseMove({20, 20}, true);
-    map.DblClick({20, 20});
-    map.cmdMessen_Click();
-    map.MouseMove({30, 20}, false);
-    map.cmbMaps_Change("alpha.jpg");
+    Screen->MouseMove({20, 20}, true);
+    Screen->DblClick({20, 20});
+    Screen->Act(map.cmdMessen_Click());
+    Screen->MouseMove({30, 20}, false);
+    Choose("alpha.jpg");
     Screen->CenterOnWaypoint();
     Screen->Form_Resize();
     EXPECT_EQ(Surface.Drawn, std::vector<std::string>{"cls"});
@@ -178,16 +186,16 @@ TEST_F(PlanMapTest, AChartThatCannotBeShownIsToldOnceAndIsABlankSheetUntilAnothe
     Sql("UPDATE Maps SET Rechts = Links WHERE Name = 'Zulu.JPG'");
     PlanMap& map = Start().Map;
     map.MouseDown({300, 300});
-    map.MouseMove({260, 290}, true);
-    map.cmbMaps_Change("Zulu.JPG");
+    Screen->MouseMove({260, 290}, true);
+    Choose("Zulu.JPG");
     EXPECT_EQ(Boxes.Shown, std::vector<std::string>{
                                "Fehler in Karte|Fehler in Karte: Zulu.JPG - Bitte Koordinaten üperprüfen."});
     const std::vector<std::string> blank{"cls"};
     const auto useTheMouse = [&] {
         map.MouseDown({300, 300});
-        map.MouseMove({200, 250}, true);
+        Screen->MouseMove({200, 250}, true);
         map.MouseUp();
-        map.DblClick({200, 250});
+        Screen->DblClick({200, 250});
         Screen->RedrawPlan();
     };
     useTheMouse();
@@ -205,7 +213,7 @@ TEST_F(PlanMapTest, AChartThatCannotBeShownIsToldOnceAndIsABlankSheetUntilAnothe
     Screen->Form_Activate();
     EXPECT_EQ(map.View, (SourceRect{0, 0, 1000, 500})); // not the other one's view
     EXPECT_EQ(Surface.Source, (PixelRect{0, 0, 1000, 500}));
-    map.cmbMaps_Change("alpha.jpg");
+    Choose("alpha.jpg");
     EXPECT_EQ(Surface.Count("[ Alpha ]"), 1);
 }
 

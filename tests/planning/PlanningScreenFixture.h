@@ -19,7 +19,8 @@ protected:
     PlanningScreen& Start() {
         Screen = std::make_unique<PlanningScreen>(
             PlanningScreenWorld{Shared, Storage, Surface, ProgressBar, Boxes, Notices},
-            PlanningScreen::Form{[] {}, [] {}, [] {}, [] {}, [this] { ++EntryFocused; }, [] {}});
+            PlanningScreen::Form{
+                [] {}, [this](PlanEffect focus) { EntryFocused += focus == PlanEffect::FocusName; }});
         Screen->Form_Load();
         Screen->Form_Activate();
         return *Screen;
@@ -28,8 +29,8 @@ protected:
         Shared.DataConn.Execute("INSERT INTO Waypoints (Name, Lat, Long, Kategorie) VALUES (?, ?, ?, '')",
                                 {name, lat, longitude});
     }
-    void Enter(const std::string& lat, const std::string& longitude, const char* ns = "N",
-               const char* ew = "E") {
+    void Enter(const std::string& lat, const std::string& longitude, NorthSouth ns = NorthSouth::North,
+               EastWest ew = EastWest::East) {
         Screen->Waypoints.tWaypoint = {"", "Name", lat, longitude};
         Screen->Waypoints.tNS = ns;
         Screen->Waypoints.tEW = ew;

@@ -48,18 +48,18 @@ TEST_F(PlanningUndoTest, ChangedAndDeletedWaypointsComeBackAsTheyWere) {
     const auto before = Store();
     StandOn("Cork");
     Points.tWaypoint[1] = "Zzz";
-    Points.cmdChange(); // which makes it northern, too
+    Act(Points.cmdChange()); // which makes it northern, too
     EXPECT_EQ(Bar.Text, "Waypoint Cork changed [&undo]");
     EXPECT_TRUE(Bar.Press());
     EXPECT_EQ(Store(), before);
     EXPECT_EQ(Waypoint(), "Cork as Cork, 3 / 5");
-    EXPECT_EQ(Points.tNS + Points.tWaypoint[2], "S33.5");
+    EXPECT_EQ(Letter(Points.tNS) + Points.tWaypoint[2], "S33.5");
     EXPECT_FALSE(Bar.Press()); // once
     EXPECT_EQ(Bar.Text, "");
     Shared.EnglishUI = 0;
     for (const char* name : {"Damaged", "Zug", "aachen"}) {
         StandOn(name);
-        Points.cmdDelete();
+        Act(Points.cmdDelete());
         EXPECT_EQ(Bar.Text, std::string("Wegpunkt ") + name + " gelöscht [&rückgängig]");
         Bar.Press();
         EXPECT_EQ(Store(), before);
@@ -69,15 +69,15 @@ TEST_F(PlanningUndoTest, ChangedAndDeletedWaypointsComeBackAsTheyWere) {
 
 TEST_F(PlanningUndoTest, AWaypointComesBackIntoTheListWhereItWasCurrentAndLeavesWhatIsTyped) {
     Load();
-    Points.ChooseCategory("See");
-    Points.cmdDelete(); // Cork
-    Points.ChooseCategory("Feld");
+    Act(Points.ChooseCategory("See"));
+    Act(Points.cmdDelete()); // Cork
+    Act(Points.ChooseCategory("Feld"));
     Type("Neu", "1", "2");
     Bar.Press();
     EXPECT_EQ(Points.tKat + ": " + Waypoint(), "See: Cork as Neu, 1 / 2");
     EXPECT_EQ(Points.OtherTarget(), "Cork") << "it was typed over Zug";
-    Points.ChooseCategory(WaypointEditing::AllWaypoints);
-    Points.cmdDelete(); // aachen
+    Act(Points.ChooseCategory(WaypointEditing::AllWaypoints));
+    Act(Points.cmdDelete()); // aachen
     Points.cmdNext();
     Bar.Press();
     EXPECT_EQ(Points.tKat + ": " + Waypoint(), "Alle Wegpunkte: aachen as aachen, 1 / 4");
@@ -86,20 +86,20 @@ TEST_F(PlanningUndoTest, AWaypointComesBackIntoTheListWhereItWasCurrentAndLeaves
 TEST_F(PlanningUndoTest, TheRowThatAChangeWillWriteIsNamedWhenItIsNotTheOneShown) {
     Load();
     EXPECT_EQ(Points.OtherTarget(), std::nullopt);
-    Points.ChooseCategory("See");
+    Act(Points.ChooseCategory("See"));
     EXPECT_EQ(Points.OtherTarget(), "Cork");
     Points.CancelEntry();
     EXPECT_EQ(Points.OtherTarget(), std::nullopt);
-    Points.ChooseCategory(WaypointEditing::AllWaypoints);
+    Act(Points.ChooseCategory(WaypointEditing::AllWaypoints));
     Type("bonn", "1", "2");
-    Points.cmdNew();
+    Act(Points.cmdNew());
     EXPECT_EQ(Points.OtherTarget(), "Bonn"); // the fields were typed over Cork's
     Points.cmdNext();
     EXPECT_EQ(Points.OtherTarget(), std::nullopt);
-    Points.BeginEntry("50", "7", "N", "E"); // from the chart
+    Points.BeginEntry({StoredLatitude(50), StoredLongitude(7)}); // from the chart
     EXPECT_EQ(Points.OtherTarget(), "Cork");
     Points.tWaypoint[1] = "Neu";
-    Points.cmdNew();
+    Act(Points.cmdNew());
     EXPECT_EQ(Points.OtherTarget(), std::nullopt);
     while (Points.WaypointsSet.RecordCount() > 0) Points.cmdDelete();
     EXPECT_EQ(Points.OtherTarget(), std::nullopt);
@@ -114,28 +114,28 @@ TEST_F(PlanningUndoTest, ADeletedRoutePointComesBackInItsPlaceAlsoAmongPointsPut
     for (const int place : {1, 2, 4}) {
         Routes.RoutePointsSet.SetAbsolutePosition(place);
         const std::string current = Point();
-        Routes.cmdDeleteWaypoint();
+        Act(Routes.cmdDeleteWaypoint());
         EXPECT_EQ(Bar.Text, "Route point P" + std::to_string(place) + " deleted [&undo]");
         Routes.RoutesSet.MoveLast();
-        const int focused = Screen.Asked["waypoints"];
+        const int focused = Asked[PlanEffect::FocusWaypoints];
         Bar.Press();
         EXPECT_EQ(Store(), before);
         EXPECT_EQ(Point(), current);
-        EXPECT_EQ(Screen.Asked["waypoints"], focused + 1);
+        EXPECT_EQ(Asked[PlanEffect::FocusWaypoints], focused + 1);
     }
     Routes.RoutePointsSet.SetAbsolutePosition(2);
-    Routes.cmdDeleteWaypoint();
+    Act(Routes.cmdDeleteWaypoint());
     Routes.RoutePointsSet.MoveFirst();
-    Routes.cmdAddwaypoint(); // aachen
+    AddCurrent(); // aachen
     Routes.RoutePointsSet.MoveLast();
-    Routes.cmdAddwaypoint();
+    AddCurrent();
     Bar.Press();
     EXPECT_EQ(Point(), "A3P2");
     EXPECT_THAT(Rows("SELECT CAST(Nummer AS INTEGER), Name FROM GpsPoints WHERE RouteID = 1 ORDER BY Nummer"),
                 ElementsAre("1 P1", "2 aachen", "3 P2", "4 P3", "5 P4", "6 aachen"));
     Routes.RoutePointsSet.MoveLast();
-    Routes.cmdDeleteWaypoint(); // the youngest row: its identity is given again
-    Routes.cmdAddwaypoint();
+    Act(Routes.cmdDeleteWaypoint()); // the youngest row: its identity is given again
+    AddCurrent();
     Bar.Press();
     EXPECT_EQ(Numbers("GpsPoints WHERE RouteID = 1").size(), 7u);
 }
@@ -148,15 +148,15 @@ TEST_F(PlanningUndoTest, ADeletedRouteComesBackWithAllItsPointsAndItsNumber) {
     Routes.RoutesSet.MoveNext();
     Routes.RoutePointsSet.MoveNext();
     const auto before = Store();
-    Routes.cmdRouteDelete();
+    Act(Routes.cmdRouteDelete());
     EXPECT_EQ(Bar.Text, "Route B deleted [&undo]");
     Bar.Press();
     EXPECT_EQ(Store(), before);
     EXPECT_EQ(Point(), "B2P2");
-    Routes.cmdRouteDelete();
+    Act(Routes.cmdRouteDelete());
     Boxes.Inputs = {"New"};
-    Routes.cmdNewRoute();
-    Routes.cmdAddwaypoint();
+    Act(Routes.cmdNewRoute());
+    AddCurrent();
     Bar.Press();
     EXPECT_THAT(Numbers("Route"), ElementsAre("1 A", "2 B", "3 C", "4 New"));
     EXPECT_THAT(Rows("SELECT r.Name, p.Name FROM GpsPoints p JOIN Route r USING (RouteID) ORDER BY RouteID, "
@@ -168,7 +168,7 @@ TEST_F(PlanningUndoTest, WhatTheStoreRefusesStaysUndoneAsAWholeAndCanBeTriedAgai
     AddRoute("A", {6.3, 7.0});
     Load();
     const auto before = Store();
-    Routes.cmdRouteDelete();
+    Act(Routes.cmdRouteDelete());
     const auto deleted = Store();
     Sql("CREATE TRIGGER Full BEFORE INSERT ON GpsPoints WHEN NEW.Name = 'P2' "
         "BEGIN SELECT RAISE(ABORT, 'full'); END");
@@ -186,7 +186,7 @@ TEST_F(PlanningUndoTest, WhatTheStoreRefusesStaysUndoneAsAWholeAndCanBeTriedAgai
     EXPECT_TRUE(Bar.Press());
     EXPECT_EQ(Store(), before);
     // A deed that was refused itself is not offered, and takes no offer away.
-    Points.cmdDelete();
+    Act(Points.cmdDelete());
     Sql("CREATE TRIGGER Held BEFORE DELETE ON GpsPoints BEGIN SELECT RAISE(ABORT, 'held'); END");
     EXPECT_THROW(Routes.cmdDeleteWaypoint(), RuntimeError);
     Bar.Press();
@@ -249,8 +249,8 @@ public:
 void RandomPlanning::NewWaypoint() {
     const std::string name = "N" + std::to_string(Expected.NextPoint);
     Type(name, "10", "20");
-    Points.tNS = "N";
-    ASSERT_TRUE(Points.cmdNew());
+    Points.tNS = NorthSouth::North;
+    ASSERT_TRUE(Taken(Points.cmdNew()));
     const std::string category = Points.cmbKat == WaypointEditing::AllWaypoints ? "" : Points.cmbKat;
     Expected.Waypoints[Expected.NextPoint++] = name + " 10.0 " + category;
 }
@@ -261,7 +261,7 @@ void RandomPlanning::ChangeWaypoint() {
     const std::string before = Expected.Waypoints[id];
     Marked = CurrentName();
     Type("C" + std::to_string(Random(1000)), std::to_string(Random(80)), "1");
-    ASSERT_TRUE(Points.cmdChange());
+    ASSERT_TRUE(Taken(Points.cmdChange()));
     Expected.Waypoints[id] =
         Points.tWaypoint[1] + " " + Points.tWaypoint[2] + ".0 " + before.substr(before.rfind(' ') + 1);
     Reverse = [id, before](Model& model) { model.Waypoints[id] = before; };
@@ -272,7 +272,7 @@ void RandomPlanning::DeleteWaypoint() {
     const int id = CurrentID();
     Marked = CurrentName();
     const std::string before = Expected.Waypoints[id];
-    Points.cmdDelete();
+    Act(Points.cmdDelete());
     Expected.Waypoints.erase(id);
     Reverse = [id, before](Model& model) { model.Waypoints[id] = before; };
 }
@@ -281,7 +281,7 @@ void RandomPlanning::NewRoute() {
     const std::string name = "R" + std::to_string(Expected.NextRoute);
     const auto behind = HasRoute() ? Routes.RoutesSet.AbsolutePosition() : 0;
     Boxes.Inputs = {name};
-    Routes.cmdNewRoute();
+    Act(Routes.cmdNewRoute());
     Expected.Routes.insert(Expected.Routes.begin() + behind, {Expected.NextRoute++, name, {}});
     EXPECT_EQ(Routes.RoutesSet.Text("Name"), name);
 }
@@ -292,7 +292,7 @@ void RandomPlanning::DeleteRoute() {
     const auto at = std::find(Expected.Routes.begin(), Expected.Routes.end(), before);
     const int follower = at + 1 == Expected.Routes.end() ? 0 : (at + 1)->ID;
     Marked = before.Name;
-    Routes.cmdRouteDelete();
+    Act(Routes.cmdRouteDelete());
     Expected.Routes.erase(at);
     Reverse = [before, follower](Model& model) {
         const auto place = std::find_if(model.Routes.begin(), model.Routes.end(),
@@ -305,7 +305,7 @@ void RandomPlanning::AddPoint() {
     if (!HasRoute() || !HasWaypoint()) return;
     auto& points = CurrentRoute().Points;
     const auto behind = HasPoint() ? Routes.RoutePointsSet.AbsolutePosition() : 0;
-    Routes.cmdAddwaypoint();
+    AddCurrent();
     points.insert(points.begin() + behind, CurrentName() + "#" + std::to_string(Dice() % 100000));
     Shared.DataConn.Execute("UPDATE GpsPoints SET Name = ? WHERE RouteID = ? AND Nummer = ?",
                             {points[static_cast<std::size_t>(behind)], CurrentRoute().ID, behind + 1});
@@ -319,7 +319,7 @@ void RandomPlanning::DeletePoint() {
     const auto at = route.Points.begin() + Routes.RoutePointsSet.AbsolutePosition() - 1;
     const std::string name = *at, follower = at + 1 == route.Points.end() ? "" : *(at + 1);
     Marked = name;
-    Routes.cmdDeleteWaypoint();
+    Act(Routes.cmdDeleteWaypoint());
     route.Points.erase(at);
     Reverse = [id = route.ID, name, follower](Model& model) {
         auto& points = std::find_if(model.Routes.begin(), model.Routes.end(), [id](const auto& each) {
@@ -349,7 +349,9 @@ void RandomPlanning::Import() {
     }
     Boxes.File = Folder.Path() / (name + ".ovr");
     file.Save(*Boxes.File);
-    RouteImport(Shared, Boxes, {[this] { Points.ReadAgain(); }, &Routes.RoutesSet, &Routes.RoutePointsSet})
+    RouteImport(Shared, Shared, Shared.DataConn, Boxes,
+                {[this] { Points.ReadAgain(); }, [this](const Value& route) { Routes.RouteAdded(route); },
+                 [this] { Routes.PointsAdded(); }})
         .GetRoute();
     if (hasWaypoints) Expected.Waypoints[Expected.NextPoint++] = points.front() + " 10.0 ";
     Expected.Routes.push_back({Expected.NextRoute++, name, hasWaypoints ? points : Texts()});
@@ -370,7 +372,7 @@ void RandomPlanning::TakeBack() {
 void RandomPlanning::LookElsewhere() {
     switch (Random(3)) {
     case 0:
-        return Points.ChooseCategory(Points.Categories[static_cast<std::size_t>(Random(3))]);
+        return Act(Points.ChooseCategory(Points.Categories[static_cast<std::size_t>(Random(3))]));
     case 1:
         return Points.FillCategories();
     default:

@@ -16,12 +16,12 @@ class RouteEditingTest : public testing::Test, protected PlanningLists {
 protected:
     void NewRoute(const std::string& name) {
         Boxes.Inputs.push_back(name);
-        Routes.cmdNewRoute();
+        Act(Routes.cmdNewRoute());
     }
     void Add(const std::string& waypoint) {
         Points.tquickfind = waypoint;
-        Points.QuickFind(0);
-        Routes.cmdAddwaypoint();
+        Points.QuickFind();
+        AddCurrent();
     }
     std::string Selected() const { return Routes.RoutesSet.Text("Name"); }
     std::string PlaceInRoute() const {
@@ -33,10 +33,10 @@ TEST_F(RouteEditingTest, ANewRouteComesBehindTheSelectedOneAlsoBesideAGap) {
     Load();
     NewRoute("A");
     EXPECT_EQ(Selected(), "A");
-    EXPECT_EQ(Screen.Asked["routes"], 0); // the only one needs no choosing
+    EXPECT_EQ(Asked[PlanEffect::FocusRoutes], 0); // the only one needs no choosing
     EXPECT_TRUE(Routes.RoutePointsSet.IsOpen());
     NewRoute("D");
-    EXPECT_EQ(Screen.Asked["routes"], 1);
+    EXPECT_EQ(Asked[PlanEffect::FocusRoutes], 1);
     Routes.RoutesSet.MoveFirst();
     NewRoute("B");
     NewRoute("O'C");
@@ -44,7 +44,7 @@ TEST_F(RouteEditingTest, ANewRouteComesBehindTheSelectedOneAlsoBesideAGap) {
     EXPECT_EQ(Selected(), "O'C");
     Boxes.Answer = true;
     Routes.RoutesSet.SetAbsolutePosition(2);
-    Routes.cmdRouteDelete();
+    Act(Routes.cmdRouteDelete());
     EXPECT_THAT(Numbers("Route"), ElementsAre("1 A", "3 O'C", "4 D"));
     EXPECT_EQ(Selected(), "O'C");
     NewRoute("E");
@@ -54,9 +54,9 @@ TEST_F(RouteEditingTest, ANewRouteComesBehindTheSelectedOneAlsoBesideAGap) {
 
 TEST_F(RouteEditingTest, ARouteWithoutANameIsNone) {
     Load();
-    Routes.cmdNewRoute(); // cancelled
+    Act(Routes.cmdNewRoute()); // cancelled
     Shared.EnglishUI = 0;
-    Routes.cmdNewRoute();
+    Act(Routes.cmdNewRoute());
     EXPECT_THAT(Boxes.Shown,
                 ElementsAre("|New Route", "Data error|Please enter a route name !", "|Neue Strecke",
                             "Eingabefehler|Bitte eine Streckenbezeichnung eingeben !"));
@@ -79,9 +79,9 @@ TEST_F(RouteEditingTest, PointsAreInsertedBehindTheCurrentOneAndBecomeCurrent) {
         ElementsAre("1 1 1 Bonn 50.44 7.06", "2 1 3 aachen 50.4633 6.0512", "3 1 3 aachen 50.4633 6.0512",
                     "4 1 2 Zug 47.1 8.31", "5 1 4 Cork -33.5 -8.3"));
     EXPECT_EQ(PlaceInRoute(), "3aachen");
-    EXPECT_EQ(Screen.Asked["redraw"], 5);
+    EXPECT_EQ(Asked[PlanEffect::Redraw], 5);
     Points.tWaypoint = {"", "Moved", "1", "1"};
-    Points.cmdChange();
+    Act(Points.cmdChange());
     EXPECT_EQ(Numbers("GpsPoints")[1], "2 aachen"); // a route keeps its copies
 }
 
@@ -99,12 +99,12 @@ TEST_F(RouteEditingTest, AfterAPointWasPutInOrTakenOutTheKeysAreWithTheWaypoints
     Load();
     NewRoute("A");
     NewRoute("B");
-    EXPECT_EQ(Screen.Asked["routes"], 1);
-    EXPECT_EQ(Screen.Asked["waypoints"], 0); // a new route is named, not yet filled
+    EXPECT_EQ(Asked[PlanEffect::FocusRoutes], 1);
+    EXPECT_EQ(Asked[PlanEffect::FocusWaypoints], 0); // a new route is named, not yet filled
     for (const char* name : {"Bonn", "Zug"}) Add(name);
-    EXPECT_EQ(Screen.Asked["waypoints"], 2);
-    for (int i = 0; i < 3; ++i) Routes.cmdDeleteWaypoint();
-    EXPECT_EQ(Screen.Asked["waypoints"], 4); // the third had nothing to delete
+    EXPECT_EQ(Asked[PlanEffect::FocusWaypoints], 2);
+    for (int i = 0; i < 3; ++i) Act(Routes.cmdDeleteWaypoint());
+    EXPECT_EQ(Asked[PlanEffect::FocusWaypoints], 4); // the third had nothing to delete
 }
 
 TEST_F(RouteEditingTest, ARouteWithoutPointsShowsNoLengthOfAnother) {
@@ -121,8 +121,8 @@ TEST_F(RouteEditingTest, ARouteWithoutPointsShowsNoLengthOfAnother) {
     Routes.RoutesSet.MoveFirst();
     Routes.lblRouteDistanz = "107 NM";
     Boxes.Answer = true;
-    Routes.cmdRouteDelete();
-    Routes.cmdRouteDelete();
+    Act(Routes.cmdRouteDelete());
+    Act(Routes.cmdRouteDelete());
     EXPECT_EQ(Routes.lblRouteDistanz, ""); // there is no route any more
 }
 
@@ -130,16 +130,16 @@ TEST_F(RouteEditingTest, DeletingAPointLeavesTheNextOneCurrentAndTheLastOneItsFo
     AddRoute("A", {6.3, 7.0, 7.3});
     Load();
     Routes.RoutePointsSet.MoveNext();
-    Routes.cmdDeleteWaypoint();
+    Act(Routes.cmdDeleteWaypoint());
     EXPECT_THAT(Numbers("GpsPoints"), ElementsAre("1 P1", "2 P3"));
     EXPECT_EQ(PlaceInRoute(), "2P3");
-    Routes.cmdDeleteWaypoint();
+    Act(Routes.cmdDeleteWaypoint());
     EXPECT_EQ(PlaceInRoute(), "1P1");
-    EXPECT_EQ(Screen.Asked["redraw"], 2);
-    Routes.cmdDeleteWaypoint();
-    Routes.cmdDeleteWaypoint();
+    EXPECT_EQ(Asked[PlanEffect::Redraw], 2);
+    Act(Routes.cmdDeleteWaypoint());
+    Act(Routes.cmdDeleteWaypoint());
     EXPECT_THAT(Numbers("GpsPoints"), IsEmpty());
-    EXPECT_EQ(Screen.Asked["redraw"], 2); // the line stays until the next redraw
+    EXPECT_EQ(Asked[PlanEffect::Redraw], 2); // the line stays until the next redraw
 }
 
 TEST_F(RouteEditingTest, TheSelectedRouteShowsItsPointsAndOnlyThoseGoWithIt) {
@@ -147,26 +147,26 @@ TEST_F(RouteEditingTest, TheSelectedRouteShowsItsPointsAndOnlyThoseGoWithIt) {
     AddRoute("B", {7.3});
     Load();
     EXPECT_EQ(PlaceInRoute(), "1P1");
-    EXPECT_EQ(Screen.Asked["redraw"], 0);
-    Routes.cmdshowRoute();
+    EXPECT_EQ(Asked[PlanEffect::Redraw], 0);
+    Act(Routes.cmdshowRoute());
     Routes.RoutesSet.MoveNext(); // as a click in the grid does
     EXPECT_EQ(Routes.RoutePointsSet.RecordCount(), 1);
-    EXPECT_EQ(Screen.Asked["redraw"], 2);
-    Routes.cmdRouteDelete(); // answered with No
+    EXPECT_EQ(Asked[PlanEffect::Redraw], 2);
+    Act(Routes.cmdRouteDelete()); // answered with No
     EXPECT_EQ(Routes.RoutesSet.RecordCount(), 2);
     Boxes.Answer = true;
-    Routes.cmdRouteDelete();
+    Act(Routes.cmdRouteDelete());
     EXPECT_EQ(Boxes.Shown.back(), "|The Route - B - will be deleted ?");
     EXPECT_EQ(Selected() + std::to_string(Routes.RoutePointsSet.RecordCount()), "A2");
     Shared.EnglishUI = 0;
-    Routes.cmdRouteDelete();
+    Act(Routes.cmdRouteDelete());
     EXPECT_EQ(Boxes.Shown.back(), "|Soll die Strecke - A - gelöscht werden ?");
     EXPECT_EQ(Routes.RoutePointsSet.RecordCount(), 0);
     EXPECT_THAT(Numbers("GpsPoints"), IsEmpty());
     const std::size_t asked = Boxes.Shown.size();
-    for (const auto deed :
-         {&RouteEditing::cmdRouteDelete, &RouteEditing::cmdAddwaypoint, &RouteEditing::cmdDeleteWaypoint})
-        (Routes.*deed)();
+    AddCurrent();
+    for (const auto deed : {&RouteEditing::cmdRouteDelete, &RouteEditing::cmdDeleteWaypoint})
+        EXPECT_THAT((Routes.*deed)(), IsEmpty());
     EXPECT_EQ(Boxes.Shown.size(), asked);
 }
 
@@ -191,7 +191,7 @@ TEST_F(RouteEditingTest, WhatTheStoreRefusesLeavesListsAsTheyWere) {
     Routes.RoutePointsSet.MoveNext();
     Sql("DELETE FROM Waypoints");
     Points.WaypointsSet.Requery();
-    EXPECT_THROW(Routes.cmdAddwaypoint(), RuntimeError); // no waypoint to copy
+    EXPECT_THROW(AddCurrent(), RuntimeError); // no waypoint to copy
     EXPECT_EQ(PlaceInRoute(), "2P2");
     Sql("CREATE TRIGGER Full BEFORE UPDATE ON GpsPoints BEGIN SELECT RAISE(ABORT, 'full'); END");
     EXPECT_THROW(Routes.cmdDeleteWaypoint(), RuntimeError);

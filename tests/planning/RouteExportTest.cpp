@@ -57,25 +57,25 @@ TEST_F(RouteExportTest, WritesThePersistedRowsetThatAdoDocuments) {
 
 TEST_F(RouteExportTest, ChoosesTheRouteOfTheGridAndSavesTheFirstOfTwoNames) {
     AddRouteThrough("leer", {"Straße\t\x01Ω"});
-    RouteExport room(Shared, Boxes);
-    room.Form_Load("leer");
-    EXPECT_THAT(room.cmbRoute, ElementsAre("Süd & West's", "leer", "leer"));
-    EXPECT_EQ(room.cmbRouteIndex, 1);
-    EXPECT_EQ(room.lblSave, (Folder.Path() / "Route/").string());
+    RouteExport exporting(Shared, Shared, Shared.DataConn, Boxes);
+    exporting.Form_Load("leer");
+    EXPECT_THAT(exporting.cmbRoute, ElementsAre("Süd & West's", "leer", "leer"));
+    EXPECT_EQ(exporting.cmbRouteIndex, 1);
+    EXPECT_EQ(exporting.lblSave, (Folder.Path() / "Route/").string());
     Shared.EnglishUI = 1;
     for (const int entry : {1, 2}) { // the second has points, and is never found
-        room.cmbRouteIndex = entry;
-        room.cmdExport();
+        exporting.cmbRouteIndex = entry;
+        exporting.cmdExport();
         EXPECT_EQ(Boxes.Shown.back(), "Route error|Route - leer - contains no waypoints...");
     }
     EXPECT_FALSE(fs::exists(Folder.Path() / "Route"));
 
-    RouteExport none(Shared, Boxes);
+    RouteExport none(Shared, Shared, Shared.DataConn, Boxes);
     none.Form_Load("1");
     EXPECT_EQ(none.cmbRouteIndex, -1);
     EXPECT_THROW(none.cmdExport(), RuntimeError);
     Sql("DELETE FROM Route");
-    RouteExport empty(Shared, Boxes);
+    RouteExport empty(Shared, Shared, Shared.DataConn, Boxes);
     empty.Form_Load("leer");
     EXPECT_THAT(empty.cmbRoute, IsEmpty());
     EXPECT_EQ(empty.lblSave, "");

@@ -229,7 +229,7 @@ TEST_F(RouteImportTest, RefusesANameThatIsLongerThanItsFieldAndSaysWhy) {
 
 TEST_F(RouteImportTest, AsksForARouteFileAndTakesCancelForAnEnd) {
     fs::create_directory(Folder.Path() / "Route");
-    RouteImport(Shared, Boxes, {}).GetRoute();
+    RouteImport(Shared, Shared, Shared.DataConn, Boxes, {}).GetRoute();
     EXPECT_THAT(Boxes.Shown, IsEmpty());
     EXPECT_EQ(Boxes.FileAsked->Title, "Ornivane Route importieren ");
     EXPECT_EQ(Boxes.FileAsked->Start, Folder.Path() / "Route");
@@ -252,34 +252,21 @@ TEST(RouteImport, NamesTheRouteByTheTextBeforeTheFirstPoint) {
         EXPECT_EQ(RouteImport::RouteNameOf(path), name) << path;
 }
 
-// A screen that fails at what it is shown.
-struct FailingScreen : RecordsetObserver {
-    void RowsReset() override { throw RuntimeError(ErrorNumber::InvalidNull); }
-    void RowInserted(int) override {}
-    void RowRemoved(int) override {}
-    void RowChanged(int) override {}
-    void CurrentRowChanged() override {}
-};
-
 TEST_F(RouteImportTest, ShowsThePlanningScreenWhatIsNewAndGoesOnWhenThatFails) {
-    Recordset waypoints, routes, points;
-    waypoints.Open(Shared.DataConn, "SELECT * From Waypoints Order by NAME ASC");
-    routes.Open(Shared.DataConn, "SELECT * From Route Order by NUMMER ASC");
     const fs::path file = Write("Tour.ovr", RouteFile(FileRow("Neu", "1", "2")));
-    const auto anew = [&] { waypoints.Requery(); };
-    Import(file, {anew, &routes, &points}); // no points are open where there was no route
-    EXPECT_EQ(waypoints.RecordCount(), 4);
-    EXPECT_EQ(routes.RecordCount(), 1);
-    Import(file, {anew, &routes, {}});
-    EXPECT_EQ(routes.AbsolutePosition(), 2) << "on the new one";
-    points.Open(Shared.DataConn, "SELECT * From GpsPoints WHERE RouteID = ?",
-                {routes.Get("RouteID").Integer() + 1});
-    FailingScreen failing;
-    for (Recordset* set : {&waypoints, &routes}) set->AddObserver(&failing);
-    EXPECT_THROW(Import(file, {anew, &routes, &points}), RuntimeError); // last of all
-    EXPECT_EQ(points.RecordCount(), 1);
+    Names seen;
+    const auto see = [&](const std::string& sql) { seen.push_back(Rows(sql).front()); };
+    ImportSteps steps{
+        [&] { see("SELECT count(*) FROM Waypoints"); },
+        [&](const Value& route) { see("SELECT Name FROM Route WHERE RouteID = " + route.Text()); },
+        [&] { see("SELECT Name FROM GpsPoints"); }};
+    Import(file, steps);
+    EXPECT_THAT(seen, ElementsAre("4", "Tour", "Neu"));
+    steps.WaypointsAdded = [] { throw RuntimeError(ErrorNumber::InvalidNull); };
+    steps.RouteAdded = [](const Value&) { throw RuntimeError(ErrorNumber::InvalidNull); };
+    EXPECT_THROW(Import(file, steps), RuntimeError); // last of all
+    EXPECT_THAT(Points("Tour"), SizeIs(2));
     EXPECT_THAT(Boxes.Shown, ElementsAre(Added));
-    for (Recordset* set : {&waypoints, &routes}) set->RemoveObserver(&failing);
 }
 
 } // namespace

@@ -13,9 +13,11 @@ TEST(QtTexts, ButtonsOfMessageBoxesSpeakTheLanguageOfTheProgram) {
         return QMessageBox(QMessageBox::NoIcon, "", "", QMessageBox::No).button(QMessageBox::No)->text();
     };
     QtTexts texts;
+    Language language;
     for (const auto& [english, expected] :
-         {std::pair{true, "&No"}, {false, "&Nein"}, {false, "&Nein"}, {true, "&No"}}) {
-        texts.SetLanguage(english);
+         {std::pair{1, "&No"}, {0, "&Nein"}, {0, "&Nein"}, {1, "&No"}, {0, "&Nein"}}) {
+        language.EnglishUI = static_cast<std::int16_t>(english);
+        texts.SetLanguage(language);
         EXPECT_EQ(no(), expected);
     }
 }

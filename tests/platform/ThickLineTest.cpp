@@ -44,7 +44,7 @@ TEST(ThickLine, CoversWhatIsWithinHalfItsWidthAndNothingElse) {
         if (round % 7 == 0) y2 = y1; // level
         if (round % 11 == 0) x2 = x1;
         if (round % 13 == 0) x2 = x1, y2 = y1; // a dot
-        DrawThickLine(block.Block(), x1, y1, x2, y2, width, Ink);
+        DrawThickLine(block.Block(), {x1, y1, x2, y2}, width, Ink);
         ASSERT_TRUE(block.GuardsStand());
         for (int y = 0; y < Size; ++y)
             for (int x = 0; x < Size; ++x) {
@@ -65,7 +65,7 @@ TEST(ThickLine, LooksLikeThePaintersLine) {
             GuardedBlock block;
             const double x2 = 40 + 30 * std::cos(angle * 0.0174533),
                          y2 = 40 + 30 * std::sin(angle * 0.0174533);
-            DrawThickLine(block.Block(), 40, 40, x2, y2, width, Ink);
+            DrawThickLine(block.Block(), {40, 40, x2, y2}, width, Ink);
             QImage image(Size, Size, QImage::Format_RGB32);
             image.fill(Qt::white);
             QPainter painter(&image);

@@ -83,7 +83,7 @@ protected:
 
     QtNotice Notices;
     QtDialogs Dialogs;
-    EventGuard Guard{Notices, [this] { return Shared.EnglishUI == 1; }};
+    EventGuard Guard{Notices, Shared};
     std::unique_ptr<frmCalibrate> Form;
     std::string Said;
 };
@@ -119,10 +119,10 @@ TEST_F(CalibrationFormsTest, AChartIsCalibratedByTheKeyboardAlone) {
     EXPECT_EQ(Said.rfind("Map calibrated|Map calibrated|One pixel: ", 0), 0u) << Said;
     QTest::qWait(1); // the form deletes itself
     // To two pixels: zoomed out, a step of the cross-hair is three of them.
-    EXPECT_NEAR(ToDecimalDegrees(std::stod(Edge(0))), 50, 0.005);
-    EXPECT_NEAR(ToDecimalDegrees(std::stod(Edge(1))), 51, 0.005);
-    EXPECT_NEAR(ToDecimalDegrees(std::stod(Edge(2))), 6, 0.005);
-    EXPECT_NEAR(ToDecimalDegrees(std::stod(Edge(3))), 8, 0.005);
+    EXPECT_NEAR(ToDecimalDegrees(StoredLatitude(std::stod(Edge(0)))).Degrees(), 50, 0.005);
+    EXPECT_NEAR(ToDecimalDegrees(StoredLatitude(std::stod(Edge(1)))).Degrees(), 51, 0.005);
+    EXPECT_NEAR(ToDecimalDegrees(StoredLongitude(std::stod(Edge(2)))).Degrees(), 6, 0.005);
+    EXPECT_NEAR(ToDecimalDegrees(StoredLongitude(std::stod(Edge(3)))).Degrees(), 8, 0.005);
     EXPECT_FALSE(Form->findChild<frmCalRect*>());
 }
 
@@ -205,7 +205,7 @@ TEST_F(CalibrationFormsTest, AClickOnTheSelectedMapShowsItAgain) {
     click("alpha.jpg");
     QTest::keyClicks(&Find<QLineEdit>(*Form, "tKarten2"), "9");
     EXPECT_EQ(Edge(2), "69");
-    Form->Logic().cmbLatLong[2] = 1;
+    Form->Logic().cmbLatLong[2] = Hemisphere::SouthOrWest;
     click("alpha.jpg");
     EXPECT_EQ(Edge(2), "6");
     EXPECT_EQ(Find<QComboBox>(*Form, "cmbLatLong2").currentIndex(), 0);

@@ -53,7 +53,7 @@ protected:
 
     QtNotice Notices;
     ScriptedDialogs Boxes;
-    EventGuard Guard{Notices, [this] { return Shared.EnglishUI == 1; }};
+    EventGuard Guard{Notices, Shared};
     std::unique_ptr<frmFlugPlan> Form;
 };
 

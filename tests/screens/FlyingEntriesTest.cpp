@@ -90,7 +90,8 @@ TEST_F(FlyingEntriesTest, TheInstrumentTakesStationAndCourseAndThenGivesTheKeysB
     Form.Form_Unload();
     frmGPSmain again({Shared, Port, Timer, TrackTimer, Port, Clock, Dialogs, Notices, Guard});
     again.Form_Activate();
-    EXPECT_EQ(again.Logic().Instruments.InstrumentMode + again.Logic().Instruments.lblKurs, "HSI052");
+    EXPECT_EQ(again.Logic().Instruments.InstrumentMode, DialMode::Hsi);
+    EXPECT_EQ(again.Logic().Instruments.lblKurs, "052");
 }
 
 TEST_F(FlyingEntriesTest, TheQnhIsEnteredAtItsReadoutByMouseOrKeys) {

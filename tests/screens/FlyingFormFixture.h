@@ -71,7 +71,7 @@ protected:
     SystemClock Clock;
     QtNotice Notices;
     QtDialogs Dialogs;
-    EventGuard Guard{Notices, [this] { return Shared.EnglishUI == 1; }};
+    EventGuard Guard{Notices, Shared};
     QtTimer Timer{Guard}, TrackTimer{Guard};
     frmGPSmain Form{{Shared, Port, Timer, TrackTimer, Port, Clock, Dialogs, Notices, Guard}};
 };

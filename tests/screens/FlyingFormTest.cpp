@@ -63,7 +63,7 @@ TEST_F(FlyingFormTest, ZoomsBySliderAndKeysAndDragsTheChart) {
 TEST_F(FlyingFormTest, TheBlankSheetOfAChartThatCannotBeShownSaysWhy) {
     Sql("UPDATE Maps SET Rechts = Links WHERE Name = 'Zulu.JPG'");
     Show();
-    Form.Logic().Map.cmbMaps_Click("Zulu.JPG");
+    Form.Logic().cmbMaps_Click("Zulu.JPG");
     Form.ApplyLanguage();
     EXPECT_TRUE(Find<QLabel>("lblNoMap").isVisible());
     EXPECT_EQ(Text("lblNoMap"),
@@ -72,7 +72,7 @@ TEST_F(FlyingFormTest, TheBlankSheetOfAChartThatCannotBeShownSaysWhy) {
     for (QWidget* window : QApplication::topLevelWidgets())
         if (auto* box = qobject_cast<QMessageBox*>(window)) box->accept();
     QTest::qWait(0); // until it is gone
-    Form.Logic().Map.cmbMaps_Click("alpha.jpg");
+    Form.Logic().cmbMaps_Click("alpha.jpg");
     EXPECT_FALSE(Find<QLabel>("lblNoMap").isVisible());
 }
 
@@ -127,7 +127,7 @@ TEST_F(FlyingFormTest, ThePanelSwitchesWhatTheChartShowsAndRemembersIt) {
     Click("lblRoute"); // the length of the route hides it
     EXPECT_FALSE(Form.Logic().Flags.ShowRoute);
     Click("cmdShowPoints");
-    EXPECT_FALSE(Form.Logic().Pass.picShowPoints);
+    EXPECT_FALSE(Form.Logic().picShowPoints);
 }
 
 TEST_F(FlyingFormTest, ARightClickIsTheTargetOfDirectFly) {
@@ -139,7 +139,7 @@ TEST_F(FlyingFormTest, ARightClickIsTheTargetOfDirectFly) {
     Click("cmdDirectFly");
     QTest::mouseClick(&map, Qt::RightButton, {}, {100, 100});
     const Position target = Form.Logic().Map.Transform().PositionOfView({100, 100});
-    EXPECT_EQ(Text("lblLatx"), Format(ToDegMinValue(target.Lat), "###.##0", Shared.Locale));
+    EXPECT_EQ(Text("lblLatx"), Format(ToDegMinValue(target.Lat).Value(), "###.##0", Shared.Locale));
     EXPECT_NE(Text("lblDistanz"), "");
     EXPECT_EQ(Text("lblRemDist"), Text("lblDistanz"));
 }
@@ -174,7 +174,7 @@ TEST_F(FlyingFormTest, TellsUnderTheSatellitesWhichTalkersWereHeard) {
     Click("cmdGPS");
     Fix();
     Port.Say("GPGSV,1,1,09");
-    EXPECT_EQ(Form.Logic().Link.picGPSCheck[1].ToolTip, "Sat: 7/9");
+    EXPECT_EQ(Form.Logic().Link.Shown().ToolTips[1], "Sat: 7/9");
     EXPECT_EQ(Find<QWidget>("picGPSCheck1").toolTip().toStdString(),
               "Sat: 7/9\nTalker: GP\nletzte Minute: 3 Sätze, 0 falsche Prüfsummen");
 }

@@ -68,7 +68,7 @@ protected:
 
     QtNotice Notices;
     ScriptedDialogs Boxes;
-    EventGuard Guard{Notices, [this] { return Shared.EnglishUI == 1; }};
+    EventGuard Guard{Notices, Shared};
     frmPlanung Form{Shared, Boxes, Guard};
 };
 
@@ -181,7 +181,7 @@ TEST_F(PlanningFormTest, TheAirspaceDialogTakesItsChoiceWhenItCloses) {
     EXPECT_TRUE(SettingsAreClosed());
     EXPECT_TRUE(Find<QLabel>("tLR").isVisible());
     EXPECT_EQ(Text("tLR"), "Luftraum in 4500 ft");
-    EXPECT_EQ(Form.Logic().Airspace.tPR, "1");
+    EXPECT_TRUE(Form.Logic().Airspace.tPR);
 
     dialog = &OpenSettings();
     EXPECT_EQ(height()->currentText(), "4500");

@@ -10,7 +10,6 @@
 
 #include "planning/ListsFixture.h"
 #include "planning/frmPlanung.h"
-#include "planning/frmRoutePanel.h"
 #include "planning/frmWaypointPanel.h"
 #include "platform/qt/Events.h"
 #include "platform/qt/QtNotice.h"
@@ -61,13 +60,12 @@ protected:
     }
 
     QtNotice Notices;
-    EventGuard Guard{Notices, [this] { return Shared.EnglishUI == 1; }};
+    EventGuard Guard{Notices, Shared};
     frmPlanung Window{Shared, Boxes, Guard};
-    WaypointEditing& WaypointRoom = Window.Logic().Waypoints;
-    RouteEditing& RouteRoom = Window.Logic().Routes;
+    WaypointEditing& Entry = Window.Logic().Waypoints;
+    RouteEditing& Route = Window.Logic().Routes;
     QWidget* Map = &Find<QWidget>("picMap");
     frmWaypointPanel* Left = Window.findChild<frmWaypointPanel*>();
-    frmRoutePanel* Right = Window.findChild<frmRoutePanel*>();
 };
 
 } // namespace ornivane

@@ -28,13 +28,13 @@ TEST_F(PlanningPanelsTest, AnImportLeavesWhatIsBeingTypedAndSelectsItsRoute) {
     Sql("INSERT INTO Route (Nummer, Name) VALUES (1, 'Tour'), (2, 'First')");
     Sql("INSERT INTO GpsPoints (Nummer, RouteID, PointID, Name, Lat, Long) SELECT PointID, 1, PointID, Name, "
         "Lat, Long FROM Waypoints WHERE Name IN ('Bonn', 'Zug')");
-    RouteExport file(Shared, Boxes);
+    RouteExport file(Shared, Shared, Shared.DataConn, Boxes);
     file.Form_Load("Tour");
     file.cmdExport();
     Sql("DELETE FROM Route WHERE Name = 'Tour'");
     Sql("DELETE FROM GpsPoints");
     Sql("DELETE FROM Waypoints WHERE Name = 'Bonn'");
-    RouteRoom.RoutesSet.Requery();
+    Route.RoutesSet.Requery();
     Window.Form_Activate();
     ClickRow("gridWaypoints", 1);
     EXPECT_EQ(Seen(), "Cork 2 / 3");
@@ -48,10 +48,10 @@ TEST_F(PlanningPanelsTest, AnImportLeavesWhatIsBeingTypedAndSelectsItsRoute) {
     EXPECT_EQ(Boxes.Shown.back(), "Data imported|Route: Tour was added to the database");
     EXPECT_EQ(Text("tWaypoint1") + " " + Text("tWaypoint2"), "Half 47.");
     EXPECT_EQ(Focus(), "tWaypoint2");
-    EXPECT_EQ(WaypointRoom.WaypointsSet.Text("Name"), "Cork"); // what Change would write to
+    EXPECT_EQ(Entry.WaypointsSet.Text("Name"), "Cork"); // what Change would write to
     EXPECT_EQ(Find<QLabel>("lblCount").text(), "3 / 4");
     EXPECT_EQ(Find<QTableView>("gridRoute").currentIndex().siblingAtColumn(1).data().toString(), "Tour");
-    EXPECT_EQ(RouteRoom.RoutePointsSet.RecordCount(), 2);
+    EXPECT_EQ(Route.RoutePointsSet.RecordCount(), 2);
     EXPECT_EQ(Find<QTableView>("gridPoints").model()->rowCount(), 2);
 }
 
@@ -115,8 +115,8 @@ TEST_F(PlanningPanelsTest, ARouteOfSixPointsIsPlannedByMouseAlone) {
     };
     add(1);
     // A double click on the chart leaves the position and asks for a name, which is all there is to type.
-    WaypointRoom.tWaypoint = {"", "", "12.5", "7.3"};
-    Left->ShowState();
+    Entry.tWaypoint = {"", "", "12.5", "7.3"};
+    Window.Do([] {});
     QTest::keyClicks(&Find<QWidget>("tWaypoint1"), "D'Arc");
     Click("tNS");
     Click("tEW");
@@ -150,7 +150,7 @@ TEST_F(PlanningPanelsTest, FieldsMarkedRowAndCounterTellOfOneWaypointButForAChan
     QTest::mouseClick(grid.horizontalHeader()->viewport(), Qt::LeftButton, {}, {20, 8});
     EXPECT_EQ(Seen(), "Cork 3 / 3");
     Sql("INSERT INTO Waypoints (Name, Lat, Long, Kategorie) VALUES ('Aalen', 48, 10, 'See')");
-    WaypointRoom.WaypointsSet.Requery(); // another screen
+    Entry.WaypointsSet.Requery(); // another screen
     EXPECT_EQ(Seen(), "aachen 1 / 4");
     auto& list = Find<QComboBox>("cmbKat");
     list.setCurrentIndex(2);
@@ -160,8 +160,8 @@ TEST_F(PlanningPanelsTest, FieldsMarkedRowAndCounterTellOfOneWaypointButForAChan
     EXPECT_EQ(QApplication::focusWidget(), Map);
     QTest::keyClicks(&Find<QWidget>("tquickfind"), "c");
     EXPECT_EQ(Seen(), "Cork 2 / 2");
-    WaypointRoom.FillCategories();
-    Left->ShowState();
+    Entry.FillCategories();
+    Window.Do([] {});
     EXPECT_EQ(list.currentText(), "Alle Wegpunkte");
     EXPECT_EQ(Seen(), "Cork 4 / 4");
     EXPECT_FALSE(grid.model()->flags(grid.model()->index(0, 0)) & Qt::ItemIsEditable);
@@ -177,7 +177,7 @@ TEST_F(PlanningPanelsTest, EnterAndEscapeActOnceAndWhereTheyWerePressed) {
     QTest::keyRelease(&name, Qt::Key_Return);                         // the Enter that closed the message
     EXPECT_EQ(Boxes.Shown.size(), 1u);
     Find<QLineEdit>("tWaypoint2").setText("x");
-    WaypointRoom.tWaypoint[2] = "x";
+    Entry.tWaypoint[2] = "x";
     Key(Qt::Key_Return);
     EXPECT_EQ(Focus(), "tWaypoint2");
     Key(Qt::Key_Escape);
@@ -213,8 +213,8 @@ TEST_F(PlanningPanelsTest, TheRouteIsShownByOneButtonAndHiddenByItsLitTwinOrTheL
     EXPECT_EQ(visible() + Focus(), "hidepicShowRoute");
     Click("picShowRoute");
     Click("cmdshowRoute");
-    RouteRoom.lblRouteDistanz = "123 NM";
-    Right->ShowState();
+    Route.lblRouteDistanz = "123 NM";
+    Window.Do([] {});
     Click("lblRouteDistanz");
     EXPECT_EQ(visible(), "show");
 }
@@ -239,7 +239,7 @@ TEST_F(PlanningPanelsTest, AnEnterThatIsHeldAndADragThatEndsElsewhereDoNothing) 
     auto& length = Find<QLabel>("lblRouteDistanz");
     QTest::mousePress(&length, Qt::LeftButton);
     QTest::mouseRelease(&length, Qt::LeftButton, {}, {-30, -60});
-    EXPECT_TRUE(RouteRoom.ShowRouteOn);
+    EXPECT_TRUE(Route.ShowRouteOn);
 }
 
 } // namespace

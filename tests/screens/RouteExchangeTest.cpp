@@ -51,7 +51,7 @@ protected:
     QWidget Window;
     QtNotice Notices;
     QtDialogs Boxes;
-    EventGuard Guard{Notices, [] { return false; }};
+    EventGuard Guard{Notices, Shared};
     QPointer<frmExport> Form;
 };
 
@@ -112,7 +112,7 @@ TEST_F(RouteExchangeForms, TakesAFileThatWasChosenByKeysInTheDialog) {
         QTest::keyClick(entry, Qt::Key_Return);
         if (dialog->isVisible()) dialog->reject();
     });
-    RouteImport(Shared, Boxes, {}).GetRoute();
+    RouteImport(Shared, Shared, Shared.DataConn, Boxes, {}).GetRoute();
     auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
     ASSERT_TRUE(box);
     EXPECT_EQ(box->text(), "Strecke: Alpen wurde hinzugefügt");

@@ -62,7 +62,7 @@ protected:
     ScriptedDialogs Boxes;
     SetClock Clock;
     QtNotice Notices;
-    EventGuard Guard{Notices, [this] { return Shared.EnglishUI == 1; }};
+    EventGuard Guard{Notices, Shared};
     frmSettings Form{
         {{Shared, Port, Timer, Ports, Clock, Boxes}, Guard, [this] { Form.ApplyLanguage(); }, {}}};
 };
@@ -193,7 +193,7 @@ TEST_F(SettingsFormTest, AStoreThatFailsLeavesTheOtherSettings) {
 TEST_F(SettingsFormTest, TheManagersListsMoveAsOne) {
     Sql("INSERT INTO Waypoints (Name, Lat, Long, Kategorie) WITH RECURSIVE n(i) AS (SELECT 1000 UNION ALL "
         "SELECT i + 1 FROM n WHERE i < 1400) SELECT 'W' || i, 50, 7, '' FROM n");
-    frmManager manager(Shared, Boxes, Guard, nullptr);
+    frmManager manager(Shared, Shared.DataConn, Boxes, Guard, nullptr);
     manager.setAttribute(Qt::WA_DeleteOnClose, false);
     manager.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&manager));
@@ -229,7 +229,7 @@ TEST_F(SettingsFormTest, TheImportShowsWhatItWillTake) {
     Shared.AirfieldConn.Execute("INSERT INTO ARPT (ICAO, WGS_DLAT, WGS_DLONG) VALUES ('EDKB', 50.75, 7.25), "
                                 "('LFPB', 48.5, 2.5)");
     Shared.AirfieldConn.Execute("INSERT INTO ICAOCODE VALUES ('LF', 'Frankreich'), ('ED', 'Deutschland')");
-    frmGetWaypoints transfer(Shared, Boxes, Guard, nullptr);
+    frmGetWaypoints transfer(Shared, Shared, Boxes, Guard, nullptr);
     transfer.setAttribute(Qt::WA_DeleteOnClose, false);
     transfer.show();
     auto& button = In<QPushButton>(transfer, "cmdTransfer");

@@ -145,21 +145,21 @@ TEST_F(UndoNoticeTest, AnErrorStandsOverTheOfferAndGivesItBack) {
 // A hand that clicks twice by habit does once what can be taken back once.
 TEST_F(UndoNoticeTest, ADoubleClickDeletesAndChangesOnce) {
     AddRoute("A", {6.3, 7.0, 7.3});
-    RouteRoom.RoutesSet.Requery();
+    Route.RoutesSet.Requery();
     const auto store = [this] {
         return std::vector{Rows("SELECT * FROM Waypoints ORDER BY PointID"),
                            Rows("SELECT * FROM GpsPoints ORDER BY Nummer")};
     };
     const auto before = store();
     for (const char* name : {"cmdDelete", "cmdDeleteWaypoint", "cmdChange"}) {
-        WaypointRoom.tWaypoint[2] = "-47.5"; // shows without its sign once it is stored
+        Entry.tWaypoint[2] = "-47.5"; // shows without its sign once it is stored
         DoubleClick(Find<QWidget>(name));
         EXPECT_NE(store(), before) << name;
         QTest::mouseClick(&UndoButton(), Qt::LeftButton);
         EXPECT_EQ(store(), before) << name;
     }
     // What is written a second time as it stands there changes nothing, and leaves what there is to undo.
-    WaypointRoom.tWaypoint[1] = "Other";
+    Entry.tWaypoint[1] = "Other";
     Click("cmdChange");
     Click("cmdChange");
     EXPECT_EQ(Offer(), "Waypoint aachen changed +");
@@ -183,7 +183,7 @@ TEST_F(UndoNoticeTest, TheChangeButtonNamesTheRowItWritesAndKeepsItsPlace) {
     EXPECT_EQ(Text("tWaypoint1"), "aachen");
     EXPECT_NE(button.grab().toImage(), plain);
     Shared.EnglishUI = 0;
-    Left->ApplyLanguage();
+    Window.ApplyLanguage();
     EXPECT_EQ(button.text(), " Wegpunkt ändern: Cork ");
     choose(0);
     EXPECT_EQ(button.text(), " Wegpunkt ändern ");
@@ -204,7 +204,7 @@ TEST(UndoNoticeOfTracks, StandsInTheDialogBesideItsButtons) {
     store.Execute("INSERT INTO Track VALUES (3, 1, 50, 7, 300, 'D', 'T')");
     folder.Shared.EnglishUI = 1;
     QtNotice notices;
-    EventGuard guard(notices, [] { return true; });
+    EventGuard guard(notices, folder.Shared);
     ScriptedDialogs boxes;
     boxes.Answer = true;
     QWidget window;

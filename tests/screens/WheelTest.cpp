@@ -145,7 +145,7 @@ protected:
     SystemClock Clock;
     QtNotice Notices;
     QtDialogs Dialogs;
-    EventGuard Guard{Notices, [] { return true; }};
+    EventGuard Guard{Notices, Shared};
     QtTimer TrackTimer{Guard};
     frmGPSmain Flying{{Shared, Port, LinkTimer, TrackTimer, Ports, Clock, Dialogs, Notices, Guard}};
     frmSettings Settings{{{Shared, Port, LinkTimer, Ports, Clock, Dialogs}, Guard, [] {}, {}}};
@@ -180,9 +180,9 @@ TEST_F(WheelTest, ChangesNothingOnTheGroundAndInNoDialog) {
     frmExport exporting(Shared, Dialogs, Guard, "R", nullptr);
     TurnOverEach(exporting);
     TurnOverEach(Show(Settings));
-    frmManager manager(Shared, Dialogs, Guard, nullptr);
+    frmManager manager(Shared, Shared.DataConn, Dialogs, Guard, nullptr);
     TurnOverEach(manager);
-    frmGetWaypoints airfields(Shared, Dialogs, Guard, nullptr);
+    frmGetWaypoints airfields(Shared, Shared, Dialogs, Guard, nullptr);
     TurnOverEach(airfields);
     frmFlugPlan plan({Shared, Guard, Dialogs, Notices, [] {}});
     TurnOverEach(Show(plan));

@@ -38,7 +38,7 @@ protected:
     }
 
     ScriptedDialogs Dialogs;
-    AirfieldTransfer Transfer{Shared, Dialogs};
+    AirfieldTransfer Transfer{Shared, Shared, Dialogs};
 };
 
 TEST_F(AirfieldTransferTest, CountsTheAirfieldsOfEachPrefix) {

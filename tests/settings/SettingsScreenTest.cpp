@@ -41,7 +41,7 @@ protected:
     int CaptionsWritten = 0;
     PressedNotice Bar;
     SettingsScreen Screen{
-        {Shared, Port, Timer, Ports, Clock, Dialogs}, Bar, [] {}, [this] { ++CaptionsWritten; }};
+        {Shared, Port, Timer, Ports, Clock, Dialogs}, Bar, {[] {}, [this] { ++CaptionsWritten; }}};
 };
 
 TEST_F(SettingsScreenTest, ADeletedCategoryIsOfferedInTheLanguageChosenUntilTheScreenIsLeft) {
@@ -49,7 +49,7 @@ TEST_F(SettingsScreenTest, ADeletedCategoryIsOfferedInTheLanguageChosenUntilTheS
     Screen.CategoryList.tKategorie = "VOR";
     Screen.CategoryList.cmdAdd_Click();
     Screen.CategoryList.cmdDelete_Click();
-    Screen.OptEng_Click();
+    Screen.ChooseLanguage(1);
     Screen.ApplyLanguage();
     EXPECT_EQ(Bar.Text, "Category VOR deleted [&undo]");
     Screen.Form_Deactivate();
@@ -62,7 +62,7 @@ TEST_F(SettingsScreenTest, WritesEachFileAsItIsReadAgain) {
     Screen.Form_Activate();
     EXPECT_EQ(Screen.cmbTrack, "10");
     EXPECT_EQ(Screen.frmLuftraum, "Luftraumdaten - Stand: 21.03.2024");
-    Screen.OptEng_Click();
+    Screen.ChooseLanguage(1);
     Screen.Option_Click(2);
     EXPECT_EQ(CaptionsWritten, 1);
     Screen.chkTrack_Click(true);

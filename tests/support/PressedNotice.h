@@ -19,9 +19,10 @@ struct PressedNotice : Notice {
         OnPress = nullptr;
         Shown.push_back(text);
     }
-    void Offer(const std::string& text, const std::string& button, std::function<void()> press) override {
+    void Offer(const std::string& text, const std::string& button,
+               const std::function<void()>& press) override {
         Text = text + " [" + button + "]";
-        OnPress = std::move(press);
+        OnPress = press;
     }
     void Withdraw() override {
         Text.clear();

@@ -8,6 +8,7 @@
 #include "airfield-import/Report.h"
 #include "airfield-import/Sources.h"
 #include "airfield-import/StoreWriter.h"
+#include "base/Language.h"
 #include "base/RuntimeError.h"
 #include "store/Connection.h"
 #include "store/Statement.h"
@@ -24,15 +25,12 @@ namespace fs = std::filesystem;
 
 // A slip of the name must not cost the pilot another store or file.
 bool IsAirfieldStore(const fs::path& file) {
-    try {
+    return !ErrorOf([&file] {
         Connection store;
         store.Open(file, Connection::Mode::ReadOnly);
         for (const char* table : {"ARPT", "RWY", "ACOM", "ICAOCODE"})
             Statement(store, "SELECT 1 FROM " + std::string(table) + " LIMIT 1").Step();
-        return true;
-    } catch (const RuntimeError&) {
-        return false;
-    }
+    });
 }
 
 void CheckTarget(const Options& options) {
@@ -81,7 +79,7 @@ Outcome Import(const Options& options, std::ostream& out, std::ostream& errors) 
     try {
         return Run(options, out, report);
     } catch (const RuntimeError& error) {
-        errors << DescribeError(error, true) << '\n';
+        errors << DescribeError(error, Language::English()) << '\n';
     } catch (const std::bad_alloc&) {
         errors << "not enough memory\n";
     } catch (const fs::filesystem_error& error) {

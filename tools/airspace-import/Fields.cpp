@@ -120,11 +120,10 @@ LimitWords ReadLimit(std::string_view text) {
 Position ParsePosition(std::string_view text) {
     const std::string upper = Upper(text);
     Cursor cursor(upper);
-    Position position;
-    position.Lat = TakeAngle(cursor, "a latitude", 'N', 'S', 90);
-    position.Long = TakeAngle(cursor, "a longitude", 'E', 'W', 180);
+    const Latitude latitude(TakeAngle(cursor, "a latitude", 'N', 'S', 90));
+    const Longitude longitude(TakeAngle(cursor, "a longitude", 'E', 'W', 180));
     if (!cursor.AtEnd()) throw Unusable("a position with more behind it");
-    return position;
+    return {latitude, longitude};
 }
 
 Limit ParseLimit(std::string_view text) {

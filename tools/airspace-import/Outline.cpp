@@ -6,7 +6,6 @@
 
 #include "airspace-import/Unusable.h"
 #include "base/Numbers.h"
-#include "geo/NavigationMaths.h"
 
 namespace ornivane {
 
@@ -116,6 +115,7 @@ std::vector<OutlineRow> OutlineRows(const std::vector<Element>& elements) {
     return outline.Finish();
 }
 
-double StoredCoordinate(double decimalDegrees) { return Round(ToDegMinValue(decimalDegrees), 9); }
+double StoredNumber(Latitude latitude) { return Round(ToDegMinValue(latitude).Value(), 9); }
+double StoredNumber(Longitude longitude) { return Round(ToDegMinValue(longitude).Value(), 9); }
 
 } // namespace ornivane

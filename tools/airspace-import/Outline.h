@@ -12,8 +12,9 @@ namespace ornivane {
 // has no outline: fewer than three points, an arc around nothing, a circle beside other elements.
 std::vector<OutlineRow> OutlineRows(const std::vector<Element>& elements);
 
-// A coordinate of the store (degrees, minutes / 100) from decimal degrees, at nine decimals: far below a
-// metre, and short to read.
-double StoredCoordinate(double decimalDegrees);
+// The DegMinValue of a latitude or longitude for the store, at nine decimals: far below a metre, and short to
+// read.
+double StoredNumber(Latitude latitude);
+double StoredNumber(Longitude longitude);
 
 } // namespace ornivane

@@ -59,15 +59,15 @@ void BindRow(Statement& insert, const Airspace& airspace, const OutlineRow& row)
     insert.Bind(7, LowTypeOf(airspace.Low));
     insert.Bind(8, HighTypeOf(airspace.High));
     insert.Bind(9, DrawtypeOf(row));
-    insert.Bind(10, StoredCoordinate(row.Place.Lat));
-    insert.Bind(11, StoredCoordinate(row.Place.Long));
+    insert.Bind(10, StoredNumber(row.Place.Lat));
+    insert.Bind(11, StoredNumber(row.Place.Long));
     insert.Bind(12, row.Radius);
     // What a row does not have is 0 and empty: whoever reads a field as a number finds one.
     const bool arc = row.As == OutlineRow::Draw::Arc;
     int field = 13;
     for (const Position& position : {row.Centre, row.Start, row.End}) {
-        insert.Bind(field++, arc ? StoredCoordinate(position.Lat) : 0.0);
-        insert.Bind(field++, arc ? StoredCoordinate(position.Long) : 0.0);
+        insert.Bind(field++, arc ? StoredNumber(position.Lat) : 0.0);
+        insert.Bind(field++, arc ? StoredNumber(position.Long) : 0.0);
     }
     insert.Bind(19, !arc ? "" : row.Clockwise ? "+" : "-");
 }
@@ -97,15 +97,12 @@ void Fill(Connection& connection, const std::vector<Airspace>& airspaces, const 
 }
 
 bool IsAirspaceStore(const fs::path& file) {
-    try {
+    return !ErrorOf([&file] {
         Connection connection;
         connection.Open(file, Connection::Mode::ReadOnly);
         for (const char* table : {"Luftraum", "RELEASE"})
             Statement(connection, "SELECT 1 FROM \"" + std::string(table) + "\" LIMIT 1").Step();
-        return true;
-    } catch (const RuntimeError&) {
-        return false;
-    }
+    });
 }
 
 } // namespace

@@ -9,6 +9,7 @@
 #include "airspace-import/Import.h"
 #include "airspace-import/StoreWriter.h"
 #include "base/AtomicFile.h"
+#include "base/Language.h"
 #include "base/RuntimeError.h"
 
 namespace {
@@ -85,7 +86,7 @@ int main(int count, char** values) {
     try {
         return Run(*options);
     } catch (const ornivane::RuntimeError& error) {
-        std::cerr << ornivane::DescribeError(error, true) << '\n';
+        std::cerr << ornivane::DescribeError(error, ornivane::Language::English()) << '\n';
         return NothingWritten;
     }
 }

@@ -7,6 +7,7 @@
 
 #include <sqlite3.h>
 
+#include "base/Language.h"
 #include "base/RuntimeError.h"
 #include "store/Connection.h"
 
@@ -28,7 +29,8 @@ int main(int count, char** values) {
         transaction.Commit();
         return 0;
     } catch (const ornivane::RuntimeError& error) {
-        std::cerr << values[2] << ": " << ornivane::DescribeError(error, true) << '\n';
+        std::cerr << values[2] << ": " << ornivane::DescribeError(error, ornivane::Language::English())
+                  << '\n';
         return 1;
     }
 }

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/Language.h"
 #include "base/RuntimeError.h"
 #include "store/Schema.h"
 
@@ -56,7 +57,7 @@ bool Make(const std::filesystem::path& file, StoreKind kind) {
         std::cout << file.string() << ": made\n";
         return true;
     } catch (const ornivane::RuntimeError& error) {
-        std::cerr << ornivane::DescribeError(error, true) << '\n';
+        std::cerr << ornivane::DescribeError(error, ornivane::Language::English()) << '\n';
         return false;
     }
 }

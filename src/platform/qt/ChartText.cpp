@@ -33,11 +33,12 @@ char32_t NextCode(std::string_view text, std::size_t& at) {
 }
 
 // Three quarters white, one quarter chart.
-void LayPlate(const PixelBlock& target, int x, int y, int width, int height) {
-    const int from = std::max(x, 0), to = std::min(x + width, target.Width);
-    for (int row = std::max(y, 0); row < std::min(y + height, target.Height); ++row) {
+void LayPlate(const PixelBlock& target, const QRect& plate) {
+    const QRect inside = plate & QRect(0, 0, target.Width, target.Height);
+    for (int row = inside.top(); row <= inside.bottom(); ++row) {
         std::uint32_t* pixels = target.Row(row);
-        for (int i = from; i < to; ++i) pixels[i] = 0xFFC0C0C0U + ((pixels[i] >> 2) & 0x3F3F3FU);
+        for (int i = inside.left(); i <= inside.right(); ++i)
+            pixels[i] = 0xFFC0C0C0U + ((pixels[i] >> 2) & 0x3F3F3FU);
     }
 }
 
@@ -100,7 +101,7 @@ void ChartText::Draw(const PixelBlock& target, int x, int y, std::string_view te
     if (x >= target.Width || y >= target.Height || y + lineHeight <= 0) return;
     const int width = WidthOf(text);
     if (x + width <= 0) return;
-    LayPlate(target, x, y, width, lineHeight);
+    LayPlate(target, {x, y, width, lineHeight});
     for (std::size_t at = 0; at < text.size() && x < target.Width;) {
         const char32_t code = NextCode(text, at);
         if (code < 0x20) continue;
@@ -119,7 +120,7 @@ void ChartText::DrawLetter(const PixelBlock& target, int x, int y, const Letter&
         const int column = x + ink.X, row = y + ink.Y;
         if (!inside && (column < 0 || row < 0 || column >= target.Width || row >= target.Height)) continue;
         std::uint32_t& pixel = target.Row(row)[column];
-        pixel = Blend(pixel, colour, ink.Coverage);
+        pixel = Blend(pixel, {colour, ink.Coverage});
     }
 }
 

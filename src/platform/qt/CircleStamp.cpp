@@ -42,30 +42,31 @@ CircleStamp::CircleStamp(double radius, double penWidth) {
 void CircleStamp::Draw(const PixelBlock& target, int x, int y, std::uint32_t colour) const {
     if (x + reach < 0 || y + reach < 0 || x - reach >= target.Width || y - reach >= target.Height) return;
     const bool inside = x >= reach && y >= reach && x + reach < target.Width && y + reach < target.Height;
-    inside ? DrawInside(target, x, y, colour) : DrawClipped(target, x, y, colour);
+    inside ? DrawInside(target, {x, y}, colour) : DrawClipped(target, {x, y}, colour);
 }
 
-void CircleStamp::DrawInside(const PixelBlock& target, int x, int y, std::uint32_t colour) const {
-    std::uint32_t* middle = target.Row(y) + x;
-    for (const Run& run : runs) std::fill_n(middle + run.Y * target.Stride + run.X, run.Length, colour);
+void CircleStamp::DrawInside(const PixelBlock& target, PixelPlace middle, std::uint32_t colour) const {
+    std::uint32_t* pixels = target.Row(middle.Y) + middle.X;
+    for (const Run& run : runs) std::fill_n(pixels + run.Y * target.Stride + run.X, run.Length, colour);
     for (const Edge& edge : edges) {
-        std::uint32_t& pixel = middle[edge.Y * target.Stride + edge.X];
-        pixel = Blend(pixel, colour, edge.Coverage);
+        std::uint32_t& pixel = pixels[edge.Y * target.Stride + edge.X];
+        pixel = Blend(pixel, {colour, edge.Coverage});
     }
 }
 
-void CircleStamp::DrawClipped(const PixelBlock& target, int x, int y, std::uint32_t colour) const {
+void CircleStamp::DrawClipped(const PixelBlock& target, PixelPlace middle, std::uint32_t colour) const {
     for (const Run& run : runs) {
-        if (y + run.Y < 0 || y + run.Y >= target.Height) continue;
-        const int from = std::max(x + run.X, 0);
-        const int to = std::min(x + run.X + run.Length, target.Width);
-        if (from < to) std::fill(target.Row(y + run.Y) + from, target.Row(y + run.Y) + to, colour);
+        if (middle.Y + run.Y < 0 || middle.Y + run.Y >= target.Height) continue;
+        const int from = std::max(middle.X + run.X, 0);
+        const int to = std::min(middle.X + run.X + run.Length, target.Width);
+        if (from < to)
+            std::fill(target.Row(middle.Y + run.Y) + from, target.Row(middle.Y + run.Y) + to, colour);
     }
     for (const Edge& edge : edges) {
-        const int column = x + edge.X, row = y + edge.Y;
+        const int column = middle.X + edge.X, row = middle.Y + edge.Y;
         if (column < 0 || row < 0 || column >= target.Width || row >= target.Height) continue;
         std::uint32_t& pixel = target.Row(row)[column];
-        pixel = Blend(pixel, colour, edge.Coverage);
+        pixel = Blend(pixel, {colour, edge.Coverage});
     }
 }
 

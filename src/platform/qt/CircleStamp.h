@@ -26,8 +26,8 @@ private:
         std::uint32_t Coverage;
     };
 
-    void DrawInside(const PixelBlock& target, int x, int y, std::uint32_t colour) const;
-    void DrawClipped(const PixelBlock& target, int x, int y, std::uint32_t colour) const;
+    void DrawInside(const PixelBlock& target, PixelPlace middle, std::uint32_t colour) const;
+    void DrawClipped(const PixelBlock& target, PixelPlace middle, std::uint32_t colour) const;
 
     int reach; // pixels from the middle to the farthest one
     std::vector<Run> runs;

@@ -12,7 +12,7 @@ namespace ornivane {
 class EnterKey : public QObject {
 public:
     // Belongs to the widget.
-    EnterKey(QWidget& widget, std::function<void()> action);
+    EnterKey(QWidget& widget, std::function<void()> does);
     // Enter presses whichever button of the form has the focus, as the space bar does.
     static void PressesButtonsOf(QWidget& form);
 

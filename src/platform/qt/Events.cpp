@@ -6,15 +6,14 @@
 
 namespace ornivane {
 
-EventGuard::EventGuard(Notice& notice, std::function<bool()> english)
-    : notices(notice), isEnglish(std::move(english)) {}
+EventGuard::EventGuard(Notice& bar, const Language& shownIn) : notices(bar), language(shownIn) {}
 
 bool EventGuard::Run(const std::function<void()>& event) {
     try {
         event();
         return true;
     } catch (const RuntimeError& error) {
-        notices.Show(DescribeError(error, isEnglish()));
+        notices.Show(DescribeError(error, language));
     } catch (const std::exception& error) {
         notices.Show(error.what());
     }

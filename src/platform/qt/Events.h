@@ -6,6 +6,7 @@
 #include <type_traits>
 #include <utility>
 
+#include "base/Language.h"
 #include "platform/Dialogs.h"
 #include "platform/qt/HeldKeyFilter.h"
 #include "platform/qt/SecondClickFilter.h"
@@ -17,8 +18,8 @@ namespace ornivane {
 // the program goes on.
 class EventGuard {
 public:
-    // `english`: the language of this moment.
-    EventGuard(Notice& notices, std::function<bool()> english);
+    // The notices speak `shownIn` as it is at that moment.
+    EventGuard(Notice& bar, const Language& shownIn);
 
     Notice& Notices() { return notices; }
 
@@ -28,18 +29,22 @@ public:
     template <typename Sender, typename Signal, typename Handler>
     void Connect(Sender* sender, Signal signal, Handler handler) {
         QObject::connect(sender, signal, sender, [this, handler](auto&&... arguments) {
-            Run([&] {
-                if constexpr (std::is_invocable_v<const Handler&, decltype(arguments)...>)
-                    handler(std::forward<decltype(arguments)>(arguments)...);
-                else
-                    handler(); // as in Qt, a handler may leave out what it does not need
-            });
+            Run([&] { Call(handler, std::forward<decltype(arguments)>(arguments)...); });
         });
     }
 
 private:
+    // As in Qt, a handler may leave out the arguments of the signal.
+    template <typename Handler, typename... Arguments>
+    static void Call(const Handler& handler, Arguments&&... arguments) {
+        if constexpr (std::is_invocable_v<const Handler&, Arguments...>)
+            handler(std::forward<Arguments>(arguments)...);
+        else
+            handler();
+    }
+
     Notice& notices;
-    std::function<bool()> isEnglish;
+    const Language& language;
 };
 
 // The program's application, with what holds for every event of every window: what no guard has caught is

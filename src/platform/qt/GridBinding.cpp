@@ -4,6 +4,7 @@
 #include <QItemSelectionModel>
 
 #include "base/Flagged.h"
+#include "base/RuntimeError.h"
 
 namespace ornivane {
 
@@ -33,13 +34,12 @@ void GridBinding::FollowRecordset() {
 
 void GridBinding::FollowGrid(const QModelIndex& current) {
     if (following || !current.isValid()) return;
-    try {
+    const auto move = [&] {
         const Flagged now(following);
         model.Rows().SetAbsolutePosition(current.row() + 1);
-    } catch (...) {
-        FollowRecordset(); // the row was not left: its change could not be written
-        throw;
-    }
+    };
+    RestoreOnError(move,
+                   [this] { FollowRecordset(); }); // the row was not left: its change could not be written
     emit RowChosen();
 }
 

@@ -12,7 +12,7 @@ class GridBinding : public QObject {
     Q_OBJECT
 
 public:
-    GridBinding(RecordsetModel& model, QTableView& grid);
+    GridBinding(RecordsetModel& of, QTableView& view);
 
     // The current row shows as selected, or no row does.
     void SelectRow();

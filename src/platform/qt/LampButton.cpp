@@ -29,9 +29,8 @@ void LampButton::SetLit(bool on) {
     setChecked(on);
 }
 
-void LampButton::SetStage(int stage, int of) {
-    stageNow = stage;
-    stages = of;
+void LampButton::SetStage(Dots toShow) {
+    dots = toShow;
     update();
 }
 
@@ -68,8 +67,8 @@ void LampButton::paintEvent(QPaintEvent*) {
     if (textWidth > 0)
         painter.drawText(QRect(left + IconSize + 6, 0, textWidth + 4, height()), Qt::AlignVCenter, text());
     painter.setRenderHint(QPainter::Antialiasing);
-    for (int i = 0; i < stages; ++i) {
-        painter.setBrush(i < stageNow ? QBrush(ink) : QBrush(Qt::NoBrush));
+    for (int i = 0; i < dots.All; ++i) {
+        painter.setBrush(i < dots.Filled ? QBrush(ink) : QBrush(Qt::NoBrush));
         painter.drawEllipse(QPointF(width() - 26.0 + 12 * i, height() - 10.0), 3.5, 3.5);
     }
     if (lit) { // the lamp

@@ -20,7 +20,10 @@ public:
     // The colour of its lamp.
     void SetLamp(const QColor& colour) { lamp = colour; }
     // Dots under the text, so many of them filled: the stage of a switch that has more than two.
-    void SetStage(int stage, int of);
+    struct Dots {
+        int Filled = 0, All = 0;
+    };
+    void SetStage(Dots toShow);
     bool IsLit() const { return lit; }
     QSize sizeHint() const override;
 
@@ -33,7 +36,7 @@ private:
 
     QIcon picture;
     QColor lamp = QColor(0x7CFC00);
-    int stageNow = 0, stages = 0;
+    Dots dots;
     bool lit = false;
 };
 

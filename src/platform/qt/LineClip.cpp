@@ -6,36 +6,42 @@ namespace ornivane {
 
 namespace {
 
-// Narrows the stretch from..to of the line to the side where start + t * direction is at or above border.
-bool Narrow(double start, double direction, double border, double& from, double& to) {
-    const double missing = border - start;
-    if (direction == 0) return missing <= 0;
-    const double t = missing / direction;
-    if (direction > 0)
-        from = std::fmax(from, t);
+struct Ray {
+    double Start, Direction;
+};
+
+struct Stretch {
+    double From, To;
+};
+
+// Narrows the stretch of the line to the side where start + t * direction is at or above border.
+bool Narrow(Stretch& inside, const Ray& ray, double border) {
+    const double missing = border - ray.Start;
+    if (ray.Direction == 0) return missing <= 0;
+    const double t = missing / ray.Direction;
+    if (ray.Direction > 0)
+        inside.From = std::fmax(inside.From, t);
     else
-        to = std::fmin(to, t);
-    return from <= to;
+        inside.To = std::fmin(inside.To, t);
+    return inside.From <= inside.To;
 }
 
 } // namespace
 
-bool ClipLine(double& x1, double& y1, double& x2, double& y2, double left, double top, double right,
-              double bottom) {
-    const double dx = x2 - x1, dy = y2 - y1;
-    if (!std::isfinite(dx) || !std::isfinite(dy) || !std::isfinite(x1) || !std::isfinite(y1)) return false;
-    double from = 0, to = 1;
-    if (!Narrow(x1, dx, left, from, to) || !Narrow(-x1, -dx, -right, from, to) ||
-        !Narrow(y1, dy, top, from, to) || !Narrow(-y1, -dy, -bottom, from, to))
+bool ClipLine(LineEnds& line, const Border& border) {
+    const double x = line.X1, y = line.Y1, dx = line.X2 - x, dy = line.Y2 - y;
+    if (!std::isfinite(dx) || !std::isfinite(dy) || !std::isfinite(x) || !std::isfinite(y)) return false;
+    Stretch inside{0, 1};
+    if (!Narrow(inside, {x, dx}, border.Left) || !Narrow(inside, {-x, -dx}, -border.Right) ||
+        !Narrow(inside, {y, dy}, border.Top) || !Narrow(inside, {-y, -dy}, -border.Bottom))
         return false;
-    const double startX = x1, startY = y1;
-    if (to < 1) {
-        x2 = startX + to * dx;
-        y2 = startY + to * dy;
+    if (inside.To < 1) {
+        line.X2 = x + inside.To * dx;
+        line.Y2 = y + inside.To * dy;
     }
-    if (from > 0) {
-        x1 = startX + from * dx;
-        y1 = startY + from * dy;
+    if (inside.From > 0) {
+        line.X1 = x + inside.From * dx;
+        line.Y1 = y + inside.From * dy;
     }
     return true;
 }

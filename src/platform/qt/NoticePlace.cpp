@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "base/Flagged.h"
+#include "platform/qt/QtNotice.h"
 
 namespace ornivane {
 
@@ -20,7 +21,7 @@ void SetBottomMargin(QLayout& layout, int pixels) {
 
 } // namespace
 
-NoticePlace::NoticePlace(QWidget& noticeOf, QWidget& hostOf)
+NoticePlace::NoticePlace(QtNotice& noticeOf, QWidget& hostOf)
     : QObject(&noticeOf), notice(noticeOf), host(hostOf),
       ownMargin(hostOf.layout()->contentsMargins().bottom()) {
     notice.setParent(&host);

@@ -67,20 +67,20 @@ const std::uint32_t* PictureLevels::Row(int level, int row, int from, int to) {
     const int tileY = row / TileHeight;
     for (int tileX = from / TileWidth; tileX <= (to - 1) / TileWidth; ++tileX) {
         if (reduced.Made[tileY * across + tileX]) continue;
-        MakeTile(level, tileX, tileY);
+        MakeTile(level, {tileX, tileY});
         reduced.Made[tileY * across + tileX] = true;
     }
     return reduced.Pixels.get() + static_cast<std::size_t>(row) * Width(level);
 }
 
-void PictureLevels::MakeTile(int level, int tileX, int tileY) {
-    const int x = tileX * TileWidth, y = tileY * TileHeight;
+void PictureLevels::MakeTile(int level, PixelPlace at) {
+    const int x = at.X * TileWidth, y = at.Y * TileHeight;
     const int width = Width(level);
     const PixelBlock tile{levels[level].Pixels.get() + static_cast<std::size_t>(y) * width + x,
                           std::min(TileWidth, width - x), std::min(TileHeight, Height(level) - y), width};
     const int steps = std::min(level, StepsAtOnce);
     const int below = level - steps;
-    ReduceToLevel(tile, steps, x << steps, y << steps, Width(below), Height(below),
+    ReduceToLevel(tile, steps, {x << steps, y << steps, Width(below), Height(below)},
                   [this, below](int row, int from, int to) { return Row(below, row, from, to); });
     levels[level].MadeBytes += static_cast<std::size_t>(tile.Width) * tile.Height * 4;
 }

@@ -35,7 +35,7 @@ private:
     };
 
     const std::uint32_t* PictureRow(int row, int from, int to);
-    void MakeTile(int level, int tileX, int tileY);
+    void MakeTile(int level, PixelPlace at); // which one across and down
     int TilesAcross(int level) const;
 
     QImage picture;

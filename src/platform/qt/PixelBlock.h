@@ -14,13 +14,22 @@ struct PixelBlock {
     std::uint32_t* Row(int y) const { return Bits + y * Stride; }
 };
 
-// `over` laid on `under` with a coverage of 0 to 255. Two channels at a time in one multiplication.
-inline std::uint32_t Blend(std::uint32_t under, std::uint32_t over, std::uint32_t coverage) {
-    const std::uint32_t weight = coverage + (coverage >> 7); // 0 to 256
+struct PixelPlace {
+    int X, Y;
+};
+
+// A colour that covers a part of a pixel: 0 to 255.
+struct Tint {
+    std::uint32_t Colour, Coverage;
+};
+
+// `over` laid on `under`. Two channels at a time in one multiplication.
+inline std::uint32_t Blend(std::uint32_t under, Tint over) {
+    const std::uint32_t weight = over.Coverage + (over.Coverage >> 7); // 0 to 256
     const std::uint32_t redBlue = under & 0xFF00FFU;
     const std::uint32_t green = under & 0x00FF00U;
-    const std::uint32_t mixedRedBlue = redBlue + ((((over & 0xFF00FFU) - redBlue) * weight) >> 8);
-    const std::uint32_t mixedGreen = green + ((((over & 0x00FF00U) - green) * weight) >> 8);
+    const std::uint32_t mixedRedBlue = redBlue + ((((over.Colour & 0xFF00FFU) - redBlue) * weight) >> 8);
+    const std::uint32_t mixedGreen = green + ((((over.Colour & 0x00FF00U) - green) * weight) >> 8);
     return 0xFF000000U | (mixedRedBlue & 0xFF00FFU) | (mixedGreen & 0x00FF00U);
 }
 

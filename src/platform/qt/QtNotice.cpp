@@ -96,8 +96,8 @@ void QtNotice::ShowTexts() {
     show();
 }
 
-void QtNotice::Offer(const std::string& text, const std::string& button, std::function<void()> press) {
-    offered = {Readable(QString::fromStdString(text)), QString::fromStdString(button), std::move(press)};
+void QtNotice::Offer(const std::string& text, const std::string& button, const std::function<void()>& press) {
+    offered = {Readable(QString::fromStdString(text)), QString::fromStdString(button), press};
     ShowOffer();
 }
 

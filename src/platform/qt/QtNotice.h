@@ -25,7 +25,8 @@ public:
     void Show(const std::string& text) override;
     // The button is reached by mouse, finger, Tab and its letter with Alt, and never takes the focus by
     // itself.
-    void Offer(const std::string& text, const std::string& button, std::function<void()> press) override;
+    void Offer(const std::string& text, const std::string& button,
+               const std::function<void()>& press) override;
     void Withdraw() override;
 
 protected:

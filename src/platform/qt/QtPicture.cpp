@@ -2,6 +2,9 @@
 
 #include <QFile>
 #include <QImageReader>
+#include <algorithm>
+
+#include "platform/PictureFormats.h"
 
 namespace ornivane {
 
@@ -55,7 +58,8 @@ QImage Decode(const std::filesystem::path& path, QSize enough, QSize& stored) {
     reader.setDecideFormatFromContent(true);
     // Positions are computed from pixels as stored; a turn noted by a camera would move them all.
     reader.setAutoTransform(false);
-    if (reader.format() != "jpeg" && reader.format() != "bmp") return {};
+    const auto decodes = [&reader](const PictureFormat& format) { return reader.format() == format.Decoder; };
+    if (std::none_of(PictureFormats.begin(), PictureFormats.end(), decodes)) return {};
     const QSize size = reader.size();
     const QSize reduced = ReducedSize(reader, size, enough);
     if (static_cast<long long>(reduced.width()) * reduced.height() > MostPixels) return {};

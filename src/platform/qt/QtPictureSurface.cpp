@@ -39,21 +39,21 @@ int LevelFor(double sourcePerTarget) {
 } // namespace
 
 QtPictureSurface::QtPictureSurface(double surfaceWidth, double surfaceHeight, double devicePixelRatio) {
-    Allocate(surfaceWidth, surfaceHeight, devicePixelRatio);
+    Allocate({surfaceWidth, surfaceHeight}, devicePixelRatio);
 }
 
 void QtPictureSurface::Resize(double newWidth, double newHeight, double newRatio) {
     if (newWidth == width && newHeight == height && newRatio == ratio) return;
-    Allocate(newWidth, newHeight, newRatio);
+    Allocate({newWidth, newHeight}, newRatio);
 }
 
-void QtPictureSurface::Allocate(double newWidth, double newHeight, double newRatio) {
+void QtPictureSurface::Allocate(const QSizeF& size, double newRatio) {
     if (painter.isActive()) painter.end();
     if (newRatio != ratio) texts = ChartText(newRatio);
     stamps.clear();
     kept.clear();
-    width = newWidth;
-    height = newHeight;
+    width = size.width();
+    height = size.height();
     ratio = newRatio;
     const int deviceWidth = std::max(1, static_cast<int>(std::lround(width * ratio)));
     const int deviceHeight = std::max(1, static_cast<int>(std::lround(height * ratio)));
@@ -95,10 +95,10 @@ bool QtPictureSurface::PaintLevel(PictureLevels& levels, const PixelRect& target
     const int level = LevelFor(std::min(source.Width / target.Width, source.Height / target.Height));
     const double scale = 1.0 / (1 << level);
     const PixelRect from = Scaled(source, scale);
-    const ResampleAxis x(target.X, target.Width, image.width(), from.X, from.Width, levels.Width(level),
+    const ResampleAxis x({target.X, target.Width, image.width()}, {from.X, from.Width, levels.Width(level)},
                          levels.Width() * scale);
-    const ResampleAxis y(target.Y, target.Height, image.height(), from.Y, from.Height, levels.Height(level),
-                         levels.Height() * scale);
+    const ResampleAxis y({target.Y, target.Height, image.height()},
+                         {from.Y, from.Height, levels.Height(level)}, levels.Height() * scale);
     if (x.IsEmpty() || y.IsEmpty()) return false;
     const bool insideOfPicture = source.X >= 0 && source.Y >= 0 &&
                                  source.X + source.Width <= levels.Width() &&
@@ -132,9 +132,10 @@ void QtPictureSurface::UsePen(Colour colour) {
 
 void QtPictureSurface::Line(double x1, double y1, double x2, double y2, Colour colour) {
     const double margin = drawWidth + 2;
-    if (!ClipLine(x1, y1, x2, y2, -margin, -margin, width + margin, height + margin)) return;
-    DrawThickLine(Block(), x1 * ratio, y1 * ratio, x2 * ratio, y2 * ratio, std::max(drawWidth, 1) * ratio,
-                  Opaque(colour));
+    LineEnds line{x1, y1, x2, y2};
+    if (!ClipLine(line, {-margin, -margin, width + margin, height + margin})) return;
+    line = {line.X1 * ratio, line.Y1 * ratio, line.X2 * ratio, line.Y2 * ratio};
+    DrawThickLine(Block(), line, std::max(drawWidth, 1) * ratio, Opaque(colour));
 }
 
 const CircleStamp& QtPictureSurface::StampFor(double deviceRadius, double deviceWidth) {

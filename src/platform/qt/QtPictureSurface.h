@@ -44,7 +44,7 @@ public:
     void Refresh() override;
 
     // A new size, cleared to the background. Nothing happens when it is the present one.
-    void Resize(double width, double height, double devicePixelRatio);
+    void Resize(double newWidth, double newHeight, double newRatio);
     double DevicePixelRatio() const { return ratio; }
     void SetBackColor(Colour colour) { backColor = colour; }
     void OnRefresh(std::function<void()> callback) { refreshed = std::move(callback); }
@@ -54,10 +54,10 @@ public:
     int Redraws() const { return redraws; }
 
 private:
-    void Allocate(double newWidth, double newHeight, double newRatio);
+    void Allocate(const QSizeF& size, double newRatio);
     PixelBlock Block();
     void FillRect(const PixelRect& rect, Colour colour);
-    bool PaintLevel(PictureLevels& levels, const PixelRect& destination, const PixelRect& source);
+    bool PaintLevel(PictureLevels& levels, const PixelRect& target, const PixelRect& source);
     void UsePen(Colour colour);
     const CircleStamp& StampFor(double deviceRadius, double deviceWidth);
 

@@ -2,6 +2,8 @@
 
 #include <QTranslator>
 
+#include "base/Language.h"
+
 namespace ornivane {
 
 // The texts of Qt's own dialogs: buttons of message boxes, choosing files, the print preview. They travel
@@ -9,11 +11,11 @@ namespace ornivane {
 class QtTexts {
 public:
     // Widgets that stand are told to take their texts anew.
-    void SetLanguage(bool english);
+    void SetLanguage(const Language& language);
 
 private:
-    QTranslator german;
-    bool installed = false;
+    QTranslator translator;
+    QString spoken; // the file of the language of now, which need not exist
 };
 
 } // namespace ornivane

@@ -33,13 +33,13 @@ int FontSize(ReadoutLabel::Size size) {
 
 } // namespace
 
-ReadoutLabel::ReadoutLabel(const char* valueName, const char* unitName, Size size, QWidget* parent)
+ReadoutLabel::ReadoutLabel(const Names& names, Size size, QWidget* parent)
     : QFrame(parent), caption(Part("caption", this)), unit(Part("unit", this)) {
     setProperty("role", "readout");
     value = new FittedText(FontSize(size), this);
     value->setAttribute(Qt::WA_TransparentForMouseEvents);
-    value->setObjectName(valueName);
-    unit->setObjectName(unitName);
+    value->setObjectName(names.Value);
+    unit->setObjectName(names.Unit);
     value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(6, 2, 6, 2);
@@ -56,6 +56,10 @@ void ReadoutLabel::SetCaption(const QString& text) { caption->setText(text); }
 void ReadoutLabel::Show(const QString& valueText, const QString& unitText) {
     if (value->text() != valueText) value->setText(valueText);
     if (unit->text() != unitText) unit->setText(unitText);
+}
+
+void ReadoutLabel::Show(const Readout& readout, const LocaleText& locale) {
+    Show(QString::fromStdString(readout.Text(locale)), QString::fromStdString(readout.Unit()));
 }
 
 void ReadoutLabel::mouseReleaseEvent(QMouseEvent* event) {

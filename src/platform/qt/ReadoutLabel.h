@@ -2,6 +2,8 @@
 
 #include <QFrame>
 
+#include "base/Readout.h"
+
 class QLabel;
 
 namespace ornivane {
@@ -14,11 +16,16 @@ class ReadoutLabel : public QFrame {
 public:
     enum class Size { Medium, Wide, Large };
 
-    // The object names of the labels of value and unit.
-    ReadoutLabel(const char* valueName, const char* unitName, Size size, QWidget* parent = nullptr);
+    // The object names of its labels.
+    struct Names {
+        const char *Value, *Unit;
+    };
+    ReadoutLabel(const Names& names, Size size, QWidget* parent = nullptr);
 
     void SetCaption(const QString& text);
     void Show(const QString& value, const QString& unit = {});
+    // The unit also shows while there is no number.
+    void Show(const Readout& readout, const LocaleText& locale);
 
 signals:
     void Clicked();

@@ -20,7 +20,7 @@ public:
     };
 
     // The recordset must outlive the model; it may be closed and reopened.
-    RecordsetModel(Recordset& rows, std::vector<Column> columns);
+    RecordsetModel(Recordset& recordset, std::vector<Column> shown);
     ~RecordsetModel() override;
 
     int rowCount(const QModelIndex& parent = {}) const override;

@@ -146,22 +146,21 @@ void Resample(const PixelBlock& target, const ResampleAxis& x, const ResampleAxi
     }
 }
 
-void ReduceToLevel(const PixelBlock& target, int level, int sourceX, int sourceY, int sourceWidth,
-                   int sourceHeight, const RowReader& rows) {
+void ReduceToLevel(const PixelBlock& target, int level, const SourcePart& source, const RowReader& rows) {
     const int side = 1 << level;
-    const int endX = std::min(sourceX + target.Width * side, sourceWidth);
-    const std::size_t count = static_cast<std::size_t>(endX - sourceX) * 4;
+    const int endX = std::min(source.X + target.Width * side, source.Width);
+    const std::size_t count = static_cast<std::size_t>(endX - source.X) * 4;
     std::vector<Lane> sums(count);
     for (int y = 0; y < target.Height; ++y) {
-        const int top = sourceY + y * side;
-        const int height = std::min(side, sourceHeight - top);
+        const int top = source.Y + y * side;
+        const int height = std::min(side, source.Height - top);
         std::fill(sums.begin(), sums.end(), Lane{0});
         for (int row = top; row < top + height; ++row)
-            Add(Bytes(rows(row, sourceX, endX) + sourceX), sums.data(), count);
-        const int whole = height == side ? (endX - sourceX) / side : 0;
+            Add(Bytes(rows(row, source.X, endX) + source.X), sums.data(), count);
+        const int whole = height == side ? (endX - source.X) / side : 0;
         AverageWhole(level, sums.data(), target.Row(y), whole);
         for (int x = whole; x < target.Width; ++x) {
-            const int columns = std::min(side, endX - sourceX - x * side);
+            const int columns = std::min(side, endX - source.X - x * side);
             target.Row(y)[x] =
                 AverageOf(sums.data() + static_cast<std::size_t>(x) * side * 4, columns, height);
         }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -12,11 +13,15 @@ namespace ornivane {
 // same rule is linear interpolation. Positions count from the border of a pixel, not from its middle, as in
 // all drawing.
 struct ResampleAxis {
-    // Target: where the rectangle begins and how long it is, and how many pixels there are. Source: likewise;
-    // sourceExtent is how far the picture reaches, in pixels, the last of which may be part of one.
-    // All lengths must be finite and above 0.
-    ResampleAxis(double targetStart, double targetLength, int targetPixels, double sourceStart,
-                 double sourceLength, int sourcePixels, double sourceExtent);
+    // Where the rectangle begins and how long it is, in pixels, and how many there are.
+    struct Stretch {
+        double Start, Length;
+        int Pixels;
+    };
+
+    // `pictureLength` is how far the source's picture reaches, in pixels, the last of which may be part of
+    // one. All lengths must be finite and above 0.
+    ResampleAxis(const Stretch& target, const Stretch& source, double pictureLength);
 
     int Begin = 0, End = 0;             // target pixels that the source reaches
     int Taps = 0;                       // source pixels for each target pixel
@@ -24,11 +29,13 @@ struct ResampleAxis {
     std::vector<std::uint16_t> Weights; // Taps for each target pixel, together 256
 
     bool IsEmpty() const { return Begin >= End; }
-    const std::uint16_t* WeightsOf(int target) const { return Weights.data() + (target - Begin) * Taps; }
+    const std::uint16_t* WeightsOf(int target) const {
+        return Weights.data() + static_cast<std::ptrdiff_t>(target - Begin) * Taps;
+    }
     int FirstOf(int target) const { return First[target - Begin]; }
 
 private:
-    void AddTarget(double from, double width, int sourcePixels);
+    void AddTarget(const Stretch& covered);
 };
 
 } // namespace ornivane

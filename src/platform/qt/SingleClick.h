@@ -4,8 +4,8 @@
 
 namespace ornivane {
 
-// A double click presses the button once. For what can be taken back once only: the second of two deeds would
-// leave the first for good.
+// A double click presses the button once. For changes of which only the last can be undone: the second of two
+// would make the first final.
 class SingleClick : public QObject {
 public:
     explicit SingleClick(QObject& button);

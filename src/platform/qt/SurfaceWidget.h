@@ -19,7 +19,7 @@ public:
     int Redraws() const { return surface.Redraws(); }
     void SetBackColor(Colour colour);
     // The surface counts this many units across and down, whatever size the widget has; else pixels.
-    void SetScale(double width, double height);
+    void SetScale(double unitsAcross, double unitsDown);
 
 signals:
     // Positions are those of the surface.

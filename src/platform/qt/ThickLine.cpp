@@ -53,12 +53,8 @@ struct Capsule {
 
 } // namespace
 
-void DrawThickLine(const PixelBlock& target, double x1, double y1, double x2, double y2, double width,
-                   std::uint32_t colour) {
-    if (y1 > y2) {
-        std::swap(x1, x2);
-        std::swap(y1, y2);
-    }
+void DrawThickLine(const PixelBlock& target, const LineEnds& ends, double width, std::uint32_t colour) {
+    const auto [x1, y1, x2, y2] = ends.Y1 > ends.Y2 ? LineEnds{ends.X2, ends.Y2, ends.X1, ends.Y1} : ends;
     const double length = std::hypot(x2 - x1, y2 - y1);
     const Capsule line{
         x1, y1, x2, y2, length > 0 ? (x2 - x1) / length : 1, length > 0 ? (y2 - y1) / length : 0, length};
@@ -85,8 +81,9 @@ void DrawThickLine(const PixelBlock& target, double x1, double y1, double x2, do
             for (int column = from; column < to; ++column) {
                 const double coverage = outer - line.DistanceTo(column + 0.5, y);
                 if (coverage > 0)
-                    pixels[column] = Blend(pixels[column], colour,
-                                           static_cast<std::uint32_t>(std::min(coverage, 1.0) * 255 + 0.5));
+                    pixels[column] = Blend(
+                        pixels[column],
+                        {colour, static_cast<std::uint32_t>(std::lround(std::min(coverage, 1.0) * 255))});
             }
         };
         blend(begin, solidBegin);

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "platform/qt/LineClip.h"
 #include "platform/qt/PixelBlock.h"
 
 namespace ornivane {
@@ -9,7 +10,6 @@ namespace ornivane {
 // An antialiased line with round ends. Positions and width are device pixels, positions counted from the
 // borders of pixels; what lies outside of the block is left out. A general painter takes ten times as long
 // for what a redraw draws by the thousand.
-void DrawThickLine(const PixelBlock& target, double x1, double y1, double x2, double y2, double width,
-                   std::uint32_t colour);
+void DrawThickLine(const PixelBlock& target, const LineEnds& ends, double width, std::uint32_t colour);
 
 } // namespace ornivane

@@ -1,12 +1,12 @@
-#include "planning/WaypointBook.h"
+#include "data/WaypointBook.h"
 
-#include "store/Recordset.h"
+#include "data/Waypoints.h"
 
 namespace ornivane {
 
 WaypointBook::WaypointBook(Connection& data) {
     Recordset rows;
-    rows.Open(data, "SELECT * from Waypoints ORDER by NAME ASC");
+    Waypoints(data).Open(rows);
     for (; !rows.Eof(); rows.MoveNext())
         Add({rows.Get("PointID"), rows.Get("Name"), rows.Get("Lat"), rows.Get("Long")});
 }

@@ -10,7 +10,7 @@
 namespace ornivane {
 
 // All waypoints by name, for imports that look up thousands: each look-up finds what a search from the first
-// row of "SELECT * from Waypoints ORDER by NAME ASC" would find, without walking there.
+// row of Waypoints::Open would find, without walking there. Values are as they are stored, of whatever type.
 class WaypointBook {
 public:
     struct Waypoint {

@@ -1,0 +1,56 @@
+#include "gps/PortSource.h"
+
+#include "base/Numbers.h"
+#include "common/SettingsFiles.h"
+
+namespace ornivane {
+
+namespace {
+
+// In a folder that cannot be written the same values simply come back at the next start; the screen must come
+// forward all the same.
+void WriteDefaultsIfPossible(const std::filesystem::path& folder) {
+    try {
+        WriteComSettings(folder, ComSettings());
+    } catch (const RuntimeError&) {
+        return;
+    }
+}
+
+} // namespace
+
+void PortSource::LoadSavedCom() {
+    if (const auto saved = ReadComSettings(settings.ProgramFolder)) {
+        ComPort = ToInt16(NumberIn(saved->Port));
+        LineSettings = saved->Baud + ",n,8,1";
+        return;
+    }
+    ComPort = 1;
+    WriteDefaultsIfPossible(settings.ProgramFolder);
+}
+
+bool PortSource::Open() {
+    try {
+        port.SetSettings(LineSettings);
+        port.Open(ComPort);
+        return true;
+    } catch (const RuntimeError& error) {
+        failure = error;
+        return false;
+    }
+}
+
+std::string PortSource::OpenFailure() const {
+    if (!failure) return {};
+    if (failure->Number() == ErrorNumber::FileAlreadyOpen)
+        return language.Text("%1 wird von einem anderen Programm benutzt", "%1 is in use by another program",
+                             {Name()});
+    if (failure->Number() != ErrorNumber::PermissionDenied)
+        return language.Text("%1 existiert nicht", "%1 does not exist", {Name()});
+    if (failure->Detail().empty())
+        return language.Text("%1: Zugriff verweigert", "%1: permission denied", {Name()});
+    return language.Text("%1: Zugriff verweigert - Gruppe beitreten: %2",
+                         "%1: permission denied - join the group %2", {Name(), failure->Detail()});
+}
+
+} // namespace ornivane

@@ -1,0 +1,156 @@
+#include "nav/Navigation.h"
+
+#include <string>
+
+#include "base/RuntimeError.h"
+
+namespace ornivane {
+
+Navigation::Navigation(const NavigationParts& navigationParts)
+    : parts(navigationParts), waypoints(navigationParts.Stores.DataConn),
+      airfields(navigationParts.Stores.AirfieldConn), routePoints(navigationParts.Stores.DataConn) {}
+
+NavigationStep Navigation::Step(const RedrawOrder& order) {
+    NavigationStep step;
+    if (!parts.Map.HasRows()) return step;
+    bool isAnotherChart = false;
+    UntilError(step.Picture, [&] {
+        isAnotherChart =
+            parts.Map.HasMap() ? Compute(step, order, true) : ComputeWithoutChart(step, order.HasFix);
+    });
+    if (!isAnotherChart) return step;
+    // A picture of the chart before would make a click on it mean another place.
+    step.Picture = {};
+    RedrawOrder whole = order;
+    whole.PaintsChart = true;
+    if (parts.Map.HasMap()) UntilError(step.Picture, [&] { Compute(step, whole, false); });
+    return step;
+}
+
+void Navigation::UntilError(Scene& scene, const std::function<void()>& steps) const {
+    try {
+        steps();
+    } catch (const RuntimeError& error) {
+        scene.Fault = parts.Faults.TextOf(DrawingFaults::Layer::Whole, error);
+    }
+}
+
+bool Navigation::ComputeWithoutChart(NavigationStep& step, bool hasFix) {
+    DrawActiveLeg(step, hasFix);
+    // As if the aircraft were at the edge: any chart that covers it is better than none.
+    return parts.Ring.Search(parts.State.Current(), true, parts.Route.cmbRoute);
+}
+
+bool Navigation::Compute(NavigationStep& step, const RedrawOrder& order, bool searches) {
+    Scene& scene = step.Picture;
+    PlaceChart(scene, order.PaintsChart);
+    SelectAirspace(scene);
+    scene.Points = {parts.Flags.ShowNames, parts.Stores.AirfieldStoreOpen ? &airfields : nullptr,
+                    parts.Flags.ShowAirfields, parts.Flags.ShowAirfieldText, order.OnlyRoutePoints};
+    if (parts.Flags.ShowRoute) DrawRoute(scene);
+    DrawActiveLeg(step, order.HasFix);
+    FindPoints(scene);
+    scene.DirectTarget = parts.Route.DirectTarget();
+    const MapTransform& transform = *scene.Transform;
+    if (AircraftIsFarOutside(transform) && !parts.Map.AutoMapSwitch) return false;
+    if (searches && parts.Ring.Search(parts.State.Current(), MapRing::IsAtEdge(MapPoint, transform),
+                                      parts.Route.cmbRoute))
+        return true;
+    scene.Aircraft = {MapPoint, transform.ViewAngle(parts.State.lblBearing.Number()), !parts.State.NoFix,
+                      parts.Symbols.SymbolType};
+    return false;
+}
+
+void Navigation::PlaceChart(Scene& scene, bool paintsChart) {
+    const SourceRect standing = parts.Map.View;
+    PlaceAircraft();
+    if (parts.Map.CenterMap) {
+        parts.Map.CenterOnAircraft(MapPoint);
+        PlaceAircraft();
+    }
+    scene.Transform = parts.Map.Transform();
+    scene.View = parts.Map.View;
+    scene.SlideMap = parts.Map.SlideMap;
+    // A picture that stands for another view than this one would put every point in the wrong place.
+    scene.PaintsChart = paintsChart || scene.View != standing;
+}
+
+// An aircraft off the chart switches centring off.
+void Navigation::PlaceAircraft() {
+    const MapTransform transform = parts.Map.Transform();
+    const Point image = transform.ImageOf(parts.State.Current());
+    if (image.X < 0 || image.Y < 0 || !(image.X < parts.Map.Breite) || !(image.Y < parts.Map.Höhe))
+        parts.Map.SetCentring(false);
+    MapPoint = transform.ViewOfImage(image);
+}
+
+bool Navigation::AircraftIsFarOutside(const MapTransform& transform) const {
+    return MapPoint.X < -5 || MapPoint.Y < -5 || MapPoint.X > transform.ViewWidth() + 5 ||
+           MapPoint.Y > transform.ViewHeight() + 5;
+}
+
+// The airspaces not yet found are missing when an error ends this; the step goes on.
+void Navigation::SelectAirspace(Scene& scene) {
+    if (!scene.PaintsChart) return;
+    scene.ShowAirspaceText = parts.Flags.ShowAirspaceText;
+    try {
+        parts.Airspace.SelectAirspace(*scene.Transform, scene.Airspaces);
+    } catch (const RuntimeError& error) {
+        scene.AirspaceFault = parts.Faults.TextOf(DrawingFaults::Layer::Airspace, error);
+    }
+}
+
+void Navigation::DrawRoute(Scene& scene) {
+    if (!parts.Route.HasRoutes()) return;
+    routePoints.ForEach(parts.Route.RoutesSet.Get("RouteID"), [&](const RoutePoints::Point& point) {
+        scene.Route.push_back(ToDecimalDegrees(point.PlaceIn(parts.Route.cmbRoute)));
+    });
+}
+
+void Navigation::DrawActiveLeg(NavigationStep& step, bool hasFix) {
+    RouteFollowing& route = parts.Route;
+    if (!route.RouteActive && !route.GotoActive) return;
+    const auto target = route.ActiveTarget();
+    if (!target) return;
+    step.Picture.ActiveLeg = {parts.State.Current(), *target};
+    const LegStep leg = parts.ActiveLeg.UpdateLeg(*target, parts.State.Current(), route.GotoActive);
+    step.Passed = step.Passed || leg.Passed;
+    step.IsADayAway = step.IsADayAway || leg.IsADayAway;
+    if (leg.Passed) route.PassPoint();
+    route.RefreshRouteList(hasFix ? std::optional(parts.ActiveLeg.LastDistance) : std::nullopt);
+}
+
+void Navigation::FindPoints(Scene& scene) {
+    if (!scene.Points.OnlyRoutePoints) {
+        FindWaypoints(scene);
+    } else if (parts.Route.HasRoutes()) {
+        // Of the waypoints only airfields come through then.
+        if (parts.Flags.ShowAirfields) FindWaypoints(scene);
+        FindRoutePoints(scene);
+    }
+}
+
+void Navigation::FindWaypoints(Scene& scene) {
+    const MapTransform& transform = *scene.Transform;
+    const ViewBounds bounds =
+        transform.GetViewBounds({0, 0}, {transform.ViewWidth(), transform.ViewHeight()});
+    waypoints.ForEach(bounds, [&](const WaypointWindow::Row& row) {
+        std::string name(row.Name);
+        scene.Points.AirfieldOf(name); // one that is missing ends the scene before it
+        scene.Waypoints.push_back({row.At, std::move(name)});
+    });
+}
+
+void Navigation::FindRoutePoints(Scene& scene) {
+    const Recordset& active = parts.Route.RoutePointsSet;
+    if (!active.IsOpen() || active.RecordCount() == 0) return;
+    const Value activeId = active.Get("PointID");
+    const Value activeName = active.Get("Name");
+    routePoints.ForEach(parts.Route.RoutesSet.Get("RouteID"), [&](const RoutePoints::Point& point) {
+        const bool isActive = point.IsOf(activeId, activeName);
+        scene.RoutePoints.push_back({point.PlaceIn(parts.Route.cmbRoute), std::string(point.Name()),
+                                     isActive ? PointMode::ActiveRoutePoint : PointMode::Plain});
+    });
+}
+
+} // namespace ornivane
