@@ -29,7 +29,7 @@ struct Cockpit : ChartFolder {
         Shared.TrackEnabled = true;
         Shared.TrackInterval = 1000;
         Form = std::make_unique<frmGPSmain>(
-            FlyingFormServices{Shared, Port, CheckTimer, TrackTimer, Ports, Clock, Boxes, Notices, Guard});
+            FlyingFormServices{Shared, {Port, CheckTimer, TrackTimer, Clock}, Ports, Boxes, Notices, Guard});
         Form->resize(1920, 1033);
         Form->show();
         Form->Form_Activate();

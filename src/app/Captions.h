@@ -13,14 +13,6 @@ enum class Mode { Flight, Planning, Settings, MapData, FlightPlan };
 inline constexpr std::array<Mode, 5> AllModes{Mode::Flight, Mode::Planning, Mode::Settings, Mode::MapData,
                                               Mode::FlightPlan};
 
-// One text site: the same text in both languages.
-struct Bilingual {
-    const char* German;
-    const char* English;
-
-    const char* In(const Language& language) const { return language.Text(German, English); }
-};
-
 // Captions of the toolbar. Their blanks count: "  Map  Data  " is as wide as its neighbours.
 Bilingual ModeCaption(Mode mode);
 Bilingual ModeTooltip(Mode mode);

@@ -84,7 +84,7 @@ Screen* Program::MakeScreen(Mode mode) {
     switch (mode) {
     case Mode::Flight:
         return new frmGPSmain(
-            {variablen, MSComm1, timerCheck, timeTrack, ports, clock, dialogs, *notices, guard, &pictures});
+            {variablen, {MSComm1, timerCheck, timeTrack, clock}, ports, dialogs, *notices, guard, &pictures});
     case Mode::Settings:
         return new frmSettings({{variablen, settingsPort, settingsTimer, ports, clock, dialogs},
                                 guard,

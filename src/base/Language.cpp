@@ -2,6 +2,12 @@
 
 namespace ornivane {
 
+const char* Bilingual::In(const Language& language) const { return language.Text(German, English); }
+
+std::string Bilingual::In(const Language& language, const std::string& value) const {
+    return language.Text(German, English, {value});
+}
+
 std::string Language::Text(const char* german, const char* english,
                            std::initializer_list<std::string> values) const {
     std::string filled;

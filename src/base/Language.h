@@ -8,6 +8,18 @@
 
 namespace ornivane {
 
+struct Language;
+
+// A text in both languages, where it is made before it is known in which of them it will show.
+struct Bilingual {
+    const char* German;
+    const char* English;
+
+    const char* In(const Language& language) const;
+    // With this value in the place of %1.
+    std::string In(const Language& language, const std::string& value) const;
+};
+
 // The language of the texts, and the system's way to write numbers and dates. Each text stands once, where it
 // is used, in German and English; which of the two shows is decided here and nowhere else.
 struct Language {

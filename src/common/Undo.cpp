@@ -29,7 +29,7 @@ void Undo::Withdraw() {
 }
 
 void Undo::ApplyLanguage() {
-    if (deed) ShowOffer(language.Text(deed->German.c_str(), deed->English.c_str()));
+    if (deed) ShowOffer(deed->Done.In(language, deed->Name));
 }
 
 // The & marks the letter that presses the button together with Alt.
@@ -53,9 +53,8 @@ void Undo::Run() {
 }
 
 std::string Undo::Failure(const RuntimeError& error) const {
-    return language.Text((deed->German + ", nicht rückgängig gemacht: ").c_str(),
-                         (deed->English + ", not undone: ").c_str()) +
-           DescribeError(error, language);
+    return deed->Done.In(language, deed->Name) +
+           language.Text(", nicht rückgängig gemacht: ", ", not undone: ") + DescribeError(error, language);
 }
 
 } // namespace ornivane

@@ -17,7 +17,8 @@ namespace ornivane {
 class Undo {
 public:
     struct Deed {
-        std::string German, English; // what was done
+        Bilingual Done; // %1: with what
+        std::string Name;
         Connection& Store;
         // Makes the store what it was, in one transaction with everything that it writes. When the store
         // refuses, nothing of it is done, the notice says why, and it can be tried again.

@@ -10,22 +10,23 @@ namespace ornivane {
 FlyingScreen::FlyingScreen(const FlyingScreenWorld& w, std::function<void()> stateChanged,
                            std::function<void(FocusBy)> focusOnMap)
     : Readouts(State, [this](const FixEffects& effects) { Act(effects); }), gps(Readouts),
-      Sentences(gps, w.SystemClock, w.Shared), Com(w.MSComm1, w.Shared, w.Shared),
-      Link(Com, Sentences, w.timerCheck, w.Messages, w.Shared, [this](LinkAction action) { Do(action); }),
+      Sentences(gps, w.Devices.SystemClock, w.Shared), Com(w.Devices.MSComm1, w.Shared, w.Shared),
+      Link(Com, Sentences, w.Devices.timerCheck, w.Messages, w.Shared,
+           [this](LinkAction action) { Do(action); }),
       Map({w.Shared, w.Shared, w.Shared.DataConn, MapsSet, w.picStorage, w.picMap, w.progBar, w.Messages}),
       Ring(w.Shared.DataConn, Map, w.progBar),
       Route(w.Shared.DataConn, State, [this] { Do({.TargetChosen = true, .Redraw = true}); }),
-      ActiveLeg(State, w.SystemClock), Wind(State, w.Shared.Locale, w.picWind),
+      ActiveLeg(State, w.Devices.SystemClock), Wind(State, w.Shared.Locale, w.picWind),
       Instruments(w.Shared.DataConn, w.Shared, w.Shared, State, w.Kurskreisel, w.Picture1, w.Messages),
-      Logger(w.Shared, w.Shared.TrackConn, w.Shared, State, w.timeTrack, w.SystemClock),
+      Logger(w.Shared, w.Shared.TrackConn, w.Shared, State, w.Devices.timeTrack, w.Devices.SystemClock),
       Airspace(w.Shared.LuftraumConn, w.Shared, State, Flags, [this] { UpdateMap(); }),
-      Qnh(w.Shared, w.Shared, w.SystemClock, [this] { UpdateMap(); }),
+      Qnh(w.Shared, w.Shared, w.Devices.SystemClock, [this] { UpdateMap(); }),
       Faults(w.Shared, [this](const std::string& text) { world.Notices.Show(text); }), world(w),
       changed(std::move(stateChanged)), focusMap(std::move(focusOnMap)),
       navigation({w.Shared, w.Shared, State, Flags, Map, Ring, Route, ActiveLeg, Airspace, Faults}),
       drawing(w.picMap, w.picStorage, w.Shared.LuftraumConn, Faults),
       chartsChanged(w.Shared.ChartsChanged, [this] { Map.ChartsChanged(); }) {
-    w.timeTrack.OnTimer([this] { timeTrack_Timer(); });
+    w.Devices.timeTrack.OnTimer([this] { timeTrack_Timer(); });
 }
 
 void FlyingScreen::Form_Load() {

@@ -11,6 +11,7 @@
 #include "map/ActiveMap.h"
 #include "map/MapRing.h"
 #include "nav/FixReadouts.h"
+#include "nav/FlightDevices.h"
 #include "nav/FlightState.h"
 #include "nav/Instrument.h"
 #include "nav/Leg.h"
@@ -20,11 +21,8 @@
 #include "nav/SceneDrawing.h"
 #include "nav/TrackLogger.h"
 #include "nav/WindCalculator.h"
-#include "platform/Clock.h"
 #include "platform/Dialogs.h"
 #include "platform/PictureSurface.h"
-#include "platform/SerialPort.h"
-#include "platform/Timer.h"
 #include "store/Recordset.h"
 
 namespace ornivane {
@@ -32,10 +30,7 @@ namespace ornivane {
 // The world that the flying screen works in: the seams, real or faked.
 struct FlyingScreenWorld {
     Variablen& Shared;
-    SerialPort& MSComm1;
-    Timer& timerCheck;
-    Timer& timeTrack;
-    const Clock& SystemClock;
+    FlightDevices Devices;
     Picture& picStorage;
     PictureSurface& picMap;
     const Picture& Picture1; // the compass card

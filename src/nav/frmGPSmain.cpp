@@ -60,10 +60,9 @@ frmGPSmain::frmGPSmain(const FlyingFormServices& formServices)
 void frmGPSmain::MakeScreen() {
     progress = std::make_unique<QtProgress>(*progBar);
     screen = std::make_unique<FlyingScreen>(
-        FlyingScreenWorld{services.Shared, services.MSComm1, services.timerCheck, services.timeTrack,
-                          services.SystemClock, *picStorage, picMap->Surface(), instruments->Card(),
-                          instruments->Surface(), wind->Surface(), *progress, services.Messages,
-                          services.Notices},
+        FlyingScreenWorld{services.Shared, services.Devices, *picStorage, picMap->Surface(),
+                          instruments->Card(), instruments->Surface(), wind->Surface(), *progress,
+                          services.Messages, services.Notices},
         [this] { ShowState(); },
         [this](FocusBy by) {
             // A route point that is passed is no press of a button: what is being typed keeps its keys.

@@ -39,11 +39,8 @@ class frmWindPanel;
 // What the flying screen's form needs of the program. All of it outlives the form.
 struct FlyingFormServices {
     Variablen& Shared;
-    SerialPort& MSComm1;
-    Timer& timerCheck;
-    Timer& timeTrack;
+    FlightDevices Devices;
     const PortList& Ports;
-    const Clock& SystemClock;
     Dialogs& Messages;
     Notice& Notices;
     EventGuard& Guard;

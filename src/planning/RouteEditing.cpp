@@ -122,7 +122,9 @@ Undo::Deed RouteEditing::KeepRoute() {
     const KeptListRow row = routes.Keep(RoutesSet.RowId());
     const KeptRows itsPoints = points.KeepAll(route);
     const int place = RoutePointsSet.IsOpen() ? RoutePointsSet.AbsolutePosition() : 0;
-    return {"Strecke " + name + " gelöscht", "Route " + name + " deleted", data,
+    return {{"Strecke %1 gelöscht", "Route %1 deleted"},
+            name,
+            data,
             [row, itsPoints] {
                 row.PutBack();
                 itsPoints.PutBack();
@@ -195,7 +197,9 @@ PlanEffects RouteEditing::cmdDeleteWaypoint() {
 Undo::Deed RouteEditing::KeepPoint(const Value& route) {
     const std::string name = Undo::NameOf(RoutePointsSet);
     const KeptListRow row = points.Keep(route, RoutePointsSet.RowId());
-    return {"Streckenpunkt " + name + " gelöscht", "Route point " + name + " deleted", data,
+    return {{"Streckenpunkt %1 gelöscht", "Route point %1 deleted"},
+            name,
+            data,
             [this, row] { pointBack = row.PutBack(); },
             [this, route] {
                 SelectRoute(route);

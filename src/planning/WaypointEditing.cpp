@@ -211,14 +211,12 @@ std::optional<std::string> WaypointEditing::OtherTarget() const {
     return WaypointsSet.TextOrEmpty("Name");
 }
 
-// The current row as it is now. `german`, `english`: what is going to be done with it.
-Undo::Deed WaypointEditing::KeepCurrent(const char* german, const char* english,
-                                        void (KeptRows::*putBack)() const) {
+// The current row as it is now. `deed`: what is going to be done with it.
+Undo::Deed WaypointEditing::KeepCurrent(const Bilingual& deed, void (KeptRows::*putBack)() const) {
     const Value point = WaypointsSet.Get("PointID");
     const std::string name = Undo::NameOf(WaypointsSet);
     const KeptRows kept = Waypoints(data).Keep(point);
-    return {"Wegpunkt " + name + " " + german, "Waypoint " + name + " " + english, data,
-            [kept, putBack] { (kept.*putBack)(); },
+    return {deed, name, data, [kept, putBack] { (kept.*putBack)(); },
             [this, point, category = cmbKat] { ShowAgain(point, category); }};
 }
 
@@ -239,7 +237,7 @@ void WaypointEditing::ShowAgain(const Value& point, const std::string& category)
 
 PlanEffects WaypointEditing::cmdChange() {
     if (auto refused = CheckEntry("Bitte Name für den Wegpunkt eingeben"); !refused.empty()) return refused;
-    Undo::Deed deed = KeepCurrent("geändert", "changed", &KeptRows::PutBackOver);
+    Undo::Deed deed = KeepCurrent({"Wegpunkt %1 geändert", "Waypoint %1 changed"}, &KeptRows::PutBackOver);
     bool isOther = false;
     const auto set = [&](const char* field, const Value& value) {
         isOther = isOther || WaypointsSet.Get(field) != value;
@@ -261,7 +259,7 @@ PlanEffects WaypointEditing::cmdChange() {
 PlanEffects WaypointEditing::cmdDelete() {
     if (OnRow()) {
         const Flagged now(moving);
-        Undo::Deed deed = KeepCurrent("gelöscht", "deleted", &KeptRows::PutBack);
+        Undo::Deed deed = KeepCurrent({"Wegpunkt %1 gelöscht", "Waypoint %1 deleted"}, &KeptRows::PutBack);
         WaypointsSet.Delete();
         undo.Offer(std::move(deed));
         if (WaypointsSet.Eof()) WaypointsSet.MoveLast(); // a list with rows stands on one

@@ -104,7 +104,7 @@ private:
     void ShowCount();
     void ShowUnlessTyped();
     double ShowCoordinate(const char* column, std::string& field);
-    Undo::Deed KeepCurrent(const char* german, const char* english, void (KeptRows::*putBack)() const);
+    Undo::Deed KeepCurrent(const Bilingual& deed, void (KeptRows::*putBack)() const);
     void ShowAgain(const Value& point, const std::string& category);
 
     // What is typed for one waypoint.

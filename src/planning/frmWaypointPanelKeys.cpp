@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QTableView>
+#include <algorithm>
 
 #include "planning/frmWaypointPanel.h"
 #include "platform/qt/Clicked.h"
@@ -17,7 +18,7 @@ constexpr int FocusFrame = 3; // pixels of its border
 } // namespace
 
 bool frmWaypointPanel::IsEntry(const QObject* watched) const {
-    return watched == tWaypoint[1] || watched == tWaypoint[2] || watched == tWaypoint[3];
+    return watched && std::ranges::find(tWaypoint, watched) != tWaypoint.end();
 }
 
 bool frmWaypointPanel::TakesHemisphereKey(const QObject* watched, int key) const {

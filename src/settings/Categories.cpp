@@ -133,7 +133,9 @@ Undo::Deed Categories::KeepChanged() {
     const KeptColumn waypoints = Waypoints(dataConn).KeepCategory(CurrentName());
     const KeptColumn strays = Waypoints(dataConn).KeepCategory(tKategorie);
     const std::string shown = Undo::NameOf(CategoriesSet, "Kategorie");
-    return {"Kategorie " + shown + " geändert", "Category " + shown + " changed", dataConn,
+    return {{"Kategorie %1 geändert", "Category %1 changed"},
+            shown,
+            dataConn,
             [this, name, waypoints, strays, before = CurrentName(), present = tKategorie] {
                 name.PutBack();
                 waypoints.PutBackOver(present);
@@ -149,7 +151,9 @@ Undo::Deed Categories::KeepDeleted() {
     const KeptListRow row(dataConn, "Kategorie", "1", {}, CategoriesSet.RowId());
     const KeptColumn waypoints = Waypoints(dataConn).KeepCategory(CurrentName());
     const std::string shown = Undo::NameOf(CategoriesSet, "Kategorie");
-    return {"Kategorie " + shown + " gelöscht", "Category " + shown + " deleted", dataConn,
+    return {{"Kategorie %1 gelöscht", "Category %1 deleted"},
+            shown,
+            dataConn,
             [this, row, waypoints, name = CurrentName(), count = CountOf(CurrentName())] {
                 const bool isThere = count > 0 && CountOf(name) >= count; // a damaged one has no name
                 rowBack = isThere ? RowOf(name) : row.PutBack();

@@ -125,7 +125,9 @@ void TrackManager::OfferUndo(const Choice& before, const Tracks::Counts& deleted
     const std::size_t count = before.Selected.size();
     const std::string tracks =
         count == 1 ? "Track " + std::to_string(before.Selected.front()) : std::to_string(count) + " Tracks";
-    undo.Offer({tracks + " gelöscht", tracks + " deleted", TrackFormConn,
+    undo.Offer({{"%1 gelöscht", "%1 deleted"},
+                tracks,
+                TrackFormConn,
                 [this, indexes = before.Selected, points = deleted.Points] { BringBack(indexes, points); },
                 [this, before] { ShowAgain(before); }});
 }
