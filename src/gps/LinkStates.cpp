@@ -44,8 +44,8 @@ constexpr Transition Transitions[] = {
 
     // The timer.
     {In(Checking),                     In(Tick),       Nothing,  Stays,       Kept,       T::Keep,        {Reopen}},
-    {In(Checking),                     In(Opened),     Any,      Listening,   Kept,       T::NoSignal,    {RefreshRouteList}},
-    {In(Checking),                     In(NotOpened),  Any,      Off,         Kept,       T::OpenFailure, {RefreshRouteList}},
+    {In(Checking),                     In(Opened),     Any,      Listening,   Kept,       T::NoSignal,    {StopTimer, RefreshRouteList}},
+    {In(Checking),                     In(NotOpened),  Any,      Off,         Kept,       T::OpenFailure, {StopTimer, RefreshRouteList}},
     {In(Checking),                     In(Tick),       Any,      Running,     Kept,       T::Hide},
     {In(DataLost),                     In(Tick),       Nothing,  Stays,       Kept,       T::Keep,        {Reopen}},
     {In(DataLost),                     In(Opened),     Any,      Stays,       Kept,       T::NoSignal,    {ClearDisplays, RefreshRouteList}},

@@ -6,64 +6,64 @@ namespace ornivane {
 
 namespace {
 
-const char* Missing(const Variablen& shared, DrawingFaults::Layer layer) {
+const char* Missing(const Language& language, DrawingFaults::Layer layer) {
     switch (layer) {
     case DrawingFaults::Layer::Chart:
-        return shared.Text("Die Karte ist nicht gezeichnet: ", "The chart is not drawn: ");
+        return language.Text("Die Karte ist nicht gezeichnet: ", "The chart is not drawn: ");
     case DrawingFaults::Layer::Airspace:
-        return shared.Text("Nicht alle Lufträume sind auf der Karte: ", "Not all airspace is on the chart: ");
+        return language.Text("Nicht alle Lufträume sind auf der Karte: ", "Not all airspace is on the chart: ");
     case DrawingFaults::Layer::Route:
-        return shared.Text("Die Strecke ist nicht ganz gezeichnet: ", "The route is not drawn in full: ");
+        return language.Text("Die Strecke ist nicht ganz gezeichnet: ", "The route is not drawn in full: ");
     case DrawingFaults::Layer::Waypoints:
-        return shared.Text("Nicht alle Wegpunkte sind gezeichnet: ", "Not all waypoints are drawn: ");
+        return language.Text("Nicht alle Wegpunkte sind gezeichnet: ", "Not all waypoints are drawn: ");
     case DrawingFaults::Layer::Whole:
         break;
     }
-    return shared.Text("Die Karte ist nicht zu Ende gezeichnet, das Flugzeug fehlt: ",
+    return language.Text("Die Karte ist nicht zu Ende gezeichnet, das Flugzeug fehlt: ",
                        "The chart is not drawn to its end, the aircraft is missing: ");
 }
 
 // What a number means in a redraw, where only stored rows and their arithmetic are at work.
-std::string CauseOf(const Variablen& shared, const RuntimeError& error) {
+std::string CauseOf(const Language& language, const RuntimeError& error) {
     switch (error.Number()) {
     case ErrorNumber::InvalidNull:
-        return shared.Text("es fehlt ein Wert", "a value is missing");
+        return language.Text("es fehlt ein Wert", "a value is missing");
     case ErrorNumber::TypeMismatch:
-        return shared.Text("ein Text steht, wo eine Zahl hingehört", "a text stands where a number belongs");
+        return language.Text("ein Text steht, wo eine Zahl hingehört", "a text stands where a number belongs");
     case ErrorNumber::Overflow:
-        return shared.Text("eine Zahl ist zu groß", "a number is too large");
+        return language.Text("eine Zahl ist zu groß", "a number is too large");
     case ErrorNumber::DivisionByZero:
-        return shared.Text("zwei Orte fallen zusammen oder eine Ausdehnung ist null",
+        return language.Text("zwei Orte fallen zusammen oder eine Ausdehnung ist null",
                            "two places coincide or an extent is zero");
     case ErrorNumber::StoreError:
-        return shared.Text("der Datenspeicher ist nicht lesbar", "the data store cannot be read");
+        return language.Text("der Datenspeicher ist nicht lesbar", "the data store cannot be read");
     default:
-        return DescribeError(RuntimeError(error.Number()), shared);
+        return DescribeError(RuntimeError(error.Number()), language);
     }
 }
 
-std::string TextOfAirfield(const Variablen& shared, const MissingAirfield& missing) {
+std::string TextOfAirfield(const Language& language, const MissingAirfield& missing) {
     const std::string name = "\"" + missing.Icao + "\": ";
     if (!missing.KindOfRunway)
         return name +
-               shared.Text("vier Zeichen, aber kein Flugplatz in ovdata.ovd. Die Karte endet hier; bitte "
+               language.Text("vier Zeichen, aber kein Flugplatz in ovdata.ovd. Die Karte endet hier; bitte "
                            "umbenennen.",
                            "four characters, but no airfield in ovdata.ovd. The map ends here; please "
                            "rename it.");
     const bool isPaved = *missing.KindOfRunway == MissingAirfield::Kind::Paved;
-    const std::string kind = isPaved ? shared.Text("befestigt", "paved") : shared.Text("Gras", "grass");
+    const std::string kind = isPaved ? language.Text("befestigt", "paved") : language.Text("Gras", "grass");
     return name +
-           shared.Text("in ovdata.ovd hat der Flugplatz keine Piste seiner Art (",
+           language.Text("in ovdata.ovd hat der Flugplatz keine Piste seiner Art (",
                        "the airfield has no runway of its kind (") +
            kind +
-           shared.Text("). Die Karte endet hier, bis die Datei berichtigt ist.",
+           language.Text("). Die Karte endet hier, bis die Datei berichtigt ist.",
                        ") in ovdata.ovd. The map ends here until the file is corrected.");
 }
 
 } // namespace
 
-DrawingFaults::DrawingFaults(const Variablen& variablen, std::function<void(const std::string&)> toShow)
-    : shared(variablen), show(std::move(toShow)) {}
+DrawingFaults::DrawingFaults(const Language& uiLanguage, std::function<void(const std::string&)> toShow)
+    : language(uiLanguage), show(std::move(toShow)) {}
 
 void DrawingFaults::Tell(const std::string& text) {
     if (!text.empty() && told.insert(text).second) show(text);
@@ -71,9 +71,9 @@ void DrawingFaults::Tell(const std::string& text) {
 
 std::string DrawingFaults::TextOf(Layer layer, const RuntimeError& error) const {
     if (const auto* missing = dynamic_cast<const MissingAirfield*>(&error))
-        return TextOfAirfield(shared, *missing);
+        return TextOfAirfield(language, *missing);
     const std::string where = error.Detail().empty() ? std::string() : " (" + error.Detail() + ")";
-    return Missing(shared, layer) + CauseOf(shared, error) + where + ".";
+    return Missing(language, layer) + CauseOf(language, error) + where + ".";
 }
 
 } // namespace ornivane

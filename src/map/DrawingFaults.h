@@ -4,8 +4,8 @@
 #include <set>
 #include <string>
 
+#include "base/Language.h"
 #include "base/RuntimeError.h"
-#include "common/Variablen.h"
 
 namespace ornivane {
 
@@ -17,7 +17,7 @@ public:
     // of a screen without one.
     enum class Layer { Whole, Chart, Airspace, Route, Waypoints };
 
-    DrawingFaults(const Variablen& variablen, std::function<void(const std::string&)> show);
+    DrawingFaults(const Language& uiLanguage, std::function<void(const std::string&)> show);
 
     std::string TextOf(Layer layer, const RuntimeError& error) const;
     void Tell(Layer layer, const RuntimeError& error) { Tell(TextOf(layer, error)); }
@@ -26,7 +26,7 @@ public:
     void Forget() { told.clear(); }
 
 private:
-    const Variablen& shared;
+    const Language& language;
     std::function<void(const std::string&)> show;
     std::set<std::string> told;
 };

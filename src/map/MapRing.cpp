@@ -34,7 +34,7 @@ std::string MapRing::After(int index) const {
     return next < listNextMap.size() ? listNextMap[next] : listNextMap.front();
 }
 
-bool MapRing::Search(const Position& aircraft, bool isAtEdge, const std::string& route) {
+bool MapRing::Search(const Position& aircraft, bool isAtEdge) {
     HideNext();
     listNextMap.clear();
     if (!map.AutoMapSwitch) return false;
@@ -45,8 +45,18 @@ bool MapRing::Search(const Position& aircraft, bool isAtEdge, const std::string&
     LblMapNumberShows = listNextMap.size() > 2;
     tNextMapShows = listNextMap.size() > 1;
     const bool changes = isAtEdge && !tNextMap.empty() && !map.IsRefused(tNextMap);
-    // Also when it is the map that stands already: its remembered view and centring come back.
-    if (changes) map.cmbMaps_Change(tNextMap, route);
+    if (!changes) Announce();
+    return changes;
+}
+
+// Also when it is the map that stands already: its remembered view and centring come back.
+void MapRing::Change(const std::string& route) {
+    map.cmbMaps_Change(tNextMap, route);
+    Announce();
+}
+
+// The map behind the one that stands now.
+void MapRing::Announce() {
     std::sort(listNextMap.begin(), listNextMap.end(),
               [](const auto& a, const auto& b) { return CompareText(a, b) < 0; });
     const auto found = std::find(listNextMap.begin(), listNextMap.end(), map.cmbMaps);
@@ -54,7 +64,6 @@ bool MapRing::Search(const Position& aircraft, bool isAtEdge, const std::string&
         found == listNextMap.end() ? std::int16_t{-1} : ToInt16(double(found - listNextMap.begin()));
     tNextMap = After(MapListIndex);
     LblMapNumber = std::to_string(MapListIndex + 1) + " / " + std::to_string(listNextMap.size());
-    return changes;
 }
 
 bool MapRing::Step(const std::string& route) {

@@ -24,10 +24,11 @@ public:
 
     // Whether a point of the view (pixels) is so near its edge that the map changes there.
     static bool IsAtEdge(const Point& mapPoint, const MapTransform& view);
-    // The search of each redraw; `aircraft` in decimal degrees, `route` for the memory of the last choice. At
-    // the edge the map changes to the one that the redraw before has left in tNextMap, so that a change comes
-    // one redraw after it was announced. True when the map was changed.
-    [[nodiscard]] bool Search(const Position& aircraft, bool isAtEdge, const std::string& route);
+    // The search of each redraw. At the edge the map is to change to the one that the redraw before has left
+    // in tNextMap, so that a change comes one redraw after it was announced: true, and Change is to follow.
+    [[nodiscard]] bool Search(const Position& aircraft, bool isAtEdge);
+    // `route`: for the memory of the last choice.
+    void Change(const std::string& route);
     // Nothing is announced while the catalogue is empty.
     void HideNext();
     // Steps to the next map by hand; true: draw it. Nothing while automatic switching is off.
@@ -44,6 +45,7 @@ public:
     std::int16_t MapListIndex = -1; // of the current map in listNextMap
 
 private:
+    void Announce();
     std::string After(int index) const;
 
     MapCatalogue catalogue;

@@ -48,12 +48,11 @@ void FixReadouts::gps_PositionReceived(const std::string& latitude, const std::s
     state.CurLong = ToDecimalDegrees(StoredLongitude(WireNumber(longraw) / 100));
     if (longitude.starts_with('W')) state.CurLong = -state.CurLong;
     state.HadPosition = true;
+    ++PositionCount;
+    act({.MapIsDue = PositionCount == 0 || PositionCount > 20});
+    if (PositionCount > 20) PositionCount = 0;
     state.lblLat = latitude;
     state.lblLong = longitude;
-    PositionCount = static_cast<std::int16_t>(PositionCount + 1);
-    const bool mapIsDue = PositionCount == 0 || PositionCount > 20;
-    if (mapIsDue) PositionCount = 0;
-    act({.MapIsDue = mapIsDue});
 }
 
 void FixReadouts::gps_TimeChanged(const std::string& time) { state.LabelTime = time; }

@@ -122,20 +122,25 @@ void FlyingScreen::Form_Resize() {
     world.picMap.Refresh();
 }
 
-// What is told comes in the order of what was drawn and computed.
 void FlyingScreen::Redraw(RedrawOrder order, bool centringAsked) {
     const bool wasCentred = Map.CenterMap;
     order.OnlyRoutePoints = picShowPoints;
     order.HasFix = HasFix();
     const NavigationStep step = navigation.Step(order);
-    if (step.Passed) focusMap(FocusBy::Receiver);
-    Faults.Tell(drawing.Draw(step.Picture));
-    if (step.IsADayAway) TargetADayAway();
-    const bool hasExtent = world.picMap.ScaleWidth() > 0 && world.picMap.ScaleHeight() > 0;
-    if (hasExtent) Faults.Tell(step.Picture.Fault); // a view without extent is no fault
+    Show(step);
+    if (step.ChangesChart) Show(navigation.ChangeChart(order));
     if (wasCentred && !Map.CenterMap) TellWhyNotCentred(centringAsked);
     world.picMap.Refresh();
     changed();
+}
+
+// What is told comes in the order of what was drawn and computed.
+void FlyingScreen::Show(const NavigationStep& step) {
+    Faults.Tell(drawing.Draw(step.Picture));
+    if (step.Passed) focusMap(FocusBy::Receiver);
+    if (step.IsADayAway) TargetADayAway();
+    const bool hasExtent = world.picMap.ScaleWidth() > 0 && world.picMap.ScaleHeight() > 0;
+    if (hasExtent) Faults.Tell(step.Picture.Fault); // a view without extent is no fault
 }
 
 // Unasked only where the pilot would otherwise go on believing that the map follows him: before the first

@@ -140,6 +140,7 @@ private:
     void DrawIf(bool isAnotherView);
     void CentreMap();
     void Redraw(RedrawOrder order, bool centringAsked = false);
+    void Show(const NavigationStep& step);
     void RouteGone(const std::string& name);
     void TargetADayAway();
     void TellWhyNotCentred(bool centringAsked);

@@ -13,17 +13,33 @@ Navigation::Navigation(const NavigationParts& navigationParts)
 NavigationStep Navigation::Step(const RedrawOrder& order) {
     NavigationStep step;
     if (!parts.Map.HasRows()) return step;
-    bool isAnotherChart = false;
-    UntilError(step.Picture, [&] {
-        isAnotherChart =
-            parts.Map.HasMap() ? Compute(step, order, true) : ComputeWithoutChart(step, order.HasFix);
+    Scene& scene = step.Picture;
+    UntilError(scene, [&] {
+        if (!parts.Map.HasMap()) {
+            DrawActiveLeg(step, order.HasFix);
+            // As if the aircraft were at the edge: any chart that covers it is better than none.
+            step.ChangesChart = parts.Ring.Search(parts.State.Current(), true);
+            return;
+        }
+        Compute(step, order);
+        if (AircraftIsFarOutside(*scene.Transform) && !parts.Map.AutoMapSwitch) return;
+        step.ChangesChart =
+            parts.Ring.Search(parts.State.Current(), MapRing::IsAtEdge(MapPoint, *scene.Transform));
+        AddAircraft(scene);
     });
-    if (!isAnotherChart) return step;
-    // A picture of the chart before would make a click on it mean another place.
-    step.Picture = {};
-    RedrawOrder whole = order;
-    whole.PaintsChart = true;
-    if (parts.Map.HasMap()) UntilError(step.Picture, [&] { Compute(step, whole, false); });
+    return step;
+}
+
+NavigationStep Navigation::ChangeChart(const RedrawOrder& order) {
+    NavigationStep step;
+    UntilError(step.Picture, [&] {
+        parts.Ring.Change(parts.Route.cmbRoute);
+        if (!parts.Map.HasMap()) return;
+        RedrawOrder whole = order;
+        whole.PaintsChart = true;
+        Compute(step, whole);
+        AddAircraft(step.Picture);
+    });
     return step;
 }
 
@@ -35,13 +51,7 @@ void Navigation::UntilError(Scene& scene, const std::function<void()>& steps) co
     }
 }
 
-bool Navigation::ComputeWithoutChart(NavigationStep& step, bool hasFix) {
-    DrawActiveLeg(step, hasFix);
-    // As if the aircraft were at the edge: any chart that covers it is better than none.
-    return parts.Ring.Search(parts.State.Current(), true, parts.Route.cmbRoute);
-}
-
-bool Navigation::Compute(NavigationStep& step, const RedrawOrder& order, bool searches) {
+void Navigation::Compute(NavigationStep& step, const RedrawOrder& order) {
     Scene& scene = step.Picture;
     PlaceChart(scene, order.PaintsChart);
     SelectAirspace(scene);
@@ -51,14 +61,11 @@ bool Navigation::Compute(NavigationStep& step, const RedrawOrder& order, bool se
     DrawActiveLeg(step, order.HasFix);
     FindPoints(scene);
     scene.DirectTarget = parts.Route.DirectTarget();
-    const MapTransform& transform = *scene.Transform;
-    if (AircraftIsFarOutside(transform) && !parts.Map.AutoMapSwitch) return false;
-    if (searches && parts.Ring.Search(parts.State.Current(), MapRing::IsAtEdge(MapPoint, transform),
-                                      parts.Route.cmbRoute))
-        return true;
-    scene.Aircraft = {MapPoint, transform.ViewAngle(parts.State.lblBearing.Number()), !parts.State.NoFix,
-                      parts.Symbols.SymbolType};
-    return false;
+}
+
+void Navigation::AddAircraft(Scene& scene) const {
+    scene.Aircraft = {MapPoint, scene.Transform->ViewAngle(parts.State.lblBearing.Number()),
+                      !parts.State.NoFix, parts.Symbols.SymbolType};
 }
 
 void Navigation::PlaceChart(Scene& scene, bool paintsChart) {

@@ -2,8 +2,9 @@
 
 #include <functional>
 
+#include "common/OpenStores.h"
+#include "common/Settings.h"
 #include "common/SettingsFiles.h"
-#include "common/Variablen.h"
 #include "data/RoutePoints.h"
 #include "map/ActiveMap.h"
 #include "map/DrawingFaults.h"
@@ -41,8 +42,9 @@ struct RedrawOrder {
 // What a navigation step leaves to the screen.
 struct NavigationStep {
     Scene Picture;
-    bool Passed = false;     // a route point: the keys belong to the map
-    bool IsADayAway = false; // the target: to be told
+    bool Passed = false;       // a route point: the keys belong to the map
+    bool IsADayAway = false;   // the target: to be told
+    bool ChangesChart = false; // ChangeChart is to follow when this scene is drawn
 };
 
 // Computes in each redraw what depends on the position, in a fixed order: the place of the aircraft on the
@@ -54,20 +56,23 @@ public:
 
     // Nothing without maps. While the map cannot be shown the scene draws nothing, and leg and search are
     // computed all the same. An error in the data ends the step: what was computed and found so far stays,
-    // and the scene says why. After a change of charts the scene is the new chart's, computed anew without
-    // another search, which could change the chart back and forth for ever.
+    // and the scene says why.
     NavigationStep Step(const RedrawOrder& order);
+    // The chart that was announced, and the step on it: the picture of the chart before would make a click on
+    // it mean another place. Without another search, which could change the chart back and forth for ever.
+    // Behind the drawing, because a chart that cannot be shown blanks the sheet.
+    NavigationStep ChangeChart(const RedrawOrder& order);
 
 private:
     void UntilError(Scene& scene, const std::function<void()>& steps) const;
-    // True when the chart was changed: the scene is of the one before.
-    bool Compute(NavigationStep& step, const RedrawOrder& order, bool searches);
-    bool ComputeWithoutChart(NavigationStep& step, bool hasFix);
+    // All of a step on a chart but the search and the aircraft, which is missing when the search fails.
+    void Compute(NavigationStep& step, const RedrawOrder& order);
+    void AddAircraft(Scene& scene) const;
     void PlaceChart(Scene& scene, bool paintsChart);
     void PlaceAircraft();
     void SelectAirspace(Scene& scene);
     void DrawRoute(Scene& scene);
-    // The line of the active leg, the leg's values and the route list.
+    // The line of the active leg, the leg's values and the route list; nothing while none is flown.
     void DrawActiveLeg(NavigationStep& step, bool hasFix);
     void FindPoints(Scene& scene);
     void FindWaypoints(Scene& scene);

@@ -244,17 +244,16 @@ RouteReturn RouteFollowing::Activate() {
         found.Gone = name;
     }
     if (RoutePointsSet.RecordCount() == 0) SwitchOff();
-    if (!state.HadPosition && OnPoint()) {
-        found.Damage = ErrorOf([this] {
+    found.Damage = ErrorOf([&] {
+        if (!state.HadPosition && OnPoint()) {
             state.CurLat = ToDecimalDegrees(StoredLatitude(RoutePointsSet.Number("Lat")));
             state.CurLong = ToDecimalDegrees(StoredLongitude(RoutePointsSet.Number("Long")));
-        });
-        if (found.Damage) return found;
-    }
-    ReturnTo(before);
-    const Place now = CurrentPlace();
-    if (!isSame || now.Nummer != before.Nummer || now.Points != before.Points) EnableSteps();
-    found.IsAnotherTarget = now.Target != before.Target;
+        }
+        ReturnTo(before);
+        const Place now = CurrentPlace();
+        if (!isSame || now.Nummer != before.Nummer || now.Points != before.Points) EnableSteps();
+        found.IsAnotherTarget = now.Target != before.Target;
+    });
     return found;
 }
 

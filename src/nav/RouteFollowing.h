@@ -39,7 +39,7 @@ struct RouteEffects {
 struct RouteReturn {
     std::optional<std::string> Gone;    // the flown route that was renamed or deleted: it is flown no longer
     bool IsAnotherTarget = false;       // or it stands elsewhere now
-    std::optional<RuntimeError> Damage; // of the point at which the map opens; the first row is active then
+    std::optional<RuntimeError> Damage; // of a row; one at which the map would open leaves the first one active
 };
 
 // The route that is flown, point by point, and the target of Direct Fly.

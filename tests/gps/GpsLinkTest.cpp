@@ -29,6 +29,8 @@ protected:
     void Do(LinkAction action) {
         if (action == LinkAction::ShowLoss) Calls += "lost ";
         if (action == LinkAction::ClearDisplays) Calls += "nothing ";
+        if (action == LinkAction::RefreshRouteList && RouteIsDamaged)
+            throw RuntimeError(ErrorNumber::TypeMismatch);
         if (action == LinkAction::RefreshRouteList) Calls += "routes ";
         if (action == LinkAction::FocusMap) Calls += "focus ";
     }
@@ -55,11 +57,20 @@ protected:
     SetClock Clock;
     Variablen Shared;
     std::string Calls;
+    bool RouteIsDamaged = false;
     NmeaInterpreter gps{*this};
     NmeaSink Sentences{gps, Clock, Shared};
     PortSource Com{Port, Shared, Shared};
     GpsLink Link{Com, Sentences, Timer, Dialogs, Shared, [this](LinkAction action) { Do(action); }};
 };
+
+TEST_F(GpsLinkTest, ADamagedRouteEndsTheCheckAllTheSame) {
+    RouteIsDamaged = true;
+    Link.cmdGPS_Click();
+    EXPECT_THROW(Timer.Fire(2), RuntimeError);
+    EXPECT_EQ(Signs(), "- No Signal an COM 7");
+    EXPECT_EQ(Timer.Interval(), 0);
+}
 
 TEST_F(GpsLinkTest, ChecksTwoSecondsAndRunsWhenDataCame) {
     Link.cmdGPS_Click();

@@ -86,6 +86,26 @@ TEST_F(AirspaceViewTest, PatternsHaveNoUpperLimitAndTheirOwnWindow) {
     EXPECT_EQ(Surface.Count(" w5 #"), 13);
 }
 
+TEST_F(AirspaceViewTest, WhatTheChartBeforeLacksIsToldWhenTheChartChanges) {
+    Sql("INSERT INTO Maps (Name, Oben, Unten, Links, Rechts, Breite, \"Höhe\", Active) VALUES "
+        "('Berta.jpg', 51, 50, 7, 9, 2000, 1000, 1)");
+    WriteFileAtomically(Folder.Path() / "Karten" / "Berta.jpg", "an image");
+    Begin();
+    Screen->cmdMapScroll_Click();
+    Fly(50.5, 7.9);
+    Shared.LuftraumConn.Execute(
+        "INSERT INTO Luftraum (\"Index\", PNumber, AspType, Low, High, Drawtype, Lat, Long) VALUES "
+        "(2, 1, 'D', 0, 9000, 'DB', 50.30, 7.05)"); // in the view of alpha.jpg alone
+    Screen->Flags.ShowAirspace = true;
+    Screen->State.CurLong = Longitude(7.995);
+    Screen->UpdateMap();
+    EXPECT_EQ(Screen->Map.Name(), "Berta.jpg");
+    EXPECT_EQ(Notices.Shown.size(), 1u);
+    Screen->Form_Deactivate();
+    Screen->Form_Activate();
+    EXPECT_EQ(Notices.Shown.size(), 1u) << "the new one lacks nothing";
+}
+
 TEST_F(AirspaceViewTest, ADamagedRowEndsTheSelectionAndNotTheRedraw) {
     Airspace(1, "D", 0, 9000);
     Shared.LuftraumConn.Execute(

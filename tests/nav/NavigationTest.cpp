@@ -130,8 +130,12 @@ TEST_F(NavigationTest, AfterAChangeOfChartsTheSceneIsThatOfTheNewOne) {
     AddRoute("R", {6.30});
     Open();
     Map.AutoMapSwitch = true;
-    StepAt(7.5); // announces it
-    const Scene scene = StepAt(7.995).Picture;
+    EXPECT_FALSE(StepAt(7.5).ChangesChart) << "announces it";
+    const NavigationStep before = StepAt(7.995);
+    EXPECT_TRUE(before.ChangesChart && before.Picture.Aircraft);
+    EXPECT_EQ(before.Picture.Transform, Map.Transform());
+    EXPECT_EQ(Map.Name(), "alpha.jpg");
+    const Scene scene = Steps.ChangeChart({.PaintsChart = false}).Picture;
     EXPECT_EQ(Map.Name(), "Berta.jpg");
     EXPECT_EQ(scene.Transform, Map.Transform());
     EXPECT_TRUE(scene.PaintsChart && scene.Aircraft);

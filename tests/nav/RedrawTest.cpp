@@ -5,9 +5,9 @@ namespace {
 
 using Steps = std::vector<std::string>;
 
-class DrawingPassTest : public FlyingScreenTest {};
+class RedrawTest : public FlyingScreenTest {};
 
-TEST_F(DrawingPassTest, DrawsFromBottomToTop) {
+TEST_F(RedrawTest, DrawsFromBottomToTop) {
     AddRoute("R", {6.3, 7.0, 7.3});
     Sql("INSERT INTO Waypoints (Name, Lat, Long, Kategorie) VALUES ('W', 50.3, 7.15, ''), ('far', 55, 7, "
         "''), ('V', 50.15, 7.15, '')");
@@ -31,7 +31,7 @@ TEST_F(DrawingPassTest, DrawsFromBottomToTop) {
     EXPECT_EQ(screen.State.lblDistanz, "17.8 NM");
 }
 
-TEST_F(DrawingPassTest, ShowsOnlyRoutePointsWithTheActiveOneByNumberOrName) {
+TEST_F(RedrawTest, ShowsOnlyRoutePointsWithTheActiveOneByNumberOrName) {
     AddRoute("R", {6.3, 7.0, 7.3});
     Sql("UPDATE GpsPoints SET Name = 'P1' WHERE Nummer = 3");
     Sql("INSERT INTO Waypoints (Name, Lat, Long, Kategorie) VALUES ('W', 50.3, 7.15, '')");
@@ -49,7 +49,7 @@ TEST_F(DrawingPassTest, ShowsOnlyRoutePointsWithTheActiveOneByNumberOrName) {
     EXPECT_FALSE(screen.picShowPoints);
 }
 
-TEST_F(DrawingPassTest, ADamagedRowEndsThePassAndTheNextOneIsWholeAgain) {
+TEST_F(RedrawTest, ADamagedRowEndsThePassAndTheNextOneIsWholeAgain) {
     Sql("INSERT INTO Waypoints (Name, Lat, Long, Kategorie) VALUES ('A', 50.3, 7, ''), ('B', 50.31, 7, '')");
     FlyingScreen& screen = Start();
     screen.Map.SlideMap = 100;
@@ -63,7 +63,7 @@ TEST_F(DrawingPassTest, ADamagedRowEndsThePassAndTheNextOneIsWholeAgain) {
     EXPECT_TRUE(Boxes.Shown.empty());
 }
 
-TEST_F(DrawingPassTest, WhatEndsThePassIsToldOnceWithItsPlaceAndItsCause) {
+TEST_F(RedrawTest, WhatEndsThePassIsToldOnceWithItsPlaceAndItsCause) {
     AddRoute("R", {6.3, 7.0});
     FlyingScreen& screen = Start();
     Fly(50.5, 7);
@@ -88,7 +88,7 @@ TEST_F(DrawingPassTest, WhatEndsThePassIsToldOnceWithItsPlaceAndItsCause) {
     EXPECT_EQ(Notices.Shown.size(), 2u);
 }
 
-TEST_F(DrawingPassTest, AnAircraftOffTheChartSwitchesCentringOffAndHasNoSymbol) {
+TEST_F(RedrawTest, AnAircraftOffTheChartSwitchesCentringOffAndHasNoSymbol) {
     FlyingScreen& screen = Start();
     EXPECT_FALSE(screen.Map.CenterMap); // the position before the first fix is off this chart
     Fly(50.5, 6.5);
@@ -108,7 +108,7 @@ TEST_F(DrawingPassTest, AnAircraftOffTheChartSwitchesCentringOffAndHasNoSymbol) 
     EXPECT_EQ(Surface.Count("w2"), 0);
 }
 
-TEST_F(DrawingPassTest, SteppingInsideAPassDoesNotStartAnother) {
+TEST_F(RedrawTest, SteppingInsideAPassDoesNotStartAnother) {
     AddRoute("R", {6.3, 7.0});
     FlyingScreen& screen = Start();
     screen.cmdActivateGoto_Click();
@@ -124,7 +124,7 @@ TEST_F(DrawingPassTest, SteppingInsideAPassDoesNotStartAnother) {
     EXPECT_EQ(screen.Route.RoutePointsSet.AbsolutePosition(), 2);
 }
 
-TEST_F(DrawingPassTest, ALegOfADayEndsNothingButItsTime) {
+TEST_F(RedrawTest, ALegOfADayEndsNothingButItsTime) {
     AddRoute("R", {6.3, 7.0});
     Sql("INSERT INTO Waypoints (Name, Lat, Long, Kategorie) VALUES ('W', 50.3, 7.15, '')");
     Sql("UPDATE GpsPoints SET Lat = 70 WHERE Nummer = 1");
