@@ -12,10 +12,7 @@ namespace {
 
 // Takes every event, so that nothing is spared.
 struct Counter : NmeaListener {
-    void PositionReceived(const std::string& latitude, const std::string&, const std::string&,
-                          const std::string&) override {
-        Count += latitude.size();
-    }
+    void PositionReceived(const PositionTexts& position) override { Count += position.Latitude.size(); }
     void TimeChanged(const std::string& time) override { Count += time.size(); }
     void DateChanged(const std::string& date) override { Count += date.size(); }
     void BearingReceived(const std::string& bearing) override { Count += bearing.size(); }

@@ -16,9 +16,8 @@ void Require(bool condition) {
 }
 
 struct Listener : NmeaListener {
-    void PositionReceived(const std::string& latitude, const std::string& longitude, const std::string&,
-                          const std::string&) override {
-        Require(IsValidUtf8(latitude) && IsValidUtf8(longitude));
+    void PositionReceived(const PositionTexts& position) override {
+        Require(IsValidUtf8(position.Latitude) && IsValidUtf8(position.Longitude));
     }
     void TimeChanged(const std::string& time) override { Require(IsValidUtf8(time)); }
     void DateChanged(const std::string& date) override { Require(IsValidUtf8(date)); }

@@ -68,8 +68,7 @@ void TwoPoints::ReadSizes() {
     Sizes.ViewWidth = surface.ScaleWidth();
     Sizes.ViewHeight = surface.ScaleHeight();
     Sizes.HalfWidth = static_cast<double>(Sizes.StoreWidth / 2);
-    Sizes.AspectFactor = AspectFactorOf(Sizes.StoreWidth, Sizes.StoreHeight, Sizes.ViewWidth,
-                                        Sizes.ViewHeight, MapWidth, MapHeight);
+    Sizes.AspectFactor = AspectFactorOf(Sizes, MapWidth, MapHeight);
 }
 
 void TwoPoints::Form_Resize() {
@@ -112,7 +111,7 @@ void TwoPoints::MouseDown(const Point& at) { drag = at; }
 
 void TwoPoints::MouseMove(const Point& at, bool leftHeld) {
     if (leftHeld) {
-        View = Dragged(View, Sizes, at.X - drag.X, at.Y - drag.Y);
+        View = Dragged(View, Sizes, {at.X - drag.X, at.Y - drag.Y});
         MouseDown(at);
     }
     CrossX = at.X;
@@ -210,7 +209,7 @@ void TwoPoints::timArr_Timer() {
 
 void TwoPoints::Pan(double dx, double dy) {
     const SourceRect before = View;
-    View = Dragged(View, Sizes, dx, dy);
+    View = Dragged(View, Sizes, {dx, dy});
     if (dx == 0) View.SX = before.SX; // only the way that it moves is kept within the image
     if (dy == 0) View.SY = before.SY;
     Draw_Picture();

@@ -183,7 +183,7 @@ void NmeaInterpreter::SetPosition(std::size_t firstField) {
     if (lat.empty() || northSouth.empty() || longitude.empty() || eastWest.empty()) return;
     Latitude = CoordinateText(northSouth, lat, 2);
     Longitude = CoordinateText(eastWest, longitude, 3);
-    listener.PositionReceived(Latitude, Longitude, lat, longitude);
+    listener.PositionReceived({Latitude, Longitude, lat, longitude});
 }
 
 void NmeaInterpreter::SetPositionFix(const std::string& value) {

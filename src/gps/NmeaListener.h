@@ -2,8 +2,15 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace ornivane {
+
+// A position as the receiver says it, valid during the call.
+struct PositionTexts {
+    std::string_view Latitude, Longitude; // "N 48° 07.038'"
+    std::string_view LatRaw, LongRaw;     // as sent, 4807.038, without the hemisphere
+};
 
 // What NmeaInterpreter tells of a sentence, each at the moment its field is read. A listener overrides what
 // it wants to know. Text parameters are the field exactly as received, which may hold any byte when a damaged
@@ -13,9 +20,7 @@ class NmeaListener {
 public:
     virtual ~NmeaListener() = default;
 
-    // latitude as "N 48° 07.038'"; latraw and longraw as sent, 4807.038, without the hemisphere.
-    virtual void PositionReceived(const std::string& /*latitude*/, const std::string& /*longitude*/,
-                                  const std::string& /*latraw*/, const std::string& /*longraw*/) {}
+    virtual void PositionReceived(const PositionTexts& /*position*/) {}
     virtual void TimeChanged(const std::string& /*time*/) {} // hh:mm:ss, with every sentence that has a time
     virtual void DateChanged(const std::string& /*satDate*/) {} // dd/mm/yy
     virtual void BearingReceived(const std::string& /*bearing*/) {}

@@ -5,39 +5,24 @@
 
 namespace ornivane {
 
-namespace {
-
-// In a folder that cannot be written the same values simply come back at the next start; the screen must come
-// forward all the same.
-void WriteDefaultsIfPossible(const std::filesystem::path& folder) {
-    try {
-        WriteComSettings(folder, ComSettings());
-    } catch (const RuntimeError&) {
-        return;
-    }
-}
-
-} // namespace
-
-void PortSource::LoadSavedCom() {
+void PortSource::TakeSettings() {
     if (const auto saved = ReadComSettings(settings.ProgramFolder)) {
         ComPort = ToInt16(NumberIn(saved->Port));
         LineSettings = saved->Baud + ",n,8,1";
         return;
     }
     ComPort = 1;
-    WriteDefaultsIfPossible(settings.ProgramFolder);
+    // In a folder that cannot be written the same values simply come back at the next start; the screen must
+    // come forward all the same.
+    IgnoreErrors([this] { WriteComSettings(settings.ProgramFolder, ComSettings()); });
 }
 
 bool PortSource::Open() {
-    try {
+    failure = ErrorOf([this] {
         port.SetSettings(LineSettings);
         port.Open(ComPort);
-        return true;
-    } catch (const RuntimeError& error) {
-        failure = error;
-        return false;
-    }
+    });
+    return !failure;
 }
 
 std::string PortSource::OpenFailure() const {

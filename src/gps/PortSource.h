@@ -18,9 +18,7 @@ public:
 
     // data.crm into ComPort and the line settings. One that cannot be read is replaced by port 1 and 4800;
     // the line settings stay as they were then.
-    void LoadSavedCom();
-
-    void TakeSettings() override { LoadSavedCom(); }
+    void TakeSettings() override;
     bool Open() override;
     // "COM 5 does not exist"; for a device that this user may not open it names the group to join instead,
     // and one that another program holds is told to be in use.

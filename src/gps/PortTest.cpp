@@ -199,10 +199,9 @@ void PortTest::ShowFirstLine(std::string_view line) {
     input.FirstLine = input.IsNoise ? std::string() : DecodeText(line);
 }
 
-void PortTest::PositionReceived(const std::string& latitude, const std::string& longitude,
-                                const std::string& /*latraw*/, const std::string& /*longraw*/) {
-    lblLat = input.HasFix ? latitude : NoValue;
-    lblLong = input.HasFix ? longitude : NoValue;
+void PortTest::PositionReceived(const PositionTexts& position) {
+    lblLat = input.HasFix ? position.Latitude : NoValue;
+    lblLong = input.HasFix ? position.Longitude : NoValue;
 }
 
 void PortTest::SatellitesInViewReceived(std::int16_t satellitesInView) {

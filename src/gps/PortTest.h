@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "base/Readout.h"
 #include "common/SettingsFiles.h"
 #include "gps/NmeaSink.h"
 #include "gps/PortSource.h"
@@ -26,7 +27,6 @@ public:
         std::string Caption;
         Colour ForeColor = Red;
     };
-    static constexpr const char* NoValue = "---";
     static constexpr std::array<const char*, 5> UsualBaudRates{"4800", "9600", "19200", "38400", "57600"};
     static constexpr int MostPorts = 20;
 
@@ -72,8 +72,7 @@ private:
     void TimeChanged(const std::string& /*time*/) override { sentenceHeard = true; }
     void FixObtained() override { input.HasFix = true; }
     void FixLost() override { input.HasFix = false; }
-    void PositionReceived(const std::string& latitude, const std::string& longitude,
-                          const std::string& latraw, const std::string& longraw) override;
+    void PositionReceived(const PositionTexts& position) override;
     void SatellitesUsedReceived(std::int16_t used) override { Label7 = std::to_string(used); }
     void SatellitesInViewReceived(std::int16_t satellitesInView) override;
 

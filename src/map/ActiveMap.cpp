@@ -38,7 +38,7 @@ void ActiveMap::SwitchTo(const std::string& name) {
     InitializeData();
     // An aircraft that has left the chart before has switched centring off, and a chart that was never shown
     // remembers nothing else: automatic switching always means a centred map.
-    if (AutoMapSwitch) SetCentring(true);
+    if (AutoMapSwitch) CenterMap = true;
 }
 
 bool ActiveMap::cmbMaps_Click(const std::string& name) {
@@ -61,7 +61,7 @@ void ActiveMap::RestoreMapPosition() {
         SlideMap = view->SlideMap;
         View = Resized(view->Rect, Sizes); // the window may have another proportion now
         View.SX = std::max(View.SX, 0.0F); // and the image may be another one, less wide
-        SetCentring(view->CenterMap || AutoMapSwitch);
+        CenterMap = view->CenterMap || AutoMapSwitch;
     });
 }
 
@@ -71,13 +71,6 @@ void ActiveMap::SaveMapPosition() {
     });
 }
 
-void ActiveMap::SetCentring(bool on) {
-    CenterMap = on;
-    picKartezentrieren = on;
-}
-
-void ActiveMap::CenterOnAircraft(const Point& aircraft) {
-    View = CentredOn(View, Sizes, aircraft.X, aircraft.Y);
-}
+void ActiveMap::CenterOnAircraft(const Point& aircraft) { View = CentredOn(View, Sizes, aircraft); }
 
 } // namespace ornivane

@@ -19,7 +19,7 @@ public:
     std::string LoadLastMap();
     // The user's choice in cmbMaps; true: draw it and then remember it.
     [[nodiscard]] bool cmbMaps_Click(const std::string& name);
-    // The program's choice, in the middle of a navigation step; remembers it with the name of the route.
+    // The program's choice, at the edge or by the ring; remembers it with the name of the route.
     void cmbMaps_Change(const std::string& name, const std::string& route);
     // This map and the route, for the next start.
     void RememberChoice(const std::string& route);
@@ -30,15 +30,11 @@ public:
     // Refused while centring is on, too.
     bool CanPan() const override { return !CenterMap && ChartView::CanPan(); }
     void CenterOnAircraft(const Point& aircraft);
-    void cmdKartezentrieren_Click() { SetCentring(true); }
-    void picKartezentrieren_Click() { SetCentring(false); }
-    void SetCentring(bool on);
 
     std::string CurrentMapName; // text of cmbMaps when the list was last rebuilt
     std::string LastMapName;
-    bool CenterMap = true;
-    bool picKartezentrieren = true; // the lamp over cmdKartezentrieren
-    bool AutoMapSwitch = false;
+    bool CenterMap = true;      // the lamp over cmdKartezentrieren shows it
+    bool AutoMapSwitch = false; // the lamp over cmdMapScroll
 
 private:
     void SwitchTo(const std::string& name);

@@ -6,7 +6,6 @@
 
 #include "base/Numbers.h"
 #include "base/RuntimeError.h"
-#include "store/Connection.h"
 
 namespace ornivane {
 
@@ -36,9 +35,7 @@ bool HasAny(const std::string& text, const Words& words) {
                        [&](std::string_view word) { return text.find(word) != std::string::npos; });
 }
 
-std::string AsShown(const Statement& row, int column) {
-    return row.IsNull(column) ? std::string() : row.ColumnValue(column).Text();
-}
+std::string AsShown(const Statement& row, int column) { return row.ColumnValue(column).TextOrEmpty(); }
 
 } // namespace
 
@@ -61,16 +58,7 @@ const AirfieldInfo& AirfieldBook::Of(const std::string& icao) {
     return entry.Info;
 }
 
-void AirfieldBook::Prepare() {
-    if (airports.IsPrepared()) return;
-    runways = Statement(airfields, "SELECT rwy, RWYHdg from RWY Where ICAO = ? AND Surface = ? "
-                                   "ORDER BY LENGTH DESC LIMIT 1");
-    radio = Statement(airfields, "SELECT Name, Freq from ACOM Where ICAO = ?");
-    airports = Statement(airfields, "SELECT RWYALen, RWYGLen from ARPT Where ICAO = ?");
-}
-
 AirfieldBook::Entry AirfieldBook::LookUp(const std::string& icao) {
-    Prepare();
     Entry entry;
     try {
         ReadRadio(icao, entry.Info);
@@ -83,17 +71,18 @@ AirfieldBook::Entry AirfieldBook::LookUp(const std::string& icao) {
 
 void AirfieldBook::ReadRunway(const std::string& icao, Entry& entry) {
     AirfieldInfo& info = entry.Info;
-    const StatementRun airportRun(airports);
-    airports.Bind(1, icao);
+    const StatementRun airportRun(airports, airfields, "SELECT RWYALen, RWYGLen from ARPT Where ICAO = ?",
+                                  {icao});
     entry.HasAirport = airports.Step();
     if (!entry.HasAirport) return;
     const double paved = airports.IsNull(0) ? 0 : airports.Number(0);
     info.IsPaved = paved > 0;
     const double length = info.IsPaved ? paved : airports.IsNull(1) ? 0 : airports.Number(1);
 
-    const StatementRun runwayRun(runways);
-    runways.Bind(1, icao);
-    runways.Bind(2, info.IsPaved ? "0" : "1");
+    const StatementRun runwayRun(
+        runways, airfields,
+        "SELECT rwy, RWYHdg from RWY Where ICAO = ? AND Surface = ? ORDER BY LENGTH DESC LIMIT 1",
+        {icao, info.IsPaved ? "0" : "1"});
     entry.HasRunway = runways.Step();
     if (!entry.HasRunway) return;
     info.Runway = AsShown(runways, 0) + " - " + NumberText(length) + " m ";
@@ -106,8 +95,7 @@ void AirfieldBook::ReadRadio(const std::string& icao, AirfieldInfo& info) {
         std::string Upper, Shown;
     };
     std::vector<Station> stations;
-    const StatementRun run(radio);
-    radio.Bind(1, icao);
+    const StatementRun run(radio, airfields, "SELECT Name, Freq from ACOM Where ICAO = ?", {icao});
     while (radio.Step())
         stations.push_back({UpperCase(AsShown(radio, 0)), AsShown(radio, 0) + " " + AsShown(radio, 1)});
     // The last one of its kind is taken.

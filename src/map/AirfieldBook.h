@@ -46,7 +46,6 @@ private:
         bool HasAirport = false, HasRunway = false;
         AirfieldInfo Info;
     };
-    void Prepare();
     const Entry& EntryOf(const std::string& icao);
     Entry LookUp(const std::string& icao);
     void ReadRunway(const std::string& icao, Entry& entry);

@@ -6,7 +6,6 @@
 #include "base/RuntimeError.h"
 #include "geo/GreatCircle.h"
 #include "geo/NavigationMaths.h"
-#include "store/Connection.h"
 
 namespace ornivane {
 
@@ -99,14 +98,12 @@ std::string AirspaceLabel(const AirspaceElement& first) {
 }
 
 std::vector<AirspaceElement> AirspaceDrawing::Elements(std::int16_t index) {
-    if (!rows.IsPrepared())
-        rows = Statement(
-            luftraum, "SELECT PNumber, AspType, LowType, HighType, Drawtype, arcDir, Low, High, Lat, Long, "
-                      "arcRad, arcLat, arcLong, Arcx1, Arcy1, Arcx2, Arcy2 FROM Luftraum "
-                      "WHERE \"Index\" = ? ORDER BY PNumber ASC");
     std::vector<AirspaceElement> elements;
-    const StatementRun run(rows);
-    rows.Bind(1, static_cast<int>(index));
+    const StatementRun run(rows, luftraum,
+                           "SELECT PNumber, AspType, LowType, HighType, Drawtype, arcDir, Low, High, Lat, "
+                           "Long, arcRad, arcLat, arcLong, Arcx1, Arcy1, Arcx2, Arcy2 FROM Luftraum "
+                           "WHERE \"Index\" = ? ORDER BY PNumber ASC",
+                           {static_cast<int>(index)});
     while (rows.Step()) {
         try {
             elements.push_back(ElementOf(rows));

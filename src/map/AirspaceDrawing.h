@@ -46,7 +46,7 @@ class AirspaceDrawing {
 public:
     explicit AirspaceDrawing(Connection& luftraumConn) : luftraum(luftraumConn) {}
 
-    // What the drawing of this pass works on.
+    // What a redraw draws on.
     struct Canvas {
         PictureSurface& Surface;
         const MapTransform& Transform;
@@ -61,7 +61,7 @@ public:
     void Draw(const Canvas& canvas, const std::vector<AirspaceElement>& elements);
 
 private:
-    // A turning label: written once, at the first place that may carry it.
+    // The label is written once, at the first place that may carry it.
     struct Pen {
         const Canvas& On;
         const std::string& AspType;

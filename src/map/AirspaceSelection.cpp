@@ -2,7 +2,6 @@
 
 #include "base/Numbers.h"
 #include "base/RuntimeError.h"
-#include "store/Connection.h"
 
 namespace ornivane {
 
@@ -26,48 +25,38 @@ std::int16_t NumberOf(const Statement& row) {
 
 } // namespace
 
-double AirspaceSelection::ComparedHeight(double feet, double qnh) {
+double AirspaceSelection::ComparedHeight(double feet, double qnhHPa) {
     constexpr double standardPressure = 1013, feetPerHectopascal = 30, lowest = 5000;
-    return feet > lowest ? feet + (standardPressure - qnh) * feetPerHectopascal : feet;
+    return feet > lowest ? feet + (standardPressure - qnhHPa) * feetPerHectopascal : feet;
 }
 
 std::vector<std::int16_t> AirspaceSelection::Numbers(Statement& query, const char* kind,
                                                      const ViewBounds& bounds, const Heights& heights) {
-    if (!query.IsPrepared())
-        query = Statement(
-            luftraum, std::string("SELECT DISTINCT \"Index\" FROM Luftraum WHERE LAT BETWEEN ?1 AND ?2 AND "
-                                  "LONG BETWEEN ?3 AND ?4 AND (?5 IS NULL OR Low <= ?5) AND "
-                                  "(?6 IS NULL OR HIGH >= ?6) AND AspType ") +
-                          kind + " 'A' COLLATE BINARY ORDER BY \"Index\" ASC");
+    const auto limit = [](std::optional<double> feet) { return feet ? Value(*feet) : Value(); };
+    const StatementRun run(
+        query, luftraum,
+        std::string("SELECT DISTINCT \"Index\" FROM Luftraum WHERE LAT BETWEEN ?1 AND ?2 AND "
+                    "LONG BETWEEN ?3 AND ?4 AND (?5 IS NULL OR Low <= ?5) AND "
+                    "(?6 IS NULL OR HIGH >= ?6) AND AspType ") +
+            kind + " 'A' COLLATE BINARY ORDER BY \"Index\" ASC",
+        {bounds.ViewSouth.Value(), bounds.ViewNorth.Value(), bounds.ViewWest.Value(), bounds.ViewEast.Value(),
+         limit(heights.HighestLow), limit(heights.LowestHigh)});
     std::vector<std::int16_t> numbers;
-    const StatementRun run(query);
-    const double view[] = {bounds.ViewSouth.Value(), bounds.ViewNorth.Value(), bounds.ViewWest.Value(),
-                           bounds.ViewEast.Value()};
-    for (int i = 0; i < 4; ++i) query.Bind(i + 1, view[i]);
-    const auto limit = [&](int parameter, std::optional<double> feet) {
-        if (feet)
-            query.Bind(parameter, *feet);
-        else
-            query.Bind(parameter, {});
-    };
-    limit(5, heights.HighestLow);
-    limit(6, heights.LowestHigh);
     while (query.Step()) numbers.push_back(NumberOf(query));
     return numbers;
 }
 
-std::vector<std::int16_t> AirspaceSelection::Airspaces(const ViewBounds& view, double height) {
-    return Numbers(airspaces, "<>", Widened(view), {height + Margin, height - Margin});
+std::vector<std::int16_t> AirspaceSelection::Airspaces(const ViewBounds& view, double feet) {
+    return Numbers(airspaces, "<>", Widened(view), {feet + Margin, feet - Margin});
 }
 
-std::vector<std::int16_t> AirspaceSelection::AirspacesAt(const ViewBounds& view,
-                                                         std::optional<double> height) {
-    return Numbers(airspaces, "<>", Widened(view), {height, height});
+std::vector<std::int16_t> AirspaceSelection::AirspacesAt(const ViewBounds& view, std::optional<double> feet) {
+    return Numbers(airspaces, "<>", Widened(view), {feet, feet});
 }
 
-std::vector<std::int16_t> AirspaceSelection::Patterns(const ViewBounds& view, std::optional<double> height) {
-    if (height) *height += Margin;
-    return Numbers(patterns, "=", view, {height, {}});
+std::vector<std::int16_t> AirspaceSelection::Patterns(const ViewBounds& view, std::optional<double> feet) {
+    if (feet) *feet += Margin;
+    return Numbers(patterns, "=", view, {feet, {}});
 }
 
 } // namespace ornivane

@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <optional>
-#include <string>
 #include <vector>
 
 #include "map/AirspaceDrawing.h"
@@ -17,17 +16,17 @@ public:
 
     explicit AirspaceSelection(Connection& luftraumConn) : luftraum(luftraumConn) {}
 
-    // Feet: the height with which limits are compared. Above 5000 ft it is a pressure altitude by the QNH
-    // (hPa), so that flight levels fit.
-    static double ComparedHeight(double feet, double qnh);
+    // Feet: the height with which limits are compared. Above 5000 ft it is a pressure altitude by the QNH, so
+    // that flight levels fit.
+    static double ComparedHeight(double feet, double qnhHPa);
 
     // The numbers of the airspaces that reach within the margin of the height, traffic patterns left out.
     // RuntimeError Overflow for a number beyond 32767.
-    std::vector<std::int16_t> Airspaces(const ViewBounds& view, double height);
+    std::vector<std::int16_t> Airspaces(const ViewBounds& view, double feet);
     // Those whose limits enclose the height exactly, or all at any height.
-    std::vector<std::int16_t> AirspacesAt(const ViewBounds& view, std::optional<double> height);
+    std::vector<std::int16_t> AirspacesAt(const ViewBounds& view, std::optional<double> feet);
     // The traffic patterns in the view: all whose lower limit is not above height and margin, or all.
-    std::vector<std::int16_t> Patterns(const ViewBounds& view, std::optional<double> height);
+    std::vector<std::int16_t> Patterns(const ViewBounds& view, std::optional<double> feet);
 
 private:
     // Feet; none: any.

@@ -39,8 +39,7 @@ void ChartView::ReadSizes() {
     Sizes.StoreHeight = static_cast<float>(storage.ScaleHeight() > 0 ? storage.ScaleHeight() : Höhe);
     Sizes.ViewWidth = surface.ScaleWidth();
     Sizes.ViewHeight = surface.ScaleHeight();
-    Sizes.AspectFactor =
-        AspectFactorOf(Sizes.StoreWidth, Sizes.StoreHeight, Sizes.ViewWidth, Sizes.ViewHeight, Breite, Höhe);
+    Sizes.AspectFactor = AspectFactorOf(Sizes, Breite, Höhe);
 }
 
 void ChartView::InitializeData() {
@@ -140,19 +139,15 @@ void ChartView::AdjustViewToPicture() {
     });
 }
 
-bool ChartView::Pan(double dx, double dy) {
+bool ChartView::Pan(double dxPixels, double dyPixels) {
     if (!CanPan()) return false;
-    View = Dragged(View, Sizes, dx, dy);
+    View = Dragged(View, Sizes, {dxPixels, dyPixels});
     return true;
 }
 
 MapTransform ChartView::Transform() const {
     if (!taken) throw RuntimeError(ErrorNumber::NoCurrentRecord);
-    MapScale placed = scale;
-    placed.Links = ToDecimalDegrees(taken->Frame.Links);
-    placed.Unten = ToDecimalDegrees(taken->Frame.Unten);
-    placed.Höhe = Höhe;
-    return {placed, View, surface.ScaleWidth(), surface.ScaleHeight()};
+    return {scale, View, surface.ScaleWidth(), surface.ScaleHeight()};
 }
 
 } // namespace ornivane

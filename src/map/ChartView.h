@@ -63,8 +63,8 @@ public:
     [[nodiscard]] bool SetSlide(int value);
     // picMap has a new size, or another picture: fits the view, does not redraw.
     void AdjustViewToPicture();
-    // A drag by view pixels; refused while the whole width is in view.
-    [[nodiscard]] bool Pan(double dx, double dy);
+    // A drag on the view; refused while the whole width is in view.
+    [[nodiscard]] bool Pan(double dxPixels, double dyPixels);
     virtual bool CanPan() const { return HasMap() && SlideMap != SlideMax; }
 
     // From the edges that InitializeData took in, whatever row the list stands on now. RuntimeError

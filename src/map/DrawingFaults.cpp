@@ -11,7 +11,8 @@ const char* Missing(const Language& language, DrawingFaults::Layer layer) {
     case DrawingFaults::Layer::Chart:
         return language.Text("Die Karte ist nicht gezeichnet: ", "The chart is not drawn: ");
     case DrawingFaults::Layer::Airspace:
-        return language.Text("Nicht alle Lufträume sind auf der Karte: ", "Not all airspace is on the chart: ");
+        return language.Text("Nicht alle Lufträume sind auf der Karte: ",
+                             "Not all airspace is on the chart: ");
     case DrawingFaults::Layer::Route:
         return language.Text("Die Strecke ist nicht ganz gezeichnet: ", "The route is not drawn in full: ");
     case DrawingFaults::Layer::Waypoints:
@@ -20,7 +21,7 @@ const char* Missing(const Language& language, DrawingFaults::Layer layer) {
         break;
     }
     return language.Text("Die Karte ist nicht zu Ende gezeichnet, das Flugzeug fehlt: ",
-                       "The chart is not drawn to its end, the aircraft is missing: ");
+                         "The chart is not drawn to its end, the aircraft is missing: ");
 }
 
 // What a number means in a redraw, where only stored rows and their arithmetic are at work.
@@ -29,12 +30,13 @@ std::string CauseOf(const Language& language, const RuntimeError& error) {
     case ErrorNumber::InvalidNull:
         return language.Text("es fehlt ein Wert", "a value is missing");
     case ErrorNumber::TypeMismatch:
-        return language.Text("ein Text steht, wo eine Zahl hingehört", "a text stands where a number belongs");
+        return language.Text("ein Text steht, wo eine Zahl hingehört",
+                             "a text stands where a number belongs");
     case ErrorNumber::Overflow:
         return language.Text("eine Zahl ist zu groß", "a number is too large");
     case ErrorNumber::DivisionByZero:
         return language.Text("zwei Orte fallen zusammen oder eine Ausdehnung ist null",
-                           "two places coincide or an extent is zero");
+                             "two places coincide or an extent is zero");
     case ErrorNumber::StoreError:
         return language.Text("der Datenspeicher ist nicht lesbar", "the data store cannot be read");
     default:
@@ -47,17 +49,17 @@ std::string TextOfAirfield(const Language& language, const MissingAirfield& miss
     if (!missing.KindOfRunway)
         return name +
                language.Text("vier Zeichen, aber kein Flugplatz in ovdata.ovd. Die Karte endet hier; bitte "
-                           "umbenennen.",
-                           "four characters, but no airfield in ovdata.ovd. The map ends here; please "
-                           "rename it.");
+                             "umbenennen.",
+                             "four characters, but no airfield in ovdata.ovd. The map ends here; please "
+                             "rename it.");
     const bool isPaved = *missing.KindOfRunway == MissingAirfield::Kind::Paved;
     const std::string kind = isPaved ? language.Text("befestigt", "paved") : language.Text("Gras", "grass");
     return name +
            language.Text("in ovdata.ovd hat der Flugplatz keine Piste seiner Art (",
-                       "the airfield has no runway of its kind (") +
+                         "the airfield has no runway of its kind (") +
            kind +
            language.Text("). Die Karte endet hier, bis die Datei berichtigt ist.",
-                       ") in ovdata.ovd. The map ends here until the file is corrected.");
+                         ") in ovdata.ovd. The map ends here until the file is corrected.");
 }
 
 } // namespace

@@ -2,7 +2,6 @@
 
 #include "base/Numbers.h"
 #include "base/RuntimeError.h"
-#include "store/Connection.h"
 
 namespace ornivane {
 
@@ -87,12 +86,10 @@ MapScale MapCatalogue::ScaleOf(const MapFrame& frame) {
 }
 
 std::vector<std::string> MapCatalogue::Covering(const Position& position) {
-    if (!covering.IsPrepared()) covering = Statement(dataConn, CoveringMaps);
-    std::vector<std::string> names;
-    const StatementRun run(covering);
     // As stored, so that the floor of southern and western values is the same on both sides.
-    covering.Bind(1, ToDegMinValue(position.Long).Value());
-    covering.Bind(2, ToDegMinValue(position.Lat).Value());
+    const DegMin stored = ToDegMinValue(position);
+    const StatementRun run(covering, dataConn, CoveringMaps, {stored.Long.Value(), stored.Lat.Value()});
+    std::vector<std::string> names;
     while (covering.Step()) names.emplace_back(covering.Text(0));
     return names;
 }

@@ -10,24 +10,14 @@ namespace ornivane {
 MapRing::MapRing(Connection& dataConn, ActiveMap& activeMap, Progress& progBar)
     : catalogue(dataConn), map(activeMap), progress(progBar) {}
 
-void MapRing::cmdMapScroll_Click() {
-    map.AutoMapSwitch = true;
-    PicMapScroll = true;
-    map.cmdKartezentrieren_Click();
-}
+void MapRing::cmdMapScroll_Click() { map.AutoMapSwitch = map.CenterMap = true; }
 
 void MapRing::PicMapScroll_Click() {
-    PicMapScroll = false;
     map.AutoMapSwitch = false;
     HideNext();
 }
 
 void MapRing::HideNext() { tNextMapShows = LblMapNumberShows = false; }
-
-bool MapRing::IsAtEdge(const Point& at, const MapTransform& view) {
-    return at.X < EdgePixels || at.Y < EdgePixels || at.X > view.ViewWidth() - EdgePixels ||
-           at.Y > view.ViewHeight() - EdgePixels;
-}
 
 std::string MapRing::After(int index) const {
     const auto next = static_cast<std::size_t>(index + 1);

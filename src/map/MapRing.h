@@ -22,8 +22,6 @@ public:
     void PicMapScroll_Click();
     void tNextMap_MouseDown() { tNextMapShows = false; }
 
-    // Whether a point of the view (pixels) is so near its edge that the map changes there.
-    static bool IsAtEdge(const Point& mapPoint, const MapTransform& view);
     // The search of each redraw. At the edge the map is to change to the one that the redraw before has left
     // in tNextMap, so that a change comes one redraw after it was announced: true, and Change is to follow.
     [[nodiscard]] bool Search(const Position& aircraft, bool isAtEdge);
@@ -36,7 +34,6 @@ public:
     // The next redraw changes to a map that covers the aircraft, if the present one does not.
     bool WillChange() const { return map.AutoMapSwitch && !listNextMap.empty(); }
 
-    bool PicMapScroll = false; // the lamp over cmdMapScroll
     bool tNextMapShows = false;
     std::string tNextMap; // the name of the map that comes next
     bool LblMapNumberShows = false;

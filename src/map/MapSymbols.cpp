@@ -1,9 +1,7 @@
 #include "map/MapSymbols.h"
 
-#include <algorithm>
 #include <array>
 #include <cmath>
-#include <exception>
 
 #include "base/RuntimeError.h"
 #include "base/Strings.h"
@@ -189,15 +187,12 @@ void MapSymbols::DrawAirfieldSymbol(const Placed& point) {
 void MapSymbols::DrawPoints(const std::vector<StoredPoint>& points) {
     std::vector<Placed> placed;
     placed.reserve(points.size());
-    std::exception_ptr refused;
-    try {
+    const auto refused = ErrorOf([&] {
         for (const StoredPoint& point : points) placed.push_back(Place(point.At, point.Mode, point.Name));
-    } catch (const RuntimeError&) {
-        refused = std::current_exception();
-    }
+    });
     if (placed.size() > FewPoints) LeaveOutHidden(placed, points);
     for (std::size_t i = 0; i < placed.size(); ++i) Draw(placed[i], points[i].Name);
-    if (refused) std::rethrow_exception(refused);
+    if (refused) throw RuntimeError(*refused);
 }
 
 void MapSymbols::LeaveOutHidden(std::vector<Placed>& placed, const std::vector<StoredPoint>& points) {
@@ -208,22 +203,25 @@ void MapSymbols::LeaveOutHidden(std::vector<Placed>& placed, const std::vector<S
         // The same symbol on the same pixel hides the one before it, and so does a pile of labels.
         if (point.HasSymbol && !point.Airfield) {
             const double left = point.At.X - SymbolReach, top = point.At.Y - SymbolReach;
-            point.HasSymbol = cover.IsFirstAt(point.At.X, point.At.Y) &&
-                              cover.Shows(left, top, 2 * SymbolReach, 2 * SymbolReach);
+            point.HasSymbol =
+                cover.IsFirstAt(point.At) && cover.Shows({left, top, 2 * SymbolReach, 2 * SymbolReach});
         }
         for (int label = MostLabels; label-- > 0;) {
             bool& shows = point.HasLabel[static_cast<std::size_t>(label)];
             if (!shows) continue;
             const Point at = LabelAt(point, label);
             const double width = surface.TextWidth(LabelOf(point, points[i].Name, label));
-            shows = cover.Shows(at.X, at.Y, width, height);
-            if (shows) cover.Add(at.X, at.Y, width, height);
+            const PixelRect plate{at.X, at.Y, width, height};
+            shows = cover.Shows(plate);
+            if (shows) cover.Add(plate);
         }
     }
 }
 
-void DrawAircraft(PictureSurface& surface, const Point& at, double direction, bool hasFix, int symbolType) {
-    const Direction to{std::sin(DegToRad(direction)), std::cos(DegToRad(direction))};
+void DrawAircraft(PictureSurface& surface, const Point& at, double directionDegrees, bool hasFix,
+                  int symbolType) {
+    const double direction = DegToRad(directionDegrees);
+    const Direction to{std::sin(direction), std::cos(direction)};
     const Colour fixColour = hasFix ? Green : Red;
     if (symbolType == 1)
         DrawArrow(surface, at, to, fixColour);

@@ -49,8 +49,8 @@ public:
     // A point of a route, never an airfield.
     void DrawRoutePoint(const DegMin& at, PointMode mode, const std::string& name);
     // Points in their order. Symbols and labels under so many later ones that nothing of them shows are left
-    // out, or a whole country's points would take longer than the pilot should wait. MissingAirfield as
-    // above, at the point concerned; those before it are drawn.
+    // out, or a whole country's points would take longer than the pilot should wait. RuntimeError at an
+    // airfield that is missing or cannot be read; the points before it are drawn.
     struct StoredPoint {
         DegMin At;
         std::string Name;
@@ -84,8 +84,9 @@ private:
     PointSettings settings;
 };
 
-// The aircraft at a view position; direction in degrees, 0 is up. Symbol 1 is the arrow, any other the
-// aeroplane with its nose on the position. Leaves the pen width at 1 or 3.
-void DrawAircraft(PictureSurface& surface, const Point& at, double direction, bool hasFix, int symbolType);
+// The aircraft at a view position; direction 0 is up. Symbol 1 is the arrow, any other the aeroplane with its
+// nose on the position. Leaves the pen width at 1 or 3.
+void DrawAircraft(PictureSurface& surface, const Point& at, double directionDegrees, bool hasFix,
+                  int symbolType);
 
 } // namespace ornivane

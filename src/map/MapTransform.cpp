@@ -7,11 +7,10 @@
 
 namespace ornivane {
 
-MapTransform::MapTransform(const MapScale& mapScale, const SourceRect& sourceRect, double viewWidth,
-                           double viewHeight)
-    : scale(mapScale), rect(sourceRect), width(viewWidth), height(viewHeight),
-      perImageX(CheckedDivide(viewWidth, sourceRect.SW)),
-      perImageY(CheckedDivide(viewHeight, sourceRect.SH)) {}
+MapTransform::MapTransform(const MapScale& mapScale, const SourceRect& sourceRect, double viewWidthPixels,
+                           double viewHeightPixels)
+    : scale(mapScale), rect(sourceRect), width(viewWidthPixels), height(viewHeightPixels),
+      perImageX(CheckedDivide(width, sourceRect.SW)), perImageY(CheckedDivide(height, sourceRect.SH)) {}
 
 Point MapTransform::ImageOf(const Position& position) const {
     const double east = position.Long.Degrees() - scale.Links.Degrees();
@@ -34,10 +33,9 @@ Position MapTransform::PositionOfView(const Point& view) const {
     return {Latitude(scale.Unten.Degrees() - south), Longitude(scale.Links.Degrees() + east)};
 }
 
-ViewBounds MapTransform::Bounds(const Point& topLeft, const Point& bottomRight) const {
-    const std::array<Position, 4> corners{PositionOfView(topLeft), PositionOfView({bottomRight.X, topLeft.Y}),
-                                          PositionOfView({topLeft.X, bottomRight.Y}),
-                                          PositionOfView(bottomRight)};
+ViewBounds MapTransform::WholeView() const {
+    const std::array<Position, 4> corners{PositionOfView({0, 0}), PositionOfView({width, 0}),
+                                          PositionOfView({0, height}), PositionOfView({width, height})};
     const auto [south, north] = std::minmax_element(
         corners.begin(), corners.end(), [](const auto& a, const auto& b) { return a.Lat < b.Lat; });
     const auto [west, east] = std::minmax_element(
@@ -46,11 +44,16 @@ ViewBounds MapTransform::Bounds(const Point& topLeft, const Point& bottomRight) 
             ToDegMinValue(east->Long)};
 }
 
-ViewBounds MapTransform::GetViewBounds(const Point& topLeft, const Point& bottomRight) const {
-    const ViewBounds exact = Bounds(topLeft, bottomRight);
+ViewBounds MapTransform::GetViewBounds() const {
+    const ViewBounds exact = WholeView();
     const auto minutes = [](auto edge) { return decltype(edge)(Round(edge.Value(), 2)); };
     return {minutes(exact.ViewNorth), minutes(exact.ViewWest), minutes(exact.ViewSouth),
             minutes(exact.ViewEast)};
+}
+
+bool MapTransform::IsBeyond(const Point& view, double insetPixels) const {
+    return view.X < insetPixels || view.Y < insetPixels || view.X > width - insetPixels ||
+           view.Y > height - insetPixels;
 }
 
 } // namespace ornivane

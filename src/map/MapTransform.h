@@ -23,11 +23,6 @@ struct MapScale {
     bool operator==(const MapScale&) const = default;
 };
 
-struct Point {
-    double X = 0, Y = 0;
-    bool operator==(const Point&) const = default;
-};
-
 // A geographic window in the stored form, in which the stores compare it with their rows.
 struct ViewBounds {
     StoredLatitude ViewNorth;
@@ -40,7 +35,8 @@ struct ViewBounds {
 // DivisionByZero or Overflow for a view or scale without extent.
 class MapTransform {
 public:
-    MapTransform(const MapScale& scale, const SourceRect& rect, double viewWidth, double viewHeight);
+    MapTransform(const MapScale& scale, const SourceRect& rect, double viewWidthPixels,
+                 double viewHeightPixels);
 
     Point ImageOf(const Position& position) const;
     Point ViewOfImage(const Point& image) const;
@@ -48,18 +44,19 @@ public:
     Point ImageOfView(const Point& view) const;
     Position PositionOfView(const Point& view) const;
     // In which direction a true course points in the view, in degrees; 0 is up. North is up on every chart.
-    double ViewAngle(double trueCourse) const { return trueCourse; }
-    // The window that holds the rectangle between two view points, rounded to whole minutes.
-    ViewBounds GetViewBounds(const Point& topLeft, const Point& bottomRight) const;
-    // The window of the whole view as it is.
-    ViewBounds WholeView() const { return Bounds({0, 0}, {width, height}); }
+    double ViewAngle(double trueCourseDegrees) const { return trueCourseDegrees; }
+    // The window of the whole view, rounded to whole minutes.
+    ViewBounds GetViewBounds() const;
+    // The same as it is.
+    ViewBounds WholeView() const;
+    // Whether a view pixel is nearer to an edge than that, or beyond one; with a negative inset, farther
+    // outside than that.
+    bool IsBeyond(const Point& view, double insetPixels) const;
     double ViewWidth() const { return width; }
     double ViewHeight() const { return height; }
     bool operator==(const MapTransform&) const = default;
 
 private:
-    ViewBounds Bounds(const Point& topLeft, const Point& bottomRight) const;
-
     MapScale scale;
     SourceRect rect;
     double width, height;

@@ -17,11 +17,10 @@ SourceRect CutToHeight(SourceRect rect, const ViewSizes& sizes) {
 
 } // namespace
 
-float AspectFactorOf(double storeWidth, double storeHeight, double viewWidth, double viewHeight,
-                     double breite, double höhe) {
-    return static_cast<float>(
-        CheckedDivide(CheckedDivide(storeHeight, storeWidth) * CheckedDivide(viewHeight, viewWidth),
-                      CheckedDivide(höhe, breite)));
+float AspectFactorOf(const ViewSizes& sizes, double rowWidthPixels, double rowHeightPixels) {
+    const double store = CheckedDivide(sizes.StoreHeight, sizes.StoreWidth);
+    const double view = CheckedDivide(sizes.ViewHeight, sizes.ViewWidth);
+    return static_cast<float>(CheckedDivide(store * view, CheckedDivide(rowHeightPixels, rowWidthPixels)));
 }
 
 SourceRect OpenedView(const ViewSizes& sizes) {
@@ -38,11 +37,11 @@ SourceRect Zoomed(SourceRect rect, const ViewSizes& sizes, int slideValue, doubl
     return CutToHeight(rect, sizes);
 }
 
-SourceRect CentredOn(SourceRect rect, const ViewSizes& sizes, double x, double y) {
-    rect.SX =
-        static_cast<float>((x - sizes.ViewWidth / 2) * CheckedDivide(rect.SW, sizes.ViewWidth) + rect.SX);
-    rect.SY =
-        static_cast<float>((y - sizes.ViewHeight / 2) * CheckedDivide(rect.SH, sizes.ViewHeight) + rect.SY);
+SourceRect CentredOn(SourceRect rect, const ViewSizes& sizes, const Point& viewPixel) {
+    rect.SX = static_cast<float>(
+        (viewPixel.X - sizes.ViewWidth / 2) * CheckedDivide(rect.SW, sizes.ViewWidth) + rect.SX);
+    rect.SY = static_cast<float>(
+        (viewPixel.Y - sizes.ViewHeight / 2) * CheckedDivide(rect.SH, sizes.ViewHeight) + rect.SY);
     if (rect.SW + rect.SX > sizes.StoreWidth) rect.SX = sizes.StoreWidth - rect.SW;
     if (rect.SH + rect.SY > sizes.StoreHeight) rect.SY = sizes.StoreHeight - rect.SH;
     if (rect.SX < 0) rect.SX = 0;
@@ -50,12 +49,12 @@ SourceRect CentredOn(SourceRect rect, const ViewSizes& sizes, double x, double y
     return rect;
 }
 
-SourceRect Dragged(SourceRect rect, const ViewSizes& sizes, double dx, double dy) {
-    rect.SX = static_cast<float>(rect.SX - dx);
+SourceRect Dragged(SourceRect rect, const ViewSizes& sizes, const Point& viewPixels) {
+    rect.SX = static_cast<float>(rect.SX - viewPixels.X);
     if (rect.SX < 0) rect.SX = 0;
     if (sizes.StoreWidth - 10 < rect.SX) rect.SX = sizes.StoreWidth - 10;
     if (rect.SW + rect.SX > sizes.StoreWidth) rect.SX = sizes.StoreWidth - rect.SW;
-    rect.SY = static_cast<float>(rect.SY - dy);
+    rect.SY = static_cast<float>(rect.SY - viewPixels.Y);
     if (rect.SY < 0) rect.SY = 0;
     const float lowest = sizes.StoreHeight - sizes.AspectFactor * 10;
     if (lowest < rect.SY) rect.SY = lowest;

@@ -8,6 +8,12 @@ struct SourceRect {
     bool operator==(const SourceRect&) const = default;
 };
 
+// In pixels, of the image or of the view.
+struct Point {
+    double X = 0, Y = 0;
+    bool operator==(const Point&) const = default;
+};
+
 // What zooming, panning and centring depend on, apart from the rectangle itself. All in pixels.
 struct ViewSizes {
     float StoreWidth = 0, StoreHeight = 0; // the loaded image
@@ -22,8 +28,7 @@ constexpr int SlideMax = 100;
 // (store height / store width) x (view height / view width) / (row height / row width): when the row's size
 // agrees with the image this is the view's own proportion; when it does not, the distortion follows the row,
 // because positions are computed from the row. RuntimeError DivisionByZero or Overflow for an empty size.
-float AspectFactorOf(double storeWidth, double storeHeight, double viewWidth, double viewHeight,
-                     double breite, double höhe);
+float AspectFactorOf(const ViewSizes& sizes, double rowWidthPixels, double rowHeightPixels);
 
 // The view of a map that has never been shown: half the width, from the top left corner.
 SourceRect OpenedView(const ViewSizes& sizes);
@@ -33,11 +38,11 @@ SourceRect OpenedView(const ViewSizes& sizes);
 // `heightFactor` stretches the height before it is cut.
 SourceRect Zoomed(SourceRect rect, const ViewSizes& sizes, int slideValue, double heightFactor = 1);
 
-// Moved so that the view pixel (x, y) comes to the middle, as far as the image reaches.
-SourceRect CentredOn(SourceRect rect, const ViewSizes& sizes, double x, double y);
+// Moved so that this place of the view comes to the middle, as far as the image reaches.
+SourceRect CentredOn(SourceRect rect, const ViewSizes& sizes, const Point& viewPixel);
 
-// Moved against a drag by (dx, dy) view pixels, one image pixel for each whatever the zoom.
-SourceRect Dragged(SourceRect rect, const ViewSizes& sizes, double dx, double dy);
+// Moved against a drag, by one image pixel for each of the view whatever the zoom.
+SourceRect Dragged(SourceRect rect, const ViewSizes& sizes, const Point& viewPixels);
 
 // Fitted to a changed view or picture.
 SourceRect Resized(SourceRect rect, const ViewSizes& sizes);

@@ -15,41 +15,29 @@ void AirspaceView::SetAirspace(bool on, bool withText) {
     redraw();
 }
 
-void AirspaceView::cmdLR1_Click() { SetAirspace(true, false); }
-void AirspaceView::cmdLR2_Click() { SetAirspace(true, true); }
-void AirspaceView::picLR3_Click() { SetAirspace(false, false); }
-
 void AirspaceView::SetAirfields(bool on, bool withText) {
     flags.ShowAirfields = on;
     flags.ShowAirfieldText = withText;
     redraw();
 }
 
-void AirspaceView::cmdAPT1_Click() { SetAirfields(true, false); }
-void AirspaceView::cmdAPT2_Click() { SetAirfields(true, true); }
-void AirspaceView::picAPT3_Click() { SetAirfields(false, false); }
-
 void AirspaceView::SetPatterns(bool on) {
     flags.ShowPatterns = on;
     redraw();
-}
-
-double AirspaceView::HeightToCompare() const {
-    return AirspaceSelection::ComparedHeight(state.ShownFeet(), qnh.QNH);
 }
 
 void AirspaceView::SelectAirspace(const MapTransform& transform, std::vector<std::int16_t>& numbers) {
     frmQNH = flags.ShowAirspace;
     // That the store is missing was told when the program started.
     if (!store.IsOpen() || !(flags.ShowAirspace || flags.ShowPatterns)) return;
-    const double height = HeightToCompare();
-    const ViewBounds view = transform.GetViewBounds({0, 0}, {transform.ViewWidth(), transform.ViewHeight()});
+    const double feet = AirspaceSelection::ComparedHeight(state.ShownFeet(), qnh.QNH);
+    const ViewBounds view = transform.GetViewBounds();
     if (flags.ShowAirspace) {
-        numbers = selection.Airspaces(view, height);
+        numbers = selection.Airspaces(view, feet);
         if (!numbers.empty()) lblQNHColour = numbers.size() <= MostOfFew ? FewAirspaces : ManyAirspaces;
     }
     if (!flags.ShowPatterns) return;
-    const std::vector<std::int16_t> patterns = selection.Patterns(view, height);
+    const std::vector<std::int16_t> patterns = selection.Patterns(view, feet);
     numbers.insert(numbers.end(), patterns.begin(), patterns.end());
 }
 

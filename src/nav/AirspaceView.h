@@ -22,14 +22,14 @@ public:
     AirspaceView(Connection& luftraumConn, const DayQnh& qnh, const FlightState& state, DisplayFlags& flags,
                  std::function<void()> updateMap);
 
-    void cmdLR1_Click(); // airspace on
-    void cmdLR2_Click(); // with heights
-    void picLR3_Click(); // off
+    void cmdLR1_Click() { SetAirspace(true, false); }
+    void cmdLR2_Click() { SetAirspace(true, true); } // with heights
+    void picLR3_Click() { SetAirspace(false, false); }
     void cmdPR_Click() { SetPatterns(true); }
     void picPR_Click() { SetPatterns(false); }
-    void cmdAPT1_Click(); // airfields on
-    void cmdAPT2_Click(); // with texts
-    void picAPT3_Click(); // off
+    void cmdAPT1_Click() { SetAirfields(true, false); }
+    void cmdAPT2_Click() { SetAirfields(true, true); } // with texts
+    void picAPT3_Click() { SetAirfields(false, false); }
 
     // Adds the numbers of what is to be drawn, in its order; none in a run without the store. RuntimeError
     // for a row that cannot be read: what was found before it stays.
@@ -39,7 +39,6 @@ public:
     Colour lblQNHColour = FewAirspaces;
 
 private:
-    double HeightToCompare() const;
     void SetPatterns(bool on);
     void SetAirspace(bool on, bool withText);
     void SetAirfields(bool on, bool withText);

@@ -11,9 +11,9 @@ namespace ornivane {
 namespace {
 
 // A receiver writes a decimal point, whatever the locale of the system is.
-double WireNumber(const std::string& text) {
+double WireNumber(std::string_view text) {
     const auto number = ParsePlainNumber(text);
-    if (!number) throw RuntimeError(ErrorNumber::TypeMismatch, text.substr(0, 20));
+    if (!number) throw RuntimeError(ErrorNumber::TypeMismatch, std::string(text.substr(0, 20)));
     return *number;
 }
 
@@ -34,25 +34,23 @@ void FixReadouts::gps_FixLost() {
     act({.HasFix = false, .OverlaysAreDue = true});
 }
 
-void FixReadouts::gps_PositionReceived(const std::string& latitude, const std::string& longitude,
-                                       const std::string& latraw, const std::string& longraw) {
+void FixReadouts::gps_PositionReceived(const PositionTexts& position) {
     if (state.NoFix) {
-        state.lblLat = NoValue;
-        state.lblLong = NoValue;
+        state.lblLat = state.lblLong = NoValue;
         return;
     }
-    state.CurLat = ToDecimalDegrees(StoredLatitude(WireNumber(latraw) / 100));
+    state.CurLat = ToDecimalDegrees(StoredLatitude(WireNumber(position.LatRaw) / 100));
     // The hemisphere of the latitude is looked for in the longitude's text, where an S never stands: in
     // flight mode a southern latitude stays positive. Charts and data of the south are laid out for that.
-    if (longitude.starts_with('S')) state.CurLat = -state.CurLat;
-    state.CurLong = ToDecimalDegrees(StoredLongitude(WireNumber(longraw) / 100));
-    if (longitude.starts_with('W')) state.CurLong = -state.CurLong;
+    if (position.Longitude.starts_with('S')) state.CurLat = -state.CurLat;
+    state.CurLong = ToDecimalDegrees(StoredLongitude(WireNumber(position.LongRaw) / 100));
+    if (position.Longitude.starts_with('W')) state.CurLong = -state.CurLong;
     state.HadPosition = true;
     ++PositionCount;
     act({.MapIsDue = PositionCount == 0 || PositionCount > 20});
     if (PositionCount > 20) PositionCount = 0;
-    state.lblLat = latitude;
-    state.lblLong = longitude;
+    state.lblLat = position.Latitude;
+    state.lblLong = position.Longitude;
 }
 
 void FixReadouts::gps_TimeChanged(const std::string& time) { state.LabelTime = time; }

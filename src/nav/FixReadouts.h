@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "gps/NmeaInterpreter.h"
+#include "gps/NmeaListener.h"
 #include "nav/FlightState.h"
 
 namespace ornivane {
@@ -33,8 +33,7 @@ public:
     FixReadouts(FlightState& flightState, std::function<void(const FixEffects&)> doEffects);
 
     // What each event of the receiver does. RuntimeError TypeMismatch for a field that is no number.
-    void gps_PositionReceived(const std::string& latitude, const std::string& longitude,
-                              const std::string& latraw, const std::string& longraw);
+    void gps_PositionReceived(const PositionTexts& position);
     void gps_TimeChanged(const std::string& time);
     void gps_BearingReceived(const std::string& bearing);
     void gps_SpeedReceived(const std::string& speed);
@@ -51,10 +50,7 @@ public:
     void ClearDisplays();
 
 private:
-    void PositionReceived(const std::string& latitude, const std::string& longitude,
-                          const std::string& latraw, const std::string& longraw) override {
-        gps_PositionReceived(latitude, longitude, latraw, longraw);
-    }
+    void PositionReceived(const PositionTexts& position) override { gps_PositionReceived(position); }
     void TimeChanged(const std::string& time) override { gps_TimeChanged(time); }
     void BearingReceived(const std::string& bearing) override { gps_BearingReceived(bearing); }
     void SpeedReceived(const std::string& speed) override { gps_SpeedReceived(speed); }

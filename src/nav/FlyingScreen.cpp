@@ -2,7 +2,6 @@
 
 #include <exception>
 
-#include "base/Numbers.h"
 #include "base/RuntimeError.h"
 
 namespace ornivane {
@@ -195,12 +194,12 @@ void FlyingScreen::cmbMaps_Click(const std::string& name) {
 }
 
 void FlyingScreen::cmdKartezentrieren_Click() {
-    Map.cmdKartezentrieren_Click();
+    Map.CenterMap = true;
     CentreMap();
 }
 
 void FlyingScreen::picKartezentrieren_Click() {
-    Map.picKartezentrieren_Click();
+    Map.CenterMap = false;
     UpdateMap();
     FocusMap();
 }
@@ -347,9 +346,10 @@ void FlyingScreen::ShowLoss() {
 // Comes with every chunk of bytes, hundreds of times a second when a line carries noise; what did not change
 // need not be shown again.
 void FlyingScreen::ShowLiveState() {
-    const RouteShown& route = Route;
     const GpsLink::Signs link = Link.Shown();
-    const auto now = std::tie(State, link, route, Instruments.Shown(), Logger.Shown(), Wind.Shown());
+    const auto now =
+        std::tie<const FlightState, const GpsLink::Signs, const RouteShown, const InstrumentShown,
+                 const TrackLoggerShown, const WindShown>(State, link, Route, Instruments, Logger, Wind);
     if (told == now) return;
     told = now;
     changed();

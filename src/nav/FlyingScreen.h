@@ -85,7 +85,7 @@ public:
     void StepRing() { DrawIf(Ring.Step(Route.cmbRoute)); } // the next map by hand
     void ApplyZoom() { DrawIf(Map.ApplyZoom()); }
     void SetSlide(int value) { DrawIf(Map.SetSlide(value)); }
-    void Pan(double dx, double dy) { DrawIf(Map.Pan(dx, dy)); }
+    void Pan(double dxPixels, double dyPixels) { DrawIf(Map.Pan(dxPixels, dyPixels)); }
     void lblSpeed_Click();
     void lblAlt_Click();
     void lblTime_Click();

@@ -5,7 +5,6 @@
 #include "base/Numbers.h"
 #include "base/Strings.h"
 #include "geo/GreatCircle.h"
-#include "geo/NavigationMaths.h"
 
 namespace ornivane {
 
@@ -34,9 +33,9 @@ void Instrument::SaveVOR() const {
     WriteInstrumentSettings(settings.ProgramFolder, {lblVOR1, InstrumentMode, lblKurs});
 }
 
-void Instrument::UpdateInstrument(double angle) {
+void Instrument::UpdateInstrument(double cardDegrees) {
     surface.Cls();
-    RotateCard(angle);
+    surface.PaintTurned(card, cardDegrees);
     StationShows = InstrumentMode != DialMode::Heading;
     if (InstrumentMode == DialMode::Heading) frmKurs = frmVOR = false;
     if (InstrumentMode == DialMode::Hsi) frmVOR = false;
@@ -44,12 +43,10 @@ void Instrument::UpdateInstrument(double angle) {
     if (StationShows) {
         FindVOR();
         DrawVORNeedle();
-        if (InstrumentMode == DialMode::Hsi) DrawHSI(angle);
+        if (InstrumentMode == DialMode::Hsi) DrawHSI(cardDegrees);
     }
     surface.Refresh();
 }
-
-void Instrument::RotateCard(double angle) { surface.PaintTurned(card, angle); }
 
 void Instrument::FindVOR() {
     if (!HasBearing()) lbldistVOR = Readout();
@@ -88,11 +85,11 @@ void Instrument::DrawVORNeedle() {
                              isPointing ? InstrumentDrawing::Needle : InstrumentDrawing::Parked);
 }
 
-void Instrument::DrawHSI(double angle) {
+void Instrument::DrawHSI(double cardDegrees) {
     const auto entered = ParseNumber(lblKurs);
     if (!frmKurs && (!entered || *entered > 360)) return;
     const double course = entered.value_or(0);
-    const double turned = course + angle;
+    const double turned = course + cardDegrees;
     InstrumentDrawing::SmallAircraft(surface);
     InstrumentDrawing::Arrow(surface, turned, 95, 45, InstrumentDrawing::Selected);
     InstrumentDrawing::DeviationScale(surface, turned);

@@ -7,7 +7,6 @@
 #include "common/Settings.h"
 #include "common/SettingsFiles.h"
 #include "data/Waypoints.h"
-#include "map/MapTransform.h"
 #include "nav/FlightState.h"
 #include "nav/InstrumentDrawing.h"
 #include "platform/Dialogs.h"
@@ -36,13 +35,12 @@ public:
                const FlightState& flightState, PictureSurface& Kurskreisel, const Picture& Picture1,
                Dialogs& messages);
 
-    const InstrumentShown& Shown() const { return *this; }
     // The saved station, mode and course.
     void LoadVOR();
     void SaveVOR() const;
 
-    // Redraws with the card turned by the angle, degrees clockwise: minus the displayed track.
-    void UpdateInstrument(double angle);
+    // Redraws with the card turned clockwise: by minus the displayed track.
+    void UpdateInstrument(double cardDegrees);
     // Again as it stands: another size, palette, or station.
     void Redraw();
 
@@ -64,13 +62,12 @@ public:
     double VORBearing = 0; // degrees, from the aircraft to bearingStation
 
 private:
-    void RotateCard(double angle);
     void FindVOR();
     void UpdateVORBearing(const Position& station);
     // Without a station, or while its bearing is not known yet, VORBearing is that of another one.
     bool HasBearing() const { return !lblVOR1.empty() && lblVOR1 == bearingStation; }
     void DrawVORNeedle();
-    void DrawHSI(double angle);
+    void DrawHSI(double cardDegrees);
 
     const Language& language;
     const Settings& settings;

@@ -34,8 +34,8 @@ struct Way {
     double Along, Across = 0;
 };
 
-Spot At(double angle, const Way& way) {
-    const double s = std::sin(DegToRad(angle)), c = std::cos(DegToRad(angle));
+Spot At(double degrees, const Way& way) {
+    const double s = std::sin(DegToRad(degrees)), c = std::cos(DegToRad(degrees));
     return {Middle + way.Along * s + way.Across * c, Middle - way.Along * c + way.Across * s};
 }
 
@@ -58,14 +58,14 @@ void Hub(PictureSurface& surface) {
     surface.Circle(Middle, Middle, 5, Black);
 }
 
-void Arrow(PictureSurface& surface, double angle, double length, double inner, Colour colour) {
+void Arrow(PictureSurface& surface, double degrees, double lengthUnits, double innerUnits, Colour colour) {
     surface.SetDrawWidth(3);
-    const Spot tip = At(angle, {length});
-    Line(surface, At(angle, {inner}), tip, colour);
-    Line(surface, At(angle, {-inner}), At(angle, {-length}), colour);
+    const Spot tip = At(degrees, {lengthUnits});
+    Line(surface, At(degrees, {innerUnits}), tip, colour);
+    Line(surface, At(degrees, {-innerUnits}), At(degrees, {-lengthUnits}), colour);
     // The head: two strokes of 20 units, 30 degrees on either side of the shaft.
     for (const double side : {30.0, -30.0}) {
-        const double stroke = DegToRad(angle + side);
+        const double stroke = DegToRad(degrees + side);
         Line(surface, tip, {tip.X - 20 * std::sin(stroke), tip.Y + 20 * std::cos(stroke)}, colour);
     }
 }
@@ -77,27 +77,28 @@ void SmallAircraft(PictureSurface& surface) {
     surface.Line(95, 115, 105, 115, Magenta);
 }
 
-void DeviationScale(PictureSurface& surface, double course) {
+void DeviationScale(PictureSurface& surface, double courseDegrees) {
     surface.SetDrawWidth(2);
     for (const double distance : {50.0, 25.0, -25.0, -50.0}) {
-        const Spot dot = At(course, {0, distance});
+        const Spot dot = At(courseDegrees, {0, distance});
         surface.Circle(dot.X, dot.Y, 3, Black);
     }
 }
 
-void ToFrom(PictureSurface& surface, double course, bool isTo) {
+void ToFrom(PictureSurface& surface, double courseDegrees, bool isTo) {
     surface.SetDrawWidth(3);
     const double side = isTo ? 1 : -1;
-    const Spot tip = At(course, {side * 60});
+    const Spot tip = At(courseDegrees, {side * 60});
     for (const double half : {8.0, 6.0, 4.0, 2.0, 0.0})
-        for (const double across : {half, -half}) Line(surface, At(course, {side * 45, across}), tip, White);
+        for (const double across : {half, -half})
+            Line(surface, At(courseDegrees, {side * 45, across}), tip, White);
 }
 
-void DeviationBar(PictureSurface& surface, double course, double offset) {
+void DeviationBar(PictureSurface& surface, double courseDegrees, double offsetUnits) {
     surface.SetDrawWidth(3);
-    const Spot middle = At(course, {0, -offset});
-    Line(surface, middle, At(course, {40, -offset}), Yellow);
-    Line(surface, middle, At(course, {-40, -offset}), Yellow);
+    const Spot middle = At(courseDegrees, {0, -offsetUnits});
+    Line(surface, middle, At(courseDegrees, {40, -offsetUnits}), Yellow);
+    Line(surface, middle, At(courseDegrees, {-40, -offsetUnits}), Yellow);
 }
 
 } // namespace ornivane::InstrumentDrawing

@@ -23,9 +23,9 @@ void Leg::TargetChosen() {
 
 // The first growth of the distance within 5 NM means that the point was passed. A growth of 1 NM and more is
 // the jump to a new, farther target and must not pass that one as well.
-bool Leg::IsPassed(double distance, bool isDirect) const {
-    const double change = LastDistance - distance;
-    return !isNewTarget && !isDirect && distance < 5 && change < 0 && change > -1;
+bool Leg::IsPassed(double distanceNM, bool isDirect) const {
+    const double change = LastDistance - distanceNM;
+    return !isNewTarget && !isDirect && distanceNM < 5 && change < 0 && change > -1;
 }
 
 LegStep Leg::UpdateLeg(const Position& target, const Position& current, bool isDirect) {

@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "map/MapTransform.h"
 #include "nav/FlightState.h"
 #include "platform/Clock.h"
 
@@ -32,7 +31,7 @@ public:
 
 private:
     bool HasPosition() const { return state.HadPosition && !state.NoFix; }
-    bool IsPassed(double distance, bool isDirect) const;
+    bool IsPassed(double distanceNM, bool isDirect) const;
     std::string TimeAt(double hours) const;
 
     FlightState& state;

@@ -1,10 +1,14 @@
 #include "nav/Navigation.h"
 
-#include <string>
-
 #include "base/RuntimeError.h"
 
 namespace ornivane {
+
+namespace {
+
+constexpr double FarOutside = -5; // view pixels: an aircraft that far off the view has no symbol
+
+} // namespace
 
 Navigation::Navigation(const NavigationParts& navigationParts)
     : parts(navigationParts), waypoints(navigationParts.Stores.DataConn),
@@ -22,9 +26,9 @@ NavigationStep Navigation::Step(const RedrawOrder& order) {
             return;
         }
         Compute(step, order);
-        if (AircraftIsFarOutside(*scene.Transform) && !parts.Map.AutoMapSwitch) return;
-        step.ChangesChart =
-            parts.Ring.Search(parts.State.Current(), MapRing::IsAtEdge(MapPoint, *scene.Transform));
+        if (scene.Transform->IsBeyond(MapPoint, FarOutside) && !parts.Map.AutoMapSwitch) return;
+        const bool isAtEdge = scene.Transform->IsBeyond(MapPoint, MapRing::EdgePixels);
+        step.ChangesChart = parts.Ring.Search(parts.State.Current(), isAtEdge);
         AddAircraft(scene);
     });
     return step;
@@ -87,24 +91,16 @@ void Navigation::PlaceAircraft() {
     const MapTransform transform = parts.Map.Transform();
     const Point image = transform.ImageOf(parts.State.Current());
     if (image.X < 0 || image.Y < 0 || !(image.X < parts.Map.Breite) || !(image.Y < parts.Map.Höhe))
-        parts.Map.SetCentring(false);
+        parts.Map.CenterMap = false;
     MapPoint = transform.ViewOfImage(image);
-}
-
-bool Navigation::AircraftIsFarOutside(const MapTransform& transform) const {
-    return MapPoint.X < -5 || MapPoint.Y < -5 || MapPoint.X > transform.ViewWidth() + 5 ||
-           MapPoint.Y > transform.ViewHeight() + 5;
 }
 
 // The airspaces not yet found are missing when an error ends this; the step goes on.
 void Navigation::SelectAirspace(Scene& scene) {
     if (!scene.PaintsChart) return;
     scene.ShowAirspaceText = parts.Flags.ShowAirspaceText;
-    try {
-        parts.Airspace.SelectAirspace(*scene.Transform, scene.Airspaces);
-    } catch (const RuntimeError& error) {
-        scene.AirspaceFault = parts.Faults.TextOf(DrawingFaults::Layer::Airspace, error);
-    }
+    const auto error = ErrorOf([&] { parts.Airspace.SelectAirspace(*scene.Transform, scene.Airspaces); });
+    if (error) scene.AirspaceFault = parts.Faults.TextOf(DrawingFaults::Layer::Airspace, *error);
 }
 
 void Navigation::DrawRoute(Scene& scene) {
@@ -116,7 +112,7 @@ void Navigation::DrawRoute(Scene& scene) {
 
 void Navigation::DrawActiveLeg(NavigationStep& step, bool hasFix) {
     RouteFollowing& route = parts.Route;
-    if (!route.RouteActive && !route.GotoActive) return;
+    if (!route.Frame1()) return;
     const auto target = route.ActiveTarget();
     if (!target) return;
     step.Picture.ActiveLeg = {parts.State.Current(), *target};
@@ -138,10 +134,7 @@ void Navigation::FindPoints(Scene& scene) {
 }
 
 void Navigation::FindWaypoints(Scene& scene) {
-    const MapTransform& transform = *scene.Transform;
-    const ViewBounds bounds =
-        transform.GetViewBounds({0, 0}, {transform.ViewWidth(), transform.ViewHeight()});
-    waypoints.ForEach(bounds, [&](const WaypointWindow::Row& row) {
+    waypoints.ForEach(scene.Transform->GetViewBounds(), [&](const WaypointWindow::Row& row) {
         std::string name(row.Name);
         scene.Points.AirfieldOf(name); // one that is missing ends the scene before it
         scene.Waypoints.push_back({row.At, std::move(name)});

@@ -77,7 +77,6 @@ private:
     void FindPoints(Scene& scene);
     void FindWaypoints(Scene& scene);
     void FindRoutePoints(Scene& scene);
-    bool AircraftIsFarOutside(const MapTransform& transform) const;
 
     NavigationParts parts;
     WaypointWindow waypoints;

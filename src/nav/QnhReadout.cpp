@@ -17,8 +17,6 @@ void QnhReadout::Form_Activate() {
     Show();
 }
 
-void QnhReadout::lblQNH_Click() { frmEnterQNH = true; }
-
 void QnhReadout::tEnterQNH_Enter(const std::string& text) {
     frmEnterQNH = false;
     EnterQnh(qnh, text, DateOf(clock.Now()));

@@ -22,7 +22,7 @@ public:
     // flight was begun with.
     void Form_Activate();
 
-    void lblQNH_Click();
+    void lblQNH_Click() { frmEnterQNH = true; }
     // By the rules of the settings, and kept as they keep it. What was entered holds though the file cannot
     // be written; RuntimeError then.
     void tEnterQNH_Enter(const std::string& text);

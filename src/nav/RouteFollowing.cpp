@@ -47,37 +47,22 @@ bool RouteFollowing::cmbRoute_Click(const std::string& name) {
     }
     cmbRoute = RoutesSet.Text("Name");
     tRoute = cmbRoute;
-    if (RoutePointsSet.RecordCount() == 0) SwitchOff();
+    if (RoutePointsSet.RecordCount() == 0) RouteActive = false;
     EnableSteps();
     return true;
 }
 
-void RouteFollowing::HideFrameUnless(bool stays) {
-    if (!stays) Frame1 = false;
-}
-
 RouteEffects RouteFollowing::cmdActivateGoto_Click() {
     RouteActive = RoutePointsSet.IsOpen() && RoutePointsSet.RecordCount() > 0;
-    picActivateGoto = RouteActive;
-    if (!RouteActive) {
-        HideFrameUnless(GotoActive);
-        return {};
-    }
-    Frame1 = true;
+    if (!RouteActive) return {};
     RowSelected = true;
     // A route that was flown to its end left its step button off; on a route that is active it works again.
     cmdNextEnabled = true;
     return ChosenByButton;
 }
 
-void RouteFollowing::SwitchOff() {
-    RouteActive = false;
-    picActivateGoto = false;
-    HideFrameUnless(GotoActive);
-}
-
 RouteEffects RouteFollowing::picActivateGoto_Click() {
-    SwitchOff();
+    RouteActive = false;
     return {.Redraw = true, .FocusMap = true};
 }
 
@@ -88,16 +73,12 @@ void RouteFollowing::ClearTargetValues() {
 
 RouteEffects RouteFollowing::cmdDirectFly_Click() {
     GotoActive = true;
-    Frame1 = true;
-    picDF = true;
     ClearTargetValues();
     return ChosenByButton;
 }
 
 RouteEffects RouteFollowing::picDF_Click() {
     GotoActive = false;
-    HideFrameUnless(picActivateGoto);
-    picDF = false;
     ClearTargetValues();
     return ChosenByButton;
 }
@@ -115,7 +96,7 @@ RouteEffects RouteFollowing::cmdNext_Click() {
     if (RoutePointsSet.RecordCount() > 0) RowSelected = false;
     if (RoutePointsSet.AbsolutePosition() >= RoutePointsSet.RecordCount() ||
         RoutePointsSet.RecordCount() == 0) {
-        SwitchOff();
+        RouteActive = false;
         cmdNextEnabled = false;
     } else {
         EnableSteps();
@@ -156,7 +137,7 @@ std::optional<Position> RouteFollowing::ActiveTarget() const {
     return target ? std::optional(ToDecimalDegrees(*target)) : std::nullopt;
 }
 
-void RouteFollowing::RefreshRouteList(std::optional<double> toTarget) {
+void RouteFollowing::RefreshRouteList(std::optional<double> toTargetNM) {
     if (!HasRoutes() || RoutesSet.Eof()) return;
     // A damaged point ends this, and what stands here then must not be that of another route.
     lblRoute = lblRemDist = Readout::Blank();
@@ -176,7 +157,7 @@ void RouteFollowing::RefreshRouteList(std::optional<double> toTarget) {
         from = to;
     });
     lblRoute = Readout(total, RouteLength);
-    rest += toTarget.value_or(0);
+    rest += toTargetNM.value_or(0);
     lblRemDist = GotoActive ? state.lblDistanz : Readout(rest, Formats::Miles);
 }
 
@@ -240,10 +221,10 @@ RouteReturn RouteFollowing::Activate() {
     const bool isSame = ReopenRoute(before, name);
     if (RouteActive && !isSame) {
         // Another route than the one that was chosen must not lead on.
-        SwitchOff();
+        RouteActive = false;
         found.Gone = name;
     }
-    if (RoutePointsSet.RecordCount() == 0) SwitchOff();
+    if (RoutePointsSet.RecordCount() == 0) RouteActive = false;
     found.Damage = ErrorOf([&] {
         if (!state.HadPosition && OnPoint()) {
             state.CurLat = ToDecimalDegrees(StoredLatitude(RoutePointsSet.Number("Lat")));

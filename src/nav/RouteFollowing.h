@@ -5,10 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "base/LocaleText.h"
 #include "base/RuntimeError.h"
 #include "data/RoutePoints.h"
-#include "map/MapTransform.h"
 #include "nav/FlightState.h"
 #include "store/Recordset.h"
 
@@ -19,7 +17,9 @@ struct RouteShown {
     std::string cmbRoute;
     std::vector<std::string> RouteNames;
     std::string tRoute; // lies over cmbRoute, so that the arrow keys do not change the route by accident
-    bool picActivateGoto = false, picDF = false, Frame1 = false;
+    bool RouteActive = false; // the lamp over cmdActivateGoto
+    bool GotoActive = false;  // Direct Fly, the lamp over cmdDirectFly
+    bool Frame1() const { return RouteActive || GotoActive; }
     bool cmdNextEnabled = true, cmdPrevEnabled = true;
     bool RowSelected = false; // the current row of gridWaypoints shows as selected
     // The target of Direct Fly as DegMinValue; blank without one.
@@ -37,9 +37,10 @@ struct RouteEffects {
 
 // What coming back to the screen has found in the lists.
 struct RouteReturn {
-    std::optional<std::string> Gone;    // the flown route that was renamed or deleted: it is flown no longer
-    bool IsAnotherTarget = false;       // or it stands elsewhere now
-    std::optional<RuntimeError> Damage; // of a row; one at which the map would open leaves the first one active
+    std::optional<std::string> Gone; // the flown route that was renamed or deleted: it is flown no longer
+    bool IsAnotherTarget = false;    // or it stands elsewhere now
+    std::optional<RuntimeError>
+        Damage; // of a row; one at which the map would open leaves the first one active
 };
 
 // The route that is flown, point by point, and the target of Direct Fly.
@@ -67,9 +68,9 @@ public:
     [[nodiscard]] RouteEffects SetDirectTarget(const Position& position);
     // As cmdNext_Click, when the active point was passed: no choice of the pilot.
     void PassPoint();
-    // Total and remaining distance of the route. `toTarget`: NM, what remains to the active point; none
-    // without a fix.
-    void RefreshRouteList(std::optional<double> toTarget);
+    // Total and remaining distance of the route. `toTargetNM`: what remains to the active point; none without
+    // a fix.
+    void RefreshRouteList(std::optional<double> toTargetNM);
 
     // That of Direct Fly as its labels show it, while that is on and has one.
     std::optional<DegMin> DirectTarget() const;
@@ -79,8 +80,6 @@ public:
 
     Recordset RoutesSet;
     Recordset RoutePointsSet; // the current row is the active route point
-    bool RouteActive = false;
-    bool GotoActive = false;
 
 private:
     void RowsReset() override {}
@@ -102,8 +101,6 @@ private:
     bool ReopenRoute(const Place& place, const std::string& name);
     void ReturnTo(const Place& place);
     void EnableSteps() { cmdNextEnabled = cmdPrevEnabled = true; }
-    void HideFrameUnless(bool stays);
-    void SwitchOff();
     void ClearTargetValues();
 
     Connection& dataConn;

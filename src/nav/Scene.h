@@ -18,8 +18,8 @@ struct Scene {
         bool operator==(const LegLine&) const = default;
     };
     struct AircraftSymbol {
-        Point At;             // view pixels
-        double Direction = 0; // degrees in the view, 0 is up
+        Point At;                    // view pixels
+        double DirectionDegrees = 0; // in the view, 0 is up
         bool HasFix = false;
         int Symbol = 0; // Settings::SymbolType
         bool operator==(const AircraftSymbol&) const = default;

@@ -24,19 +24,16 @@ std::string SceneDrawing::Draw(const Scene& scene) {
         symbols.DrawRoutePoint(point.At, point.Mode, point.Name);
     if (scene.DirectTarget) symbols.DrawPoint(*scene.DirectTarget, PointMode::DirectTarget, "DF");
     if (const auto& aircraft = scene.Aircraft)
-        DrawAircraft(surface, aircraft->At, aircraft->Direction, aircraft->HasFix, aircraft->Symbol);
+        DrawAircraft(surface, aircraft->At, aircraft->DirectionDegrees, aircraft->HasFix, aircraft->Symbol);
     return fault;
 }
 
 std::string SceneDrawing::DrawAirspace(const Scene& scene) {
-    try {
-        for (const std::int16_t number : scene.Airspaces)
-            airspace.DrawAirspace({surface, *scene.Transform, scene.SlideMap, scene.ShowAirspaceText},
-                                  number);
-    } catch (const RuntimeError& error) {
-        return faults.TextOf(DrawingFaults::Layer::Airspace, error);
-    }
-    return scene.AirspaceFault;
+    const AirspaceDrawing::Canvas canvas{surface, *scene.Transform, scene.SlideMap, scene.ShowAirspaceText};
+    const auto error = ErrorOf([&] {
+        for (const std::int16_t number : scene.Airspaces) airspace.DrawAirspace(canvas, number);
+    });
+    return error ? faults.TextOf(DrawingFaults::Layer::Airspace, *error) : scene.AirspaceFault;
 }
 
 void SceneDrawing::DrawRoute(MapSymbols& symbols, const Scene& scene) {

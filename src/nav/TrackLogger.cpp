@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "base/Numbers.h"
 #include "common/Date.h"
 #include "common/SettingsFiles.h"
 #include "geo/NavigationMaths.h"

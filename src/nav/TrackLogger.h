@@ -43,7 +43,6 @@ public:
     // Sets the buttons up; a recording that ran when the screen was left goes on.
     void Form_Activate();
     void Form_Deactivate();
-    const TrackLoggerShown& Shown() const { return *this; }
     // Starts or stops. Nothing without a fix, nor while an automatic recording runs. RuntimeError when the
     // recording cannot be stored; the logger stays stopped then.
     void ToggleTrackLog(bool hasFix);

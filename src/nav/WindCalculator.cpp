@@ -21,7 +21,8 @@ std::string Filled(std::string digits) {
     return digits;
 }
 
-// The side of the drift decides: the wind comes from behind the heading where the track lies to its left.
+// The side of the drift decides: the wind comes from behind the heading where the track lies to its left. All
+// in degrees.
 double WindDirection(double heading, double drift, double angle, bool tailwind) {
     if (drift < 0) return heading + angle > 360 ? heading + angle - 360 : heading + angle;
     const double direction = drift > 0 ? heading - angle : tailwind ? heading - 180 : heading;
@@ -121,15 +122,15 @@ void WindCalculator::RedrawArrow() {
 
 // Seen from above with the nose up, on a scale of 100 by 100: the shaft comes from the side of the wind, the
 // barbs are at the centre.
-void WindCalculator::DrawArrow(double relative) {
+void WindCalculator::DrawArrow(double relativeDegrees) {
     picWind.SetDrawWidth(5);
     const auto line = [&](double reach, double degrees) {
         const double angle = DegToRad(degrees);
         picWind.Line(50 + reach * std::cos(angle), 50 + reach * std::sin(angle), 50, 50, ArrowColour);
     };
-    line(50, relative - 90);
-    line(20, relative - 45);
-    line(-20, relative + 45);
+    line(50, relativeDegrees - 90);
+    line(20, relativeDegrees - 45);
+    line(-20, relativeDegrees + 45);
 }
 
 } // namespace ornivane

@@ -31,7 +31,6 @@ public:
 
     WindCalculator(const FlightState& flightState, const LocaleText& localeText, PictureSurface& surface);
 
-    const WindShown& Shown() const { return *this; }
     // A key that means nothing else on the flying screen. Any key after a complete entry begins a new one.
     void KeyUp(int keyCode);
     // At each altitude, in feet. Only the tooltip changes.
@@ -55,7 +54,7 @@ private:
     std::string TasText(const TrueAirspeed& tas) const;
     bool IsComplete() const;
     void ShowWind();
-    void DrawArrow(double relative);
+    void DrawArrow(double relativeDegrees);
 
     const FlightState& state;
     const LocaleText& locale;

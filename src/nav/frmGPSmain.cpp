@@ -5,13 +5,10 @@
 #include <QGridLayout>
 #include <QHeaderView>
 #include <QLabel>
-#include <QProgressBar>
 #include <QTableView>
 
 #include "base/Flagged.h"
 #include "nav/frmInstrumentPanel.h"
-#include "platform/qt/Named.h"
-
 #include "nav/frmRecordPanel.h"
 #include "nav/frmStageButton.h"
 #include "nav/frmWindPanel.h"
@@ -20,10 +17,12 @@
 #include "platform/qt/FittedText.h"
 #include "platform/qt/GridBinding.h"
 #include "platform/qt/LampButton.h"
+#include "platform/qt/Named.h"
 #include "platform/qt/QtPicture.h"
 #include "platform/qt/QtProgress.h"
 #include "platform/qt/ReadoutLabel.h"
 #include "platform/qt/RecordsetModel.h"
+#include "platform/qt/Spaced.h"
 #include "platform/qt/SurfaceWidget.h"
 #include "platform/qt/ZoomSlider.h"
 
@@ -40,9 +39,7 @@ QString Q(const std::string& text) { return QString::fromStdString(text); }
 frmGPSmain::frmGPSmain(const FlyingFormServices& formServices)
     : services(formServices), picStorage(std::make_unique<QtPicture>(formServices.Pictures)) {
     setObjectName("frmGPSmain");
-    auto* layout = new QGridLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
+    auto* layout = Spaced(new QGridLayout(this), 0);
     layout->setColumnStretch(0, 1);
     layout->setRowStretch(0, 1);
     MakeMap(*layout);
@@ -101,9 +98,7 @@ void frmGPSmain::Click(const std::function<void()>& event) {
 void frmGPSmain::MakeSide(QGridLayout& layout) {
     auto* side = Named(new QFrame(this), "sidePanel");
     side->setFixedWidth(SideWidth);
-    auto* column = new QVBoxLayout(side);
-    column->setContentsMargins(8, 6, 8, 6);
-    column->setSpacing(5);
+    auto* column = Spaced(new QVBoxLayout(side), 5, {8, 6, 8, 6});
     MakeLinkButtons(*column);
     column->addWidget(instruments);
     MakeReadouts(*column);
@@ -113,8 +108,7 @@ void frmGPSmain::MakeSide(QGridLayout& layout) {
 }
 
 void frmGPSmain::MakeLinkButtons(QBoxLayout& layout) {
-    auto* row = new QHBoxLayout;
-    row->setSpacing(6);
+    auto* row = Spaced(new QHBoxLayout, 6);
     auto* gps = new QGridLayout; // the three lamps lie over the button
     cmdGPS = Lamp("cmdGPS", "gps", [this] { screen->Link.cmdGPS_Click(); });
     gps->addWidget(cmdGPS, 0, 0);
@@ -129,10 +123,10 @@ void frmGPSmain::MakeLinkButtons(QBoxLayout& layout) {
     }
     row->addLayout(gps, 1);
     cmdKartezentrieren =
-        Switch("cmdKartezentrieren", "centre", screen->Map.picKartezentrieren,
-               &FlyingScreen::cmdKartezentrieren_Click, &FlyingScreen::picKartezentrieren_Click);
+        Switch("cmdKartezentrieren", "centre", screen->Map.CenterMap, &FlyingScreen::cmdKartezentrieren_Click,
+               &FlyingScreen::picKartezentrieren_Click);
     row->addWidget(cmdKartezentrieren, 1);
-    cmdMapScroll = Switch("cmdMapScroll", "mapscroll", screen->Ring.PicMapScroll,
+    cmdMapScroll = Switch("cmdMapScroll", "mapscroll", screen->Map.AutoMapSwitch,
                           &FlyingScreen::cmdMapScroll_Click, &FlyingScreen::PicMapScroll_Click);
     row->addWidget(cmdMapScroll, 1);
     row->addWidget(record, 1);
@@ -150,19 +144,15 @@ void frmGPSmain::MakeReadouts(QBoxLayout& layout) {
     altitude = readout("lblAlt", "lblAltmode", ReadoutLabel::Size::Large);
     services.Guard.Connect(speed, &ReadoutLabel::Clicked, [this] { screen->lblSpeed_Click(); });
     services.Guard.Connect(altitude, &ReadoutLabel::Clicked, [this] { screen->lblAlt_Click(); });
-    auto* row = new QHBoxLayout;
-    row->setSpacing(6);
+    auto* row = Spaced(new QHBoxLayout, 6);
     row->addWidget(speed, 1);
     row->addWidget(bearing, 1);
     layout.addLayout(row);
-    auto* second = new QHBoxLayout;
-    second->setSpacing(6);
+    auto* second = Spaced(new QHBoxLayout, 6);
     second->addWidget(altitude, 1);
     auto* position = new QFrame(this);
     position->setProperty("role", "readout");
-    auto* lines = new QVBoxLayout(position);
-    lines->setContentsMargins(4, 2, 4, 2);
-    lines->setSpacing(0);
+    auto* lines = Spaced(new QVBoxLayout(position), 0, {4, 2, 4, 2});
     for (QLabel** label : {&lblLat, &lblLong}) {
         *label = Named(new FittedText(15, position), label == &lblLat ? "lblLat" : "lblLong");
         (*label)->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -187,8 +177,7 @@ void frmGPSmain::MakeRoute(QBoxLayout& layout) {
 }
 
 void frmGPSmain::MakeRouteList(QBoxLayout& layout) {
-    auto* head = new QHBoxLayout;
-    head->setSpacing(6);
+    auto* head = Spaced(new QHBoxLayout, 6);
     cmbRoute = Named(new QComboBox, "cmbRoute");
     cmbRoute->setMinimumHeight(40);
     cmbRoute->installEventFilter(this);
@@ -228,14 +217,13 @@ void frmGPSmain::MakeRouteList(QBoxLayout& layout) {
 }
 
 void frmGPSmain::MakeRouteButtons(QBoxLayout& layout) {
-    auto* row = new QHBoxLayout;
-    row->setSpacing(6);
+    auto* row = Spaced(new QHBoxLayout, 6);
     cmdPrev = Lamp("cmdPrev", "previous", [this] { screen->cmdPrev_Click(); });
     cmdNext = Lamp("cmdNext", "next", [this] { screen->cmdNext_Click(); });
-    cmdActivateGoto = Switch("cmdActivateGoto", "activate", screen->Route.picActivateGoto,
+    cmdActivateGoto = Switch("cmdActivateGoto", "activate", screen->Route.RouteActive,
                              &FlyingScreen::cmdActivateGoto_Click, &FlyingScreen::picActivateGoto_Click);
-    cmdDirectFly = Switch("cmdDirectFly", "directfly", screen->Route.picDF, &FlyingScreen::cmdDirectFly_Click,
-                          &FlyingScreen::picDF_Click);
+    cmdDirectFly = Switch("cmdDirectFly", "directfly", screen->Route.GotoActive,
+                          &FlyingScreen::cmdDirectFly_Click, &FlyingScreen::picDF_Click);
     for (LampButton* button : {cmdPrev, cmdNext, cmdActivateGoto, cmdDirectFly}) row->addWidget(button, 1);
     layout.addLayout(row);
 }
@@ -319,7 +307,7 @@ void frmGPSmain::ShowMapControls() {
     FillCombo(*cmbMaps, map.MapNames, map.cmbMaps);
     lblNoMap->setVisible(loaded && !map.HasMap()); // before that no chart was tried
     if (!map.HasMap()) lblNoMap->setText(WhyNoMap());
-    cmdKartezentrieren->SetLit(map.picKartezentrieren);
+    cmdKartezentrieren->SetLit(map.CenterMap);
     cmdSet->SetLit(frmSet->isVisible());
     cmdshowRoute->SetLit(screen->Flags.ShowRoute);
     cmdWayInfo->SetLit(screen->Flags.ShowNames);
@@ -336,7 +324,7 @@ void frmGPSmain::ShowMapControls() {
 
 void frmGPSmain::ShowMapRing() {
     const MapRing& ring = screen->Ring;
-    cmdMapScroll->SetLit(ring.PicMapScroll);
+    cmdMapScroll->SetLit(screen->Map.AutoMapSwitch);
     tNextMap->setText(Q(ring.tNextMap));
     tNextMap->adjustSize();
     tNextMap->setVisible(ring.tNextMapShows);
@@ -352,11 +340,11 @@ void frmGPSmain::ShowRoute() {
     cmbRoute->setEnabled(!route.RouteNames.empty());
     tRoute->setText(Q(route.tRoute));
     lblRoute->setText(Q(route.lblRoute.TextWithUnit(services.Shared.Locale)));
-    cmdActivateGoto->SetLit(route.picActivateGoto);
-    cmdDirectFly->SetLit(route.picDF);
+    cmdActivateGoto->SetLit(route.RouteActive);
+    cmdDirectFly->SetLit(route.GotoActive);
     cmdNext->setEnabled(route.cmdNextEnabled);
     cmdPrev->setEnabled(route.cmdPrevEnabled);
-    Frame1->setVisible(route.Frame1);
+    Frame1->setVisible(route.Frame1());
     lblLatx->setText(Q(route.lblLatx.Text(services.Shared.Locale)));
     lblLongx->setText(Q(route.lblLongx.Text(services.Shared.Locale)));
     lblLatx->setVisible(route.GotoActive);

@@ -12,6 +12,7 @@
 #include "platform/qt/LampButton.h"
 #include "platform/qt/Named.h"
 #include "platform/qt/ReadoutLabel.h"
+#include "platform/qt/Spaced.h"
 #include "platform/qt/SurfaceWidget.h"
 #include "platform/qt/ZoomSlider.h"
 
@@ -61,9 +62,7 @@ void frmGPSmain::MakeOverMap() {
 void frmGPSmain::MakeBottom(QGridLayout& layout) {
     auto* bar = Named(new QFrame(this), "bottomBar");
     bar->setFixedHeight(BottomHeight);
-    auto* row = new QHBoxLayout(bar);
-    row->setContentsMargins(8, 4, 8, 4);
-    row->setSpacing(8);
+    auto* row = Spaced(new QHBoxLayout(bar), 8, {8, 4, 8, 4});
     SlideMap = Named(new ZoomSlider, "SlideMap");
     SlideMap->installEventFilter(this);
     services.Guard.Connect(SlideMap, &ZoomSlider::valueChanged, [this](int value) {
@@ -92,9 +91,7 @@ void frmGPSmain::MakeTarget(QBoxLayout& layout) {
     QSizePolicy keepsItsPlace = Frame1->sizePolicy();
     keepsItsPlace.setRetainSizeWhenHidden(true);
     Frame1->setSizePolicy(keepsItsPlace);
-    auto* values = new QHBoxLayout(Frame1);
-    values->setContentsMargins(0, 0, 0, 0);
-    values->setSpacing(5);
+    auto* values = Spaced(new QHBoxLayout(Frame1), 5);
     const auto readout = [&](const char* value, const char* unit, int width) {
         auto* label = new ReadoutLabel({value, unit}, ReadoutLabel::Size::Medium, Frame1);
         label->setFixedWidth(width); // the longest value that can come
@@ -116,9 +113,7 @@ void frmGPSmain::MakePanel() {
     frmSet = Named(new QFrame(picMap), "frmSet");
     frmSet->setAutoFillBackground(true);
     frmSet->setFrameShape(QFrame::StyledPanel);
-    auto* column = new QVBoxLayout(frmSet);
-    column->setContentsMargins(8, 8, 8, 8);
-    column->setSpacing(6);
+    auto* column = Spaced(new QVBoxLayout(frmSet), 6, {8, 8, 8, 8});
     cmdshowRoute = Lamp("cmdshowRoute", "route", [this] { screen->SetShowRoute(!screen->Flags.ShowRoute); });
     cmdWayInfo = Lamp("cmdWayInfo", "names", [this] { screen->SetShowNames(!screen->Flags.ShowNames); });
     cmdShowPoints = Switch("cmdShowPoints", "routepoints", screen->picShowPoints,

@@ -10,6 +10,8 @@
 #include "base/RuntimeError.h"
 #include "common/Qnh.h"
 #include "platform/qt/Events.h"
+#include "platform/qt/Named.h"
+#include "platform/qt/Spaced.h"
 
 namespace ornivane {
 
@@ -28,9 +30,7 @@ frmInstrumentPanel::frmInstrumentPanel(QWidget* parent, const Language& language
                                        const DayQnh& qnhOfDay, EventGuard& eventGuard)
     : QWidget(parent), language(languageOfTexts), dayQnh(qnhOfDay), guard(eventGuard) {
     Picture1.Load(":/icons/compass.svg");
-    auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(6);
+    auto* row = Spaced(new QHBoxLayout(this), 6);
     auto* labels = new QWidget(this);
     labels->setFixedWidth(SideWidth); // also while none shows: the dial keeps its place
     auto* side = new QVBoxLayout(labels);
@@ -43,8 +43,7 @@ frmInstrumentPanel::frmInstrumentPanel(QWidget* parent, const Language& language
     side->addWidget(lblKurs);
     side->addStretch(1);
     row->addWidget(labels);
-    Kurskreisel = new SurfaceWidget(this);
-    Kurskreisel->setObjectName("Kurskreisel");
+    Kurskreisel = Named(new SurfaceWidget(this), "Kurskreisel");
     Kurskreisel->setFixedSize(DialSize, DialSize);
     Kurskreisel->SetScale(200, 200);
     row->addWidget(Kurskreisel);
@@ -60,8 +59,7 @@ frmInstrumentPanel::frmInstrumentPanel(QWidget* parent, const Language& language
     for (QLabel* label : {lblVOR1, lbldistVOR, lblQNH}) label->raise();
 
     frmVOR = Entry("frmVOR", vorCaption, tVOR1, "tVOR1");
-    lblResult = new QLabel(frmVOR);
-    lblResult->setObjectName("lblResult");
+    lblResult = Named(new QLabel(frmVOR), "lblResult");
     lblResult->setMinimumHeight(26);
     frmVOR->layout()->addWidget(lblResult);
     frmKurs = Entry("frmKurs", courseCaption, tKurs, "tKurs");
@@ -71,8 +69,7 @@ frmInstrumentPanel::frmInstrumentPanel(QWidget* parent, const Language& language
 }
 
 QLabel* frmInstrumentPanel::Label(const char* name) {
-    auto* label = new QLabel(this);
-    label->setObjectName(name);
+    auto* label = Named(new QLabel(this), name);
     label->setProperty("role", "instrument");
     label->setMinimumWidth(SideWidth);
     label->setTextFormat(Qt::PlainText);
@@ -81,15 +78,13 @@ QLabel* frmInstrumentPanel::Label(const char* name) {
 
 QFrame* frmInstrumentPanel::Entry(const char* name, QLabel*& caption, QLineEdit*& field,
                                   const char* fieldName) {
-    auto* frame = new QFrame(parentWidget());
-    frame->setObjectName(name);
+    auto* frame = Named(new QFrame(parentWidget()), name);
     frame->setProperty("role", "popup");
     frame->setFixedWidth(EntryWidth);
     auto* column = new QVBoxLayout(frame);
     column->setContentsMargins(10, 8, 10, 8);
     caption = new QLabel(frame);
-    field = new QLineEdit(frame);
-    field->setObjectName(fieldName);
+    field = Named(new QLineEdit(frame), fieldName);
     field->setMinimumHeight(44);
     field->installEventFilter(this);
     column->addWidget(caption);

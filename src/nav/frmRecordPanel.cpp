@@ -1,11 +1,11 @@
 #include "nav/frmRecordPanel.h"
 
 #include <QGridLayout>
-#include <QLabel>
 
 #include "platform/qt/Events.h"
 #include "platform/qt/FittedText.h"
 #include "platform/qt/LampButton.h"
+#include "platform/qt/Named.h"
 
 namespace ornivane {
 
@@ -31,8 +31,7 @@ frmRecordPanel::frmRecordPanel(QWidget* parent, const Language& languageOfTexts,
     cmdRecordAuto->SetIcon(":/icons/record-auto.svg");
     picRecord->SetLit(true);
     picRecord->SetLamp(QColor(0xFF2020));
-    lblRecord = new FittedText(LargestCount, picRecord);
-    lblRecord->setObjectName("lblRecord");
+    lblRecord = Named(new FittedText(LargestCount, picRecord), "lblRecord");
     lblRecord->setAlignment(Qt::AlignHCenter | Qt::AlignBottom);
     lblRecord->setAttribute(Qt::WA_TransparentForMouseEvents); // a click on the number is one on the button
     auto* inside = new QGridLayout(picRecord);
@@ -41,8 +40,7 @@ frmRecordPanel::frmRecordPanel(QWidget* parent, const Language& languageOfTexts,
 }
 
 LampButton* frmRecordPanel::Stage(const char* name, const std::function<void()>& click) {
-    auto* button = new LampButton(this);
-    button->setObjectName(name);
+    auto* button = Named(new LampButton(this), name);
     button->setFocusPolicy(Qt::TabFocus);
     connect(button, &QAbstractButton::clicked, this, [this, click] {
         guard.Run(click);

@@ -5,6 +5,7 @@
 
 #include "platform/qt/Events.h"
 #include "platform/qt/LampButton.h"
+#include "platform/qt/Named.h"
 
 namespace ornivane {
 
@@ -14,8 +15,7 @@ frmStageButton::frmStageButton(QWidget* parent, EventGuard& guard, const char* i
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(0, 0, 0, 0);
     for (std::size_t i = 0; i < stages.size(); ++i) {
-        auto* button = new LampButton(this);
-        button->setObjectName(stages[i].Name);
+        auto* button = Named(new LampButton(this), stages[i].Name);
         button->SetIcon(QString(":/icons/%1.svg").arg(icon));
         button->setFocusPolicy(Qt::TabFocus);
         button->SetLit(i > 0);

@@ -6,6 +6,8 @@
 
 #include "base/Language.h"
 #include "platform/qt/Events.h"
+#include "platform/qt/Named.h"
+#include "platform/qt/Spaced.h"
 
 namespace ornivane {
 
@@ -19,17 +21,14 @@ QString Q(const std::string& text) { return QString::fromStdString(text); }
 
 frmWindPanel::frmWindPanel(QWidget* parent, const Language& languageOfTexts, EventGuard& eventGuard)
     : QWidget(parent), language(languageOfTexts), guard(eventGuard) {
-    auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(6);
+    auto* row = Spaced(new QHBoxLayout(this), 6);
     lblHeading = Field("lblHeading", headingCaption);
     lblIAS = Field("lblIAS", iasCaption);
     lblWind = Field("lblWind", windCaption);
     row->addWidget(headingCaption->parentWidget(), 3);
     row->addWidget(iasCaption->parentWidget(), 3);
     row->addWidget(windCaption->parentWidget(), 5);
-    picWind = new SurfaceWidget(this);
-    picWind->setObjectName("picWind");
+    picWind = Named(new SurfaceWidget(this), "picWind");
     picWind->setFixedSize(PictureSize, PictureSize);
     picWind->SetScale(100, 100);
     row->addWidget(picWind);
@@ -38,13 +37,10 @@ frmWindPanel::frmWindPanel(QWidget* parent, const Language& languageOfTexts, Eve
 // A caption over a value, on the dark ground of a display: its colours mean something.
 QLabel* frmWindPanel::Field(const char* name, QLabel*& caption) {
     auto* frame = new QWidget(this);
-    auto* column = new QVBoxLayout(frame);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
+    auto* column = Spaced(new QVBoxLayout(frame), 0);
     caption = new QLabel(frame);
     caption->setProperty("role", "caption");
-    auto* value = new QLabel(frame);
-    value->setObjectName(name);
+    auto* value = Named(new QLabel(frame), name);
     value->setProperty("role", "entry");
     value->setAlignment(Qt::AlignCenter);
     column->addWidget(caption);

@@ -13,7 +13,7 @@ void PlanAirspace::DrawPlanAirspace(const AirspaceChoice& choice, PictureSurface
     // That the store is missing was told when the program started.
     if (shown == AirspaceChoice::Which::None || !luftraum.IsOpen()) return;
     const AirspaceDrawing::Canvas canvas{surface, transform, slideValue, true, "+"};
-    const ViewBounds view = transform.GetViewBounds({0, 0}, {surface.ScaleWidth(), surface.ScaleHeight()});
+    const ViewBounds view = transform.GetViewBounds();
     const auto height =
         shown == AirspaceChoice::Which::AtHeight ? std::optional(choice.Height()) : std::nullopt;
     for (const std::int16_t number : selection.AirspacesAt(view, height))

@@ -98,7 +98,7 @@ void PlanMap::CentreOn(const DegMin& position) {
     if (!HasMap()) return;
     IgnoreErrors([&] {
         const Point at = Transform().ViewOf(ToDecimalDegrees(position));
-        View = CentredOn(View, Sizes, at.X, at.Y);
+        View = CentredOn(View, Sizes, at);
     });
 }
 

@@ -93,8 +93,9 @@ double WaypointEditing::ShowCoordinate(const char* column, std::string& field) {
     field.clear();
     double value = 0;
     IgnoreErrors([&] {
-        value = WaypointsSet.Number(column);
-        field = CoordinateText(value, language.Locale);
+        const double number = WaypointsSet.Number(column);
+        field = CoordinateText(number, language.Locale);
+        value = number;
     });
     return value;
 }

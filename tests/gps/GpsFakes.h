@@ -83,9 +83,11 @@ struct EventLog : NmeaListener {
         return text;
     }
 
-    void PositionReceived(const std::string& latitude, const std::string& longitude,
-                          const std::string& latraw, const std::string& longraw) override {
-        Add("Position", latitude + "|" + longitude + "|" + latraw + "|" + longraw);
+    void PositionReceived(const PositionTexts& position) override {
+        std::string all;
+        for (const auto text : {position.Latitude, position.Longitude, position.LatRaw, position.LongRaw})
+            all.append(all.empty() ? "" : "|").append(text);
+        Add("Position", all);
     }
     void TimeChanged(const std::string& time) override { Add("Time", time); }
     void DateChanged(const std::string& date) override { Add("Date", date); }

@@ -304,7 +304,7 @@ TEST_F(GpsLinkTest, FliesABaudRateThatNoListOffers) {
     // By hand into the file: what is a whole number is one for the port, too.
     for (const char* baud : {" 9600 ", "9600.0", "+9600", "9.6e3"}) {
         WriteComSettings(Folder.Path(), {"07", baud});
-        Com.LoadSavedCom();
+        Com.TakeSettings();
         EXPECT_EQ(Com.LineSettings, "9600,n,8,1") << baud;
         EXPECT_EQ(Com.ComPort, 7);
     }
@@ -313,7 +313,7 @@ TEST_F(GpsLinkTest, FliesABaudRateThatNoListOffers) {
 TEST_F(GpsLinkTest, MakesTheSettingsFileAnewWhenItCannotBeRead) {
     for (const char* damage : {"", "\"COM7\",\"4800\"\r\n", "\"7\"\r\n", "\"7\"\r\n\"fast\"\r\n"}) {
         std::ofstream(Folder.Path() / "data.crm", std::ios::binary) << damage;
-        Com.LoadSavedCom();
+        Com.TakeSettings();
         EXPECT_EQ(Com.ComPort, 1) << damage;
         EXPECT_EQ(Com.LineSettings, "9600,n,8,1") << damage;
         EXPECT_EQ(ReadComSettings(Folder.Path()), (ComSettings{"1", "4800"})) << damage;

@@ -15,7 +15,7 @@ ViewSizes Sizes() {
     sizes.StoreHeight = 1600;
     sizes.ViewWidth = 800;
     sizes.ViewHeight = 400;
-    sizes.AspectFactor = AspectFactorOf(2000, 1600, 800, 400, 2000, 1600);
+    sizes.AspectFactor = AspectFactorOf(sizes, 2000, 1600);
     sizes.HalfWidth = 1000;
     return sizes;
 }
@@ -45,18 +45,18 @@ TEST(Viewport, CutsAPictureThatIsLessTallThanTheView) {
 TEST(Viewport, CentresAsFarAsThePictureReaches) {
     const ViewSizes sizes = Sizes();
     const SourceRect view{500, 500, 400, 200};
-    EXPECT_EQ(CentredOn(view, sizes, 400, 200), view);
-    EXPECT_EQ(CentredOn(view, sizes, 600, 300), (SourceRect{600, 550, 400, 200}));
-    EXPECT_EQ(CentredOn(view, sizes, -5000, -5000), (SourceRect{0, 0, 400, 200}));
-    EXPECT_EQ(CentredOn(view, sizes, 90000, 90000), (SourceRect{1600, 1400, 400, 200}));
+    EXPECT_EQ(CentredOn(view, sizes, {400, 200}), view);
+    EXPECT_EQ(CentredOn(view, sizes, {600, 300}), (SourceRect{600, 550, 400, 200}));
+    EXPECT_EQ(CentredOn(view, sizes, {-5000, -5000}), (SourceRect{0, 0, 400, 200}));
+    EXPECT_EQ(CentredOn(view, sizes, {90000, 90000}), (SourceRect{1600, 1400, 400, 200}));
 }
 
 TEST(Viewport, DragsOneImagePixelForOneViewPixelAndStopsAtTheEdges) {
     const ViewSizes sizes = Sizes();
     const SourceRect view{500, 500, 400, 200};
-    EXPECT_EQ(Dragged(view, sizes, 10, -20), (SourceRect{490, 520, 400, 200}));
-    EXPECT_EQ(Dragged(view, sizes, 9999, 9999), (SourceRect{0, 0, 400, 200}));
-    EXPECT_EQ(Dragged(view, sizes, -9999, -9999), (SourceRect{1600, 1400, 400, 200}));
+    EXPECT_EQ(Dragged(view, sizes, {10, -20}), (SourceRect{490, 520, 400, 200}));
+    EXPECT_EQ(Dragged(view, sizes, {9999, 9999}), (SourceRect{0, 0, 400, 200}));
+    EXPECT_EQ(Dragged(view, sizes, {-9999, -9999}), (SourceRect{1600, 1400, 400, 200}));
 }
 
 TEST(MapTransform, GoesThereAndBack) {
@@ -71,14 +71,13 @@ TEST(MapTransform, GoesThereAndBack) {
         EXPECT_NEAR(back.Lat.Degrees(), position.Lat.Degrees(), 1e-9);
         EXPECT_NEAR(back.Long.Degrees(), position.Long.Degrees(), 1e-9);
     }
-    const ViewBounds all =
-        MapTransform(scale, {0, 0, 2800, 2540}, 1400, 700).GetViewBounds({0, 0}, {1400, 700});
+    const ViewBounds all = MapTransform(scale, {0, 0, 2800, 2540}, 1400, 700).GetViewBounds();
     EXPECT_DOUBLE_EQ(all.ViewNorth.Value(), 51.24);
     EXPECT_DOUBLE_EQ(all.ViewWest.Value(), 6.00);
     EXPECT_DOUBLE_EQ(all.ViewSouth.Value(), 50.36);
     EXPECT_DOUBLE_EQ(all.ViewEast.Value(), 7.24);
     EXPECT_THROW(MapTransform(scale, {0, 0, 0, 0}, 1400, 700), RuntimeError);
-    EXPECT_THROW(MapTransform(scale, {0, 0, 10, 10}, 0, 700).GetViewBounds({0, 0}, {1, 1}), RuntimeError);
+    EXPECT_THROW(MapTransform(scale, {0, 0, 10, 10}, 0, 700).GetViewBounds(), RuntimeError);
 }
 
 } // namespace

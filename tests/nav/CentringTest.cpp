@@ -29,7 +29,7 @@ TEST_F(CentringTest, AutomaticSwitchingStaysCentredAcrossChartsThatOnlyTouch) {
         RedrawAt(to);
         RedrawAt(to); // the next map is announced in one redraw and comes in the next one
         EXPECT_EQ(screen.Map.Name(), chart);
-        EXPECT_TRUE(screen.Map.CenterMap && screen.Map.picKartezentrieren) << from << " to " << to;
+        EXPECT_TRUE(screen.Map.CenterMap) << from << " to " << to;
         EXPECT_EQ(Surface.Count("circle"), 1) << "the aircraft";
     }
     EXPECT_TRUE(Notices.Shown.empty()); // centring never stayed away
@@ -59,7 +59,7 @@ TEST_F(CentringTest, TellsOnceThatTheAircraftLeftTheChartAndAtEachPressOfTheButt
     Shared.EnglishUI = 1;
     screen.cmdKartezentrieren_Click();
     EXPECT_EQ(Notices.Shown.back(), "The aircraft is off the chart alpha.jpg; the chart does not follow it.");
-    EXPECT_FALSE(screen.Map.picKartezentrieren);
+    EXPECT_FALSE(screen.Map.CenterMap);
 }
 
 TEST_F(CentringTest, WithoutAPositionTheButtonSaysThatThereIsNone) {
@@ -67,7 +67,7 @@ TEST_F(CentringTest, WithoutAPositionTheButtonSaysThatThereIsNone) {
     screen.cmdKartezentrieren_Click();
     EXPECT_EQ(Notices.Shown, std::vector<std::string>{
                                  "Noch keine Position vom GPS: die Karte kann nicht zentriert werden."});
-    EXPECT_FALSE(screen.Map.picKartezentrieren);
+    EXPECT_FALSE(screen.Map.CenterMap);
 }
 
 TEST_F(CentringTest, TheButtonAlsoSpeaksWhileTheNextChartIsStillToCome) {

@@ -13,7 +13,7 @@ TEST_F(FixReadoutsTest, ShowNothingUntilThereIsAFix) {
     FlyingScreen& screen = Start();
     const int paints = Surface.Paints;
     auto& readouts = screen.Readouts;
-    readouts.gps_PositionReceived("N 50° 30'", "E 007° 00'", "5030.000", "00700.000");
+    readouts.gps_PositionReceived({"N 50° 30'", "E 007° 00'", "5030.000", "00700.000"});
     readouts.gps_SpeedReceived("100");
     readouts.gps_BearingReceived("90");
     readouts.gps_AltitudeReceived("300");
@@ -66,7 +66,7 @@ TEST_F(FixReadoutsTest, ShowTheReceiversValuesInTheChosenUnits) {
 TEST_F(FixReadoutsTest, WestIsNegativeAndSouthIsNotLookedAt) {
     FlyingScreen& screen = Start();
     screen.Readouts.gps_FixObtained();
-    screen.Readouts.gps_PositionReceived("S 50° 30.000'", "W 007° 12.000'", "5030.000", "00712.000");
+    screen.Readouts.gps_PositionReceived({"S 50° 30.000'", "W 007° 12.000'", "5030.000", "00712.000"});
     EXPECT_NEAR(screen.State.CurLat.Degrees(), 50.5, 1e-9);
     EXPECT_NEAR(screen.State.CurLong.Degrees(), -7.2, 1e-9);
     EXPECT_EQ(screen.State.lblLat, "S 50° 30.000'");

@@ -34,8 +34,8 @@ protected:
         const auto raw = [](double degrees, const char* picture) {
             return Format(ToDegMinValue(Latitude(degrees)).Value() * 100, picture, LocaleText());
         };
-        Screen->Readouts.gps_PositionReceived("N lat", "E long", raw(lat, "0000.0000"),
-                                              raw(longitude, "00000.0000"));
+        Screen->Readouts.gps_PositionReceived(
+            {"N lat", "E long", raw(lat, "0000.0000"), raw(longitude, "00000.0000")});
     }
 
     FakePort Port;

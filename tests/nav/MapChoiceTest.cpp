@@ -18,7 +18,7 @@ TEST_F(MapChoiceTest, AFirstStartTakesTheFirstMapInNameOrder) {
 
 TEST_F(MapChoiceTest, EveryMapKeepsItsViewOverSwitchesAndRestarts) {
     FlyingScreen& screen = Start();
-    screen.Map.SetCentring(false);
+    screen.Map.CenterMap = false;
     screen.SetSlide(-50);
     screen.Pan(-120, -60);
     screen.cmbMaps_Click("zulu.jpg"); // the store's case differs, the file's too
@@ -60,7 +60,7 @@ TEST_F(MapChoiceTest, AChartThatCannotBeShownIsABlankSheetUntilAnotherOneIsChose
     Fly(50.5, 7);
     screen.cmdActivateGoto_Click();
     const Readout before = screen.State.lblDistanz;
-    screen.Map.SetCentring(false);
+    screen.Map.CenterMap = false;
     screen.cmbMaps_Click("Zulu.JPG");
     ASSERT_EQ(Boxes.Shown.size(), 1u);
     const std::vector<std::string> blank{"cls"};

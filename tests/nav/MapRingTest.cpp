@@ -30,7 +30,7 @@ TEST_F(MapRingTest, AnnouncesTheNextMapInTheOrderOfNames) {
     FlyingScreen& screen = Start();
     Redraw(7.0);
     EXPECT_EQ(Next(), "- -"); // off
-    screen.Map.SetCentring(false);
+    screen.Map.CenterMap = false;
     screen.cmdMapScroll_Click();
     EXPECT_TRUE(screen.Map.CenterMap);
     EXPECT_EQ(Next(), "anna.jpg 1 / 3"); // alpha, anna, Berta all hold 7° E

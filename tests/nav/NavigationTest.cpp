@@ -19,7 +19,7 @@ protected:
         Map.InitializeData();
         Map.updateMapInfo();
         EXPECT_TRUE(Map.SetSlide(100));
-        Map.SetCentring(false);
+        Map.CenterMap = false;
         Route.OpenRoutes();
         EXPECT_FALSE(Route.Activate().Gone);
         EXPECT_TRUE(Route.cmdActivateGoto_Click().Redraw);
@@ -153,7 +153,7 @@ TEST_F(NavigationTest, OverlaysPaintTheChartOnlyWhenTheViewHasMoved) {
     EXPECT_TRUE(Map.SetSlide(0));
     const RedrawOrder overlays{.PaintsChart = false};
     EXPECT_FALSE(StepAt(7, overlays).Picture.PaintsChart);
-    Map.SetCentring(true);
+    Map.CenterMap = true;
     EXPECT_TRUE(StepAt(7, overlays).Picture.PaintsChart);
     EXPECT_FALSE(StepAt(7, overlays).Picture.PaintsChart);
     EXPECT_TRUE(Map.CenterMap);

@@ -99,10 +99,10 @@ TEST_F(RedrawTest, AnAircraftOffTheChartSwitchesCentringOffAndHasNoSymbol) {
     screen.UpdateMap(); // on the lower edge: counts as off the chart
     EXPECT_FALSE(screen.Map.CenterMap);
     screen.cmdKartezentrieren_Click();
-    EXPECT_FALSE(screen.Map.picKartezentrieren);
+    EXPECT_FALSE(screen.Map.CenterMap);
     Screen->State.CurLat = Latitude(51.0); // on the upper and left edges it is still on it
     screen.cmdKartezentrieren_Click();
-    EXPECT_TRUE(screen.Map.picKartezentrieren);
+    EXPECT_TRUE(screen.Map.CenterMap);
     Screen->State.CurLong = Longitude(5);
     screen.UpdateMap();
     EXPECT_EQ(Surface.Count("w2"), 0);

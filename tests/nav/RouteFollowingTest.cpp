@@ -252,7 +252,7 @@ TEST_F(RouteFollowingTest, AFlownRouteThatIsGoneIsNotFlownOnAndThatIsTold) {
         LeaveAndComeBack("UPDATE Route SET Nummer = Nummer + 1"); // still there
         EXPECT_TRUE(route.RouteActive && Notices.Shown.empty()) << deed;
         LeaveAndComeBack(deed);
-        EXPECT_FALSE(route.RouteActive || route.picActivateGoto || route.Frame1) << deed;
+        EXPECT_FALSE(route.RouteActive || route.Frame1()) << deed;
         ASSERT_EQ(Notices.Shown.size(), 1u) << deed;
         EXPECT_NE(Notices.Shown[0].find("\"R\""), std::string::npos) << Notices.Shown[0];
         LeaveAndComeBack("");
@@ -271,7 +271,7 @@ TEST_F(RouteFollowingTest, AFlownRouteThatIsGoneIsNotFlownOnAndThatIsTold) {
     Screen->cmdActivateGoto_Click();
     Screen->cmdDirectFly_Click();
     LeaveAndComeBack("UPDATE Route SET Name = 'T'");
-    EXPECT_TRUE(!route.RouteActive && route.GotoActive && route.Frame1);
+    EXPECT_TRUE(!route.RouteActive && route.GotoActive && route.Frame1());
     EXPECT_EQ(Notices.Shown.at(0), "The route \"R\" was renamed or deleted. It is no longer flown.");
 }
 

@@ -51,7 +51,7 @@ TEST_F(FlyingFormTest, ZoomsBySliderAndKeysAndDragsTheChart) {
     EXPECT_EQ(slider.value(), -100);
     QTest::keyClick(&map, Qt::Key_Up);
     EXPECT_EQ(slider.value(), -90);
-    Form.Logic().Map.SetCentring(false);
+    Form.Logic().Map.CenterMap = false;
     const SourceRect before = Form.Logic().Map.View;
     QTest::mousePress(&map, Qt::LeftButton, {}, {400, 300});
     QTest::mouseMove(&map, {360, 290});
