@@ -47,11 +47,10 @@ bool ActiveMap::cmbMaps_Click(const std::string& name) {
     return true;
 }
 
-void ActiveMap::cmbMaps_Change(const std::string& name, const std::string& route) {
+void ActiveMap::cmbMaps_Change(const std::string& name) {
     cmbMaps = name;
     if (!HasRows() || (name == CurrentMapName && !AutoMapSwitch)) return;
     SwitchTo(name);
-    IgnoreErrors([&] { RememberChoice(route); });
 }
 
 void ActiveMap::RestoreMapPosition() {

@@ -19,8 +19,8 @@ public:
     std::string LoadLastMap();
     // The user's choice in cmbMaps; true: draw it and then remember it.
     [[nodiscard]] bool cmbMaps_Click(const std::string& name);
-    // The program's choice, at the edge or by the ring; remembers it with the name of the route.
-    void cmbMaps_Change(const std::string& name, const std::string& route);
+    // The program's choice, at the edge or by the ring.
+    void cmbMaps_Change(const std::string& name);
     // This map and the route, for the next start.
     void RememberChoice(const std::string& route);
 

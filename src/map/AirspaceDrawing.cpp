@@ -23,9 +23,9 @@ const Field& Held(const std::optional<Field>& field) {
 Position At(const std::optional<DegMin>& stored) { return ToDecimalDegrees(Held(stored)); }
 
 // Outlines that alternate are a pixel wider than the others.
-int OutlineWidth(int slideValue, Colour colour) {
+int OutlineWidth(const AirspaceDrawing::Canvas& on, Colour colour) {
     const bool alternates = colour == AirspaceRed || colour == AirspaceBlack;
-    return static_cast<int>(Round((alternates ? 7 : 6) - slideValue / 50.0));
+    return static_cast<int>(Round((alternates ? 7 : 6) - on.SlideValue / 50.0));
 }
 
 // Degrees between two points of a circle: few for small ones.
@@ -215,7 +215,7 @@ void AirspaceDrawing::DrawArcSegment(Pen& pen, const Position& from, const Posit
                                      bool mayCarryLabel) {
     PictureSurface& surface = pen.On.Surface;
     const Point first = pen.On.Transform.ViewOf(from), second = pen.On.Transform.ViewOf(to);
-    surface.SetDrawWidth(OutlineWidth(pen.On.SlideValue, colour));
+    surface.SetDrawWidth(OutlineWidth(pen.On, colour));
     surface.Line(first.X, first.Y, second.X, second.Y, colour);
     surface.SetDrawWidth(1);
     if (!mayCarryLabel) return;

@@ -12,12 +12,12 @@ constexpr double CellWidth = 4, CellHeight = 4; // view pixels; a plate is 17 hi
 
 } // namespace
 
-LabelCover::LabelCover(double widthPixels, double heightPixels)
-    : columns(static_cast<int>(std::ceil(widthPixels / CellWidth))),
-      rows(static_cast<int>(std::ceil(heightPixels / CellHeight))),
+LabelCover::LabelCover(const PictureSurface& view)
+    : columns(static_cast<int>(std::ceil(view.ScaleWidth() / CellWidth))),
+      rows(static_cast<int>(std::ceil(view.ScaleHeight() / CellHeight))),
       covered(static_cast<std::size_t>(std::max(columns, 0)) * static_cast<std::size_t>(std::max(rows, 0))),
-      pixelColumns(static_cast<int>(widthPixels) + 2 * Margin),
-      pixelRows(static_cast<int>(heightPixels) + 2 * Margin),
+      pixelColumns(static_cast<int>(view.ScaleWidth()) + 2 * Margin),
+      pixelRows(static_cast<int>(view.ScaleHeight()) + 2 * Margin),
       symbols(static_cast<std::size_t>(pixelColumns) * static_cast<std::size_t>(pixelRows)) {}
 
 bool LabelCover::IsFirstAt(const Point& viewPixel) {

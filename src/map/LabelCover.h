@@ -13,7 +13,7 @@ namespace ornivane {
 // from the label that is drawn last to the one that is drawn first.
 class LabelCover {
 public:
-    LabelCover(double widthPixels, double heightPixels); // of the view
+    explicit LabelCover(const PictureSurface& view);
 
     // Whether anything of this rectangle is still to be seen, but for its margin of up to 4 pixels: there a
     // label has no letters.

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/Numbers.h"
+#include "base/RuntimeError.h"
 #include "store/TextOrder.h"
 
 namespace ornivane {
@@ -20,8 +21,9 @@ void MapRing::PicMapScroll_Click() {
 void MapRing::HideNext() { tNextMapShows = LblMapNumberShows = false; }
 
 std::string MapRing::After(int index) const {
-    const auto next = static_cast<std::size_t>(index + 1);
-    return next < listNextMap.size() ? listNextMap[next] : listNextMap.front();
+    const int next = index + 1;
+    return next < static_cast<int>(listNextMap.size()) ? listNextMap[static_cast<std::size_t>(next)]
+                                                       : listNextMap.front();
 }
 
 bool MapRing::Search(const Position& aircraft, bool isAtEdge) {
@@ -41,7 +43,9 @@ bool MapRing::Search(const Position& aircraft, bool isAtEdge) {
 
 // Also when it is the map that stands already: its remembered view and centring come back.
 void MapRing::Change(const std::string& route) {
-    map.cmbMaps_Change(tNextMap, route);
+    map.cmbMaps_Change(tNextMap);
+    // A folder that cannot be written is no reason to disturb the pilot here; also below.
+    IgnoreErrors([&] { map.RememberChoice(route); });
     Announce();
 }
 
@@ -66,7 +70,8 @@ bool MapRing::Step(const std::string& route) {
         const auto last = static_cast<int>(listNextMap.size()) - 1;
         MapListIndex = MapListIndex < last ? ToInt16(MapListIndex + 1.0) : std::int16_t{0};
         tNextMap = After(MapListIndex);
-        map.cmbMaps_Change(listNextMap[static_cast<std::size_t>(MapListIndex)], route);
+        map.cmbMaps_Change(listNextMap[static_cast<std::size_t>(MapListIndex)]);
+        IgnoreErrors([&] { map.RememberChoice(route); });
         progress.SetVisible(false);
     }
     return map.ApplyZoom();

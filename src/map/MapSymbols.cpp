@@ -196,7 +196,7 @@ void MapSymbols::DrawPoints(const std::vector<StoredPoint>& points) {
 }
 
 void MapSymbols::LeaveOutHidden(std::vector<Placed>& placed, const std::vector<StoredPoint>& points) {
-    LabelCover cover(surface.ScaleWidth(), surface.ScaleHeight());
+    LabelCover cover(surface);
     const double height = surface.TextHeight();
     for (std::size_t i = placed.size(); i-- > 0;) {
         Placed& point = placed[i];

@@ -9,7 +9,7 @@
 
 namespace ornivane {
 
-ViewMemory::ViewMemory(std::filesystem::path folder) : file(std::move(folder) / "position.crm") {
+ViewMemory::ViewMemory(const std::filesystem::path& folder) : file(folder / "position.crm") {
     const auto read = [this] {
         PositionSet.OpenFile(file);
         for (const char* field : {"Karte", "SX", "SY", "SW", "SH", "SlideMap", "CenterMap"})

@@ -20,7 +20,7 @@ struct RememberedView {
 class ViewMemory {
 public:
     // Takes the rows of position.crm when there is one that can be read; otherwise starts empty.
-    explicit ViewMemory(std::filesystem::path folder);
+    explicit ViewMemory(const std::filesystem::path& folder);
 
     std::optional<RememberedView> Find(const std::string& map);
     // Replaces the whole file. RuntimeError Overflow for a name over 30 characters, the size of its field,

@@ -48,9 +48,9 @@ enum class FocusBy { Hand, Receiver };
 // calls one routine for each event and then shows the state.
 class FlyingScreen {
 public:
-    // `changed`: the state may be another one, show it; `focusMap`: give the map the focus.
-    FlyingScreen(const FlyingScreenWorld& world, std::function<void()> changed,
-                 std::function<void(FocusBy)> focusMap);
+    // `stateChanged`: the state may be another one, show it; `focusOnMap`: give the map the focus.
+    FlyingScreen(const FlyingScreenWorld& w, std::function<void()> stateChanged,
+                 std::function<void(FocusBy)> focusOnMap);
 
     void Form_Load();
     void Form_Activate();

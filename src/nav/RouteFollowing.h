@@ -46,8 +46,8 @@ struct RouteReturn {
 // The route that is flown, point by point, and the target of Direct Fly.
 class RouteFollowing : public RouteShown, private RecordsetObserver {
 public:
-    // `rowChosen`: the pilot has made another row the active point, in the grid or by a step button.
-    RouteFollowing(Connection& dataConn, FlightState& state, std::function<void()> rowChosen);
+    // `rowIsChosen`: the pilot has made another row the active point, in the grid or by a step button.
+    RouteFollowing(Connection& connection, FlightState& flightState, std::function<void()> rowIsChosen);
     ~RouteFollowing() override;
     RouteFollowing(const RouteFollowing&) = delete;
     RouteFollowing& operator=(const RouteFollowing&) = delete;

@@ -10,7 +10,7 @@
 namespace ornivane {
 
 frmStageButton::frmStageButton(QWidget* parent, EventGuard& guard, const char* icon,
-                               const std::array<Stage, 3>& stages, std::function<void()> changed)
+                               const std::array<Stage, 3>& stages, const std::function<void()>& changed)
     : QWidget(parent) {
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(0, 0, 0, 0);

@@ -21,7 +21,7 @@ public:
         std::function<void()> Click;
     };
     frmStageButton(QWidget* parent, EventGuard& guard, const char* icon, const std::array<Stage, 3>& stages,
-                   std::function<void()> changed);
+                   const std::function<void()>& changed);
 
     void ShowStage(bool on, bool withText);
     void SetTexts(const QString& caption, const std::array<QString, 3>& tips);
