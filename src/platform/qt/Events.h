@@ -4,7 +4,6 @@
 #include <QObject>
 #include <functional>
 #include <type_traits>
-#include <utility>
 
 #include "base/Language.h"
 #include "platform/Dialogs.h"
@@ -28,17 +27,17 @@ public:
 
     template <typename Sender, typename Signal, typename Handler>
     void Connect(Sender* sender, Signal signal, Handler handler) {
-        QObject::connect(sender, signal, sender, [this, handler](auto&&... arguments) {
-            Run([&] { Call(handler, std::forward<decltype(arguments)>(arguments)...); });
+        QObject::connect(sender, signal, sender, [this, handler](const auto&... arguments) {
+            Run([&] { Call(handler, arguments...); });
         });
     }
 
 private:
     // As in Qt, a handler may leave out the arguments of the signal.
     template <typename Handler, typename... Arguments>
-    static void Call(const Handler& handler, Arguments&&... arguments) {
-        if constexpr (std::is_invocable_v<const Handler&, Arguments...>)
-            handler(std::forward<Arguments>(arguments)...);
+    static void Call(const Handler& handler, const Arguments&... arguments) {
+        if constexpr (std::is_invocable_v<const Handler&, const Arguments&...>)
+            handler(arguments...);
         else
             handler();
     }
