@@ -17,7 +17,7 @@ namespace ornivane {
 // the program goes on.
 class EventGuard {
 public:
-    // The notices speak `shownIn` as it is at that moment.
+    // The notices are in the language that `shownIn` has at that moment.
     EventGuard(Notice& bar, const Language& shownIn);
 
     Notice& Notices() { return notices; }
@@ -47,7 +47,7 @@ private:
 };
 
 // The program's application, with what holds for every event of every window: what no guard has caught is
-// shown as well and never ends the program, and a hand that slips changes nothing.
+// shown as well and never ends the program, and a slip of the hand changes nothing.
 class GuardedApplication : public QApplication {
 public:
     using QApplication::QApplication;
