@@ -10,6 +10,7 @@
 #include "app/frmAbout.h"
 #include "app/frmInfo.h"
 #include "common/SettingsFiles.h"
+#include "platform/qt/Named.h"
 #include "platform/qt/QtNotice.h"
 
 namespace ornivane {
@@ -68,8 +69,7 @@ MainForm::MainForm(Variablen& shared, Services programServices)
     auto* layout = new QVBoxLayout(centre);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    stack = new QStackedWidget;
-    stack->setObjectName("screens");
+    stack = Named(new QStackedWidget, "screens");
     layout->addWidget(stack, 1);
     if (services.NoticeBar) services.NoticeBar->StandIn(*centre);
     setCentralWidget(centre);
@@ -110,8 +110,7 @@ void MainForm::MakeToolbar() {
 }
 
 void MainForm::MakeMenu() {
-    menu = new QMenu(this);
-    menu->setObjectName("mnuMain");
+    menu = Named(new QMenu(this), "mnuMain");
     menu->setToolTipsVisible(true);
     menu->setStyleSheet(MenuStyle);
     mnuUpdate = AddEntry("mnuUpdate", &MainForm::mnuUpdate_Click);
@@ -139,9 +138,11 @@ QAction* MainForm::AddEntry(const char* name, void (MainForm::*handler)()) {
 bool MainForm::Form_Load() {
     const StoreOpening::Result stores = StoreOpening(variablen, *services.Boxes).Run();
     if (stores.MustEnd) return false;
-    if (stores.TrackFailure) frmInfo::ForTrackStore(variablen, *services.Links, *stores.TrackFailure, this);
-    if (stores.AirspaceFailure)
-        frmInfo::ForAirspaceStore(variablen, *services.Links, *stores.AirspaceFailure, this);
+    const auto addHint = [this](frmInfo::Store about, const std::optional<std::string>& failure) {
+        if (failure) new frmInfo(about, variablen, *services.Links, *failure, this);
+    };
+    addHint(frmInfo::Store::Track, stores.TrackFailure);
+    addHint(frmInfo::Store::Airspace, stores.AirspaceFailure);
     // A program folder that cannot be written costs the update tool its knowledge, and nobody the flight.
     services.Guard->Run([this] { WriteVersion(variablen.ProgramFolder, ProgramVersion()); });
     mnuUpdate->setVisible(variablen.UpdateAvailable);

@@ -40,7 +40,6 @@ public:
     // Copies the whole picture over the whole surface, turned about the middle: degrees, clockwise.
     virtual void PaintTurned(const Picture& picture, double angle) = 0;
     virtual void SetDrawWidth(int pixels) = 0;
-    virtual int DrawWidth() const = 0;
     virtual void SetForeColor(Colour colour) = 0;
     virtual void Line(double x1, double y1, double x2, double y2, Colour colour) = 0;
     // An outline; radius to the middle of the pen.

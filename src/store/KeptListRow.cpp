@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include <sqlite3.h>
-
 #include "store/Connection.h"
 #include "store/Lists.h"
 
@@ -39,7 +37,7 @@ KeptColumn KeptListRow::Numbers() const { return {*connection, {table, "Nummer"}
 std::int64_t KeptListRow::PutBack() const {
     const KeptColumn present = Numbers();
     row.PutBack();
-    const std::int64_t rowId = sqlite3_last_insert_rowid(connection->Handle());
+    const std::int64_t rowId = connection->LastRowId();
     if (SameRows(present.Cells(), others.Cells()))
         others.PutBack();
     else

@@ -8,7 +8,6 @@
 
 #include <pugixml.hpp>
 
-#include "base/Numbers.h"
 #include "base/RuntimeError.h"
 #include "base/Strings.h"
 #include "base/Xml.h"

@@ -175,8 +175,8 @@ TEST_F(RouteEditingTest, ANumberHeadSortsAndKeepsTheRow) {
     AddRoute("B", {7.3});
     Load();
     Routes.PointsHeadClick(1);
-    Routes.RoutePointsSet.Sort("Name", false);
-    Routes.RoutePointsSet.MoveFirst();
+    Routes.RoutePointsSet.Sort("Name");
+    Routes.RoutePointsSet.MoveLast();
     Routes.PointsHeadClick(0);
     EXPECT_EQ(PlaceInRoute(), "3P3");
     Routes.RoutesSet.MoveLast();

@@ -44,7 +44,6 @@ public:
     }
     void PaintTurned(const Picture&, double angle) override { Drawn.push_back("turned " + Number(angle)); }
     void SetDrawWidth(int pixels) override { Pen = pixels; }
-    int DrawWidth() const override { return Pen; }
     void SetForeColor(Colour colour) override { Fore = colour; }
     void Line(double x1, double y1, double x2, double y2, Colour colour) override {
         Drawn.push_back("line " + At(x1, y1) + " " + At(x2, y2) + Ink(colour));

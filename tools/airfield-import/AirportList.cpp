@@ -4,10 +4,10 @@
 #include <array>
 #include <cmath>
 
-#include "airfield-import/Conversion.h"
 #include "airfield-import/Prefixes.h"
 #include "airfield-import/Report.h"
 #include "base/Numbers.h"
+#include "base/Strings.h"
 
 namespace ornivane::airfields {
 

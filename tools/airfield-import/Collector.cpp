@@ -18,8 +18,8 @@ constexpr std::size_t LongestDesignatorEnd = 8, LongestStationName = 80; // char
 
 bool IsSet(std::string_view flag) { return flag == "1" || flag == "true" || flag == "TRUE"; }
 
-// A runway whose surface nobody wrote down: lights, a length of 1200 m or an airport of some size speak for a
-// paved one; else a strip of grass is promised less.
+// Where the surface is not given, lights, a length of 1200 m or an airport of some size suggest a paved one;
+// else it counts as grass, on which the pilot relies less.
 bool IsPaved(const RunwayRecord& record, int length, bool largeOrMedium) {
     const Surface surface = SurfaceOf(record.Surface);
     if (surface != Surface::Unknown) return surface == Surface::Paved;

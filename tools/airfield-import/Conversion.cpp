@@ -7,6 +7,7 @@
 #include <span>
 
 #include "base/Numbers.h"
+#include "base/Strings.h"
 
 namespace ornivane::airfields {
 
@@ -75,13 +76,6 @@ constexpr std::array Kinds = {
 };
 
 } // namespace
-
-std::string UpperAscii(std::string_view text) {
-    std::string upper(text);
-    for (char& c : upper)
-        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 32);
-    return upper;
-}
 
 Surface SurfaceOf(std::string_view text) {
     constexpr std::array<std::string_view, 20> Paved = {"ASP", "ASF", "BET",  "BIT", "BRI", "CEM", "CON",

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -30,7 +29,5 @@ std::string FrequencyText(double megahertz);
 // The description, with the kind of station behind it when it does not say it: "Köln" and "TWR" give
 // "Köln TWR". The program finds stations by the words ATIS, INFO and TWR in their names.
 std::string StationName(std::string_view type, std::string_view description);
-
-std::string UpperAscii(std::string_view text);
 
 } // namespace ornivane::airfields

@@ -10,7 +10,7 @@
 
 namespace ornivane::airfields {
 
-// What was not taken, and why. A refused row has a fault and is told at once, with its place; a row left out
+// What was not taken, and why. A refused row has a fault and is reported at once, with its place; a row left out
 // is sound but of no use to the program (a closed airport) and only counted.
 class Report {
 public:

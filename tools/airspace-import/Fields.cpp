@@ -178,13 +178,12 @@ std::string AspTypeFor(std::string_view airspaceClass, std::string_view type) {
     return result == "A" ? "CLASS A" : result;
 }
 
-std::string Upper(std::string_view text) {
+std::string_view TrimWhite(std::string_view text) {
     const auto first = text.find_first_not_of(" \t");
     if (first == std::string_view::npos) return {};
-    std::string upper(text.substr(first, text.find_last_not_of(" \t") - first + 1));
-    for (char& c : upper)
-        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-    return upper;
+    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
 }
+
+std::string Upper(std::string_view text) { return UpperAscii(TrimWhite(text)); }
 
 } // namespace ornivane

@@ -27,19 +27,11 @@ std::string_view TakeLine(std::string_view& text) {
     return line;
 }
 
-std::string_view TrimWhite(std::string_view text) {
-    const auto first = text.find_first_not_of(" \t");
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
-}
-
 std::string_view WithoutComment(std::string_view text) { return TrimWhite(text.substr(0, text.find('*'))); }
 
 // Foreign text in a report: bounded, cut between two characters, and nothing that steers a terminal.
 std::string Shown(std::string_view text, std::size_t longest = LongestName) {
-    std::size_t end = std::min(text.size(), longest);
-    while (end > 0 && end < text.size() && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) --end;
-    std::string shown(text.substr(0, end));
+    std::string shown(FirstBytes(text, longest));
     for (std::size_t i = 0; i < shown.size(); ++i) {
         const auto byte = static_cast<unsigned char>(shown[i]);
         // The second control block of Latin-1 steers as well; in UTF-8 it is C2 80 to C2 9F.

@@ -18,14 +18,13 @@ constexpr const char* DemoRoute = "Rheinlandrunde";
 constexpr const char* Pace = "30"; // times as fast as real
 
 fs::path Copy(const fs::path& folder) {
-    std::string name = (fs::temp_directory_path() / "ornivane-tour-XXXXXX").string();
-    if (!mkdtemp(name.data())) throw std::runtime_error("no temporary folder");
+    const fs::path copy = MakeTemporaryFolder("ornivane-tour");
     for (const auto& entry : fs::directory_iterator(folder)) {
         const std::string own = entry.path().filename().string();
         if (own != "pictures" && own != "Ports" && !own.starts_with("."))
-            fs::copy(entry.path(), fs::path(name) / own, fs::copy_options::recursive);
+            fs::copy(entry.path(), copy / own, fs::copy_options::recursive);
     }
-    return name;
+    return copy;
 }
 
 } // namespace

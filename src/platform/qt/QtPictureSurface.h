@@ -32,7 +32,6 @@ public:
     // A CompassCard; any other picture draws nothing.
     void PaintTurned(const Picture& picture, double angle) override;
     void SetDrawWidth(int newWidth) override { drawWidth = newWidth; }
-    int DrawWidth() const override { return drawWidth; }
     void SetForeColor(Colour colour) override { foreColor = colour; }
     void Line(double x1, double y1, double x2, double y2, Colour colour) override;
     void Circle(double x, double y, double radius, Colour colour) override;
