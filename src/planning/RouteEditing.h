@@ -72,7 +72,7 @@ private:
     Undo::Deed KeepRoute();
     Undo::Deed KeepPoint(const Value& route);
     void SelectRoute(const Value& route);
-    void ShowNoLengthWithoutPoints();
+    void RequeryRoutes(const Value& route);
     PlanEffects ShowSelected();
     double ReadPoints(PlanRoute& route);
 

@@ -43,7 +43,6 @@ private:
     // Adds to `differing` the names of the points whose stored position is another one.
     void MergeWaypoints(std::vector<std::string>& differing);
     void TellDifferences(const std::vector<std::string>& differing);
-    void ImportRouteRow(const std::string& name);
     void ImportRoutePoints();
     void CopyPoints();
     void Show(const std::function<void()>& step);

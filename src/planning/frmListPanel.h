@@ -45,7 +45,7 @@ protected:
     // Out of reach, the button passes the keys on.
     static void Enable(QWidget& button, bool enabled, QWidget& next);
     QTableView* Grid(const char* name);
-    QString Text(const char* german, const char* english) const;
+    QString Text(const char* german, const char* english) const { return language.Text(german, english); }
     bool eventFilter(QObject* watched, QEvent* event) override;
 
     // Whether a key is taken from a control, and what it does there. Enter presses the button that has the

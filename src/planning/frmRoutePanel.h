@@ -40,7 +40,6 @@ private:
         QTableView* Grid = nullptr;
         std::unique_ptr<RecordsetModel> Model;
         std::unique_ptr<GridBinding> Binding;
-        void ShowSelection();
     };
     List MakeList(const char* name, Recordset& rows, std::function<QString()> caption,
                   void (RouteEditing::*headClick)(int));
