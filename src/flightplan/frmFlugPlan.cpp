@@ -142,6 +142,7 @@ void frmFlugPlan::MakeButtons(QBoxLayout& layout) {
 void frmFlugPlan::MakeGrid(QBoxLayout& layout) {
     gridFlug = Named(new frmPlanGrid, "gridFlug");
     std::vector<RecordsetModel::Column> columns;
+    columns.reserve(Heads.size());
     for (const Head& head : Heads)
         columns.push_back(
             {head.Field, [this, &head] { return InLines(Text(head.German, head.English)); },

@@ -38,7 +38,7 @@ public:
         std::function<void()> Undone;          // the lists are what they were before the last deed
         std::function<void(PlanEffect)> Focus; // only the effects that move it
     };
-    PlanningScreen(const PlanningScreenWorld& world, Form form);
+    PlanningScreen(const PlanningScreenWorld& w, Form ofScreen);
 
     void Form_Load();
     void Form_Activate();

@@ -27,8 +27,8 @@ public:
     virtual void ApplyLanguage() = 0;
 
 protected:
-    // `run`: runs an event, acts on its effects, and shows the state of the screen.
-    frmListPanel(QWidget* parent, const Language& language, std::function<void(const Event&)> run);
+    // `toRun`: runs an event, acts on its effects, and shows the state of the screen.
+    frmListPanel(QWidget* parent, const Language& texts, std::function<void(const Event&)> toRun);
 
     // Also an event without a result.
     template <typename Any>

@@ -33,7 +33,7 @@ class frmPlanung : public Screen {
 
 public:
     // All of it outlives the form. `pictures`: of all screens; may be missing.
-    frmPlanung(Variablen& variablen, Dialogs& dialogs, EventGuard& guard,
+    frmPlanung(Variablen& variablen, Dialogs& messages, EventGuard& eventGuard,
                DecodedPictures* pictures = nullptr);
     ~frmPlanung() override;
 

@@ -132,7 +132,7 @@ void frmWaypointPanel::MakeGrid(QBoxLayout& layout) {
     layout.addWidget(gridWaypoints, 1);
 }
 
-LampButton* frmWaypointPanel::Step(const char* name, const char* icon, void (WaypointEditing::*step)()) {
+LampButton* frmWaypointPanel::Step(const char* name, void (WaypointEditing::*step)(), const char* icon) {
     auto* button = new LampButton(this);
     button->SetIcon(QString(":/icons/%1.svg").arg(icon));
     Wire(*button, name, [this, step] { return (waypoints.*step)(), PlanEffects(); });
@@ -142,11 +142,11 @@ LampButton* frmWaypointPanel::Step(const char* name, const char* icon, void (Way
 void frmWaypointPanel::MakeSteps(QBoxLayout& layout) {
     auto* row = new QHBoxLayout;
     row->setSpacing(5);
-    cmdPrev = Step("cmdPrev", "previous", &WaypointEditing::cmdPrev);
+    cmdPrev = Step("cmdPrev", &WaypointEditing::cmdPrev, "previous");
     lblCount = new QLabel(this);
     lblCount->setObjectName("lblCount");
     lblCount->setAlignment(Qt::AlignCenter);
-    cmdNext = Step("cmdNext", "next", &WaypointEditing::cmdNext);
+    cmdNext = Step("cmdNext", &WaypointEditing::cmdNext, "next");
     row->addWidget(cmdPrev, 1);
     row->addWidget(lblCount, 2);
     row->addWidget(cmdNext, 1);

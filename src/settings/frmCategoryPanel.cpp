@@ -23,7 +23,7 @@ constexpr int RowHeight = 34, NumberWidth = 46, EntryHeight = 44; // pixels
 } // namespace
 
 frmCategoryPanel::frmCategoryPanel(Categories& categories, const Language& shownIn, EventGuard& eventGuard,
-                                   OpenedDialogs opened)
+                                   const OpenedDialogs& opened)
     : list(categories), language(shownIn), guard(eventGuard) {
     setObjectName("frmKategorie");
     auto* layout = new QGridLayout(this);

@@ -27,7 +27,7 @@ public:
     };
 
     frmCategoryPanel(Categories& categories, const Language& shownIn, EventGuard& eventGuard,
-                     OpenedDialogs opened);
+                     const OpenedDialogs& opened);
     ~frmCategoryPanel() override;
 
     void ShowState();

@@ -98,6 +98,7 @@ void frmPortPanel::MakeDisplays(QBoxLayout& layout) {
 
 void frmPortPanel::FillPorts() {
     std::vector<int> shown;
+    shown.reserve(static_cast<std::size_t>(cmbCom->count()));
     for (int i = 0; i < cmbCom->count(); ++i) shown.push_back(cmbCom->itemData(i).toInt());
     if (shown != test.cmbCom) {
         cmbCom->clear();
