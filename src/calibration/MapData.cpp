@@ -108,7 +108,8 @@ void MapData::FillMapList() {
             SkipMapClick = false;
             ShowNothing();
         });
-    SelectEntry(std::max(0, SearchList(LastMapName)));
+    // Like a list control: a change of the selection counts as a click.
+    listKarten_Click(std::max(0, SearchList(LastMapName)));
     ShowMapData();
     if (listKarten.empty()) ShowNothing();
 }
@@ -116,8 +117,7 @@ void MapData::FillMapList() {
 // No chart is selected: nothing of an earlier one stays.
 void MapData::ShowNothing() {
     EmptyEdges();
-    lblBreite.clear();
-    lblHoehe.clear();
+    Size.reset();
     sizeOf.clear();
     PreviewFailed = false;
     RepaintPreview();
@@ -153,13 +153,6 @@ void MapData::DropRowsWithoutImage() {
         else
             rows.MoveNext();
     together.Commit();
-}
-
-// Like a list control: a change of the selection counts as a click.
-void MapData::SelectEntry(int index) {
-    if (index >= static_cast<int>(listKarten.size()) || index == ListIndex) return;
-    ListIndex = index;
-    ShowMapData();
 }
 
 void MapData::listKarten_Click(int index) {
@@ -199,24 +192,27 @@ void MapData::ReadSize(const std::string& name) {
 }
 
 void MapData::ShowSize(const ImageSize& size) {
-    lblBreite = std::to_string(size.Width);
-    lblHoehe = std::to_string(size.Height);
+    Size = size;
     sizeOf = SelectedName();
 }
+
+bool MapData::HasExtent() const { return Size && Size->Width > 0 && Size->Height > 0; }
 
 bool MapData::ShowPreview(const std::string& name) {
     const bool loaded = storage.Load(ChartsFolder() / name);
     // An image stored from the top down has a height below zero, and cannot be painted by it.
-    PreviewFailed = !loaded || LeadingNumber(lblBreite) <= 0 || LeadingNumber(lblHoehe) <= 0;
+    PreviewFailed = !loaded || !HasExtent();
     RepaintPreview();
     return loaded;
 }
 
 void MapData::RepaintPreview() {
     surface.Cls();
-    if (chkVorschau && !PreviewFailed && !SelectedName().empty())
+    if (chkVorschau && !PreviewFailed && !SelectedName().empty()) {
+        const auto [width, height] = Size.value_or(ImageSize());
         surface.PaintPicture(storage, {0, 0, surface.ScaleWidth(), surface.ScaleHeight()},
-                             {0, 0, LeadingNumber(lblBreite), LeadingNumber(lblHoehe)});
+                             {0, 0, static_cast<double>(width), static_cast<double>(height)});
+    }
     surface.Refresh();
 }
 
@@ -269,17 +265,9 @@ FrameEdges MapData::SignedEdges() const {
     return edges;
 }
 
-ImageSize MapData::ShownSize() const {
-    const auto pixels = [](const std::string& text) {
-        return static_cast<std::int32_t>(LeadingNumber(text));
-    };
-    return {pixels(lblBreite), pixels(lblHoehe)};
-}
-
 bool MapData::cmdSpeichern_Click() {
     const std::string name = SelectedName();
-    const auto [width, height] = ShownSize();
-    if (name.empty() || !EdgesAreNumbers() || sizeOf != name || width <= 0 || height <= 0) {
+    if (name.empty() || !EdgesAreNumbers() || sizeOf != name || !HasExtent()) {
         ReportBadData();
         return false;
     }
@@ -334,11 +322,8 @@ void MapData::RequeryActiveMaps() {
 // A row whose image tells no size any more keeps the one it has, so that its tick can still be taken.
 void MapData::WriteRow(const std::string& name, MapCatalogue::Tick tick) {
     MapCatalogue::Entry entry{name, SignedEdges(), {}};
-    const auto [width, height] = ShownSize();
-    if (sizeOf == name)
-        entry.Size = {static_cast<double>(width), static_cast<double>(height)};
-    else if (lblBreite.empty())
-        throw RuntimeError(ErrorNumber::TypeMismatch, "Breite"); // a size that was never read is no number
+    if (!Size) throw RuntimeError(ErrorNumber::TypeMismatch, "Breite"); // a size that was never read
+    if (sizeOf == name) entry.Size = {static_cast<double>(Size->Width), static_cast<double>(Size->Height)};
     MapCatalogue::Write(MapRowsSet, entry, tick);
 }
 
@@ -350,7 +335,7 @@ std::string MapData::BackupText() const {
 }
 
 std::string MapData::ScaleText() const {
-    if (!lblBreite.empty() && sizeOf != SelectedName())
+    if (Size && sizeOf != SelectedName())
         return shared.Text("Dieses Bild hat keine lesbare Größe; die gezeigte gehört zu einer anderen Karte.",
                            "The size of this image cannot be read; the one shown is another map's.");
     if (SelectedName().empty() || !EdgesAreNumbers()) return {};
@@ -358,7 +343,7 @@ std::string MapData::ScaleText() const {
     FrameEdges edges = SignedEdges();
     for (std::size_t i = 0; i < edges.size(); ++i)
         edges[i] = std::copysign(edges[i], cmbLatLong[i] == Hemisphere::SouthOrWest ? -1 : 1);
-    return FrameCheck(edges, ShownSize(), shared);
+    return FrameCheck(edges, Size.value_or(ImageSize()), shared);
 }
 
 } // namespace ornivane

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -73,17 +74,16 @@ public:
     std::array<std::string, 4> tKarten; // magnitudes, as typed
     std::array<Hemisphere, 4> cmbLatLong{};
     std::array<EdgeState, 4> EdgeStates{};
-    std::string lblBreite, lblHoehe;
+    std::optional<ImageSize> Size; // lblBreite and lblHoehe; none while they are empty
     bool chkVorschau = false;
     bool PreviewFailed = false; // the preview is on and the selected image cannot be shown
 
 private:
     int SearchList(const std::string& text) const;
-    void SelectEntry(int index);
     void DropRowsWithoutImage();
     void ReadSize(const std::string& name);
     void ShowSize(const ImageSize& size);
-    ImageSize ShownSize() const; // 0 for what is no number
+    bool HasExtent() const;
     void MarkUnlikeRow();
     bool ShowPreview(const std::string& name);
     void ShowFrame(const std::string& name);

@@ -85,10 +85,6 @@ frmCalibrate::frmCalibrate(Variablen& variablen, EventGuard& eventGuard, Dialogs
 
 frmCalibrate::~frmCalibrate() = default;
 
-QString frmCalibrate::Text(const char* german, const char* english) const {
-    return QString::fromUtf8(shared.Text(german, english));
-}
-
 void frmCalibrate::MakeList(QBoxLayout& layout) {
     layout.addWidget(Label7 = Named(new QLabel, "Label7"));
     tPath = Named(new QLineEdit, "tPath");
@@ -269,8 +265,8 @@ void frmCalibrate::ShowState() {
     tPath->setText(Shown(logic->tPath));
     ShowList();
     ShowEdges();
-    lblBreite->setText(Shown(logic->lblBreite));
-    lblHoehe->setText(Shown(logic->lblHoehe));
+    lblBreite->setText(logic->Size ? QString::number(logic->Size->Width) : QString());
+    lblHoehe->setText(logic->Size ? QString::number(logic->Size->Height) : QString());
     const std::string scale = logic->ScaleText();
     lblScale->setText(Shown(scale.empty() ? logic->BackupText() : scale));
     chkVorschau->setChecked(logic->chkVorschau);

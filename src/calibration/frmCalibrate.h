@@ -13,7 +13,6 @@ class QCheckBox;
 class QComboBox;
 class QLineEdit;
 class QListWidget;
-class QListWidgetItem;
 class QPushButton;
 class QTableView;
 
@@ -57,7 +56,7 @@ private:
     void ShowList();
     void ShowEdges();
     void ApplyToolTips();
-    QString Text(const char* german, const char* english) const;
+    QString Text(const char* german, const char* english) const { return shared.Text(german, english); }
 
     Variablen& shared;
     EventGuard& guard;

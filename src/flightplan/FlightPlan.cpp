@@ -6,7 +6,6 @@
 #include "base/Numbers.h"
 #include "base/Paths.h"
 #include "base/Readout.h"
-#include "base/RuntimeError.h"
 #include "base/Strings.h"
 #include "common/SettingsFiles.h"
 #include "common/StoredPositions.h"
@@ -153,9 +152,7 @@ void FlightPlan::LoadSavedPlan() {
                                "The saved flight plan is damaged and does not count: %1", {name}));
 }
 
-double FlightPlan::Number(PlanEntry entry) const {
-    return NumberIn(Entries[static_cast<std::size_t>(entry)]);
-}
+double FlightPlan::Number(PlanEntry entry) const { return NumberIn(Entry(entry)); }
 
 bool FlightPlan::WindFits(const LegInputs& inputs) const {
     return WindText(inputs, language.Locale).size() <= WindSize;
@@ -166,7 +163,7 @@ std::optional<PlanEntry> FlightPlan::WrongEntry() const {
     using enum PlanEntry;
     std::optional<PlanEntry> wrong;
     for (const PlanEntry entry : AllEntries) {
-        const auto value = ParseNumber(Entries[static_cast<std::size_t>(entry)]);
+        const auto value = ParseNumber(Entry(entry));
         if (!value || !IsInRange(entry, *value)) wrong = entry;
     }
     if (wrong || WindFits(EnteredInputs())) return wrong;
@@ -219,15 +216,16 @@ void FlightPlan::CheckFits(const std::vector<PlanRow>& rows) {
     FillPlan(trial, rows);
 }
 
-std::vector<PlanRow> FlightPlan::Departure() const {
+// Of the current point; its leg is not computed.
+PlanRow FlightPlan::RowOfPoint() const {
     PlanRow row;
     row.Id = RoutePointsSet.TextOrEmpty("PointID");
     row.Name = RoutePointsSet.TextOrEmpty("Name");
-    return {row};
+    return row;
 }
 
 std::vector<PlanRow> FlightPlan::ComputeRows(bool recalcAll, PlanSums& sums) {
-    std::vector<PlanRow> rows = Departure();
+    std::vector<PlanRow> rows = {RowOfPoint()};
     Position from = ToDecimalDegrees(DegMinOf(RoutePointsSet));
     // A first leg without length has course 0 and not that of a plan computed before.
     double course = 0;
@@ -236,10 +234,8 @@ std::vector<PlanRow> FlightPlan::ComputeRows(bool recalcAll, PlanSums& sums) {
         const Position to = ToDecimalDegrees(stored);
         const double leg = LegOf(from, to, course);
         sums.Distance += leg;
-        PlanRow row;
-        row.Id = RoutePointsSet.TextOrEmpty("PointID");
+        PlanRow row = RowOfPoint();
         row.Nr = static_cast<int>(rows.size()) + 1;
-        row.Name = RoutePointsSet.TextOrEmpty("Name");
         row.TC = NumberAsShown(course, "##0");
         row.Distanz = Round(leg, 2);
         row.DistanzAcc = Round(sums.Distance, 2);

@@ -75,7 +75,7 @@ private:
     bool EntriesAreRight();
     void CalcPlan(bool recalcAll);
     bool OpenRoutePoints(const std::string& route);
-    std::vector<PlanRow> Departure() const;
+    PlanRow RowOfPoint() const;
     std::vector<PlanRow> ComputeRows(bool recalcAll, PlanSums& sums);
     LegInputs InputsOf(const std::string& id, bool recalcAll);
     LegInputs EnteredInputs() const;

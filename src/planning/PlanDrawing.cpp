@@ -10,11 +10,6 @@ using Layer = DrawingFaults::Layer;
 
 constexpr int LineWidth = 3; // of the measuring line, pixels
 
-// What of a leg lies outside the view falls off the picture by itself.
-void DrawPlanLeg(MapSymbols& symbols, const Position& from, const Position& to) {
-    symbols.DrawLeg(from, to, RouteColour);
-}
-
 } // namespace
 
 PlanDrawing::PlanDrawing(OpenStores& openStores, const Picture& picStorage, PictureSurface& picMap,
@@ -45,9 +40,10 @@ void PlanDrawing::RedrawPlan(const PlanScene& scene) {
 
 bool PlanDrawing::RecallPlan() { return kept && surface.Recall(); }
 
+// What of a leg lies outside the view falls off the picture by itself.
 void PlanDrawing::DrawPlanRoute(const PlanRoute& route, MapSymbols& symbols) {
     for (std::size_t i = 1; i < route.Points.size(); ++i)
-        DrawPlanLeg(symbols, route.Points[i - 1], route.Points[i]);
+        symbols.DrawLeg(route.Points[i - 1], route.Points[i], RouteColour);
     if (route.Fault) faults.Tell(Layer::Route, *route.Fault);
 }
 

@@ -17,7 +17,8 @@ namespace ornivane {
 // waypoints in view. Each layer ends at a row that cannot be drawn, which is told once; the others go on.
 class PlanDrawing {
 public:
-    PlanDrawing(OpenStores& stores, const Picture& picStorage, PictureSurface& picMap, DrawingFaults& faults);
+    PlanDrawing(OpenStores& openStores, const Picture& picStorage, PictureSurface& picMap,
+                DrawingFaults& toTell);
 
     void RedrawPlan(const PlanScene& scene);
     // The picture of the last RedrawPlan without what was drawn over it: while the cursor measures, it

@@ -11,7 +11,7 @@ class frmPlanung;
 // and messages.
 class frmImport {
 public:
-    frmImport(Variablen& variablen, Dialogs& dialogs, frmPlanung& planning);
+    frmImport(Variablen& variablen, Dialogs& dialogs, frmPlanung& screen);
 
     // The whole import. Afterwards the imported route is selected, and what was being typed on the screen is
     // still there. Errors are told as those of any event of that screen.

@@ -52,10 +52,6 @@ QTableView* frmListPanel::Grid(const char* name) {
     return grid;
 }
 
-QString frmListPanel::Text(const char* german, const char* english) const {
-    return QString::fromUtf8(language.Text(german, english));
-}
-
 bool frmListPanel::IsEnter(int key) { return key == Qt::Key_Return || key == Qt::Key_Enter; }
 
 bool frmListPanel::eventFilter(QObject* watched, QEvent* event) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QPointF>
 #include <QString>
 #include <memory>
 #include <optional>
@@ -34,7 +33,7 @@ class frmPlanung : public Screen {
 
 public:
     // All of it outlives the form. `pictures`: of all screens; may be missing.
-    frmPlanung(Variablen& variablen, Dialogs& dialogs, EventGuard& guard,
+    frmPlanung(Variablen& variablen, Dialogs& messages, EventGuard& eventGuard,
                DecodedPictures* pictures = nullptr);
     ~frmPlanung() override;
 
@@ -61,15 +60,13 @@ private:
     LampButton* MeasureButton(const char* name, PlanEffects (PlanMap::*click)());
     void ChainFocus();
 
-    void MapPressed(QPointF at, Qt::MouseButton button);
-    void MapMoved(QPointF at, Qt::MouseButtons held);
-    void MapReleased(Qt::MouseButton button);
-
     void Focus(PlanEffect effect);
     void ShowState();
+    void ShowChanges();
     void ShowMap(const PlanMapControls& map);
+    void ShowCursor();
     void PlaceOverMap();
-    QString Text(const char* german, const char* english) const;
+    QString Text(const char* german, const char* english) const { return shared.Text(german, english); }
     void ApplyToolTips();
 
     Variablen& shared;

@@ -116,15 +116,8 @@ void frmRoutePanel::KeyDone(QObject*, int) {
 
 void frmRoutePanel::FocusList() { route.Grid->setFocus(); }
 
-void frmRoutePanel::List::ShowSelection() {
-    if (Grid->currentIndex().isValid())
-        Binding->SelectRow();
-    else
-        Binding->ClearRowSelection();
-}
-
 void frmRoutePanel::ShowSelection() {
-    for (List* list : {&route, &points}) list->ShowSelection();
+    for (List* list : {&route, &points}) list->Binding->SelectRow();
 }
 
 void frmRoutePanel::Show(const RouteControls& controls) {

@@ -6,9 +6,9 @@
 #include <utility>
 
 #include "base/RuntimeError.h"
+#include "data/WaypointCategories.h"
 #include "data/Waypoints.h"
 #include "geo/Position.h"
-#include "settings/CategoryNames.h"
 #include "store/Connection.h"
 #include "store/Statement.h"
 #include "store/TextOrder.h"
@@ -45,7 +45,7 @@ AirfieldTransfer::AirfieldTransfer(const Language& shownIn, OpenStores& openStor
     : language(shownIn), stores(openStores), dialogs(messages) {}
 
 void AirfieldTransfer::Form_Load() {
-    Categories = CategoryNames(stores.DataConn);
+    Categories = WaypointCategories(stores.DataConn).Names();
     cmbKategorie_Click(Categories.empty() ? std::string() : Categories.front());
     listAP = ReadAirfieldCountries(stores.AirfieldConn);
     listAP_Click({});

@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <set>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "base/Language.h"
@@ -12,8 +11,6 @@
 #include "settings/AirfieldCountries.h"
 
 namespace ornivane {
-
-class Statement;
 
 // Makes waypoints of the airfields of whole countries. A waypoint gets the airfield's code as its name, by
 // which the charts know it as an airfield; a name that any waypoint has already is left as it is. An airfield

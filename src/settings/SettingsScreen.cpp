@@ -43,14 +43,12 @@ void SettingsScreen::Form_Activate() {
     Frame4 = shared.TrackConn.IsOpen();
     frmLuftraumShows = shared.LuftraumConn.IsOpen();
     // A QNH of today is shown, or a mere look at this screen would end it.
-    if (IsQnhOfToday()) shared.tQNH = QnhText(shared);
+    if (shared.QNHDate == DateOf(world.SystemClock.Now())) shared.tQNH = QnhText(shared);
     if (Frame4) ReadTrack();
     ApplyLanguage();
     Port.Form_Activate();
     CategoryList.Form_Activate(); // last: a store that fails leaves the port test
 }
-
-bool SettingsScreen::IsQnhOfToday() const { return world.Shared.QNHDate == DateOf(world.SystemClock.Now()); }
 
 void SettingsScreen::ReadTrack() {
     TrackSettings track;
@@ -95,15 +93,10 @@ bool SettingsScreen::cmdGetWaypoint_Click() {
 
 void SettingsScreen::Form_Deactivate() {
     LastDeed.Withdraw();
-    TakeQnh();
+    EnterQnh(world.Shared, world.Shared.tQNH, DateOf(world.SystemClock.Now()));
     if (Frame4) TakeTrack();
     Port.Form_Deactivate();
     SaveAll();
-}
-
-void SettingsScreen::TakeQnh() {
-    Variablen& shared = world.Shared;
-    EnterQnh(shared, shared.tQNH, DateOf(world.SystemClock.Now()));
 }
 
 void SettingsScreen::TakeTrack() {

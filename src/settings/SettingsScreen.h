@@ -65,8 +65,6 @@ public:
 
 private:
     void ReadTrack();
-    bool IsQnhOfToday() const;
-    void TakeQnh();
     void TakeTrack();
     void SaveAll();
 

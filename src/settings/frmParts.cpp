@@ -20,8 +20,6 @@ QListView::item:focus { border: 2px solid palette(text); }
 QListView::item:selected { background: palette(highlight); color: palette(highlighted-text); }
 )";
 
-QString Caption(const std::string& text) { return QString::fromStdString(text).replace("&", "&&"); }
-
 QPushButton* Button(const char* name) {
     auto* button = Named(new QPushButton, name);
     button->setMinimumHeight(PressHeight);
@@ -64,13 +62,6 @@ QStringList Texts(const std::vector<std::string>& texts) {
     items.reserve(static_cast<qsizetype>(texts.size()));
     for (const std::string& text : texts) items << QString::fromStdString(text);
     return items;
-}
-
-void SetTexts(QComboBox& combo, const std::vector<std::string>& texts, const std::string& current) {
-    const QStringList items = Texts(texts);
-    combo.clear();
-    combo.addItems(items);
-    combo.setCurrentIndex(static_cast<int>(items.indexOf(QString::fromStdString(current))));
 }
 
 } // namespace ornivane::parts

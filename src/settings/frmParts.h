@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QBoxLayout>
 #include <QComboBox>
 #include <QLabel>
 #include <QListView>
@@ -16,9 +15,6 @@ namespace ornivane::parts {
 
 // Controls that the forms of the settings share.
 
-// A text as the caption of a button: an ampersand in a name is no key.
-QString Caption(const std::string& text);
-
 QPushButton* Button(const char* name);
 QComboBox* Combo(const char* name);
 QLabel* Label(const char* name);
@@ -27,7 +23,6 @@ QListView* ChoiceList(const char* name);
 // The chosen rows, from 0, ascending.
 std::vector<std::size_t> ChosenRows(const QListView& list);
 QStringList Texts(const std::vector<std::string>& texts);
-void SetTexts(QComboBox& combo, const std::vector<std::string>& texts, const std::string& current);
 
 // Less padding than elsewhere, because the settings fill a small screen; rows of lists high enough to be hit
 // in turbulence.

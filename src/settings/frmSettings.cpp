@@ -5,7 +5,6 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QScrollArea>
@@ -72,7 +71,9 @@ frmSettings::frmSettings(const SettingsFormServices& formServices)
     columns->addLayout(left, 1);
     columns->addLayout(right, 1);
     MakeLeft(*left);
-    MakeRight(*right);
+    right->addWidget(MakeTrack());
+    right->addWidget(MakeAirspace());
+    right->addWidget(categories, 1);
     // A screen smaller than the page shows all of it by scrolling.
     auto* area = new QScrollArea;
     area->setWidgetResizable(true);
@@ -128,12 +129,6 @@ void frmSettings::MakeLeft(QBoxLayout& column) {
     column.addStretch();
     services.Guard.Connect(Option1, &QRadioButton::clicked, [this] { logic->Option_Click(1); });
     services.Guard.Connect(Option2, &QRadioButton::clicked, [this] { logic->Option_Click(2); });
-}
-
-void frmSettings::MakeRight(QBoxLayout& column) {
-    column.addWidget(MakeTrack());
-    column.addWidget(MakeAirspace());
-    column.addWidget(categories, 1);
 }
 
 QGroupBox* frmSettings::MakeTrack() {
@@ -240,25 +235,22 @@ void frmSettings::ShowState() {
 }
 
 void frmSettings::ApplyLanguage() {
-    const auto text = [this](const char* german, const char* english) {
-        return QString::fromUtf8(services.World.Shared.Text(german, english));
-    };
     logic->ApplyLanguage();
-    lblTitle->setText(text("Einstellungen", "Settings"));
+    lblTitle->setText(Text("Einstellungen", "Settings"));
     setWindowTitle(lblTitle->text());
-    frmLanguage->setTitle(text("Sprache", "Language"));
+    frmLanguage->setTitle(Text("Sprache", "Language"));
     for (std::size_t i = 0; i < languages.size(); ++i) {
         languages[i]->setText(Languages[i].Name);
-        languages[i]->setToolTip(text(Languages[i].GermanTip, Languages[i].EnglishTip));
+        languages[i]->setToolTip(Text(Languages[i].GermanTip, Languages[i].EnglishTip));
     }
-    frmSymbol->setTitle(text("Flugzeugsymbol", "Airplane symbol"));
-    Option1->setText(text("Pfeil", "Arrow"));
-    Option2->setText(text("Flugzeug", "Aeroplane"));
+    frmSymbol->setTitle(Text("Flugzeugsymbol", "Airplane symbol"));
+    Option1->setText(Text("Pfeil", "Arrow"));
+    Option2->setText(Text("Flugzeug", "Aeroplane"));
     Frame4->setTitle("Track Logger");
-    chkTrack->setText(text("Track Logger aktivieren", "activate track logger"));
-    chkAutoOn->setText(text("Automatisch loggen ( ab 30 kts )", "automatically log at speed > 30 kts"));
-    intervalCaption->setText(text("Intervall", "Interval"));
-    cmdTrack->setText(text("Track Manager", "Track Manager"));
+    chkTrack->setText(Text("Track Logger aktivieren", "activate track logger"));
+    chkAutoOn->setText(Text("Automatisch loggen ( ab 30 kts )", "automatically log at speed > 30 kts"));
+    intervalCaption->setText(Text("Intervall", "Interval"));
+    cmdTrack->setText(Text("Track Manager", "Track Manager"));
     port->ApplyLanguage();
     categories->ApplyLanguage();
     ApplyTooltips();
@@ -267,7 +259,7 @@ void frmSettings::ApplyLanguage() {
 
 void frmSettings::ApplyTooltips() {
     const auto tip = [this](QWidget* widget, const char* german, const char* english) {
-        widget->setToolTip(QString::fromUtf8(services.World.Shared.Text(german, english)));
+        widget->setToolTip(Text(german, english));
     };
     tip(frmLanguage, "Die Sprache aller Bildschirme", "The language of all screens");
     tip(frmSymbol, "Das eigene Flugzeug auf der Karte", "The own aircraft on the chart");

@@ -44,7 +44,6 @@ public:
 private:
     QWidget* Row(QGroupBox*& box, const char* name, const std::vector<QRadioButton*>& choices);
     void MakeLeft(QBoxLayout& column);
-    void MakeRight(QBoxLayout& column);
     QGroupBox* MakeTrack();
     QGroupBox* MakeAirspace();
     void Run(const std::function<void()>& event);
@@ -52,6 +51,9 @@ private:
     void ShownAfter(const std::function<void()>& step);
     void ShowState();
     void ApplyTooltips();
+    QString Text(const char* german, const char* english) const {
+        return services.World.Shared.Text(german, english);
+    }
     void OrderTabs();
 
     SettingsFormServices services;

@@ -1,7 +1,6 @@
 #include "tracks/TrackManager.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <system_error>
 
 #include "base/RuntimeError.h"

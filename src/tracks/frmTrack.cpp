@@ -115,10 +115,6 @@ frmTrack::frmTrack(const Variablen& variablen, EventGuard& guardOf, Dialogs& dia
 
 frmTrack::~frmTrack() = default;
 
-QString frmTrack::Text(const char* german, const char* english) const {
-    return QString::fromUtf8(language.Text(german, english));
-}
-
 void frmTrack::Start() {
     RestoreOnError([this] { logic.Form_Load(); }, [this] { deleteLater(); });
     ShowState();

@@ -2,7 +2,6 @@
 
 #include <QAbstractTableModel>
 #include <QDialog>
-#include <array>
 #include <functional>
 #include <memory>
 
@@ -63,7 +62,7 @@ private:
     void Click(const std::function<void()>& event);
     void ShowState();
     void ApplyLanguage();
-    QString Text(const char* german, const char* english) const;
+    QString Text(const char* german, const char* english) const { return language.Text(german, english); }
 
     const Language& language;
     EventGuard& guard;

@@ -76,7 +76,7 @@ protected:
         Catalogue->Form_Load();
         Planning = std::make_unique<PlanningScreen>(
             PlanningScreenWorld{Shared, PlanStorage, PlanSurface, ProgressBar, Boxes, Notices},
-            PlanningScreen::Form{[] {}, [](PlanEffect) {}});
+            PlanningScreen::Form{[] {}, [] {}, [](PlanEffect) {}});
         Planning->Form_Load();
     }
     int Random(int from, int to) { return std::uniform_int_distribution<int>(from, to)(Dice); }

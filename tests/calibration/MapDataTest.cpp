@@ -41,7 +41,7 @@ TEST_F(CatalogueTest, NothingStaysOfAChartThatIsNotListed) {
     EXPECT_EQ(Fields(), "Ny Ny Ey Ey ");
     Select("zulu.jpg");
     EXPECT_EQ(Fields(), "N60b N61b E6b E8b ");
-    EXPECT_EQ(Catalogue.lblBreite, "2000");
+    EXPECT_EQ(Catalogue.Size.value_or(ImageSize()).Width, 2000);
     EXPECT_TRUE(Catalogue.listKarten[0].Selected);
     Sql("DROP TRIGGER refuse");
     std::filesystem::rename(Charts() / "away", Charts() / "alpha.jpg");
@@ -52,7 +52,7 @@ TEST_F(CatalogueTest, NothingStaysOfAChartThatIsNotListed) {
     Catalogue.FillMapList();
     EXPECT_EQ(Rows(), "");
     EXPECT_EQ(Fields(), "Ny Ny Ey Ey ");
-    EXPECT_EQ(Catalogue.lblBreite, "");
+    EXPECT_FALSE(Catalogue.Size);
 }
 
 TEST_F(CatalogueTest, AMissingFolderCostsNoRows) {
@@ -120,8 +120,7 @@ TEST_F(CatalogueTest, BeforeAllRowsGoTheStoreIsKept) {
 
 TEST_F(CatalogueTest, ShowsRowSideFileOrNothing) {
     EXPECT_EQ(Fields(), "N50b N51b E6b E8b ");
-    EXPECT_EQ(Catalogue.lblBreite, "2000");
-    EXPECT_EQ(Catalogue.lblHoehe, "1000");
+    EXPECT_EQ(Catalogue.Size, (ImageSize{2000, 1000}));
     AddImage("side.jpg", 30, 20);
     WriteFileAtomically(Charts() / "SIDE.CRM", "-33.5\n34.3 south\r\nno number\n-8.5");
     AddImage("short.jpg", 30, 20);
@@ -200,8 +199,7 @@ TEST_F(CatalogueTest, DamagedImagesKeepTheSizeThatWasShown) {
     EXPECT_TRUE(Boxes.Shown.empty());
     Select("broken.jpg");
     EXPECT_EQ(Boxes.Shown, std::vector<std::string>{"|Fehler im Bild"});
-    EXPECT_EQ(Catalogue.lblBreite, "2000");
-    EXPECT_EQ(Catalogue.lblHoehe, "1000");
+    EXPECT_EQ(Catalogue.Size, (ImageSize{2000, 1000}));
 }
 
 TEST_F(CatalogueTest, ThePreviewIsStretchedAndLoadsOnlyWhenAsked) {
@@ -238,7 +236,7 @@ TEST_F(CatalogueTest, NothingOfAnotherChartIsEverStored) {
             Select(name);
             EXPECT_EQ(Fields(),
                       std::string(name) == "dead.jpg" && !preview ? "N1y N2y E3y E4y " : "Ny Ny Ey Ey ");
-            EXPECT_EQ(Catalogue.lblBreite, "2000"); // stays, as it stood
+            EXPECT_EQ(Catalogue.Size.value_or(ImageSize()).Width, 2000); // stays, as it stood
             EXPECT_EQ(Catalogue.ScaleText(), "Dieses Bild hat keine lesbare Größe; die gezeigte gehört zu "
                                              "einer anderen Karte.");
             Catalogue.cmdSpeichern_Click();

@@ -158,7 +158,7 @@ TEST_F(TwoPointsTest, PointsTooCloseInYConvertTheFirstPointAgain) {
     Enter(1, "50.54", "7.3");
     EXPECT_EQ(Boxes.Shown, std::vector<std::string>{TooClose});
     EXPECT_EQ(Form.Points[1].Colour, PointColour::ToEnter);
-    EXPECT_TRUE(Form.Points[1].tQuickfindEnabled && Form.Points[1].gridWayEnabled);
+    EXPECT_TRUE(Form.Points[1].FieldsEnabled);
     ClickPixel(520, 880);
     EXPECT_TRUE(Enter(1, "50.54", "7.3"));
     EXPECT_EQ(Form.Points[0].Long.substr(0, 6), "6.8333");
@@ -204,7 +204,7 @@ TEST_F(TwoPointsTest, TypedKeysGoWhereTheyAreMeant) {
     EXPECT_EQ(Form.KeyTyped("q"), TypedInto::Quickfind2);
     EXPECT_EQ(Form.Points[1].tLat, ""); // nothing found
     Form.Points[1].tQuickfind = "";
-    Form.FindWaypoint2();
+    Form.FindWaypoint(1);
     EXPECT_EQ(Form.Points[1].WaypointFindSet.RecordCount(), 0);
 }
 

@@ -103,6 +103,13 @@ TEST_F(PlanMapTest, ADoubleClickBeginsAWaypointAndStoresNothing) {
     EXPECT_EQ(Screen->Waypoints.WaypointsSet.RecordCount(), 1);
 }
 
+TEST_F(PlanMapTest, ADoubleClickOnAPlaceThatCannotBeToldIsAnError) {
+    Start();
+    Surface.Width = 0;
+    EXPECT_THROW(Screen->DblClick({400, 200}), RuntimeError);
+    EXPECT_EQ(EntryFocused, 1);
+}
+
 TEST_F(PlanMapTest, MeasuresFromTheEntryAndLeavesNoTrails) {
     AddWaypoint("Alpha", 50.30, 6.30);
     PlanMap& map = Start().Map;

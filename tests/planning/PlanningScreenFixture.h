@@ -20,7 +20,7 @@ protected:
         Screen = std::make_unique<PlanningScreen>(
             PlanningScreenWorld{Shared, Storage, Surface, ProgressBar, Boxes, Notices},
             PlanningScreen::Form{
-                [] {}, [this](PlanEffect focus) { EntryFocused += focus == PlanEffect::FocusName; }});
+                [] {}, [] {}, [this](PlanEffect focus) { EntryFocused += focus == PlanEffect::FocusName; }});
         Screen->Form_Load();
         Screen->Form_Activate();
         return *Screen;

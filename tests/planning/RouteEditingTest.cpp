@@ -52,6 +52,20 @@ TEST_F(RouteEditingTest, ANewRouteComesBehindTheSelectedOneAlsoBesideAGap) {
     EXPECT_EQ(Selected(), "E");
 }
 
+TEST_F(RouteEditingTest, AnImportedRouteShowsBeforeItsPoints) {
+    Load();
+    NewRoute("A");
+    Add("Bonn");
+    Act(Routes.cmdshowRoute());
+    Routes.lblRouteDistanz = "5 NM";
+    Asked.clear();
+    Routes.RouteAdded(ornivane::Routes(Shared.DataConn).Append("B"));
+    EXPECT_EQ(Selected(), "B");
+    EXPECT_GT(Asked[PlanEffect::Redraw], 0);
+    EXPECT_EQ(Routes.RoutePointsSet.RecordCount(), 0);
+    EXPECT_EQ(Routes.lblRouteDistanz, "");
+}
+
 TEST_F(RouteEditingTest, ARouteWithoutANameIsNone) {
     Load();
     Act(Routes.cmdNewRoute()); // cancelled

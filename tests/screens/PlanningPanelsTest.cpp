@@ -164,6 +164,13 @@ TEST_F(PlanningPanelsTest, FieldsMarkedRowAndCounterTellOfOneWaypointButForAChan
     Window.Do([] {});
     EXPECT_EQ(list.currentText(), "Alle Wegpunkte");
     EXPECT_EQ(Seen(), "Cork 4 / 4");
+    QTest::mouseClick(grid.viewport(), Qt::LeftButton, Qt::ControlModifier,
+                      grid.visualRect(grid.currentIndex()).center());
+    QTest::mouseMove(Map, {40, 40});
+    QTest::mouseMove(Map, {60, 60});
+    EXPECT_FALSE(grid.selectionModel()->hasSelection()); // the cursor over the map is no choice in the list
+    Window.Do([] {});
+    EXPECT_EQ(Seen(), "Cork 4 / 4");
     EXPECT_FALSE(grid.model()->flags(grid.model()->index(0, 0)) & Qt::ItemIsEditable);
 }
 
