@@ -140,7 +140,7 @@ void ChartView::AdjustViewToPicture() {
 
 bool ChartView::Pan(double dxPixels, double dyPixels) {
     if (!CanPan()) return false;
-    View = Dragged(View, Sizes, {dxPixels, dyPixels});
+    View = Dragged(View, Sizes, Transform().ImageDrag({dxPixels, dyPixels}));
     return true;
 }
 

@@ -2,6 +2,7 @@
 
 #include "map/ChartPlacement.h"
 #include "map/Viewport.h"
+#include "platform/PictureSurface.h"
 
 namespace ornivane {
 
@@ -27,6 +28,10 @@ public:
     Position PositionOfView(const Point& view) const { return scale.PositionOf(ImageOfView(view)); }
     // In which direction a true course points in the view, in degrees; 0 is up. North is up on every chart.
     double ViewAngle(double trueCourseDegrees) const { return trueCourseDegrees; }
+    // What the view shows of the image.
+    PictureSection Section() const { return {rect.SX, rect.SY, rect.SW, rect.SH}; }
+    // The way over the image, in its pixels, of a drag by as many pixels of the view.
+    Point ImageDrag(const Point& drag) const { return drag; }
     // The window of the whole view, rounded to whole minutes.
     ViewBounds GetViewBounds() const;
     // The same as it is.
