@@ -40,7 +40,7 @@ struct Cockpit : ChartFolder {
         screen.State.CurLong = Longitude(9);
         screen.State.HadPosition = true;
         screen.cmdKartezentrieren_Click();
-        screen.SetShowRoute(true);
+        screen.SetFlag(&DisplayFlags::ShowRoute, true);
         screen.cmdActivateGoto_Click();
         screen.Instruments.lblVOR1 = "Punkt 5000";
         QApplication::processEvents();

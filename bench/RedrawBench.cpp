@@ -24,7 +24,7 @@ Flight& TheFlight() {
 void Zoom(Flight& flight, int slider, bool names) {
     flight.Screen->Map.SlideMap = slider;
     flight.Screen->ApplyZoom();
-    flight.Screen->SetShowNames(names);
+    flight.Screen->SetFlag(&DisplayFlags::ShowNames, names);
 }
 
 // Arguments: slider, names on.

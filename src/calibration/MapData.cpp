@@ -48,7 +48,7 @@ void MapData::Form_Load() {
 // The hemispheres are those of the last run now, and blue is only what the row has.
 void MapData::MarkUnlikeRow() {
     if (!MapCatalogue::StandOn(MapRowsSet, SelectedName())) return;
-    const FrameEdges edges = MapCatalogue::EdgesOf(MapRowsSet);
+    const FrameEdges edges = ChartPlacement::EdgesFromRow(MapRowsSet).Edges();
     for (std::size_t i = 0; i < edges.size(); ++i)
         if (EdgeStates[i] == EdgeState::Stored && cmbLatLong[i] != HemisphereOf(edges[i]))
             EdgeStates[i] = EdgeState::NotStored;
@@ -127,6 +127,7 @@ void MapData::ShowNothing() {
 void MapData::EmptyEdges() {
     SetEdgeStates(EdgeState::NotStored);
     tKarten = {};
+    placement = {};
     edgesOf = SelectedName();
 }
 
@@ -217,12 +218,14 @@ void MapData::RepaintPreview() {
 }
 
 void MapData::ShowRow() {
-    ShowEdges(MapCatalogue::EdgesOf(MapRowsSet));
+    ShowPlacement(ChartPlacement::EdgesFromRow(MapRowsSet));
     SetEdgeStates(EdgeState::Stored);
     RequeryActiveMaps();
 }
 
-void MapData::ShowEdges(const FrameEdges& edges) {
+void MapData::ShowPlacement(const ChartPlacement& shown) {
+    placement = shown;
+    const FrameEdges edges = shown.Edges();
     for (std::size_t i = 0; i < edges.size(); ++i) {
         cmbLatLong[i] = HemisphereOf(edges[i]);
         tKarten[i] = NumberText(std::abs(edges[i]), shared.Locale);
@@ -232,8 +235,8 @@ void MapData::ShowEdges(const FrameEdges& edges) {
 // The frame of a side file is no row yet: its fields stay in the colour of what is not stored.
 void MapData::ShowWithoutRow(const std::string& name) {
     SetEdgeStates(EdgeState::NotStored);
-    if (const auto edges = ReadSideFile(ChartsFolder(), name))
-        ShowEdges(*edges);
+    if (const auto stored = ReadSideFile(ChartsFolder(), name))
+        ShowPlacement(*stored);
     else
         tKarten = {};
 }
@@ -265,6 +268,13 @@ FrameEdges MapData::SignedEdges() const {
     return edges;
 }
 
+// The placement as the fields have it; with a size when that is the selected chart's.
+ChartPlacement MapData::WithFields(const FrameEdges& edges) const {
+    const ChartPlacement shown = placement.WithEdges(edges);
+    if (!Size || sizeOf != SelectedName()) return shown;
+    return shown.WithSize({static_cast<double>(Size->Width), static_cast<double>(Size->Height)});
+}
+
 bool MapData::cmdSpeichern_Click() {
     const std::string name = SelectedName();
     if (name.empty() || !EdgesAreNumbers() || sizeOf != name || !HasExtent()) {
@@ -272,16 +282,19 @@ bool MapData::cmdSpeichern_Click() {
         return false;
     }
     for (std::string& edge : tKarten) edge = NumberText(std::abs(NumberIn(edge)), shared.Locale);
-    WriteSideFile(ChartsFolder(), name, SignedEdges());
+    WriteSideFile(ChartsFolder(), name, WithFields(SignedEdges()));
     WriteRow(name, MapCatalogue::Tick::Keep);
     RowWritten();
     return true;
 }
 
-void MapData::TakeFrame(const std::array<std::string, 4>& edges, const ImageSize& size) {
-    tKarten = edges;
+void MapData::TakeFrame(const ChartPlacement& found) {
+    placement = found;
+    const FrameEdges edges = found.Edges();
+    for (std::size_t i = 0; i < edges.size(); ++i) tKarten[i] = NumberText(edges[i], shared.Locale);
     SetEdgeStates(EdgeState::NotStored);
-    ShowSize(size);
+    ShowSize(
+        {static_cast<std::int32_t>(found.Frame().Breite), static_cast<std::int32_t>(found.Frame().Höhe)});
 }
 
 void MapData::listKarten_ItemCheck(int item) {
@@ -321,10 +334,8 @@ void MapData::RequeryActiveMaps() {
 
 // A row whose image tells no size any more keeps the one it has, so that its tick can still be taken.
 void MapData::WriteRow(const std::string& name, MapCatalogue::Tick tick) {
-    MapCatalogue::Entry entry{name, SignedEdges(), {}};
     if (!Size) throw RuntimeError(ErrorNumber::TypeMismatch, "Breite"); // a size that was never read
-    if (sizeOf == name) entry.Size = {static_cast<double>(Size->Width), static_cast<double>(Size->Height)};
-    MapCatalogue::Write(MapRowsSet, entry, tick);
+    MapCatalogue::Write(MapRowsSet, name, WithFields(SignedEdges()), tick);
 }
 
 std::string MapData::BackupText() const {
@@ -338,12 +349,12 @@ std::string MapData::ScaleText() const {
     if (Size && sizeOf != SelectedName())
         return shared.Text("Dieses Bild hat keine lesbare Größe; die gezeigte gehört zu einer anderen Karte.",
                            "The size of this image cannot be read; the one shown is another map's.");
-    if (SelectedName().empty() || !EdgesAreNumbers()) return {};
+    if (SelectedName().empty() || !Size || !EdgesAreNumbers()) return {};
     // As saving takes them: without the sign of the field, with that of its box.
     FrameEdges edges = SignedEdges();
     for (std::size_t i = 0; i < edges.size(); ++i)
         edges[i] = std::copysign(edges[i], cmbLatLong[i] == Hemisphere::SouthOrWest ? -1 : 1);
-    return FrameCheck(edges, Size.value_or(ImageSize()), shared);
+    return FrameCheck(WithFields(edges), shared);
 }
 
 } // namespace ornivane

@@ -291,10 +291,10 @@ bool TwoPoints::ApplyCalibration() {
         second.cmdSaveEnabled = true;
         return false;
     }
-    const std::array edges = {Unten.Value(), Oben.Value(), Links.Value(), Rechts.Value()};
-    std::array<std::string, 4> texts;
-    for (std::size_t i = 0; i < edges.size(); ++i) texts[i] = NumberAsText(Round(edges[i], 3));
-    catalogue.TakeFrame(texts, {MapWidth, MapHeight});
+    FrameEdges edges = {Unten.Value(), Oben.Value(), Links.Value(), Rechts.Value()};
+    for (double& edge : edges) edge = Round(edge, 3);
+    catalogue.TakeFrame(ChartPlacement().WithEdges(edges).WithSize(
+        {static_cast<double>(MapWidth), static_cast<double>(MapHeight)}));
     SayCalibrated();
     StoreResult();
     return true;

@@ -58,11 +58,10 @@ void ChartView::InitializeData() {
 }
 
 void ChartView::TakeInRow() {
-    const MapFrame frame = MapCatalogue::FrameOf(maps);
-    taken = {Name(), frame};
-    Breite = frame.Breite;
-    Höhe = frame.Höhe;
-    scale = MapCatalogue::ScaleOf(frame);
+    taken = {Name(), ChartPlacement::FromRow(maps)};
+    Breite = taken->Placement.Frame().Breite;
+    Höhe = taken->Placement.Frame().Höhe;
+    scale = taken->Placement.Scale();
     ReadSizes();
     View = OpenedView(Sizes);
     Sizes.HalfWidth = View.SW;
@@ -91,7 +90,7 @@ std::string ChartView::MapError() const {
 bool ChartView::RowHasChanged() const {
     if (!HasRows() || maps.Eof()) return true;
     std::optional<TakenIn> row; // a row without a frame was never taken in
-    IgnoreErrors([&] { row = {Name(), MapCatalogue::FrameOf(maps)}; });
+    IgnoreErrors([&] { row = {Name(), ChartPlacement::FromRow(maps)}; });
     return !row || taken != row;
 }
 
@@ -141,7 +140,7 @@ void ChartView::AdjustViewToPicture() {
 
 bool ChartView::Pan(double dxPixels, double dyPixels) {
     if (!CanPan()) return false;
-    View = Dragged(View, Sizes, {dxPixels, dyPixels});
+    View = Dragged(View, Sizes, Transform().ImageDrag({dxPixels, dyPixels}));
     return true;
 }
 

@@ -38,11 +38,11 @@ SourceRect OpenedView(const ViewSizes& sizes);
 // `heightFactor` stretches the height before it is cut.
 SourceRect Zoomed(SourceRect rect, const ViewSizes& sizes, int slideValue, double heightFactor = 1);
 
-// Moved so that this place of the view comes to the middle, as far as the image reaches.
-SourceRect CentredOn(SourceRect rect, const ViewSizes& sizes, const Point& viewPixel);
+// Moved so that this place of the image comes to the middle, as far as the image reaches.
+SourceRect CentredOn(SourceRect rect, const ViewSizes& sizes, const Point& imagePixel);
 
-// Moved against a drag, by one image pixel for each of the view whatever the zoom.
-SourceRect Dragged(SourceRect rect, const ViewSizes& sizes, const Point& viewPixels);
+// Moved against a drag: by one image pixel for each of the view whatever the zoom.
+SourceRect Dragged(SourceRect rect, const ViewSizes& sizes, const Point& imagePixels);
 
 // Fitted to a changed view or picture.
 SourceRect Resized(SourceRect rect, const ViewSizes& sizes);

@@ -251,14 +251,9 @@ void FlyingScreen::lblTime_Click() {
     UpdateMap();
 }
 
-void FlyingScreen::SetShowRoute(bool on) {
-    Flags.ShowRoute = on;
-    if (on) RefreshRouteList();
-    UpdateMap();
-}
-
-void FlyingScreen::SetShowNames(bool on) {
-    Flags.ShowNames = on;
+void FlyingScreen::SetFlag(bool DisplayFlags::*flag, bool on) {
+    Flags.*flag = on;
+    if (on && flag == &DisplayFlags::ShowRoute) RefreshRouteList();
     UpdateMap();
 }
 

@@ -4,6 +4,7 @@
 #include <string>
 #include <tuple>
 
+#include "common/DisplayFlags.h"
 #include "common/Variablen.h"
 #include "gps/GpsLink.h"
 #include "gps/NmeaSink.h"
@@ -91,8 +92,7 @@ public:
     void lblTime_Click();
     void cmdRecord_Click();
     void picRecord_Click();
-    void SetShowRoute(bool on);
-    void SetShowNames(bool on);
+    void SetFlag(bool DisplayFlags::*flag, bool on);
     void SaveFlightSet();
     // The arrow keys: the slider by 10, not beyond its ends.
     void StepZoom(int by);

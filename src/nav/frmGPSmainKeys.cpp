@@ -70,7 +70,7 @@ bool frmGPSmain::eventFilter(QObject* watched, QEvent* event) {
     if (watched == cmbRoute && (type == QEvent::FocusIn || type == QEvent::FocusOut))
         ShowRouteMask(type == QEvent::FocusIn);
     if (watched == lblRoute && IsClick(*lblRoute, *event)) {
-        services.Guard.Run([this] { screen->SetShowRoute(false); });
+        services.Guard.Run([this] { screen->SetFlag(&DisplayFlags::ShowRoute, false); });
         return true;
     }
     if (watched == tNextMap && type == QEvent::MouseButtonPress) {

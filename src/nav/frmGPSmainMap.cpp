@@ -114,19 +114,26 @@ void frmGPSmain::MakePanel() {
     frmSet->setAutoFillBackground(true);
     frmSet->setFrameShape(QFrame::StyledPanel);
     auto* column = Spaced(new QVBoxLayout(frmSet), 6, {8, 8, 8, 8});
-    cmdshowRoute = Lamp("cmdshowRoute", "route", [this] { screen->SetShowRoute(!screen->Flags.ShowRoute); });
-    cmdWayInfo = Lamp("cmdWayInfo", "names", [this] { screen->SetShowNames(!screen->Flags.ShowNames); });
+    MakeFlagLamps(*column, false);
     cmdShowPoints = Switch("cmdShowPoints", "routepoints", screen->picShowPoints,
                            &FlyingScreen::cmdShowPoints_Click, &FlyingScreen::picShowPoints_Click);
-    for (LampButton* button : {cmdshowRoute, cmdWayInfo, cmdShowPoints}) {
-        button->setMinimumWidth(190);
-        column->addWidget(button);
-    }
+    cmdShowPoints->setMinimumWidth(190); // all lamps are as wide
+    column->addWidget(cmdShowPoints);
     MakeStageButtons(*column);
     lblLegend = Named(new QLabel(frmSet), "lblLegend");
     lblLegend->setTextFormat(Qt::RichText);
     column->addWidget(lblLegend);
     frmSet->hide();
+}
+
+void frmGPSmain::MakeFlagLamps(QBoxLayout& layout, bool ofAirspace) {
+    for (const DisplayFlag& entry : DisplayFlagTable) {
+        if (!entry.Name || entry.OfAirspace != ofAirspace) continue;
+        LampButton* lamp = Lamp(entry.Name, entry.Icon,
+                                [this, flag = entry.Flag] { screen->SetFlag(flag, !(screen->Flags.*flag)); });
+        layout.addWidget(lamp);
+        flagLamps.emplace_back(entry, lamp);
+    }
 }
 
 void frmGPSmain::ShowPanel(bool visible) {
@@ -143,9 +150,7 @@ void frmGPSmain::MakeStageButtons(QBoxLayout& layout) {
                                           {"picLR3", [&view] { view.picLR3_Click(); }}}},
                                         changed);
     layout.addWidget(airspaceButton);
-    cmdPR = Lamp("cmdPR", "pattern",
-                 [this, &view] { screen->Flags.ShowPatterns ? view.picPR_Click() : view.cmdPR_Click(); });
-    layout.addWidget(cmdPR);
+    MakeFlagLamps(layout, true);
     airfieldButton = new frmStageButton(frmSet, services.Guard, "airfield",
                                         {{{"cmdAPT1", [&view] { view.cmdAPT1_Click(); }},
                                           {"cmdAPT2", [&view] { view.cmdAPT2_Click(); }},

@@ -28,7 +28,7 @@ void PlanDrawing::RedrawPlan(const PlanScene& scene) {
     if (stores.AirfieldStoreOpen) settings.Airfields = &airfields;
     MapSymbols symbols(surface, scene.Transform, scene.SlideMap, settings);
     surface.PaintPicture(storage, {0, 0, surface.ScaleWidth(), surface.ScaleHeight()},
-                         {scene.View.SX, scene.View.SY, scene.View.SW, scene.View.SH});
+                         scene.Transform.Section());
     DrawLayer(Layer::Airspace,
               [&] { airspace.DrawPlanAirspace(scene.Airspace, surface, scene.Transform, scene.SlideMap); });
     if (scene.Route) DrawLayer(Layer::Route, [&] { DrawPlanRoute(*scene.Route, symbols); });

@@ -93,10 +93,7 @@ std::string PlanMap::WhyNoMap() const {
 
 void PlanMap::CentreOn(const DegMin& position) {
     if (!HasMap()) return;
-    IgnoreErrors([&] {
-        const Point at = Transform().ViewOf(ToDecimalDegrees(position));
-        View = CentredOn(View, Sizes, at);
-    });
+    IgnoreErrors([&] { View = CentredOn(View, Sizes, Transform().ImageOf(ToDecimalDegrees(position))); });
 }
 
 void PlanMap::SetSlide(int value) {

@@ -76,7 +76,7 @@ void PlanningScreen::DrawPlan(const std::optional<DegMin>& newPoint) {
     const bool hasExtent = world.picMap.ScaleWidth() > 0 && world.picMap.ScaleHeight() > 0;
     if (!Map.HasMap() || !hasExtent) return;
     const auto error = ErrorOf([&] {
-        drawing.RedrawPlan({Map.View, Map.Transform(), Map.SlideMap, Airspace, Routes.DrawnRoute(),
+        drawing.RedrawPlan({Map.Transform(), Map.SlideMap, Airspace, Routes.DrawnRoute(),
                             Routes.CurrentPoint(), Map.Measuring.MeasureOn, newPoint});
     });
     if (error) Faults.Tell(DrawingFaults::Layer::Chart, *error);

@@ -7,6 +7,7 @@
 
 #include "base/AtomicFile.h"
 #include "base/RuntimeError.h"
+#include "common/DisplayFlags.h"
 #include "common/SettingsText.h"
 #include "support/TemporaryFolder.h"
 

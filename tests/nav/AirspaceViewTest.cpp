@@ -77,12 +77,12 @@ TEST_F(AirspaceViewTest, PatternsHaveNoUpperLimitAndTheirOwnWindow) {
     Airspace(4, "D", 0, 9000, 51.05);
     Begin();
     Screen->State.lblAlt = Showing("2000");
-    Screen->Airspace.cmdPR_Click();
+    Screen->SetFlag(&DisplayFlags::ShowPatterns, true);
     EXPECT_EQ(Surface.Count(" w5 #"), 13); // number 1 alone; its arcs are red and black
     EXPECT_FALSE(Screen->Airspace.frmQNH);
     Screen->Airspace.cmdLR1_Click();
     EXPECT_EQ(Surface.Count(" w5 #"), 26); // the other kind is found beyond the view
-    Screen->Airspace.picPR_Click();
+    Screen->SetFlag(&DisplayFlags::ShowPatterns, false);
     EXPECT_EQ(Surface.Count(" w5 #"), 13);
 }
 

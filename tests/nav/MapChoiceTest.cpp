@@ -114,7 +114,7 @@ TEST_F(MapChoiceTest, ADamagedRouteKeepsNeitherTheChartNorTheReceiverAway) {
     AddRoute("R", {6.3, 7.3});
     FlyingScreen& screen = Start();
     screen.cmbRoute_Click("R");
-    screen.SetShowRoute(true);
+    screen.SetFlag(&DisplayFlags::ShowRoute, true);
     screen.Form_Unload();
     Sql("UPDATE GpsPoints SET Lat = 'north' WHERE Nummer = 2");
     EXPECT_THROW(Start(), RuntimeError); // shown by the form

@@ -73,7 +73,7 @@ protected:
     QtDialogs Dialogs;
     EventGuard Guard{Notices, Shared};
     QtTimer Timer{Guard}, TrackTimer{Guard};
-    frmGPSmain Form{{Shared, Port, Timer, TrackTimer, Port, Clock, Dialogs, Notices, Guard}};
+    frmGPSmain Form{{Shared, {Port, Timer, TrackTimer, Clock}, Port, Dialogs, Notices, Guard}};
 };
 
 } // namespace ornivane

@@ -190,7 +190,7 @@ TEST_F(FlyingHandsTest, AKeyThatClosedAMessageDoesNothingBelowWhileItIsHeld) {
 }
 
 TEST_F(FlyingHandsTest, ADragThatEndsElsewhereIsNoClick) {
-    Form.Logic().SetShowRoute(true);
+    Form.Logic().SetFlag(&DisplayFlags::ShowRoute, true);
     auto& length = Find<QWidget>("lblRoute");
     const QPoint outside(-60, 80);
     QTest::mousePress(&length, Qt::LeftButton);

@@ -151,7 +151,7 @@ TEST_F(FlyingFormTest, ANoticeLeavesTheRedrawThatItComesFromWhole) {
     Form.Form_Activate();
     FlyingScreen& screen = Form.Logic();
     Fix();
-    screen.SetShowRoute(true);
+    screen.SetFlag(&DisplayFlags::ShowRoute, true);
     ASSERT_FALSE(Notices.isVisibleTo(window));
     const auto picture = [this] { return Find<SurfaceWidget>("picMap").Surface().Image().copy(); };
     const QImage before = picture();

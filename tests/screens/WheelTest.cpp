@@ -147,7 +147,7 @@ protected:
     QtDialogs Dialogs;
     EventGuard Guard{Notices, Shared};
     QtTimer TrackTimer{Guard};
-    frmGPSmain Flying{{Shared, Port, LinkTimer, TrackTimer, Ports, Clock, Dialogs, Notices, Guard}};
+    frmGPSmain Flying{{Shared, {Port, LinkTimer, TrackTimer, Clock}, Ports, Dialogs, Notices, Guard}};
     frmSettings Settings{{{Shared, Port, LinkTimer, Ports, Clock, Dialogs}, Guard, [] {}, {}}};
 };
 

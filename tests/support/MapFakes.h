@@ -37,9 +37,9 @@ public:
     double ScaleWidth() const override { return Width; }
     double ScaleHeight() const override { return Height; }
     void Cls() override { Drawn.assign(1, "cls"); }
-    void PaintPicture(const Picture&, const PixelRect&, const PixelRect& source) override {
+    void PaintPicture(const Picture&, const PixelRect&, const PictureSection& section) override {
         Drawn.clear(); // the picture covers all that was there
-        Source = source;
+        Source = {section.X, section.Y, section.AcrossX, section.DownY};
         ++Paints;
     }
     void PaintTurned(const Picture&, double angle) override { Drawn.push_back("turned " + Number(angle)); }
