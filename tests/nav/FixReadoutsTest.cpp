@@ -1,4 +1,3 @@
-#include "base/RuntimeError.h"
 #include "nav/FlyingScreenFixture.h"
 
 namespace ornivane {

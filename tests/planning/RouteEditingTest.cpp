@@ -1,7 +1,6 @@
 #include "planning/RouteEditing.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "base/RuntimeError.h"
 #include "planning/ListsFixture.h"

@@ -1,7 +1,6 @@
 #include "planning/WaypointEditing.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "base/RuntimeError.h"
 #include "planning/ListsFixture.h"
