@@ -48,10 +48,10 @@ struct Cockpit : ChartFolder {
     // Until it is on the screen.
     void Painted() { QApplication::processEvents(); }
 
-    IdlePort Port;
+    FakePort Port;
     NoPorts Ports;
-    IdleTimer CheckTimer;
-    IdleTimer TrackTimer;
+    FakeTimer CheckTimer;
+    FakeTimer TrackTimer;
     SetClock Clock;
     ScriptedDialogs Boxes;
     QtNotice Notices;

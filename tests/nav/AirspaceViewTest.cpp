@@ -1,4 +1,3 @@
-#include "base/RuntimeError.h"
 #include "common/SettingsFiles.h"
 #include "nav/FlyingScreenFixture.h"
 
@@ -9,8 +8,7 @@ namespace {
 class AirspaceViewTest : public FlyingScreenTest {
 protected:
     AirspaceViewTest() {
-        CreateStore(Folder.Path() / "Luftraum.ovd", StoreKind::Luftraum);
-        Shared.LuftraumConn.Open(Folder.Path() / "Luftraum.ovd", Connection::Mode::ReadWrite);
+        OpenAirspace();
         Shared.QNH = 1013;
         Shared.QNHDate = DateOf(Clock.Now());
     }
@@ -21,11 +19,6 @@ protected:
             "INSERT INTO Luftraum (\"Index\", PNumber, AspType, Low, High, LowType, HighType, Drawtype, Lat, "
             "Long, arcRad) VALUES (?, 1, ?, ?, ?, '', '', 'DC', ?, ?, 3)",
             {index, type, low, high, lat, longitude});
-    }
-    void OpenAirfields() {
-        CreateStore(Folder.Path() / "ovdata.ovd", StoreKind::Airfields);
-        Shared.AirfieldConn.Open(Folder.Path() / "ovdata.ovd", Connection::Mode::ReadWrite);
-        Shared.AirfieldStoreOpen = true;
     }
     // The whole chart, the aircraft over it.
     void Begin() {
@@ -170,15 +163,14 @@ TEST_F(AirspaceViewTest, AirfieldsShowRunwayAndRadioInThreeStages) {
     Screen->Airspace.cmdAPT1_Click();
     EXPECT_EQ(Surface.Count("r10 w6 #000080"), 3);
     EXPECT_EQ(Surface.Count("#C0C0C0"), 2); // the bar of the paved one, in both directions
-    EXPECT_EQ(Surface.Count("#00FF00"), 0 + 0) << "a heading that is no number has no bar";
+    EXPECT_EQ(Surface.Count("#00FF00"), 0) << "a heading that is no number has no bar";
     EXPECT_EQ(Surface.Count("[ EDAA ]"), 1);
     EXPECT_EQ(Surface.Count("1160 m"), 0);
     Screen->Airspace.cmdAPT2_Click();
     EXPECT_EQ(Surface.Count("[ 09/27 - 1160 m  ]"), 1);
     EXPECT_EQ(Surface.Count("[ 18/36 - 700.5 m  ]"), 1);
     EXPECT_EQ(Surface.Count("[  - 0 m  ]"), 1);
-    EXPECT_EQ(Surface.Count("[ A Turm 118.1 ]"),
-              1); // the first that is a tower; the region's service is not his
+    EXPECT_EQ(Surface.Count("[ A Turm 118.1 ]"), 1); // the first tower; the region's service is not his
     EXPECT_EQ(Surface.Count("[ A ATIS 124.1 ]"), 1);
     EXPECT_EQ(Surface.Count("[ Platz Info 122.5 ]"), 1);
     // Only route points: airfields stay, other waypoints go.
@@ -218,7 +210,7 @@ TEST_F(AirspaceViewTest, AnAirfieldWithoutARunwayOfItsKindIsToldAsThat) {
     Shared.AirfieldConn.Execute("INSERT INTO ARPT VALUES ('EDAA', 1160, 0, 50.5, 6.5), ('EDBB', 0, 0, 50.5, "
                                 "6.6), ('EDCC', 'long', 0, 50.5, 6.7)");
     Shared.AirfieldConn.Execute("INSERT INTO RWY VALUES ('EDAA', 2000, '1', '01/19', '010')");
-    Sql("INSERT INTO Waypoints (Name, Lat, Long, Kategorie) VALUES ('EDAA', 50.30, 6.30, '')");
+    AddWaypoint("EDAA", 50.30, 6.30);
     Begin();
     Screen->UpdateMap();
     EXPECT_EQ(Surface.Count("#80FFFF"), 0);

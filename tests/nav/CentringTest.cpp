@@ -7,8 +7,7 @@ namespace {
 class CentringTest : public FlyingScreenTest {
 protected:
     CentringTest() {
-        Sql("INSERT INTO Maps (Name, Oben, Unten, Links, Rechts, Breite, \"Höhe\", Active) VALUES "
-            "('east.jpg', 51, 50, 8, 10, 2000, 1000, 1)");
+        AddChart("east.jpg", 50, 51, 8, 10);
         WriteFileAtomically(Folder.Path() / "Karten" / "east.jpg", "an image");
     }
     void RedrawAt(double longitude) {

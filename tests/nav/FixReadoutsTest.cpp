@@ -1,4 +1,3 @@
-#include "base/RuntimeError.h"
 #include "nav/FlyingScreenFixture.h"
 
 namespace ornivane {
@@ -19,7 +18,7 @@ TEST_F(FixReadoutsTest, ShowNothingUntilThereIsAFix) {
     readouts.gps_AltitudeReceived("300");
     readouts.gps_SatellitesInViewReceived(9);
     const FlightState& s = screen.State;
-    EXPECT_EQ(s.lblLat + s.lblLong, "------");
+    for (const std::string& place : {s.lblLat, s.lblLong}) EXPECT_EQ(place, "---");
     for (const Readout* label : {&s.lblSpeed, &s.lblBearing, &s.lblAlt}) EXPECT_EQ(*label, "---");
     EXPECT_EQ(s.CurLat, Latitude(49.0));
     EXPECT_EQ(Surface.Paints, paints);

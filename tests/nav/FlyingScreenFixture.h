@@ -1,7 +1,6 @@
 #pragma once
 
 #include <memory>
-#include <string>
 
 #include <gtest/gtest.h>
 
@@ -10,7 +9,6 @@
 #include "gps/GpsFakes.h"
 #include "nav/FlyingScreen.h"
 #include "support/FlightFolder.h"
-#include "support/IdleLink.h"
 #include "support/MapFakes.h"
 #include "support/Readouts.h"
 
@@ -39,7 +37,7 @@ protected:
     }
 
     FakePort Port;
-    IdleTimer CheckTimer, TrackTimer;
+    FakeTimer CheckTimer, TrackTimer;
     SetClock Clock;
     FakePicture Storage, Card;
     DrawnSurface Surface, Gyro, WindRose;

@@ -2,7 +2,7 @@
 
 #include "common/SettingsFiles.h"
 #include "nav/FlyingScreenFixture.h"
-#include "store/Statement.h"
+#include "support/Rows.h"
 
 namespace ornivane {
 namespace {
@@ -10,8 +10,7 @@ namespace {
 class TrackLoggerTest : public FlyingScreenTest {
 protected:
     TrackLoggerTest() {
-        CreateStore(Folder.Path() / "track.ovd", StoreKind::Track);
-        Shared.TrackConn.Open(Folder.Path() / "track.ovd", Connection::Mode::ReadWrite);
+        OpenTracks();
         Shared.TrackEnabled = true;
         Shared.TrackInterval = 10000;
     }
@@ -31,14 +30,7 @@ protected:
                (logger.picRecord ? "running" : "");
     }
     std::vector<std::string> Rows(const char* sql) {
-        std::vector<std::string> rows;
-        for (Statement query(Shared.TrackConn, sql); query.Step();) {
-            std::string row;
-            for (int i = 0; i < query.ColumnCount(); ++i)
-                row += (i ? "|" : "") + (query.IsNull(i) ? "null" : std::string(query.Text(i)));
-            rows.push_back(row);
-        }
-        return rows;
+        return RowsOf(Shared.TrackConn, sql, NumbersAs::Stored, "|");
     }
     std::vector<std::string> List() { return Rows("SELECT \"Index\", Name FROM List ORDER BY 1"); }
 };

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <memory>
-#include <string>
 
 #include <gtest/gtest.h>
 
@@ -24,10 +23,6 @@ protected:
         Screen->Form_Load();
         Screen->Form_Activate();
         return *Screen;
-    }
-    void AddWaypoint(const std::string& name, double lat, double longitude) {
-        Shared.DataConn.Execute("INSERT INTO Waypoints (Name, Lat, Long, Kategorie) VALUES (?, ?, ?, '')",
-                                {name, lat, longitude});
     }
     void Enter(const std::string& lat, const std::string& longitude, NorthSouth ns = NorthSouth::North,
                EastWest ew = EastWest::East) {

@@ -1,11 +1,7 @@
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QGridLayout>
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QPushButton>
 
-#include "platform/qt/SurfaceWidget.h"
 #include "screens/FlyingFormFixture.h"
 #include "screens/WindowAround.h"
 
