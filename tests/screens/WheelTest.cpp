@@ -115,7 +115,7 @@ protected:
     SystemClock Clock;
     QtDialogs Dialogs;
     QtTimer TrackTimer{Guard};
-    frmGPSmain Flying{{Shared, Port, LinkTimer, TrackTimer, Ports, Clock, Dialogs, Notices, Guard}};
+    frmGPSmain Flying{{Shared, {Port, LinkTimer, TrackTimer, Clock}, Ports, Dialogs, Notices, Guard}};
     frmSettings Settings{{{Shared, Port, LinkTimer, Ports, Clock, Dialogs}, Guard, [] {}, {}}};
 };
 
