@@ -19,7 +19,7 @@ protected:
         switch (mode) {
         case Mode::Flight:
             return new frmGPSmain(
-                {variablen, port, timer, trackTimer, ports, clock, boxes, notices, guard, nullptr});
+                {variablen, {port, timer, trackTimer, clock}, ports, boxes, notices, guard, nullptr});
         case Mode::Planning:
             return new frmPlanung(variablen, boxes, guard);
         case Mode::Settings:
