@@ -175,11 +175,12 @@ void TwoPoints::SlideMap_Scroll(int value) {
 
 void TwoPoints::SlideMap_Click(int value) {
     SlideMap = value;
+    ViewSizes sizes = Sizes;
     // At the end of the slider the height is not the view's proportion but the image's own.
-    const double factor = value == SlideMax ? CheckedDivide(CheckedDivide(MapHeight, MapWidth),
-                                                            CheckedDivide(Sizes.ViewHeight, Sizes.ViewWidth))
-                                            : 1;
-    View = Zoomed(View, Sizes, value, factor);
+    if (value == SlideMax)
+        sizes.HeightFactor = CheckedDivide(CheckedDivide(MapHeight, MapWidth),
+                                           CheckedDivide(Sizes.ViewHeight, Sizes.ViewWidth));
+    View = Zoomed(View, sizes, value);
     Draw_Picture();
     ShowPixel();
 }

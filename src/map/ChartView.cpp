@@ -146,7 +146,7 @@ bool ChartView::Pan(double dxPixels, double dyPixels) {
 
 MapTransform ChartView::Transform() const {
     if (!taken) throw RuntimeError(ErrorNumber::NoCurrentRecord);
-    return {scale, View, surface.ScaleWidth(), surface.ScaleHeight()};
+    return {scale, View, {surface.ScaleWidth(), surface.ScaleHeight()}};
 }
 
 } // namespace ornivane

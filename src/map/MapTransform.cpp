@@ -7,9 +7,8 @@
 
 namespace ornivane {
 
-MapTransform::MapTransform(const MapScale& mapScale, const SourceRect& sourceRect, double viewWidthPixels,
-                           double viewHeightPixels)
-    : scale(mapScale), rect(sourceRect), width(viewWidthPixels), height(viewHeightPixels),
+MapTransform::MapTransform(const MapScale& mapScale, const SourceRect& sourceRect, const Point& viewSize)
+    : scale(mapScale), rect(sourceRect), width(viewSize.X), height(viewSize.Y),
       perImageX(CheckedDivide(width, sourceRect.SW)), perImageY(CheckedDivide(height, sourceRect.SH)) {}
 
 Point MapTransform::ViewOfImage(const Point& image) const {

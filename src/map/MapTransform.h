@@ -18,8 +18,8 @@ struct ViewBounds {
 // DivisionByZero or Overflow for a view or scale without extent.
 class MapTransform {
 public:
-    MapTransform(const MapScale& scale, const SourceRect& rect, double viewWidthPixels,
-                 double viewHeightPixels);
+    // `viewSize`: width and height of the view in pixels.
+    MapTransform(const MapScale& scale, const SourceRect& rect, const Point& viewSize);
 
     Point ImageOf(const Position& position) const { return scale.ImageOf(position); }
     Point ViewOfImage(const Point& image) const;

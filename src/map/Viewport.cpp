@@ -28,12 +28,12 @@ SourceRect OpenedView(const ViewSizes& sizes) {
     return {0, 0, width, sizes.AspectFactor * width};
 }
 
-SourceRect Zoomed(SourceRect rect, const ViewSizes& sizes, int slideValue, double heightFactor) {
+SourceRect Zoomed(SourceRect rect, const ViewSizes& sizes, int slideValue) {
     const double step = (sizes.StoreWidth - sizes.HalfWidth) / 100;
     rect.SW = static_cast<float>(slideValue * step + sizes.HalfWidth);
     if (sizes.ViewWidth / 8 > rect.SW) rect.SW = static_cast<float>(sizes.ViewWidth / 8);
     if (rect.SX + rect.SW > sizes.StoreWidth) rect.SX = sizes.StoreWidth - rect.SW;
-    rect.SH = static_cast<float>(heightFactor * (sizes.AspectFactor * rect.SW));
+    rect.SH = static_cast<float>(sizes.HeightFactor * (sizes.AspectFactor * rect.SW));
     return CutToHeight(rect, sizes);
 }
 

@@ -75,13 +75,13 @@ TEST(MapTransform, GoesThereAndBack) {
     EXPECT_EQ((PixelRect{section.X, section.Y, section.AcrossX, section.DownY}),
               (PixelRect{100, 50, 700, 350}));
     EXPECT_TRUE(section.AcrossY == 0 && section.DownX == 0);
-    const ViewBounds all = MapTransform(scale, {0, 0, 2800, 2540}, 1400, 700).GetViewBounds();
+    const ViewBounds all = MapTransform(scale, {0, 0, 2800, 2540}, {1400, 700}).GetViewBounds();
     EXPECT_DOUBLE_EQ(all.ViewNorth.Value(), 51.24);
     EXPECT_DOUBLE_EQ(all.ViewWest.Value(), 6.00);
     EXPECT_DOUBLE_EQ(all.ViewSouth.Value(), 50.36);
     EXPECT_DOUBLE_EQ(all.ViewEast.Value(), 7.24);
-    EXPECT_THROW(MapTransform(scale, {0, 0, 0, 0}, 1400, 700), RuntimeError);
-    EXPECT_THROW(MapTransform(scale, {0, 0, 10, 10}, 0, 700).GetViewBounds(), RuntimeError);
+    EXPECT_THROW(MapTransform(scale, {0, 0, 0, 0}, {1400, 700}), RuntimeError);
+    EXPECT_THROW(MapTransform(scale, {0, 0, 10, 10}, {0, 700}).GetViewBounds(), RuntimeError);
 }
 
 } // namespace
