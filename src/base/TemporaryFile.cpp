@@ -14,12 +14,8 @@ namespace ornivane {
 
 namespace fs = std::filesystem;
 
-namespace {
-
 constexpr std::string_view Unique = ".XXXXXX";
 constexpr std::size_t LongestName = 255; // bytes of a file name, on every file system
-
-} // namespace
 
 TemporaryFile::TemporaryFile(const fs::path& of) : target(of) {
     const std::string name = of.filename().string();

@@ -6,14 +6,10 @@
 
 namespace ornivane {
 
-namespace {
-
 // Charts of conformal projections and those drawn for their middle latitude stay below; a minute mistyped on
 // a chart of one degree does not.
 constexpr double SuspiciousPercent = 3;
 constexpr double FarthestPixel = 1e7; // metres; no frame on the earth has larger ones
-
-} // namespace
 
 std::string FrameCheck(const ChartPlacement& placement, const Language& language) {
     if (placement.Frame().Breite <= 0 || placement.Frame().Höhe <= 0) return {};

@@ -54,8 +54,6 @@ void MapData::MarkUnlikeRow() {
             EdgeStates[i] = EdgeState::NotStored;
 }
 
-void MapData::Form_Deactivate() { LastMapName = SelectedName(); }
-
 // What was never read is not overwritten.
 void MapData::Form_Unload() {
     if (latDataLoaded) Remember({cmbLatLong, chkVorschau});
@@ -78,9 +76,8 @@ void MapData::LoadLatData() {
 }
 
 int MapData::SearchList(const std::string& text) const {
-    const auto found = std::find_if(listKarten.begin(), listKarten.end(), [&text](const Entry& entry) {
-        return CompareText(entry.Name, text) == 0;
-    });
+    const auto found = std::ranges::find_if(
+        listKarten, [&text](const Entry& entry) { return CompareText(entry.Name, text) == 0; });
     return found == listKarten.end() ? -1 : static_cast<int>(found - listKarten.begin());
 }
 
@@ -179,10 +176,10 @@ void MapData::ShowMapData() {
 }
 
 void MapData::ShowFrame(const std::string& name) {
-    if (MapCatalogue::StandOn(MapRowsSet, name))
-        ShowRow();
-    else
-        ShowWithoutRow(name);
+    if (!MapCatalogue::StandOn(MapRowsSet, name)) return ShowWithoutRow(name);
+    ShowPlacement(ChartPlacement::EdgesFromRow(MapRowsSet));
+    SetEdgeStates(EdgeState::Stored);
+    RequeryActiveMaps();
 }
 
 void MapData::ReadSize(const std::string& name) {
@@ -196,8 +193,6 @@ void MapData::ShowSize(const ImageSize& size) {
     Size = size;
     sizeOf = SelectedName();
 }
-
-bool MapData::HasExtent() const { return Size && Size->Width > 0 && Size->Height > 0; }
 
 bool MapData::ShowPreview(const std::string& name) {
     const bool loaded = storage.Load(ChartsFolder() / name);
@@ -215,12 +210,6 @@ void MapData::RepaintPreview() {
                              {0, 0, static_cast<double>(width), static_cast<double>(height)});
     }
     surface.Refresh();
-}
-
-void MapData::ShowRow() {
-    ShowPlacement(ChartPlacement::EdgesFromRow(MapRowsSet));
-    SetEdgeStates(EdgeState::Stored);
-    RequeryActiveMaps();
 }
 
 void MapData::ShowPlacement(const ChartPlacement& shown) {
@@ -249,8 +238,8 @@ void MapData::chkVorschau_Click(bool on) {
 }
 
 bool MapData::EdgesAreNumbers() const {
-    return std::all_of(tKarten.begin(), tKarten.end(),
-                       [](const std::string& text) { return ParseNumber(text).has_value(); });
+    return std::ranges::all_of(tKarten,
+                               [](const std::string& text) { return ParseNumber(text).has_value(); });
 }
 
 void MapData::ReportBadData() {

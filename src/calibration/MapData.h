@@ -31,7 +31,7 @@ public:
     MapData(Variablen& variablen, Picture& picStorage, PictureSurface& picMap, Dialogs& messages);
 
     void Form_Load();
-    void Form_Deactivate();
+    void Form_Deactivate() { LastMapName = SelectedName(); }
     // Keeps the hemispheres and the preview's switch for the next run.
     void Form_Unload();
 
@@ -84,11 +84,10 @@ private:
     void DropRowsWithoutImage();
     void ReadSize(const std::string& name);
     void ShowSize(const ImageSize& size);
-    bool HasExtent() const;
+    bool HasExtent() const { return Size && Size->Width > 0 && Size->Height > 0; }
     void MarkUnlikeRow();
     bool ShowPreview(const std::string& name);
     void ShowFrame(const std::string& name);
-    void ShowRow();
     void ShowWithoutRow(const std::string& name);
     void ShowPlacement(const ChartPlacement& shown);
     void LoadLatData();

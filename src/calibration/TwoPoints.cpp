@@ -109,8 +109,6 @@ void TwoPoints::ShowPixel() {
     ty = NumberAsText(Single(CheckedDivide(CrossY, CheckedDivide(surface.ScaleHeight(), View.SH)) + View.SY));
 }
 
-void TwoPoints::MouseDown(const Point& at) { drag = at; }
-
 void TwoPoints::MouseMove(const Point& at, bool leftHeld) {
     if (leftHeld) {
         View = Dragged(View, Sizes, {at.X - drag.X, at.Y - drag.Y});

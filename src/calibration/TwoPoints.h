@@ -56,7 +56,7 @@ public:
     void Form_Resize();
     void Draw_Picture();
 
-    void MouseDown(const Point& at);
+    void MouseDown(const Point& at) { drag = at; }
     // Pans while the left button is held; always moves the cross-hair.
     void MouseMove(const Point& at, bool leftHeld);
     // Takes the pixel under the cross-hair for the open point.

@@ -6,14 +6,11 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMouseEvent>
 #include <QPushButton>
 #include <QScopeGuard>
 #include <QSlider>
 #include <QTableView>
 #include <QVBoxLayout>
-#include <algorithm>
-#include <cmath>
 
 #include "base/Flagged.h"
 #include "base/RuntimeError.h"

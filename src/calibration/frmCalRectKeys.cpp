@@ -1,10 +1,8 @@
 // Keys and the slider of frmCalRect.
 
-#include <QGroupBox>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
-#include <QPushButton>
 #include <QSlider>
 #include <QTableView>
 #include <cmath>

@@ -21,6 +21,7 @@
 #include "platform/qt/GridBinding.h"
 #include "platform/qt/Named.h"
 #include "platform/qt/QtPicture.h"
+#include "platform/qt/Spaced.h"
 #include "platform/qt/SurfaceWidget.h"
 
 namespace ornivane {
@@ -64,9 +65,7 @@ frmCalibrate::frmCalibrate(Variablen& variablen, EventGuard& eventGuard, Dialogs
       picStorage(std::make_unique<QtPicture>()) {
     setObjectName("frmCalibrate");
     picStorage->ReduceTo(LargestPreview);
-    auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(10, 10, 10, 10);
-    row->setSpacing(12);
+    auto* row = Spaced(new QHBoxLayout(this), 12, {10, 10, 10, 10});
     auto* left = new QVBoxLayout;
     auto* middle = new QVBoxLayout;
     auto* right = new QVBoxLayout;
@@ -227,12 +226,6 @@ void frmCalibrate::cmdCalibrate_Click() {
     connect(form, &QDialog::finished, this, [this] { ShowState(); });
     form->Start();
 }
-
-void frmCalibrate::Form_Activate() { ApplyLanguage(); }
-
-void frmCalibrate::Form_Deactivate() { logic->Form_Deactivate(); }
-
-void frmCalibrate::Form_Unload() { logic->Form_Unload(); }
 
 // Enter goes from edge to edge and then to the button; Escape takes back what was typed.
 bool frmCalibrate::eventFilter(QObject* watched, QEvent* event) {

@@ -35,9 +35,9 @@ public:
                  DecodedPictures* decoded = nullptr);
     ~frmCalibrate() override;
 
-    void Form_Activate() override;
-    void Form_Deactivate() override;
-    void Form_Unload() override;
+    void Form_Activate() override { ApplyLanguage(); }
+    void Form_Deactivate() override { logic->Form_Deactivate(); }
+    void Form_Unload() override { logic->Form_Unload(); }
     void ApplyLanguage() override;
 
     MapData& Logic() { return *logic; }

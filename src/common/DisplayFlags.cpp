@@ -5,11 +5,7 @@
 
 namespace ornivane {
 
-namespace {
-
 constexpr const char* FileName = "Set.crm";
-
-} // namespace
 
 bool ReadDisplayFlags(const std::filesystem::path& folder, DisplayFlags& flags) {
     SettingsReader reader(ReadWholeFile(folder / FileName).value_or(""));

@@ -6,12 +6,8 @@
 
 namespace ornivane {
 
-namespace {
-
 const char* const Table = "Kategorie";
 const char* const Select = "SELECT * From Kategorie";
-
-} // namespace
 
 void WaypointCategories::Open(Recordset& categories) const {
     categories.Open(connection, std::string(Select) + " Order by NUMMER ASC");

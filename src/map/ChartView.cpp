@@ -14,8 +14,6 @@ ChartView::ChartView(const ChartParts& parts)
     : language(parts.Texts), settings(parts.Program), dataConn(parts.DataConn), maps(parts.List),
       surface(parts.picMap), storage(parts.picStorage), progress(parts.progBar), dialogs(parts.Messages) {}
 
-bool ChartView::HasRows() const { return maps.IsOpen() && maps.RecordCount() > 0; }
-
 std::string ChartView::Name() const { return MapCatalogue::NameOf(maps); }
 
 void ChartView::LoadPicture() {
@@ -48,10 +46,7 @@ void ChartView::InitializeData() {
     progress.SetValue(50);
     viewIsOf.reset();
     LoadPicture();
-    if (ErrorOf([this] { TakeInRow(); })) {
-        Refuse();
-        return;
-    }
+    if (ErrorOf([this] { TakeInRow(); })) return Refuse();
     refused.erase(Name());
     progress.SetValue(100);
     progress.SetVisible(false);

@@ -36,7 +36,7 @@ public:
     ChartView(const ChartView&) = delete;
     ChartView& operator=(const ChartView&) = delete;
 
-    bool HasRows() const; // of the list
+    bool HasRows() const { return maps.IsOpen() && maps.RecordCount() > 0; } // of the list
     // A chart shows. One that could not be shown counts as none: what was drawn or chosen on the geometry of
     // the chart before it would be at another place.
     bool HasMap() const { return HasRows() && viewIsOf.has_value(); }

@@ -11,7 +11,6 @@
 #include "geo/Position.h"
 #include "store/Connection.h"
 #include "store/Statement.h"
-#include "store/TextOrder.h"
 
 namespace ornivane {
 
@@ -37,10 +36,6 @@ std::pair<std::string, std::string> ReportOf(int added) {
 
 } // namespace
 
-bool AirfieldTransfer::Before::operator()(const std::string& a, const std::string& b) const {
-    return CompareText(a, b) < 0;
-}
-
 AirfieldTransfer::AirfieldTransfer(const Language& shownIn, OpenStores& openStores, Dialogs& messages)
     : language(shownIn), stores(openStores), dialogs(messages) {}
 
@@ -57,11 +52,8 @@ void AirfieldTransfer::cmbKategorie_Click(const std::string& category) {
 }
 
 const AirfieldCountry& AirfieldTransfer::Named(const std::string& name) const {
-    const auto at = std::lower_bound(listAP.begin(), listAP.end(), name,
-                                     [](const AirfieldCountry& country, const std::string& text) {
-                                         return CompareText(country.Name, text) < 0;
-                                     });
-    return *at; // the names are those of the list
+    // The names are those of the list.
+    return *std::ranges::lower_bound(listAP, name, TextBefore(), &AirfieldCountry::Name);
 }
 
 void AirfieldTransfer::listAP_Click(const std::vector<std::size_t>& selected) {

@@ -9,6 +9,7 @@
 #include "common/OpenStores.h"
 #include "platform/Dialogs.h"
 #include "settings/AirfieldCountries.h"
+#include "store/TextOrder.h"
 
 namespace ornivane {
 
@@ -34,10 +35,7 @@ public:
     std::string lblCount;
 
 private:
-    struct Before {
-        bool operator()(const std::string& a, const std::string& b) const;
-    };
-    using Names = std::set<std::string, Before>;
+    using Names = std::set<std::string, TextBefore>;
 
     const AirfieldCountry& Named(const std::string& name) const;
     Names WaypointNames() const;

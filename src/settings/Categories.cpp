@@ -23,8 +23,6 @@ void Categories::Form_Activate() {
     if (isTyped) tKategorie = entered;
 }
 
-std::string Categories::CurrentName() const { return CategoriesSet.TextOrEmpty("Kategorie"); }
-
 void Categories::GridRowChanged() {
     if (HasRow()) tKategorie = CurrentName();
 }

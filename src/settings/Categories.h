@@ -36,7 +36,7 @@ public:
     std::string tKategorie;  // the entry field
 
 private:
-    std::string CurrentName() const;
+    std::string CurrentName() const { return CategoriesSet.TextOrEmpty("Kategorie"); }
     bool HasRow() const { return CategoriesSet.RecordCount() > 0 && !CategoriesSet.Eof(); }
     bool Exists(const std::string& name);
     // The row at this place, from 1, or the last one.

@@ -80,8 +80,6 @@ void SettingsScreen::chkTrack_Click(bool ticked) {
     chkTrack = TrackEnabledControls = world.Shared.TrackEnabled = ticked;
 }
 
-void SettingsScreen::chkAutoOn_Click(bool ticked) { chkAutoOn = world.Shared.TrackAuto = ticked; }
-
 bool SettingsScreen::cmdGetWaypoint_Click() {
     if (world.Shared.AirfieldStoreOpen) return true;
     world.Messages.Message(

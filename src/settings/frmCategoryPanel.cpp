@@ -16,11 +16,7 @@
 
 namespace ornivane {
 
-namespace {
-
 constexpr int RowHeight = 34, NumberWidth = 46, EntryHeight = 44; // pixels
-
-} // namespace
 
 frmCategoryPanel::frmCategoryPanel(Categories& categories, const Language& shownIn, EventGuard& eventGuard,
                                    const OpenedDialogs& opened)

@@ -45,8 +45,8 @@ frmGetWaypoints::frmGetWaypoints(const Language& shownIn, OpenStores& stores, Di
 }
 
 void frmGetWaypoints::LayOut() {
-    Label1 = parts::Label("Label1");
-    Label2 = parts::Label("Label2");
+    auto* Label1 = parts::Label("Label1", "Länder");
+    auto* Label2 = parts::Label("Label2", "Kategorie");
     lblCount = parts::Label("lblCount");
     lblCount->setStyleSheet("font-size: 18px; font-weight: bold");
     listAP = parts::ChoiceList("listAP");
@@ -74,8 +74,6 @@ void frmGetWaypoints::ShowState() {
 
 void frmGetWaypoints::ApplyTexts() {
     setWindowTitle("Flughäfen importieren");
-    Label1->setText("Länder");
-    Label2->setText("Kategorie");
     cmdEnd->setText("Schließen");
     const auto tip = [this](QWidget* widget, const char* german, const char* english) {
         widget->setToolTip(language.Text(german, english));

@@ -5,11 +5,7 @@
 
 namespace ornivane::parts {
 
-namespace {
-
 constexpr int PressHeight = 44; // pixels
-
-} // namespace
 
 const char* const SectionStyle = R"(
 QGroupBox { margin-top: 11px; padding: 14px 6px 4px 6px; }
@@ -33,8 +29,8 @@ QComboBox* Combo(const char* name) {
     return combo;
 }
 
-QLabel* Label(const char* name) {
-    auto* label = Named(new QLabel, name);
+QLabel* Label(const char* name, const QString& text) {
+    auto* label = Named(new QLabel(text), name);
     label->setTextFormat(Qt::PlainText);
     return label;
 }

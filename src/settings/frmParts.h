@@ -4,7 +4,6 @@
 #include <QLabel>
 #include <QListView>
 #include <QPushButton>
-#include <QString>
 #include <cstddef>
 #include <string>
 #include <vector>
@@ -17,7 +16,7 @@ namespace ornivane::parts {
 
 QPushButton* Button(const char* name);
 QComboBox* Combo(const char* name);
-QLabel* Label(const char* name);
+QLabel* Label(const char* name, const QString& text = {});
 // Rows high enough for a finger; a press chooses a row or leaves it out again, Ctrl+A takes all.
 QListView* ChoiceList(const char* name);
 // The chosen rows, from 0, ascending.

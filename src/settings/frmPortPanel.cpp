@@ -40,10 +40,10 @@ frmPortPanel::frmPortPanel(PortTest& portTest, const PortList& portList, const L
 
 void frmPortPanel::MakeChoice(QBoxLayout& layout, EventGuard& guard) {
     auto* row = new QHBoxLayout;
-    portCaption = parts::Label("Label1");
+    auto* portCaption = parts::Label("Label1", "COM");
     cmbCom = parts::Combo("cmbCom");
     cmbCom->setMinimumWidth(110);
-    baudCaption = parts::Label("Label2");
+    auto* baudCaption = parts::Label("Label2", "Baud");
     cmbBaud = parts::Combo("cmbBaud");
     for (QWidget* widget : std::initializer_list<QWidget*>{portCaption, cmbCom, baudCaption, cmbBaud})
         row->addWidget(widget);
@@ -62,7 +62,10 @@ void frmPortPanel::MakeChoice(QBoxLayout& layout, EventGuard& guard) {
 void frmPortPanel::MakeDisplays(QBoxLayout& layout) {
     lblStatus = parts::Label("lblStatus");
     lblHint = parts::Label("lblHint");
-    for (QLabel* label : {lblStatus, lblHint}) label->setWordWrap(true);
+    for (QLabel* label : {lblStatus, lblHint}) {
+        label->setWordWrap(true);
+        layout.addWidget(label);
+    }
     lblHint->setStyleSheet("font-weight: bold");
     tGPS = Named(new QLineEdit, "tGPS");
     tGPS->setReadOnly(true);
@@ -71,7 +74,6 @@ void frmPortPanel::MakeDisplays(QBoxLayout& layout) {
     lblComVerbindung = parts::Label("lblComVerbindung");
     LabelStatus = parts::Label("LabelStatus");
     lblSatellites = parts::Label("lblSatellites");
-    for (QLabel* label : {lblStatus, lblHint}) layout.addWidget(label);
     layout.addWidget(tGPS);
     auto* lamps = new QHBoxLayout;
     for (QLabel* lamp : {lblComVerbindung, LabelStatus}) {
@@ -135,8 +137,6 @@ void frmPortPanel::ShowState() {
 
 void frmPortPanel::ApplyLanguage() {
     setTitle("GPS");
-    portCaption->setText("COM");
-    baudCaption->setText("Baud");
     cmdCheck->setText(Text(" GPS Verbindung überprüfen ", " Check GPS Connection "));
     latCaption->setText(Text("Breitengrad", "Latitude"));
     longCaption->setText(Text("Längengrad", "Longitude"));

@@ -36,9 +36,9 @@ private:
     QComboBox *cmbCom = nullptr, *cmbBaud = nullptr;
     QPushButton* cmdCheck = nullptr;
     QLineEdit* tGPS = nullptr;
-    QLabel *portCaption = nullptr, *baudCaption = nullptr, *latCaption = nullptr, *longCaption = nullptr;
     QLabel *lblStatus = nullptr, *lblHint = nullptr, *lblComVerbindung = nullptr, *LabelStatus = nullptr;
-    QLabel *lblSatellites = nullptr, *lblLat = nullptr, *lblLong = nullptr;
+    QLabel *lblSatellites = nullptr, *lblLat = nullptr, *lblLong = nullptr, *latCaption = nullptr,
+           *longCaption = nullptr;
 };
 
 } // namespace ornivane

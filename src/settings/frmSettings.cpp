@@ -11,6 +11,7 @@
 
 #include "platform/qt/EnterKey.h"
 #include "platform/qt/Events.h"
+#include "platform/qt/Spaced.h"
 #include "settings/frmCategoryPanel.h"
 #include "settings/frmGetWaypoints.h"
 #include "settings/frmManager.h"
@@ -63,9 +64,7 @@ frmSettings::frmSettings(const SettingsFormServices& formServices)
          }});
 
     auto* page = new QWidget;
-    auto* columns = new QHBoxLayout(page);
-    columns->setContentsMargins(14, 4, 14, 10);
-    columns->setSpacing(14);
+    auto* columns = Spaced(new QHBoxLayout(page), 14, {14, 4, 14, 10});
     auto* left = new QVBoxLayout;
     auto* right = new QVBoxLayout;
     columns->addLayout(left, 1);
@@ -138,8 +137,7 @@ QGroupBox* frmSettings::MakeTrack() {
     chkTrack = Choice<QCheckBox>("chkTrack");
     chkAutoOn = Choice<QCheckBox>("chkAutoOn");
     intervalCaption = parts::Label("Label5");
-    intervalUnit = parts::Label("Label6");
-    intervalUnit->setText("[ s ]");
+    auto* intervalUnit = parts::Label("Label6", "[ s ]");
     cmbTrack = parts::Combo("cmbTrack");
     cmbTrack->setEditable(true);
     cmbTrack->setInsertPolicy(QComboBox::NoInsert);
@@ -173,10 +171,8 @@ QGroupBox* frmSettings::MakeAirspace() {
     frmLuftraum = Named(new QGroupBox, "frmLuftraum");
     auto* layout = new QHBoxLayout(frmLuftraum);
     layout->setContentsMargins(4, 0, 4, 4);
-    qnhCaption = parts::Label("Label8");
-    qnhUnit = parts::Label("Label9");
-    qnhCaption->setText("QNH");
-    qnhUnit->setText("hPa");
+    auto* qnhCaption = parts::Label("Label8", "QNH");
+    auto* qnhUnit = parts::Label("Label9", "hPa");
     tQNH = Named(new QLineEdit, "tQNH");
     tQNH->setMinimumHeight(PressHeight);
     tQNH->setFixedWidth(110);

@@ -58,7 +58,7 @@ private:
 
     SettingsFormServices services;
     std::unique_ptr<SettingsScreen> logic;
-    QLabel* lblTitle = nullptr;
+    QLabel *lblTitle = nullptr, *intervalCaption = nullptr;
     frmPortPanel* port = nullptr;
     frmCategoryPanel* categories = nullptr;
     QGroupBox *frmLanguage = nullptr, *frmSymbol = nullptr, *Frame4 = nullptr, *frmLuftraum = nullptr;
@@ -66,7 +66,6 @@ private:
     QRadioButton *Option1 = nullptr, *Option2 = nullptr;
     QCheckBox *chkTrack = nullptr, *chkAutoOn = nullptr;
     QComboBox* cmbTrack = nullptr;
-    QLabel *intervalCaption = nullptr, *intervalUnit = nullptr, *qnhCaption = nullptr, *qnhUnit = nullptr;
     QPushButton* cmdTrack = nullptr;
     QLineEdit* tQNH = nullptr;
 };

@@ -103,10 +103,6 @@ void Connection::Open(const fs::path& file, Mode mode) {
     handle = std::move(opened);
 }
 
-void Connection::Close() { handle.reset(); }
-
-bool Connection::IsOpen() const { return handle != nullptr; }
-
 int Connection::Execute(const std::string& sql, const std::vector<Value>& parameters) {
     Statement statement(*this, sql, parameters);
     while (statement.Step()) {

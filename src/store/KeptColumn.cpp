@@ -19,8 +19,6 @@ void KeptColumn::Leave(std::int64_t rowId) {
     std::erase_if(cells, [rowId](const Cell& cell) { return cell.RowId == rowId; });
 }
 
-void KeptColumn::PutBack() const { Write({}, {}); }
-
 void KeptColumn::PutBackOver(const Value& present) const {
     Write(" AND " + place.Column + " = ?", {present});
 }

@@ -119,10 +119,7 @@ void Recordset::Close() {
 
 void Recordset::Requery() {
     if (!state->Open) throw RuntimeError(ErrorNumber::ObjectClosed);
-    if (!state->Source) {
-        MoveFirst();
-        return;
-    }
+    if (!state->Source) return MoveFirst();
     TableSource::Result result = state->Source->Load();
     state->Take(std::move(result.Fields), std::move(result.Rows));
 }

@@ -10,11 +10,6 @@ namespace ornivane {
 
 void Statement::Finalizer::operator()(sqlite3_stmt* toFinalize) const { sqlite3_finalize(toFinalize); }
 
-Statement::Statement() = default;
-Statement::~Statement() = default;
-Statement::Statement(Statement&&) noexcept = default;
-Statement& Statement::operator=(Statement&&) noexcept = default;
-
 Statement::Statement(Connection& connection, std::string_view sql, std::span<const Value> parameters) {
     sqlite3_stmt* raw = nullptr;
     sqlite3* handle = connection.Handle();

@@ -19,12 +19,9 @@ class Connection;
 // Errors are RuntimeError StoreError. Must not outlive its connection's being open.
 class Statement {
 public:
-    Statement();
+    Statement() = default;
     // The values are bound to its ?.
     Statement(Connection& connection, std::string_view sql, std::span<const Value> parameters = {});
-    ~Statement();
-    Statement(Statement&&) noexcept;
-    Statement& operator=(Statement&&) noexcept;
 
     bool IsPrepared() const { return statement != nullptr; }
     // Ends the last run and forgets its rows; bound values stay.

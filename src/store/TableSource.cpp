@@ -25,25 +25,9 @@ FieldType TypeOf(std::string_view declared) {
     return type == "date" ? FieldType::Date : FieldType::Text;
 }
 
-bool Fits(FieldType type, const Value& value) {
-    switch (type) {
-    case FieldType::Integer:
-        return std::holds_alternative<std::int64_t>(value.Raw());
-    case FieldType::Double:
-        return std::holds_alternative<double>(value.Raw());
-    case FieldType::Boolean:
-        return std::holds_alternative<bool>(value.Raw());
-    case FieldType::Text:
-    case FieldType::Date:
-        break;
-    }
-    return std::holds_alternative<std::string>(value.Raw());
-}
-
 // A value that the field's type does not fit is kept as it stands: the row can be read, and using that one
 // value is the error.
 Value Fitting(const FieldInfo& field, Value value) {
-    if (Fits(field.Type, value)) return value;
     IgnoreErrors([&] { value = ConvertFor(field, value); });
     return value;
 }

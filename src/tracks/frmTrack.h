@@ -3,7 +3,6 @@
 #include <QAbstractTableModel>
 #include <QDialog>
 #include <functional>
-#include <memory>
 
 #include "common/Variablen.h"
 #include "tracks/TrackManager.h"
@@ -46,7 +45,6 @@ class frmTrack : public QDialog {
 
 public:
     frmTrack(const Variablen& variablen, EventGuard& guard, Dialogs& dialogs, QWidget* window);
-    ~frmTrack() override;
 
     // RuntimeError when there is no track store; the form closes then.
     void Start();
@@ -69,7 +67,7 @@ private:
     QtNotice* noticeBar; // the window's lies under this dialog
     Undo lastDeed;
     TrackManager logic;
-    std::unique_ptr<TrackPointsModel> model;
+    TrackPointsModel model;
     int shownFilling = 0; // which reading of the list the controls show
     bool showing = false; // ShowState moves the current row, not the user
     QListWidget *listTrack = nullptr, *listIndex = nullptr;

@@ -128,7 +128,7 @@ std::vector<Airfield> AirportList::Release() {
     std::vector<Airfield> fields;
     for (Entry& entry : entries)
         if (entry.Taken) fields.push_back(std::move(entry.Field));
-    std::sort(fields.begin(), fields.end(), [](const auto& a, const auto& b) { return a.Code < b.Code; });
+    std::ranges::sort(fields, {}, &Airfield::Code);
     byId.clear();
     byIdent.clear();
     byCode.clear();

@@ -85,8 +85,7 @@ Surface SurfaceOf(std::string_view text) {
     const std::size_t letter = std::min(upper.find_first_of("ABCDEFGHIJKLMNOPQRSTUVWXYZ"), upper.size());
     const std::string_view word = std::string_view(upper).substr(letter);
     if (word.empty() || word == "U" || word == "X" || word.starts_with("UNK")) return Surface::Unknown;
-    const bool paved =
-        std::any_of(Paved.begin(), Paved.end(), [&](auto start) { return word.starts_with(start); });
+    const bool paved = std::ranges::any_of(Paved, [&](auto start) { return word.starts_with(start); });
     return paved ? Surface::Paved : Surface::Unpaved;
 }
 

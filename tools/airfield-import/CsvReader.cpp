@@ -6,9 +6,7 @@
 
 namespace ornivane::airfields {
 
-namespace {
 constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
-}
 
 CsvReader::CsvReader(std::string_view of) : text(of) {
     if (text.starts_with(ByteOrderMark)) text.remove_prefix(ByteOrderMark.size());

@@ -66,8 +66,7 @@ public:
             content.Refusals.push_back({line, "the end, after " +
                                                   std::to_string(strayLines - MostStrayLines) +
                                                   " more lines that are no records of airspaces"});
-        std::stable_sort(content.Refusals.begin(), content.Refusals.end(),
-                         [](const Refusal& a, const Refusal& b) { return a.Line < b.Line; });
+        std::ranges::stable_sort(content.Refusals, {}, &Refusal::Line);
         return std::move(content);
     }
 

@@ -44,8 +44,8 @@ Playback::Playback(std::istream& in, bool again) : loop(again) {
         line.erase(line.find_last_not_of(" \r\n") + 1);
         if (line.starts_with('$') || line.starts_with('!')) sentences.push_back(line + "\r\n");
     }
-    const bool timed = std::any_of(sentences.begin(), sentences.end(),
-                                   [](const auto& sentence) { return TimeIn(sentence); });
+    const bool timed =
+        std::ranges::any_of(sentences, [](const auto& each) { return TimeIn(each).has_value(); });
     for (const std::string& sentence : sentences) {
         if (bursts.empty()) bursts.emplace_back();
         if (timed)

@@ -74,18 +74,11 @@ QMessageBox* QtDialogs::Make(const Box& box) {
 
 void QtDialogs::MessageBeside(const std::string& title, const std::string& text) {
     const Box box{QString::fromStdString(title), QString::fromStdString(text), {}};
-    if (beside) {
-        beside->setText(box.Text);
-        return;
-    }
+    if (beside) return beside->setText(box.Text);
     beside = Make(box);
     beside->setModal(false);
     beside->setAttribute(Qt::WA_ShowWithoutActivating); // the keys stay where they are
     beside->show();
-}
-
-void QtDialogs::MessageAndWait(const std::string& title, const std::string& text) {
-    MessageWithDetails(title, text, {});
 }
 
 void QtDialogs::MessageWithDetails(const std::string& title, const std::string& text,

@@ -157,10 +157,7 @@ void QtNotice::ShowOver(QWidget& dialog) {
 void QtNotice::Dismiss() {
     const bool stood = !standing.isEmpty() || !cmdNotice->isVisibleTo(this);
     standing.clear();
-    if (offered && stood) {
-        ShowOffer();
-        return;
-    }
+    if (offered && stood) return ShowOffer();
     Withdraw();
     hide();
 }
