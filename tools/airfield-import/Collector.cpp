@@ -57,7 +57,7 @@ void Collector::Take(const RunwayRecord& record) {
     runway.Length = MetresOf(feet);
     runway.Paved = IsPaved(record, runway.Length, owner->LargeOrMedium);
     runway.Designator = DesignatorOf(record.LowIdent, record.HighIdent);
-    runway.Heading = HeadingOf(record.LowIdent, record.LowHeading, record.HighIdent, record.HighHeading);
+    runway.Heading = HeadingOf({record.LowIdent, record.LowHeading}, {record.HighIdent, record.HighHeading});
     owner->Field.Runways.push_back(std::move(runway));
 }
 
@@ -71,7 +71,7 @@ void Collector::Take(const FrequencyRecord& record) {
         return report.Refuse(record.Where, "frequency " + Shown(record.Frequency) + " is none in MHz");
     if (megahertz < LowestMegahertz || megahertz >= HighestMegahertz)
         return report.LeaveOut("frequencies outside 108 to 137 MHz");
-    Station station{StationName(record.Type, record.Description), FrequencyText(megahertz)};
+    Station station{StationName({record.Type, record.Description}), FrequencyText(megahertz)};
     if (station.Name.empty()) return report.Refuse(record.Where, "a frequency without type and description");
     if (CharacterCount(station.Name) > LongestStationName)
         return report.Refuse(record.Where, "a station's name of more than 80 characters");

@@ -8,7 +8,7 @@ namespace ornivane::airfields {
 
 constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 
-CsvReader::CsvReader(std::string_view of) : text(of) {
+CsvReader::CsvReader(std::string_view csvText) : text(csvText) {
     if (text.starts_with(ByteOrderMark)) text.remove_prefix(ByteOrderMark.size());
 }
 

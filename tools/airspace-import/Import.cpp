@@ -8,7 +8,7 @@
 
 namespace ornivane {
 
-Import::Import(std::ostream& reportTo, std::ostream& problemsTo) : report(reportTo), problems(problemsTo) {}
+Import::Import(std::ostream& out, std::ostream& errors) : report(out), problems(errors) {}
 
 void Import::Add(const std::string& file, std::string_view bytes) {
     OpenAirContent content = ReadOpenAir(bytes);

@@ -81,13 +81,19 @@ private:
         const std::string keyword = Upper(text.substr(0, std::min<std::size_t>(length, 20)));
         const std::string_view body = TrimWhite(text.substr(length));
         try {
-            Understand(keyword, body, text);
+            Understand({keyword, body, text});
         } catch (const Unusable& reason) {
             Spoil(reason.what());
         }
     }
 
-    void Understand(const std::string& keyword, std::string_view body, std::string_view text) {
+    struct Record {
+        const std::string& Keyword;
+        std::string_view Body, Text;
+    };
+
+    void Understand(const Record& record) {
+        const auto& [keyword, body, text] = record;
         if (keyword == "AC")
             Begin(WithoutComment(body));
         else if (keyword == "TO" || keyword == "TC")

@@ -116,7 +116,8 @@ Probe::Probe(const QString& socket) {
 }
 
 // A command that opens a dialog answers when it closes; whoever asked may be gone by then.
-void Probe::Serve(QPointer<QLocalSocket> peer) {
+void Probe::Serve(const QPointer<QLocalSocket>& asking) {
+    const QPointer<QLocalSocket> peer = asking; // the one given may end with its event
     while (peer && peer->canReadLine()) {
         QString answer = Answer(QString::fromUtf8(peer->readLine()).trimmed());
         answer.replace('\\', "\\\\").replace('\n', "\\n");
@@ -129,7 +130,7 @@ void Probe::Serve(QPointer<QLocalSocket> peer) {
 QString Probe::Answer(const QString& line) {
     const QStringList words = line.split(' ');
     const QString& command = words[0];
-    const QString done = ActOnWindow(command, words);
+    QString done = ActOnWindow(command, words);
     if (!done.isEmpty()) return done;
     QWidget* widget = words.size() > 1 ? Named(words[1]) : nullptr;
     if (!widget) return "error: no widget " + words.value(1);

@@ -38,9 +38,9 @@ bool WaitUntil(const std::function<bool()>& isSo, std::chrono::milliseconds pati
     return true;
 }
 
-ProbeClient::ProbeClient(const std::filesystem::path& path, std::chrono::milliseconds patience) {
-    if (!WaitUntil([&] { return (descriptor = Connect(path.string())) >= 0; }, patience))
-        throw std::runtime_error("the program does not answer at " + path.string());
+ProbeClient::ProbeClient(const std::filesystem::path& socket, std::chrono::milliseconds patience) {
+    if (!WaitUntil([&] { return (descriptor = Connect(socket.string())) >= 0; }, patience))
+        throw std::runtime_error("the program does not answer at " + socket.string());
 }
 
 ProbeClient::~ProbeClient() { close(descriptor); }
@@ -59,7 +59,7 @@ std::string ProbeClient::Ask(const std::string& line) {
         if (count <= 0) throw std::runtime_error("no answer to: " + line);
         received.append(bytes, static_cast<std::size_t>(count));
     }
-    const std::string answer = received.substr(0, end);
+    std::string answer = received.substr(0, end);
     received.erase(0, end + 1);
     return answer;
 }

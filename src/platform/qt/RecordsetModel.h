@@ -38,7 +38,7 @@ signals:
 private:
     void RowsReset() override;
     void RowInserted(int row) override;
-    void RowRemoved(int row) override { RowsReset(); }
+    void RowRemoved(int) override { RowsReset(); }
     void RowChanged(int row) override { emit dataChanged(index(row, 0), index(row, columnCount() - 1)); }
     void CurrentRowChanged() override { emit CurrentMoved(); }
 
