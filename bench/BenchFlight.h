@@ -72,7 +72,7 @@ struct Flight : ChartFolder {
             [] {}, [](FocusBy) {});
         Screen->Form_Load();
         Screen->Form_Activate();
-        Screen->Readouts.gps_FixObtained();
+        Screen->Readouts.FixObtained();
         Screen->State.CurLat = Latitude(50);
         Screen->State.CurLong = Longitude(9);
         Screen->cmdKartezentrieren_Click();

@@ -34,8 +34,8 @@ struct Cockpit : ChartFolder {
         Form->show();
         Form->Form_Activate();
         FlyingScreen& screen = Form->Logic();
-        screen.Readouts.gps_FixObtained();
-        screen.Readouts.gps_BearingReceived("090");
+        screen.Readouts.FixObtained();
+        screen.Readouts.BearingReceived("090");
         screen.State.CurLat = Latitude(50);
         screen.State.CurLong = Longitude(9);
         screen.State.HadPosition = true;
@@ -127,9 +127,9 @@ void ReceiveReadouts(benchmark::State& state) {
     FlyingScreen& screen = Screen();
     int track = 0;
     for (auto _ : state) {
-        screen.Readouts.gps_BearingReceived(std::to_string(track++ % 360));
-        screen.Readouts.gps_SpeedReceived(std::to_string(100 + track % 9));
-        screen.Readouts.gps_AltitudeReceived(std::to_string(500 + track % 9));
+        screen.Readouts.BearingReceived(std::to_string(track++ % 360));
+        screen.Readouts.SpeedReceived(std::to_string(100 + track % 9));
+        screen.Readouts.AltitudeReceived(std::to_string(500 + track % 9));
         screen.RefreshRouteList();
         TheCockpit().Form->ApplyLanguage();
         TheCockpit().Painted();

@@ -12,6 +12,7 @@
 #include "common/SettingsFiles.h"
 #include "platform/qt/Named.h"
 #include "platform/qt/QtNotice.h"
+#include "platform/qt/Spaced.h"
 
 namespace ornivane {
 
@@ -66,9 +67,7 @@ MainForm::MainForm(Variablen& shared, Services programServices)
     MakeToolbar();
     MakeMenu();
     auto* centre = new QWidget;
-    auto* layout = new QVBoxLayout(centre);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
+    auto* layout = Spaced(new QVBoxLayout(centre), 0);
     stack = Named(new QStackedWidget, "screens");
     layout->addWidget(stack, 1);
     if (services.NoticeBar) services.NoticeBar->StandIn(*centre);
@@ -113,11 +112,13 @@ void MainForm::MakeMenu() {
     menu = Named(new QMenu(this), "mnuMain");
     menu->setToolTipsVisible(true);
     menu->setStyleSheet(MenuStyle);
-    mnuUpdate = AddEntry("mnuUpdate", &MainForm::mnuUpdate_Click);
-    mnuExport = AddEntry("mnuExport", &MainForm::mnuExport_Click);
-    mnuImport = AddEntry("mnuImport", &MainForm::mnuImport_Click);
-    mnuLuftEin = AddEntry("mnuLuftEin", &MainForm::mnuLuftEin_Click);
-    mnuabout = AddEntry("mnuabout", &MainForm::mnuabout_Click);
+    mnuUpdate = AddEntry("mnuUpdate", [this] { mnuUpdate_Click(); });
+    mnuExport = AddEntry("mnuExport", [this] { services.ShowExport(this); });
+    mnuImport = AddEntry("mnuImport", [this] { services.ImportRoute(); });
+    mnuLuftEin = AddEntry("mnuLuftEin", [this] {
+        if (services.ShowAirspaceSettings) services.ShowAirspaceSettings();
+    });
+    mnuabout = AddEntry("mnuabout", [this] { mnuabout_Click(); });
     mnuUpdate->setVisible(false);
 
     cmdMenu = ToolbarButton("cmdMenu");
@@ -128,10 +129,10 @@ void MainForm::MakeMenu() {
     toolMain->addWidget(cmdMenu);
 }
 
-QAction* MainForm::AddEntry(const char* name, void (MainForm::*handler)()) {
+QAction* MainForm::AddEntry(const char* name, const std::function<void()>& handler) {
     QAction* entry = menu->addAction(QString());
     entry->setObjectName(name);
-    services.Guard->Connect(entry, &QAction::triggered, [this, handler] { (this->*handler)(); });
+    services.Guard->Connect(entry, &QAction::triggered, handler);
     return entry;
 }
 
@@ -195,11 +196,7 @@ void MainForm::ShowState() {
     mnuExport->setEnabled(current == Mode::Planning);
     mnuImport->setEnabled(current == Mode::Planning);
     mnuLuftEin->setEnabled(current == Mode::Planning);
-    ShowCaption();
-}
-
-// The screen first: a row of windows shows only the beginning. The flying screen has no name of its own.
-void MainForm::ShowCaption() {
+    // The screen first: a row of windows shows only the beginning. The flying screen has no name of its own.
     const QWidget* front = stack->currentWidget();
     const QString caption = front ? front->windowTitle() : QString();
     setWindowTitle(caption.isEmpty() ? ProgramName : caption + " – " + ProgramName);
@@ -211,14 +208,6 @@ void MainForm::toolMain_ButtonClick(Mode mode) {
     // A screen that knows where its keys belong has taken the focus already.
     QWidget* front = stack->currentWidget();
     if (front && !front->isAncestorOf(focusWidget())) front->setFocus();
-}
-
-void MainForm::mnuExport_Click() { services.ShowExport(this); }
-
-void MainForm::mnuImport_Click() { services.ImportRoute(); }
-
-void MainForm::mnuLuftEin_Click() {
-    if (services.ShowAirspaceSettings) services.ShowAirspaceSettings();
 }
 
 void MainForm::mnuabout_Click() {

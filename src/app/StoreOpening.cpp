@@ -64,7 +64,9 @@ Date ReleaseDate(Connection& connection) {
 StoreOpening::StoreOpening(Variablen& shared, Dialogs& messages) : variablen(shared), dialogs(messages) {}
 
 StoreOpening::Result StoreOpening::Run() {
-    OpenAirfields();
+    // Airfields are an extra that many installations do not have; the flag tells the screens.
+    variablen.AirfieldStoreOpen = !Open(variablen.AirfieldConn, variablen.ProgramFolder / "ovdata.ovd",
+                                        Connection::Mode::ReadOnly, AirfieldTables);
     Result result;
     result.MustEnd = !OpenData();
     if (result.MustEnd) return result;
@@ -75,12 +77,6 @@ StoreOpening::Result StoreOpening::Run() {
 
 std::string StoreOpening::Reason(const RuntimeError& error) const {
     return error.Number() == ErrorNumber::FileNotFound ? "" : DescribeError(error, variablen);
-}
-
-// Airfields are an extra that many installations do not have; the flag tells the screens.
-void StoreOpening::OpenAirfields() {
-    variablen.AirfieldStoreOpen = !Open(variablen.AirfieldConn, variablen.ProgramFolder / "ovdata.ovd",
-                                        Connection::Mode::ReadOnly, AirfieldTables);
 }
 
 bool StoreOpening::OpenData() {

@@ -84,13 +84,9 @@ void FlightPlan::Form_Activate() {
     for (int i = 0; i < static_cast<int>(RouteNames.size()); ++i)
         if (i == 0 || RouteNames[static_cast<std::size_t>(i)] == LastRoute)
             failed = ErrorOf([&] { cmbRoute_Click(i); });
-    if (ListIndex < 0) ListIndex = PlaceOf(tDatei); // the plan that still shows
+    const auto shown = std::ranges::find(RouteNames, tDatei); // the plan that still shows
+    if (ListIndex < 0 && shown != RouteNames.end()) ListIndex = static_cast<int>(shown - RouteNames.begin());
     if (failed) throw *failed;
-}
-
-int FlightPlan::PlaceOf(const std::string& route) const {
-    const auto at = std::find(RouteNames.begin(), RouteNames.end(), route);
-    return at == RouteNames.end() ? -1 : static_cast<int>(at - RouteNames.begin());
 }
 
 void FlightPlan::Form_Deactivate() {
@@ -99,8 +95,6 @@ void FlightPlan::Form_Deactivate() {
     if (const auto error = ErrorOf([this] { SavePlan(); })) Tell(*error);
     WriteFlightPlanEntries(settings.ProgramFolder, Entries);
 }
-
-void FlightPlan::Form_QueryUnload() { SavePlan(); }
 
 std::string FlightPlan::RouteName() const {
     return ListIndex < 0 ? std::string() : RouteNames[static_cast<std::size_t>(ListIndex)];
@@ -112,10 +106,6 @@ void FlightPlan::cmbRoute_Click(int index) {
     ListIndex = index;
     CalcPlan(false);
 }
-
-void FlightPlan::cmdCalc_Click() { CalcPlan(true); }
-
-void FlightPlan::cmdRevert_Click() { CalcPlan(false); }
 
 // An empty plan is not worth a file, and would take the place of one that is.
 void FlightPlan::SavePlan() {

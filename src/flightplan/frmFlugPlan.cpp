@@ -18,6 +18,7 @@
 #include "platform/qt/FillCombo.h"
 #include "platform/qt/FittedRuns.h"
 #include "platform/qt/Named.h"
+#include "platform/qt/Spaced.h"
 
 namespace ornivane {
 
@@ -71,9 +72,7 @@ frmFlugPlan::frmFlugPlan(const Services& servicesOf)
     : services(servicesOf),
       logic(services.Shared, services.Shared, services.Shared.DataConn, services.Boxes, services.Notices) {
     setObjectName("frmFlugPlan");
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(10, 8, 10, 8);
-    column->setSpacing(8);
+    auto* column = Spaced(new QVBoxLayout(this), 8, {10, 8, 10, 8});
     MakeTop(*column);
     MakeGrid(*column);
     MakeTotals(*column);
@@ -86,10 +85,8 @@ frmFlugPlan::frmFlugPlan(const Services& servicesOf)
 frmFlugPlan::~frmFlugPlan() = default;
 
 void frmFlugPlan::MakeTop(QBoxLayout& layout) {
-    auto* row = new QHBoxLayout;
-    row->setSpacing(10);
-    auto* route = new QVBoxLayout;
-    route->setSpacing(2);
+    auto* row = Spaced(new QHBoxLayout, 10);
+    auto* route = Spaced(new QVBoxLayout, 2);
     route->addWidget(lblRoute = Named(new QLabel, "lblRoute"));
     cmbRoute = Named(new QComboBox, "cmbRoute");
     cmbRoute->setMinimumHeight(ButtonHeight);
@@ -110,8 +107,7 @@ void frmFlugPlan::MakeTop(QBoxLayout& layout) {
 
 void frmFlugPlan::MakeEntries(QBoxLayout& layout) {
     for (std::size_t i = 0; i < PlanEntryCount; ++i) {
-        auto* column = new QVBoxLayout;
-        column->setSpacing(2);
+        auto* column = Spaced(new QVBoxLayout, 2);
         column->addWidget(captions[i] = new QLabel);
         auto* field = fields[i] = Named(new QLineEdit, EntryNames[i]);
         field->setMinimumHeight(ButtonHeight);

@@ -22,12 +22,9 @@ public:
     AirspaceView(Connection& luftraumConn, const DayQnh& qnh, const FlightState& state, DisplayFlags& flags,
                  std::function<void()> updateMap);
 
-    void cmdLR1_Click() { SetAirspace(true, false); }
-    void cmdLR2_Click() { SetAirspace(true, true); } // with heights
-    void picLR3_Click() { SetAirspace(false, false); }
-    void cmdAPT1_Click() { SetAirfields(true, false); }
-    void cmdAPT2_Click() { SetAirfields(true, true); } // with texts
-    void picAPT3_Click() { SetAirfields(false, false); }
+    // The text of airspace is its heights.
+    void SetAirspace(bool on, bool withText);
+    void SetAirfields(bool on, bool withText);
 
     // Adds the numbers of what is to be drawn, in its order; none in a run without the store. RuntimeError
     // for a row that cannot be read: what was found before it stays.
@@ -37,9 +34,6 @@ public:
     Colour lblQNHColour = FewAirspaces;
 
 private:
-    void SetAirspace(bool on, bool withText);
-    void SetAirfields(bool on, bool withText);
-
     const Connection& store;
     const DayQnh& qnh;
     const FlightState& state;

@@ -126,7 +126,6 @@ private:
     // What the link asks of its screen.
     void Do(LinkAction action);
     void Act(const FixEffects& effects);
-    void ShowLoss();
     void ShowLiveState();
     void timeTrack_Timer();
     void TellLogging(const std::optional<RuntimeError>& failure);
@@ -141,13 +140,9 @@ private:
     void CentreMap();
     void Redraw(RedrawOrder order, bool centringAsked = false);
     void Show(const NavigationStep& step);
-    void RouteGone(const std::string& name);
-    void TargetADayAway();
     void TellWhyNotCentred(bool centringAsked);
-    void LoadFlightSet();
     void ShowLastMap();
     void ActivateRoute();
-    void ActivateLink();
 
     FlyingScreenWorld world;
     std::function<void()> changed;

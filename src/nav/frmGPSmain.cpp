@@ -203,9 +203,7 @@ void frmGPSmain::MakeRouteList(QBoxLayout& layout) {
         screen->Route.RoutePointsSet,
         std::vector<RecordsetModel::Column>{
             {"Nummer", [] { return QString("Nr"); }, {}},
-            {"Name",
-             [this] { return QString::fromUtf8(services.Shared.Text("Streckenpunkt", "Route point")); },
-             {}}});
+            {"Name", [this] { return Text("Streckenpunkt", "Route point"); }, {}}});
     pointsBinding = std::make_unique<GridBinding>(*pointsModel, *gridWaypoints);
     gridWaypoints->horizontalHeader()->setStretchLastSection(true);
     gridWaypoints->setColumnWidth(0, 44);

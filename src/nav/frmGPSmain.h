@@ -91,8 +91,6 @@ private:
     LampButton* Switch(const char* name, const char* icon, const bool& isOn, Routine on, Routine off);
 
     void MapPressed(QPointF at, Qt::MouseButton button);
-    void MapMoved(QPointF at, Qt::MouseButtons held);
-    void MapReleased(Qt::MouseButton button);
     bool HandleKey(const QKeyEvent& event);
     bool HandleKeyUp(const QKeyEvent& event);
     bool CloseEntry();
@@ -110,7 +108,9 @@ private:
     void ShowMapRing();
     void ShowRoute();
     void PlaceOverMap();
-    QString Text(const char* german, const char* english) const;
+    QString Text(const char* german, const char* english) const {
+        return services.Shared.Text(german, english);
+    }
     void ApplyCaptions();
     QString WhyNoMap() const;
     void ApplyToolTips();

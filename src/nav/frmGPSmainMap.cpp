@@ -32,10 +32,16 @@ void frmGPSmain::MakeMap(QGridLayout& layout) {
     layout.addWidget(picMap, 0, 0);
     services.Guard.Connect(picMap, &SurfaceWidget::Pressed,
                            [this](QPointF at, Qt::MouseButton button) { MapPressed(at, button); });
-    services.Guard.Connect(picMap, &SurfaceWidget::Moved,
-                           [this](QPointF at, Qt::MouseButtons held) { MapMoved(at, held); });
-    services.Guard.Connect(picMap, &SurfaceWidget::Released,
-                           [this](QPointF, Qt::MouseButton button) { MapReleased(button); });
+    services.Guard.Connect(picMap, &SurfaceWidget::Moved, [this](QPointF at, Qt::MouseButtons held) {
+        if (!dragging || !(held & Qt::LeftButton)) return;
+        screen->Pan(at.x() - drag.x(), at.y() - drag.y());
+        drag = at;
+    });
+    services.Guard.Connect(picMap, &SurfaceWidget::Released, [this](QPointF, Qt::MouseButton button) {
+        if (!dragging || button != Qt::LeftButton) return;
+        dragging = false;
+        screen->UpdateMap();
+    });
     services.Guard.Connect(picMap, &SurfaceWidget::Resized, [this] {
         PlaceOverMap();
         if (loaded) screen->Form_Resize();
@@ -142,20 +148,18 @@ void frmGPSmain::ShowPanel(bool visible) {
 }
 
 void frmGPSmain::MakeStageButtons(QBoxLayout& layout) {
-    AirspaceView& view = screen->Airspace;
-    const auto changed = [this] { ShowState(); };
-    airspaceButton = new frmStageButton(frmSet, services.Guard, "airspace",
-                                        {{{"cmdLR1", [&view] { view.cmdLR1_Click(); }},
-                                          {"cmdLR2", [&view] { view.cmdLR2_Click(); }},
-                                          {"picLR3", [&view] { view.picLR3_Click(); }}}},
-                                        changed);
+    airspaceButton = new frmStageButton(frmSet, services.Guard, "airspace", {"cmdLR1", "cmdLR2", "picLR3"},
+                                        [this](bool on, bool withText) {
+                                            screen->Airspace.SetAirspace(on, withText);
+                                            ShowState();
+                                        });
     layout.addWidget(airspaceButton);
     MakeFlagLamps(layout, true);
-    airfieldButton = new frmStageButton(frmSet, services.Guard, "airfield",
-                                        {{{"cmdAPT1", [&view] { view.cmdAPT1_Click(); }},
-                                          {"cmdAPT2", [&view] { view.cmdAPT2_Click(); }},
-                                          {"picAPT3", [&view] { view.picAPT3_Click(); }}}},
-                                        changed);
+    airfieldButton = new frmStageButton(frmSet, services.Guard, "airfield", {"cmdAPT1", "cmdAPT2", "picAPT3"},
+                                        [this](bool on, bool withText) {
+                                            screen->Airspace.SetAirfields(on, withText);
+                                            ShowState();
+                                        });
     layout.addWidget(airfieldButton);
     for (const QWidget* stages : {airspaceButton, airfieldButton})
         for (auto* button : stages->findChildren<QAbstractButton*>())
@@ -169,18 +173,6 @@ void frmGPSmain::MapPressed(QPointF at, Qt::MouseButton button) {
     ShowState();
     dragging = button == Qt::LeftButton && screen->Map.HasMap() && screen->Map.CanPan();
     drag = at;
-}
-
-void frmGPSmain::MapMoved(QPointF at, Qt::MouseButtons held) {
-    if (!dragging || !(held & Qt::LeftButton)) return;
-    screen->Pan(at.x() - drag.x(), at.y() - drag.y());
-    drag = at;
-}
-
-void frmGPSmain::MapReleased(Qt::MouseButton button) {
-    if (!dragging || button != Qt::LeftButton) return;
-    dragging = false;
-    screen->UpdateMap();
 }
 
 void frmGPSmain::PlaceOverMap() {

@@ -17,10 +17,6 @@
 
 namespace ornivane {
 
-QString frmGPSmain::Text(const char* german, const char* english) const {
-    return QString::fromUtf8(services.Shared.Text(german, english));
-}
-
 void frmGPSmain::ApplyLanguage() {
     ApplyCaptions();
     ApplyToolTips();

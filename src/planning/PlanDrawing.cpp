@@ -15,7 +15,8 @@ constexpr int LineWidth = 3; // of the measuring line, pixels
 PlanDrawing::PlanDrawing(OpenStores& openStores, const Picture& picStorage, PictureSurface& picMap,
                          DrawingFaults& toTell)
     : stores(openStores), storage(picStorage), surface(picMap), faults(toTell),
-      airspace(openStores.LuftraumConn), waypoints(openStores.DataConn), airfields(openStores.AirfieldConn) {}
+      selection(openStores.LuftraumConn), airspace(openStores.LuftraumConn), waypoints(openStores.DataConn),
+      airfields(openStores.AirfieldConn) {}
 
 // A damaged row ends its layer; what was drawn of it stays.
 void PlanDrawing::DrawLayer(DrawingFaults::Layer layer, const std::function<void()>& draw) {
@@ -29,8 +30,7 @@ void PlanDrawing::RedrawPlan(const PlanScene& scene) {
     MapSymbols symbols(surface, scene.Transform, scene.SlideMap, settings);
     surface.PaintPicture(storage, {0, 0, surface.ScaleWidth(), surface.ScaleHeight()},
                          scene.Transform.Section());
-    DrawLayer(Layer::Airspace,
-              [&] { airspace.DrawPlanAirspace(scene.Airspace, surface, scene.Transform, scene.SlideMap); });
+    DrawLayer(Layer::Airspace, [&] { DrawPlanAirspace(scene); });
     if (scene.Route) DrawLayer(Layer::Route, [&] { DrawPlanRoute(*scene.Route, symbols); });
     DrawLayer(Layer::Waypoints, [&] { DrawWaypoints(scene, symbols); });
     if (scene.Measuring) surface.Keep();
@@ -39,6 +39,21 @@ void PlanDrawing::RedrawPlan(const PlanScene& scene) {
 }
 
 bool PlanDrawing::RecallPlan() { return kept && surface.Recall(); }
+
+// A row that cannot be read or drawn ends it: the airspaces behind it are missing then.
+void PlanDrawing::DrawPlanAirspace(const PlanScene& scene) {
+    const auto shown = scene.Airspace.Shown();
+    // That the store is missing was told when the program started.
+    if (shown == AirspaceChoice::Which::None || !stores.LuftraumConn.IsOpen()) return;
+    const AirspaceDrawing::Canvas canvas{surface, scene.Transform, scene.SlideMap, true, "+"};
+    const ViewBounds view = scene.Transform.GetViewBounds();
+    const auto height =
+        shown == AirspaceChoice::Which::AtHeight ? std::optional(scene.Airspace.Height()) : std::nullopt;
+    for (const std::int16_t number : selection.AirspacesAt(view, height))
+        airspace.DrawAirspace(canvas, number);
+    if (!scene.Airspace.tPR) return;
+    for (const std::int16_t number : selection.Patterns(view, height)) airspace.DrawAirspace(canvas, number);
+}
 
 // What of a leg lies outside the view falls off the picture by itself.
 void PlanDrawing::DrawPlanRoute(const PlanRoute& route, MapSymbols& symbols) {

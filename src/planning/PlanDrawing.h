@@ -4,10 +4,11 @@
 
 #include "common/OpenStores.h"
 #include "map/AirfieldBook.h"
+#include "map/AirspaceDrawing.h"
+#include "map/AirspaceSelection.h"
 #include "map/DrawingFaults.h"
 #include "map/MapSymbols.h"
 #include "map/WaypointWindow.h"
-#include "planning/PlanAirspace.h"
 #include "planning/PlanScene.h"
 #include "platform/PictureSurface.h"
 
@@ -28,6 +29,8 @@ public:
 
 private:
     void DrawLayer(DrawingFaults::Layer layer, const std::function<void()>& draw);
+    // At the height that the pilot chose, without a band around it and without QNH: nothing is flown here.
+    void DrawPlanAirspace(const PlanScene& scene);
     void DrawPlanRoute(const PlanRoute& route, MapSymbols& symbols);
     void DrawWaypoints(const PlanScene& scene, MapSymbols& symbols);
 
@@ -35,7 +38,8 @@ private:
     const Picture& storage;
     PictureSurface& surface;
     DrawingFaults& faults;
-    PlanAirspace airspace;
+    AirspaceSelection selection;
+    AirspaceDrawing airspace;
     WaypointWindow waypoints;
     AirfieldBook airfields;
     bool kept = false; // the surface has a copy of this picture

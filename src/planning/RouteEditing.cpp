@@ -208,13 +208,8 @@ Undo::Deed RouteEditing::KeepPoint(const Value& route) {
             }};
 }
 
-PlanEffects RouteEditing::cmdshowRoute() {
-    ShowRouteOn = true;
-    return {PlanEffect::Redraw};
-}
-
-PlanEffects RouteEditing::picShowRoute() {
-    ShowRouteOn = false;
+PlanEffects RouteEditing::SetShown(bool on) {
+    ShowRouteOn = on;
     return {PlanEffect::Redraw};
 }
 

@@ -49,8 +49,8 @@ public:
     // waypoint; nothing is written then.
     PlanEffects cmdAddwaypoint(const std::optional<WaypointBook::Waypoint>& waypoint);
     PlanEffects cmdDeleteWaypoint();
-    PlanEffects cmdshowRoute(); // the route is drawn from now on
-    PlanEffects picShowRoute(); // and no longer; also the click on lblRouteDistanz
+    PlanEffects cmdshowRoute() { return SetShown(true); }  // the route is drawn from now on
+    PlanEffects picShowRoute() { return SetShown(false); } // and no longer; also the click on lblRouteDistanz
 
     // An import has added a route, which is selected now, and then its points.
     void RouteAdded(const Value& route);
@@ -74,6 +74,7 @@ private:
     Undo::Deed KeepPoint(const Value& route);
     void SelectRoute(const Value& route);
     void RequeryRoutes(const Value& route);
+    PlanEffects SetShown(bool on);
     PlanEffects ShowSelected();
     double ReadPoints(PlanRoute& route);
 

@@ -335,8 +335,6 @@ void WaypointEditing::FilterBy(const std::string& category) {
     tKat = cmbKat;
 }
 
-void WaypointEditing::tKat_Click() { tKatVisible = false; }
-void WaypointEditing::cmbKat_LostFocus() { tKatVisible = true; }
 void WaypointEditing::tNS_Click() { tNS = tNS == NorthSouth::North ? NorthSouth::South : NorthSouth::North; }
 void WaypointEditing::tEW_Click() { tEW = tEW == EastWest::West ? EastWest::East : EastWest::West; }
 

@@ -76,8 +76,8 @@ public:
     void cmdPrev();
     void QuickFind(); // the first name from the text in tquickfind on
     PlanEffects ChooseCategory(const std::string& text);
-    void tKat_Click();
-    void cmbKat_LostFocus();
+    void tKat_Click() { tKatVisible = false; }
+    void cmbKat_LostFocus() { tKatVisible = true; }
     void tNS_Click();
     void tEW_Click();
 

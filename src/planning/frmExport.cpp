@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "platform/qt/EnterKey.h"
+#include "platform/qt/Spaced.h"
 
 namespace ornivane {
 
@@ -63,9 +64,7 @@ void frmExport::LayOut() {
     buttons->addStretch();
     buttons->addWidget(&cmdExport);
     buttons->addWidget(&cmdExit);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(24, 20, 24, 20);
-    layout->setSpacing(8);
+    auto* layout = Spaced(new QVBoxLayout(this), 8, {24, 20, 24, 20});
     layout->addWidget(&Label2);
     layout->addWidget(&cmbRoute);
     layout->addSpacing(12);

@@ -13,6 +13,7 @@
 
 #include "platform/qt/Events.h"
 #include "platform/qt/Named.h"
+#include "platform/qt/Spaced.h"
 
 namespace ornivane {
 
@@ -45,9 +46,7 @@ frmLuftraumSettings::frmLuftraumSettings(QWidget* parent, const Variablen& share
     setObjectName("frmLuftraumSettings");
     setAttribute(Qt::WA_DeleteOnClose);
     settings.Form_Load();
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(18, 14, 18, 14);
-    column->setSpacing(4);
+    auto* column = Spaced(new QVBoxLayout(this), 4, {18, 14, 18, 14});
     Option1 = Option("Option1", Which::All);
     Option2 = Option("Option2", Which::None);
     Option3 = Option("Option3", Which::AtHeight);

@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "base/Flagged.h"
+#include "planning/RouteImport.h"
 #include "planning/frmLuftraumSettings.h"
 #include "planning/frmRoutePanel.h"
 #include "planning/frmWaypointPanel.h"
@@ -18,6 +19,7 @@
 #include "platform/qt/QtPicture.h"
 #include "platform/qt/QtProgress.h"
 #include "platform/qt/ReadoutLabel.h"
+#include "platform/qt/Spaced.h"
 #include "platform/qt/SurfaceWidget.h"
 #include "platform/qt/ZoomSlider.h"
 
@@ -45,9 +47,7 @@ frmPlanung::frmPlanung(Variablen& variablen, Dialogs& messages, EventGuard& even
     setStyleSheet("QPushButton { padding: 0 4px; } QComboBox { min-height: 40px; }");
     MakeMap();
     MakeScreen();
-    auto* layout = new QGridLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
+    auto* layout = Spaced(new QGridLayout(this), 0);
     layout->setColumnStretch(1, 1);
     layout->setRowStretch(0, 1);
     layout->addWidget(waypoints, 0, 0);
@@ -85,31 +85,18 @@ void frmPlanung::MakeScreen() {
 }
 
 void frmPlanung::Focus(PlanEffect effect) {
-    switch (effect) {
-    case PlanEffect::FocusMap:
-        return picMap->setFocus();
-    case PlanEffect::FocusWaypoints:
-        return waypoints->FocusList();
-    case PlanEffect::FocusRoutes:
-        return routes->FocusList();
-    case PlanEffect::FocusName:
-        return waypoints->FocusEntry(1);
-    case PlanEffect::FocusLatitude:
-        return waypoints->FocusEntry(2);
-    case PlanEffect::FocusLongitude:
-        return waypoints->FocusEntry(3);
-    case PlanEffect::Redraw:
-    case PlanEffect::CentreOnEntry:
-        return;
-    }
+    if (effect == PlanEffect::FocusMap) picMap->setFocus();
+    if (effect == PlanEffect::FocusWaypoints) waypoints->FocusList();
+    if (effect == PlanEffect::FocusRoutes) routes->FocusList();
+    if (effect == PlanEffect::FocusName) waypoints->FocusEntry(1);
+    if (effect == PlanEffect::FocusLatitude) waypoints->FocusEntry(2);
+    if (effect == PlanEffect::FocusLongitude) waypoints->FocusEntry(3);
 }
 
 QFrame* frmPlanung::MakeBottom() {
     auto* bar = Named(new QFrame(this), "bottomBar");
     bar->setFixedHeight(BottomHeight);
-    auto* row = new QHBoxLayout(bar);
-    row->setContentsMargins(8, 3, 8, 3);
-    row->setSpacing(6);
+    auto* row = Spaced(new QHBoxLayout(bar), 6, {8, 3, 8, 3});
     SlideMap = Named(new ZoomSlider, "SlideMap");
     guard.Connect(SlideMap, &ZoomSlider::valueChanged, [this](int value) {
         if (!showing && screen->Map.HasMap()) screen->Map.SetSlide(value);
@@ -215,6 +202,15 @@ void frmPlanung::ShowAirspaceSettings() {
         ShowState();
     });
     dialog->open();
+}
+
+void frmPlanung::ImportRoute() {
+    RouteImport import(shared, shared, shared.DataConn, dialogs,
+                       {[this] { screen->Waypoints.ReadAgain(); },
+                        [this](const Value& route) { screen->Routes.RouteAdded(route); },
+                        [this] { screen->Routes.PointsAdded(); }});
+    Do([&] { import.GetRoute(); });
+    Do([this] { screen->RedrawPlan(); }); // also after an error: the lists have followed by themselves
 }
 
 void frmPlanung::ShowState() {

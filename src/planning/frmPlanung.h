@@ -42,10 +42,12 @@ public:
     void ApplyLanguage() override;
     // Opens the dialog that chooses the airspace of the map; one that is open comes to the front.
     void ShowAirspaceSettings();
+    // Takes a route from a file into the lists: nothing of it is seen but the file dialog and messages.
+    // Afterwards the imported route is selected, and what was being typed is still there.
+    void ImportRoute();
 
     PlanningScreen& Logic() { return *screen; }
-    // Runs an event on this screen, then shows the state; also one of a form that works for it. What an event
-    // did before an error shows as well.
+    // Runs an event, then shows the state. What an event did before an error shows as well.
     void Do(const std::function<void()>& event);
 
 protected:

@@ -16,8 +16,10 @@
 #include "platform/qt/FillCombo.h"
 #include "platform/qt/GridBinding.h"
 #include "platform/qt/LampButton.h"
+#include "platform/qt/Named.h"
 #include "platform/qt/RecordsetModel.h"
 #include "platform/qt/SingleClick.h"
+#include "platform/qt/Spaced.h"
 
 namespace ornivane {
 
@@ -46,9 +48,7 @@ frmWaypointPanel::frmWaypointPanel(QWidget* parent, WaypointEditing& toShow, con
     : frmListPanel(parent, texts, std::move(toRun)), waypoints(toShow), addToRoute(std::move(addsToRoute)) {
     setObjectName("frmWaypointPanel");
     setFixedWidth(PanelWidth);
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(8, 6, 8, 6);
-    column->setSpacing(5);
+    auto* column = Spaced(new QVBoxLayout(this), 5, {8, 6, 8, 6});
     MakeSearch(*column);
     MakeGrid(*column);
     MakeSteps(*column);
@@ -73,8 +73,7 @@ QWidget* frmWaypointPanel::Captioned(QLabel*& caption, std::initializer_list<QWi
 }
 
 QLineEdit* frmWaypointPanel::Field(const char* name) {
-    auto* field = new QLineEdit(this);
-    field->setObjectName(name);
+    auto* field = Named(new QLineEdit(this), name);
     field->setMinimumHeight(FieldHeight);
     field->installEventFilter(this);
     return field;
@@ -96,8 +95,7 @@ void frmWaypointPanel::MakeSearch(QBoxLayout& layout) {
         Do([this] { waypoints.QuickFind(); });
     });
     layout.addWidget(Captioned(searchCaption, {tquickfind}));
-    cmbKat = new QComboBox(this);
-    cmbKat->setObjectName("cmbKat");
+    cmbKat = Named(new QComboBox(this), "cmbKat");
     cmbKat->setMinimumHeight(FieldHeight);
     cmbKat->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     cmbKat->installEventFilter(this);
@@ -105,8 +103,7 @@ void frmWaypointPanel::MakeSearch(QBoxLayout& layout) {
         Do([&] { return waypoints.ChooseCategory(cmbKat->itemText(index).toStdString()); });
         ShowCategories(waypoints); // the choice shows already, also one that could not be taken
     });
-    tKat = new QLabel(cmbKat);
-    tKat->setObjectName("tKat");
+    tKat = Named(new QLabel(cmbKat), "tKat");
     tKat->setTextFormat(Qt::PlainText);
     tKat->setStyleSheet("padding: 0 5px;"); // a frame inside such a list gets no style unless it has one
     tKat->setAttribute(Qt::WA_TransparentForMouseEvents); // a click opens the list under it
@@ -140,11 +137,9 @@ LampButton* frmWaypointPanel::Step(const char* name, void (WaypointEditing::*ste
 }
 
 void frmWaypointPanel::MakeSteps(QBoxLayout& layout) {
-    auto* row = new QHBoxLayout;
-    row->setSpacing(5);
+    auto* row = Spaced(new QHBoxLayout, 5);
     cmdPrev = Step("cmdPrev", &WaypointEditing::cmdPrev, "previous");
-    lblCount = new QLabel(this);
-    lblCount->setObjectName("lblCount");
+    lblCount = Named(new QLabel(this), "lblCount");
     lblCount->setAlignment(Qt::AlignCenter);
     cmdNext = Step("cmdNext", &WaypointEditing::cmdNext, "next");
     row->addWidget(cmdPrev, 1);
@@ -166,8 +161,7 @@ void frmWaypointPanel::MakeEntry(QBoxLayout& layout) {
     tNS = Hemisphere("tNS");
     entry(3);
     tEW = Hemisphere("tEW");
-    auto* row = new QHBoxLayout;
-    row->setSpacing(8);
+    auto* row = Spaced(new QHBoxLayout, 8);
     row->addWidget(Captioned(latCaption, {tWaypoint[2], tNS}));
     row->addWidget(Captioned(longCaption, {tWaypoint[3], tEW}));
     layout.addLayout(row);
@@ -176,8 +170,7 @@ void frmWaypointPanel::MakeEntry(QBoxLayout& layout) {
 void frmWaypointPanel::MakeButtons(QBoxLayout& layout) {
     cmdNew = Button("cmdNew", [this] { return waypoints.cmdNew(); });
     layout.addWidget(cmdNew);
-    auto* row = new QHBoxLayout;
-    row->setSpacing(5);
+    auto* row = Spaced(new QHBoxLayout, 5);
     cmdChange = Button("cmdChange", [this] { return waypoints.cmdChange(); });
     cmdDelete = Button("cmdDelete", [this] { return waypoints.cmdDelete(); });
     for (QPushButton* button : {cmdChange, cmdDelete}) new SingleClick(*button);
@@ -272,17 +265,10 @@ void frmWaypointPanel::HemisphereKey(const QObject* watched, int key) {
 }
 
 bool frmWaypointPanel::eventFilter(QObject* watched, QEvent* event) {
-    switch (event->type()) {
-    case QEvent::MouseButtonDblClick:
-        if (EmptyField(watched)) return true;
-        break;
-    case QEvent::MouseButtonRelease:
-        if (watched == tNS && IsClick(*tNS, *event)) Do([this] { waypoints.tNS_Click(); });
-        if (watched == tEW && IsClick(*tEW, *event)) Do([this] { waypoints.tEW_Click(); });
-        break;
-    default:
-        if (watched == cmbKat && FilterCategory(*event)) return true;
-    }
+    if (event->type() == QEvent::MouseButtonDblClick && EmptyField(watched)) return true;
+    if (watched == tNS && IsClick(*tNS, *event)) Do([this] { waypoints.tNS_Click(); });
+    if (watched == tEW && IsClick(*tEW, *event)) Do([this] { waypoints.tEW_Click(); });
+    if (watched == cmbKat) FilterCategory(*event);
     return frmListPanel::eventFilter(watched, event);
 }
 
@@ -297,22 +283,14 @@ bool frmWaypointPanel::EmptyField(const QObject* watched) {
 }
 
 // tKat masks the list but for its arrow; the mouse goes through it.
-bool frmWaypointPanel::FilterCategory(QEvent& event) {
-    switch (event.type()) {
-    case QEvent::Resize:
+void frmWaypointPanel::FilterCategory(QEvent& event) {
+    if (event.type() == QEvent::Resize)
         tKat->setGeometry(FocusFrame, FocusFrame, cmbKat->width() - ListArrow - FocusFrame,
                           cmbKat->height() - 2 * FocusFrame);
-        return false;
-    case QEvent::MouseButtonPress:
-        Do([this] { waypoints.tKat_Click(); });
-        return false;
-    case QEvent::FocusOut:
-        if (static_cast<QFocusEvent&>(event).reason() != Qt::PopupFocusReason)
-            Do([this] { waypoints.cmbKat_LostFocus(); });
-        return false;
-    default:
-        return false;
-    }
+    if (event.type() == QEvent::MouseButtonPress) Do([this] { waypoints.tKat_Click(); });
+    const bool loses = event.type() == QEvent::FocusOut;
+    if (loses && static_cast<QFocusEvent&>(event).reason() != Qt::PopupFocusReason)
+        Do([this] { waypoints.cmbKat_LostFocus(); });
 }
 
 void frmWaypointPanel::ApplyLanguage() {

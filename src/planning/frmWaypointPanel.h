@@ -57,7 +57,7 @@ private:
     void SearchKey(int key);
     void ListKey(int key);
     bool EmptyField(const QObject* watched);
-    bool FilterCategory(QEvent& event);
+    void FilterCategory(QEvent& event);
     void ShowCategories(const WaypointControls& controls);
     void ApplyToolTips();
     QString ChangeCaption(const std::optional<std::string>& otherTarget) const;

@@ -41,10 +41,10 @@ TEST_F(AirspaceViewTest, ShowsWhatReachesWithin400FeetOfTheHeight) {
     Airspace(3, "A", 0, 1000);
     Begin();
     EXPECT_EQ(LabelsAt("3000"), 0);
-    Screen->Airspace.cmdLR1_Click();
+    Screen->Airspace.SetAirspace(true, false);
     EXPECT_GT(Surface.Count("w5 #FF0000"), 0);
     EXPECT_EQ(LabelsAt("3000"), 0); // without heights
-    Screen->Airspace.cmdLR2_Click();
+    Screen->Airspace.SetAirspace(true, true);
     for (const auto& [altitude, shown] :
          {std::pair{"1599", 0}, {"1600", 1}, {"4400", 1}, {"4401", 0}, {"---", 0}, {"5100", 1}})
         EXPECT_EQ(LabelsAt(altitude), shown) << altitude;
@@ -58,7 +58,7 @@ TEST_F(AirspaceViewTest, ShowsWhatReachesWithin400FeetOfTheHeight) {
     for (int i = 10; i < 41; ++i) Airspace(i, "D", 2000, 4000);
     EXPECT_EQ(LabelsAt("3000"), 32);
     EXPECT_EQ(Screen->Airspace.lblQNHColour, AirspaceView::ManyAirspaces);
-    Screen->Airspace.picLR3_Click();
+    Screen->Airspace.SetAirspace(false, false);
     EXPECT_FALSE(Screen->Airspace.frmQNH);
     EXPECT_EQ(LabelsAt("3000"), 0);
 }
@@ -73,7 +73,7 @@ TEST_F(AirspaceViewTest, PatternsHaveNoUpperLimitAndTheirOwnWindow) {
     Screen->SetFlag(&DisplayFlags::ShowPatterns, true);
     EXPECT_EQ(Surface.Count(" w5 #"), 13); // number 1 alone; its arcs are red and black
     EXPECT_FALSE(Screen->Airspace.frmQNH);
-    Screen->Airspace.cmdLR1_Click();
+    Screen->Airspace.SetAirspace(true, false);
     EXPECT_EQ(Surface.Count(" w5 #"), 26); // the other kind is found beyond the view
     Screen->SetFlag(&DisplayFlags::ShowPatterns, false);
     EXPECT_EQ(Surface.Count(" w5 #"), 13);
@@ -106,11 +106,11 @@ TEST_F(AirspaceViewTest, ADamagedRowEndsTheSelectionAndNotTheRedraw) {
         "(2, 1, 'D', 0, 9000, 'DB', 50.30, 6.30)");
     Airspace(3, "D", 0, 9000);
     Begin();
-    Screen->Airspace.cmdLR1_Click();
+    Screen->Airspace.SetAirspace(true, false);
     EXPECT_EQ(Surface.Count(" w5 #"), 13);  // the first one
     EXPECT_EQ(Surface.Count("#80FFFF"), 1); // and the aircraft
     Screen->UpdateMap();
-    Screen->Airspace.cmdLR2_Click();
+    Screen->Airspace.SetAirspace(true, true);
     const std::vector<std::string> told{
         "Nicht alle Lufträume sind auf der Karte: es fehlt ein Wert (Luftraum.ovd, Index 2: PNumber 1)."};
     EXPECT_EQ(Notices.Shown, told); // once
@@ -160,13 +160,13 @@ TEST_F(AirspaceViewTest, AirfieldsShowRunwayAndRadioInThreeStages) {
     Begin();
     EXPECT_EQ(Surface.Count("r10"), 0); // off: an airfield shows nothing at all
     EXPECT_EQ(Surface.Count("r5 w4 #FF0000"), 1);
-    Screen->Airspace.cmdAPT1_Click();
+    Screen->Airspace.SetAirfields(true, false);
     EXPECT_EQ(Surface.Count("r10 w6 #000080"), 3);
     EXPECT_EQ(Surface.Count("#C0C0C0"), 2); // the bar of the paved one, in both directions
     EXPECT_EQ(Surface.Count("#00FF00"), 0) << "a heading that is no number has no bar";
     EXPECT_EQ(Surface.Count("[ EDAA ]"), 1);
     EXPECT_EQ(Surface.Count("1160 m"), 0);
-    Screen->Airspace.cmdAPT2_Click();
+    Screen->Airspace.SetAirfields(true, true);
     EXPECT_EQ(Surface.Count("[ 09/27 - 1160 m  ]"), 1);
     EXPECT_EQ(Surface.Count("[ 18/36 - 700.5 m  ]"), 1);
     EXPECT_EQ(Surface.Count("[  - 0 m  ]"), 1);
@@ -179,7 +179,7 @@ TEST_F(AirspaceViewTest, AirfieldsShowRunwayAndRadioInThreeStages) {
     Screen->cmdShowPoints_Click();
     EXPECT_EQ(Surface.Count("r10"), 3);
     EXPECT_EQ(Surface.Count("[ Stadt ]"), 0);
-    Screen->Airspace.picAPT3_Click();
+    Screen->Airspace.SetAirfields(false, false);
     EXPECT_EQ(Surface.Count("r10"), 0);
 }
 
@@ -244,7 +244,7 @@ TEST_F(AirspaceViewTest, TakesTheQnhOfTheSettingsWhenItsDayIsOver) {
 TEST_F(AirspaceViewTest, AQnhEnteredInFlightCountsAtOnceAndIsKept) {
     Airspace(1, "D", 5900, 6200);
     Begin();
-    Screen->Airspace.cmdLR2_Click();
+    Screen->Airspace.SetAirspace(true, true);
     EXPECT_EQ(LabelsAt("5200"), 0);
     const auto enter = [&](const char* text) {
         Screen->Qnh.lblQNH_Click();
@@ -280,7 +280,7 @@ TEST_F(AirspaceViewTest, AQnhHoldsThoughItCannotBeKept) {
     std::filesystem::create_directory(Folder.Path() / "LR.crm"); // no file can take this name
     Airspace(1, "D", 5900, 6200);
     Begin();
-    Screen->Airspace.cmdLR2_Click();
+    Screen->Airspace.SetAirspace(true, true);
     LabelsAt("5200");
     Screen->Qnh.lblQNH_Click();
     EXPECT_THROW(Screen->Qnh.tEnterQNH_Enter("1000"), RuntimeError);

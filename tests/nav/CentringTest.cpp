@@ -50,7 +50,7 @@ TEST_F(CentringTest, TellsOnceThatTheAircraftLeftTheChartAndAtEachPressOfTheButt
     EXPECT_TRUE(Notices.Shown.empty());
     RedrawAt(8.5);
     RedrawAt(8.6);
-    screen.Readouts.gps_FixLost(); // redraws as well
+    screen.Readouts.FixLost(); // redraws as well
     const std::string offChart = "Das Flugzeug ist nicht auf der Karte alpha.jpg; sie folgt ihm nicht.";
     EXPECT_EQ(Notices.Shown, std::vector<std::string>{offChart});
     screen.cmdKartezentrieren_Click();

@@ -28,11 +28,11 @@ protected:
     }
     // A position as the interpreter tells it, from decimal degrees north and east.
     void Fly(double lat, double longitude, bool fix = true) {
-        if (fix) Screen->Readouts.gps_FixObtained();
+        if (fix) Screen->Readouts.FixObtained();
         const auto raw = [](double degrees, const char* picture) {
             return Format(ToDegMinValue(Latitude(degrees)).Value() * 100, picture, LocaleText());
         };
-        Screen->Readouts.gps_PositionReceived(
+        Screen->Readouts.PositionReceived(
             {"N lat", "E long", raw(lat, "0000.0000"), raw(longitude, "00000.0000")});
     }
 

@@ -142,7 +142,7 @@ TEST_F(MapChoiceTest, OpensAtTheRouteUntilThereWasAPositionAndKeepsThatOneAfterw
     EXPECT_TRUE(screen.Map.CenterMap); // on the chart from the first redraw on
     EXPECT_EQ(screen.Map.View.SX, 500);
     Fly(50.5, 6.5);
-    screen.Readouts.gps_FixLost();
+    screen.Readouts.FixLost();
     screen.Form_Deactivate();
     screen.Form_Activate();
     EXPECT_NEAR(screen.State.CurLong.Degrees(), 6.5, 1e-6);

@@ -102,10 +102,10 @@ TEST_F(RoutePassingTest, APositionThatIsNotTheAircraftsSaysNothingOfPassing) {
     EXPECT_EQ(Row(), 2);
     EXPECT_EQ(Screen->State.lblDistanz, "2.9 NM");
 
-    Screen->Readouts.gps_FixLost();
+    Screen->Readouts.FixLost();
     Screen->cmdNext_Click(); // P3 is chosen while nobody knows where the aircraft is
     Screen->cmdPrev_Click();
-    Screen->Readouts.gps_FixObtained();
+    Screen->Readouts.FixObtained();
     StandAt(6.48);
     EXPECT_EQ(Row(), 2);
     StandAt(6.47); // now it has grown from one position to the next

@@ -44,15 +44,15 @@ TEST_F(TrackLoggerTest, WritesASampleAtEachIntervalBetweenTwoClicks) {
     Screen->cmdRecord_Click();
     EXPECT_EQ(Buttons(), "running");
     EXPECT_EQ(TrackTimer.Interval(), 10000);
-    Screen->Readouts.gps_TimeChanged("23:59:58");
+    Screen->Readouts.TimeChanged("23:59:58");
     Tick();
-    Screen->Readouts.gps_AltitudeReceived("300.5");
+    Screen->Readouts.AltitudeReceived("300.5");
     Clock.Time = {2026, 11, 23, 0, 0, 8}; // midnight; the receiver's clock is its own
     Tick();
     Screen->lblAlt_Click(); // metres from here on, the value that stands as well
     Tick();
     EXPECT_EQ(logger.lblRecord, "3");
-    Screen->Readouts.gps_AltitudeReceived("0.1"); // at sea level the display is empty
+    Screen->Readouts.AltitudeReceived("0.1"); // at sea level the display is empty
     Tick();
     Screen->picRecord_Click();
     EXPECT_EQ(Buttons(), "hand ");
@@ -79,7 +79,7 @@ TEST_F(TrackLoggerTest, StartsAndStopsByItselfAt30Knots) {
         {"30", "auto "}, {"30.1", "running"}, {"30", "running"}, {"29.9", "auto "}, {"80", "running"}};
     Screen->lblSpeed_Click(); // km/h on the display changes nothing
     for (const auto& [speed, buttons] : steps) {
-        Screen->Readouts.gps_SpeedReceived(speed);
+        Screen->Readouts.SpeedReceived(speed);
         EXPECT_EQ(Buttons(), buttons) << speed;
     }
     EXPECT_EQ(List().size(), 2u);
@@ -92,7 +92,7 @@ TEST_F(TrackLoggerTest, StartsAndStopsByItselfAt30Knots) {
     TrackSettings saved;
     EXPECT_TRUE(ReadTrackSettings(Folder.Path(), saved));
     EXPECT_EQ(saved, (TrackSettings{true, 10, false}));
-    Screen->Readouts.gps_SpeedReceived("90");
+    Screen->Readouts.SpeedReceived("90");
     EXPECT_EQ(Buttons(), "hand ");
 }
 
@@ -105,8 +105,8 @@ TEST_F(TrackLoggerTest, AClickThatStopsWritesTheSettingsAlsoOfARecordingByHand) 
 
 TEST_F(TrackLoggerTest, WithoutAFixAClickEndsTheAutomaticModeAndTheNextIntervalTheRecording) {
     Begin(true);
-    Screen->Readouts.gps_SpeedReceived("90");
-    Screen->Readouts.gps_FixLost();
+    Screen->Readouts.SpeedReceived("90");
+    Screen->Readouts.FixLost();
     Screen->picRecord_Click();
     EXPECT_EQ(Buttons(), "running");
     EXPECT_FALSE(Shared.TrackAuto);
@@ -118,13 +118,13 @@ TEST_F(TrackLoggerTest, WithoutAFixAClickEndsTheAutomaticModeAndTheNextIntervalT
 
 TEST_F(TrackLoggerTest, ALostFixEndsTheRecordingAndSpeedBeginsANewOne) {
     Begin(true);
-    Screen->Readouts.gps_SpeedReceived("90");
+    Screen->Readouts.SpeedReceived("90");
     Tick();
-    Screen->Readouts.gps_FixLost();
+    Screen->Readouts.FixLost();
     Tick();
     EXPECT_EQ(Buttons(), "auto ");
     Fly(50.6, 7.0);
-    Screen->Readouts.gps_SpeedReceived("90");
+    Screen->Readouts.SpeedReceived("90");
     Tick();
     EXPECT_EQ(Rows("SELECT \"Index\", Number FROM Track"), (std::vector<std::string>{"1|1", "2|1"}));
 }

@@ -1,7 +1,6 @@
 #include "screens/PlanningPanelsFixture.h"
 
 #include "planning/RouteExport.h"
-#include "planning/frmImport.h"
 
 namespace ornivane {
 namespace {
@@ -40,7 +39,7 @@ TEST_F(PlanningPanelsTest, AnImportLeavesWhatIsBeingTypedAndSelectsItsRoute) {
     Find<QLineEdit>("tWaypoint2").selectAll();
     Type("47.");
     Boxes.File = file.lblSave;
-    frmImport(Shared, Boxes, Window).GetRoute();
+    Window.ImportRoute();
     EXPECT_EQ(Boxes.Shown.back(), "Data imported|Route: Tour was added to the database");
     EXPECT_THAT(Texts({"tWaypoint1", "tWaypoint2"}), ElementsAre("Half", "47."));
     EXPECT_EQ(Focus(), "tWaypoint2");
