@@ -14,7 +14,7 @@ using Steps = std::vector<std::string>;
 class MapSymbolsTest : public Test {
 protected:
     // One degree is 1000 pixels, 50° N 6° E at the lower left of a view of 1:1.
-    const MapTransform Transform{{Longitude(6), Latitude(50), 400, 100, 100}, {0, 0, 800, 400}, 800, 400};
+    const MapTransform Transform{{Longitude(6), Latitude(50), 400, 100, 100}, {0, 0, 800, 400}, {800, 400}};
     DrawnSurface Surface;
 };
 

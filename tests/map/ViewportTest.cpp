@@ -62,7 +62,7 @@ TEST(Viewport, DragsOneImagePixelForOneViewPixelAndStopsAtTheEdges) {
 TEST(MapTransform, GoesThereAndBack) {
     // 6 to 7.4 degrees east, 50.6 to 51.4 degrees north on 2800 x 2540 pixels.
     const MapScale scale{Longitude(6), Latitude(50.6), 2540, 2540 / 8.0, 2800 / 14.0};
-    const MapTransform transform(scale, {100, 50, 700, 350}, 1400, 700);
+    const MapTransform transform(scale, {100, 50, 700, 350}, {1400, 700});
     const Point corner = transform.ImageOf(At(51.4, 7.4));
     EXPECT_NEAR(corner.X, 2800, 1e-9);
     EXPECT_NEAR(corner.Y, 0, 1e-9);

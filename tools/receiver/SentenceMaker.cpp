@@ -32,7 +32,8 @@ std::string Printed(const char* picture, Values... values) {
 }
 
 // Degrees and minutes as 4807.0380; rounded as a whole, so that the minutes never show 60.
-std::string Coordinate(double degrees, int degreeDigits) {
+template <int degreeDigits>
+std::string Coordinate(double degrees) {
     const long long parts = std::llround(std::fabs(degrees) * 60 * 10'000);
     const long long perDegree = 60LL * 10'000;
     return Printed("%0*lld%02lld.%04lld", degreeDigits, parts / perDegree, parts % perDegree / 10'000,
@@ -40,7 +41,7 @@ std::string Coordinate(double degrees, int degreeDigits) {
 }
 
 std::string Position(const Fix& fix) {
-    return Coordinate(fix.Lat, 2) + (fix.Lat < 0 ? ",S," : ",N,") + Coordinate(fix.Long, 3) +
+    return Coordinate<2>(fix.Lat) + (fix.Lat < 0 ? ",S," : ",N,") + Coordinate<3>(fix.Long) +
            (fix.Long < 0 ? ",W" : ",E");
 }
 
