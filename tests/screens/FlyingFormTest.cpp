@@ -192,12 +192,9 @@ TEST_F(FlyingFormTest, ABoxThatStandsStopsNothingAndDoesNotStackUp) {
 
 TEST_F(FlyingFormTest, AStageButtonKeepsTheKeysFromStageToStage) {
     QWidget window;
-    int stage = 0;
     frmStageButton* button = nullptr;
-    const auto show = [&] { button->ShowStage(stage >= 1, stage == 2); };
-    button = new frmStageButton(
-        &window, Guard, "airspace",
-        {{{"off", [&] { stage = 1; }}, {"on", [&] { stage = 2; }}, {"texts", [&] { stage = 0; }}}}, show);
+    button = new frmStageButton(&window, Guard, "airspace", {"off", "on", "texts"},
+                                [&](bool on, bool withText) { button->ShowStage(on, withText); });
     new QPushButton(&window); // where the keys would go
     window.show();
     button->findChild<QWidget*>("off")->setFocus();
