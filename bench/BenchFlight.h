@@ -3,12 +3,12 @@
 #include <QImage>
 #include <memory>
 
+#include "gps/GpsFakes.h"
 #include "nav/FlyingScreen.h"
 #include "platform/qt/CompassCard.h"
 #include "platform/qt/QtPicture.h"
 #include "platform/qt/QtPictureSurface.h"
 #include "store/Schema.h"
-#include "support/IdleLink.h"
 #include "support/MapFakes.h"
 #include "support/TemporaryFolder.h"
 
@@ -72,14 +72,14 @@ struct Flight : ChartFolder {
             [] {}, [](FocusBy) {});
         Screen->Form_Load();
         Screen->Form_Activate();
-        Screen->Readouts.gps_FixObtained();
+        Screen->Readouts.FixObtained();
         Screen->State.CurLat = Latitude(50);
         Screen->State.CurLong = Longitude(9);
         Screen->cmdKartezentrieren_Click();
     }
 
-    IdlePort Port;
-    IdleTimer CheckTimer, TrackTimer;
+    FakePort Port;
+    FakeTimer CheckTimer, TrackTimer;
     SetClock Clock;
     QtPicture Chart;
     CompassCard Card;

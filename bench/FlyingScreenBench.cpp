@@ -34,13 +34,13 @@ struct Cockpit : ChartFolder {
         Form->show();
         Form->Form_Activate();
         FlyingScreen& screen = Form->Logic();
-        screen.Readouts.gps_FixObtained();
-        screen.Readouts.gps_BearingReceived("090");
+        screen.Readouts.FixObtained();
+        screen.Readouts.BearingReceived("090");
         screen.State.CurLat = Latitude(50);
         screen.State.CurLong = Longitude(9);
         screen.State.HadPosition = true;
         screen.cmdKartezentrieren_Click();
-        screen.SetShowRoute(true);
+        screen.SetFlag(&DisplayFlags::ShowRoute, true);
         screen.cmdActivateGoto_Click();
         screen.Instruments.lblVOR1 = "Punkt 5000";
         QApplication::processEvents();
@@ -48,10 +48,10 @@ struct Cockpit : ChartFolder {
     // Until it is on the screen.
     void Painted() { QApplication::processEvents(); }
 
-    IdlePort Port;
+    FakePort Port;
     NoPorts Ports;
-    IdleTimer CheckTimer;
-    IdleTimer TrackTimer;
+    FakeTimer CheckTimer;
+    FakeTimer TrackTimer;
     SetClock Clock;
     ScriptedDialogs Boxes;
     QtNotice Notices;
@@ -127,9 +127,9 @@ void ReceiveReadouts(benchmark::State& state) {
     FlyingScreen& screen = Screen();
     int track = 0;
     for (auto _ : state) {
-        screen.Readouts.gps_BearingReceived(std::to_string(track++ % 360));
-        screen.Readouts.gps_SpeedReceived(std::to_string(100 + track % 9));
-        screen.Readouts.gps_AltitudeReceived(std::to_string(500 + track % 9));
+        screen.Readouts.BearingReceived(std::to_string(track++ % 360));
+        screen.Readouts.SpeedReceived(std::to_string(100 + track % 9));
+        screen.Readouts.AltitudeReceived(std::to_string(500 + track % 9));
         screen.RefreshRouteList();
         TheCockpit().Form->ApplyLanguage();
         TheCockpit().Painted();

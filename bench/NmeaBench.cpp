@@ -10,7 +10,7 @@
 namespace ornivane {
 namespace {
 
-// Takes every event, so that nothing is spared.
+// Takes every event, so that no work is left out.
 struct Counter : NmeaListener {
     void PositionReceived(const PositionTexts& position) override { Count += position.Latitude.size(); }
     void TimeChanged(const std::string& time) override { Count += time.size(); }

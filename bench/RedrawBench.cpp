@@ -1,5 +1,5 @@
 // The whole redraw of the flying screen, chart and 10,000 waypoints, at the two ends and the middle of the
-// slider, beside the bare stretching of the chart in the same run. Loading beside the bare decoder. The chart
+// slider, beside the scaling of the chart alone in the same run. Loading beside the decoder alone. The chart
 // is 12,000 x 9,000 pixels, the view 1640 x 980. Needs QT_QPA_PLATFORM=offscreen where there is no display.
 
 #include <QGuiApplication>
@@ -24,7 +24,7 @@ Flight& TheFlight() {
 void Zoom(Flight& flight, int slider, bool names) {
     flight.Screen->Map.SlideMap = slider;
     flight.Screen->ApplyZoom();
-    flight.Screen->SetShowNames(names);
+    flight.Screen->SetFlag(&DisplayFlags::ShowNames, names);
 }
 
 // Arguments: slider, names on.

@@ -1,5 +1,5 @@
 // The track manager with 1,000,000 points in 300 tracks: opening, choosing all, exporting all. The last
-// benchmark's label tells the most memory that the process ever had.
+// benchmark's label is the most memory that the process ever had.
 
 #include <benchmark/benchmark.h>
 #include <sys/resource.h>

@@ -10,8 +10,8 @@ RunPackages=(
 )
 # To test it.
 TestPackages=("${RunPackages[@]}" libgtest-dev libgmock-dev clang-format poppler-utils gpsbabel)
-# For what runs with CI=true alone: the fuzz targets.
-CiPackages=(clang libclang-rt-14-dev)
+# For what runs with CI=true alone: clang-tidy and the fuzz targets.
+CiPackages=(clang libclang-rt-14-dev clang-tidy)
 
 # EnsurePackages NAME...: installs those that are missing; does not touch apt when none is.
 EnsurePackages() {

@@ -37,7 +37,7 @@ src/platform/Slip.h|#include "platform/qt/Screen.h"|platform must not include pl
 src/platform/qt/Slip.cpp|#include "nav/FixState.h"|platform/qt must not include nav/FixState.h
 src/nav/Slip.cpp|#include "FixState.h"|named from src/ or tools/ on
 src/tracks/Slip.cpp|#include "../app/Hints.h"|named from src/ or tools/ on
-tools/receiver/Slip.cpp|#include "base/Numbers.h"|receiver must not include base/Numbers.h
+tools/receiver/Slip.cpp|#include "common/Settings.h"|receiver must not include common/Settings.h
 tools/launch/Slip.cpp|#include <QString>|Qt below the forms
 src/newfolder/Slip.cpp|#include <vector>|that no target is made of
 SLIPS

@@ -10,7 +10,9 @@
 #include "app/frmAbout.h"
 #include "app/frmInfo.h"
 #include "common/SettingsFiles.h"
+#include "platform/qt/Named.h"
 #include "platform/qt/QtNotice.h"
+#include "platform/qt/Spaced.h"
 
 namespace ornivane {
 
@@ -65,11 +67,8 @@ MainForm::MainForm(Variablen& shared, Services programServices)
     MakeToolbar();
     MakeMenu();
     auto* centre = new QWidget;
-    auto* layout = new QVBoxLayout(centre);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    stack = new QStackedWidget;
-    stack->setObjectName("screens");
+    auto* layout = Spaced(new QVBoxLayout(centre), 0);
+    stack = Named(new QStackedWidget, "screens");
     layout->addWidget(stack, 1);
     if (services.NoticeBar) services.NoticeBar->StandIn(*centre);
     setCentralWidget(centre);
@@ -110,15 +109,16 @@ void MainForm::MakeToolbar() {
 }
 
 void MainForm::MakeMenu() {
-    menu = new QMenu(this);
-    menu->setObjectName("mnuMain");
+    menu = Named(new QMenu(this), "mnuMain");
     menu->setToolTipsVisible(true);
     menu->setStyleSheet(MenuStyle);
-    mnuUpdate = AddEntry("mnuUpdate", &MainForm::mnuUpdate_Click);
-    mnuExport = AddEntry("mnuExport", &MainForm::mnuExport_Click);
-    mnuImport = AddEntry("mnuImport", &MainForm::mnuImport_Click);
-    mnuLuftEin = AddEntry("mnuLuftEin", &MainForm::mnuLuftEin_Click);
-    mnuabout = AddEntry("mnuabout", &MainForm::mnuabout_Click);
+    mnuUpdate = AddEntry("mnuUpdate", [this] { mnuUpdate_Click(); });
+    mnuExport = AddEntry("mnuExport", [this] { services.ShowExport(this); });
+    mnuImport = AddEntry("mnuImport", [this] { services.ImportRoute(); });
+    mnuLuftEin = AddEntry("mnuLuftEin", [this] {
+        if (services.ShowAirspaceSettings) services.ShowAirspaceSettings();
+    });
+    mnuabout = AddEntry("mnuabout", [this] { mnuabout_Click(); });
     mnuUpdate->setVisible(false);
 
     cmdMenu = ToolbarButton("cmdMenu");
@@ -129,19 +129,21 @@ void MainForm::MakeMenu() {
     toolMain->addWidget(cmdMenu);
 }
 
-QAction* MainForm::AddEntry(const char* name, void (MainForm::*handler)()) {
+QAction* MainForm::AddEntry(const char* name, const std::function<void()>& handler) {
     QAction* entry = menu->addAction(QString());
     entry->setObjectName(name);
-    services.Guard->Connect(entry, &QAction::triggered, [this, handler] { (this->*handler)(); });
+    services.Guard->Connect(entry, &QAction::triggered, handler);
     return entry;
 }
 
 bool MainForm::Form_Load() {
     const StoreOpening::Result stores = StoreOpening(variablen, *services.Boxes).Run();
     if (stores.MustEnd) return false;
-    if (stores.TrackFailure) frmInfo::ForTrackStore(variablen, *services.Links, *stores.TrackFailure, this);
-    if (stores.AirspaceFailure)
-        frmInfo::ForAirspaceStore(variablen, *services.Links, *stores.AirspaceFailure, this);
+    const auto addHint = [this](frmInfo::Store about, const std::optional<std::string>& failure) {
+        if (failure) new frmInfo(about, variablen, *services.Links, *failure, this);
+    };
+    addHint(frmInfo::Store::Track, stores.TrackFailure);
+    addHint(frmInfo::Store::Airspace, stores.AirspaceFailure);
     // A program folder that cannot be written costs the update tool its knowledge, and nobody the flight.
     services.Guard->Run([this] { WriteVersion(variablen.ProgramFolder, ProgramVersion()); });
     mnuUpdate->setVisible(variablen.UpdateAvailable);
@@ -194,11 +196,7 @@ void MainForm::ShowState() {
     mnuExport->setEnabled(current == Mode::Planning);
     mnuImport->setEnabled(current == Mode::Planning);
     mnuLuftEin->setEnabled(current == Mode::Planning);
-    ShowCaption();
-}
-
-// The screen first: a row of windows shows only the beginning. The flying screen has no name of its own.
-void MainForm::ShowCaption() {
+    // The screen first: a row of windows shows only the beginning. The flying screen has no name of its own.
     const QWidget* front = stack->currentWidget();
     const QString caption = front ? front->windowTitle() : QString();
     setWindowTitle(caption.isEmpty() ? ProgramName : caption + " – " + ProgramName);
@@ -210,14 +208,6 @@ void MainForm::toolMain_ButtonClick(Mode mode) {
     // A screen that knows where its keys belong has taken the focus already.
     QWidget* front = stack->currentWidget();
     if (front && !front->isAncestorOf(focusWidget())) front->setFocus();
-}
-
-void MainForm::mnuExport_Click() { services.ShowExport(this); }
-
-void MainForm::mnuImport_Click() { services.ImportRoute(); }
-
-void MainForm::mnuLuftEin_Click() {
-    if (services.ShowAirspaceSettings) services.ShowAirspaceSettings();
 }
 
 void MainForm::mnuabout_Click() {

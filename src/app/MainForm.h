@@ -55,14 +55,10 @@ protected:
 private:
     void MakeToolbar();
     void MakeMenu();
-    QAction* AddEntry(const char* name, void (MainForm::*handler)());
+    QAction* AddEntry(const char* name, const std::function<void()>& handler);
     void toolMain_ButtonClick(Mode mode);
     void ShowState();
-    void ShowCaption();
 
-    void mnuExport_Click();
-    void mnuImport_Click();
-    void mnuLuftEin_Click();
     void mnuabout_Click();
     void mnuUpdate_Click();
 

@@ -5,7 +5,6 @@
 #include "flightplan/frmFlugPlan.h"
 #include "nav/frmGPSmain.h"
 #include "planning/frmExport.h"
-#include "planning/frmImport.h"
 #include "planning/frmPlanung.h"
 #include "platform/qt/Theme.h"
 #include "settings/frmSettings.h"
@@ -69,7 +68,7 @@ MainForm::Services Program::MainServices() {
             ->open();
     };
     services.ImportRoute = [this] {
-        if (planning) frmImport(variablen, dialogs, *planning).GetRoute();
+        if (planning) planning->ImportRoute();
     };
     services.ShowAirspaceSettings = [this] {
         if (planning) planning->ShowAirspaceSettings();

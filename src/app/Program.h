@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QTimer>
 #include <memory>
 
 #include "app/EndSignals.h"

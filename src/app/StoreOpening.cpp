@@ -2,7 +2,6 @@
 
 #include <span>
 
-#include "base/RuntimeError.h"
 #include "store/Recordset.h"
 #include "store/Statement.h"
 
@@ -40,6 +39,17 @@ void RequireTables(Connection& connection, std::span<const NeededTable> tables) 
             .Step();
 }
 
+// Why it cannot be used; closed then.
+std::optional<RuntimeError> Open(Connection& connection, const std::filesystem::path& file,
+                                 Connection::Mode mode, std::span<const NeededTable> tables) {
+    auto failure = ErrorOf([&] {
+        connection.Open(file, mode);
+        RequireTables(connection, tables);
+    });
+    if (failure) connection.Close();
+    return failure;
+}
+
 Date ReleaseDate(Connection& connection) {
     Recordset release;
     release.Open(connection, "SELECT Datum FROM RELEASE");
@@ -54,7 +64,9 @@ Date ReleaseDate(Connection& connection) {
 StoreOpening::StoreOpening(Variablen& shared, Dialogs& messages) : variablen(shared), dialogs(messages) {}
 
 StoreOpening::Result StoreOpening::Run() {
-    OpenAirfields();
+    // Airfields are an extra that many installations do not have; the flag tells the screens.
+    variablen.AirfieldStoreOpen = !Open(variablen.AirfieldConn, variablen.ProgramFolder / "ovdata.ovd",
+                                        Connection::Mode::ReadOnly, AirfieldTables);
     Result result;
     result.MustEnd = !OpenData();
     if (result.MustEnd) return result;
@@ -67,23 +79,10 @@ std::string StoreOpening::Reason(const RuntimeError& error) const {
     return error.Number() == ErrorNumber::FileNotFound ? "" : DescribeError(error, variablen);
 }
 
-// Airfields are an extra that many installations do not have; the flag tells the screens.
-void StoreOpening::OpenAirfields() {
-    const auto failure = ErrorOf([this] {
-        variablen.AirfieldConn.Open(variablen.ProgramFolder / "ovdata.ovd", Connection::Mode::ReadOnly);
-        RequireTables(variablen.AirfieldConn, AirfieldTables);
-    });
-    variablen.AirfieldStoreOpen = !failure;
-    if (failure) variablen.AirfieldConn.Close();
-}
-
 bool StoreOpening::OpenData() {
-    const auto failure = ErrorOf([this] {
-        variablen.DataConn.Open(variablen.ProgramFolder / "data.ovd", Connection::Mode::ReadWrite);
-        RequireTables(variablen.DataConn, DataTables);
-    });
+    const auto failure = Open(variablen.DataConn, variablen.ProgramFolder / "data.ovd",
+                              Connection::Mode::ReadWrite, DataTables);
     if (!failure) return true;
-    variablen.DataConn.Close();
     std::string text = variablen.Text("Die Datei - data.ovd - wurde nicht im Programmordner gefunden.",
                                       "File - data.ovd - was not found.");
     if (const std::string reason = Reason(*failure); !reason.empty()) text += "\n" + reason;
@@ -92,12 +91,9 @@ bool StoreOpening::OpenData() {
 }
 
 std::optional<std::string> StoreOpening::OpenTrack() {
-    const auto failure = ErrorOf([this] {
-        variablen.TrackConn.Open(variablen.ProgramFolder / "track.ovd", Connection::Mode::ReadWrite);
-        RequireTables(variablen.TrackConn, TrackTables);
-    });
+    const auto failure = Open(variablen.TrackConn, variablen.ProgramFolder / "track.ovd",
+                              Connection::Mode::ReadWrite, TrackTables);
     if (!failure) return std::nullopt;
-    variablen.TrackConn.Close();
     variablen.TrackEnabled = false;
     variablen.TrackInterval = 0;
     variablen.TrackAuto = false;

@@ -24,7 +24,6 @@ public:
     Result Run();
 
 private:
-    void OpenAirfields();
     bool OpenData();
     std::optional<std::string> OpenTrack();
     std::optional<std::string> OpenAirspace();

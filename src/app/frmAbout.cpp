@@ -8,6 +8,7 @@
 
 #include "app/AboutTexts.h"
 #include "app/UpdateCheck.h"
+#include "platform/qt/Named.h"
 
 namespace ornivane {
 
@@ -24,8 +25,7 @@ QTextBrowser { background: palette(base); color: palette(text); border: 2px soli
 
 // Links go to the user's browser, never into this window.
 QTextBrowser* Page(const char* name, const QString& html, Shell& shell) {
-    auto* page = new QTextBrowser;
-    page->setObjectName(name);
+    auto* page = Named(new QTextBrowser, name);
     page->setOpenLinks(false);
     page->setHtml(html);
     QObject::connect(page, &QTextBrowser::anchorClicked, page,
@@ -43,18 +43,15 @@ frmAbout::frmAbout(const Language& language, Shell& shell, QWidget* parent) : QD
     setStyleSheet(TabStyle);
     resize(720, 560);
 
-    auto* title = new QLabel(ProgramName);
-    title->setObjectName("lblTitle");
+    auto* title = Named(new QLabel(ProgramName), "lblTitle");
     title->setStyleSheet("font-size: 28px; font-weight: bold");
-    auto* version = new QLabel(QString("Version ") + QString::fromStdString(ProgramVersion()));
-    version->setObjectName("lblVersion");
+    auto* version =
+        Named(new QLabel(QString("Version ") + QString::fromStdString(ProgramVersion())), "lblVersion");
     version->setStyleSheet("font-size: 18px");
-    auto* tabs = new QTabWidget;
-    tabs->setObjectName("tabs");
+    auto* tabs = Named(new QTabWidget, "tabs");
     for (const AboutPage& page : AboutPages())
         tabs->addTab(Page(page.Name, page.Html.In(language), shell), page.Title.In(language));
-    auto* close = new QPushButton(captions::Close.In(language));
-    close->setObjectName("cmdClose");
+    auto* close = Named(new QPushButton(captions::Close.In(language)), "cmdClose");
     close->setToolTip(captions::CloseTip.In(language));
     close->setMinimumHeight(PressHeight);
     close->setDefault(true);

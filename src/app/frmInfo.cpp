@@ -5,6 +5,7 @@
 #include <QVBoxLayout>
 
 #include "app/Captions.h"
+#include "platform/qt/Named.h"
 
 namespace ornivane {
 
@@ -45,8 +46,7 @@ constexpr frmInfo::Texts AirspaceTexts{
     "http://www.ornivane.example/update-gps/download/Luftraum.ovd"};
 
 QLabel* AddLabel(QVBoxLayout* layout, const char* name) {
-    auto* label = new QLabel;
-    label->setObjectName(name);
+    auto* label = Named(new QLabel, name);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     layout->addWidget(label);
@@ -54,27 +54,17 @@ QLabel* AddLabel(QVBoxLayout* layout, const char* name) {
 }
 
 QPushButton* Button(const char* name) {
-    auto* button = new QPushButton;
-    button->setObjectName(name);
+    auto* button = Named(new QPushButton, name);
     button->setMinimumHeight(44);
     return button;
 }
 
 } // namespace
 
-frmInfo* frmInfo::ForTrackStore(const Language& language, Shell& shell, const std::string& reason,
-                                QWidget* parent) {
-    return new frmInfo(TrackTexts, language, shell, reason, parent);
-}
-
-frmInfo* frmInfo::ForAirspaceStore(const Language& language, Shell& shell, const std::string& reason,
-                                   QWidget* parent) {
-    return new frmInfo(AirspaceTexts, language, shell, reason, parent);
-}
-
-frmInfo::frmInfo(const Texts& hint, const Language& shownIn, Shell& shell, const std::string& reason,
+frmInfo::frmInfo(Store about, const Language& shownIn, Shell& shell, const std::string& reason,
                  QWidget* parent)
-    : QDialog(parent), texts(hint), language(shownIn), isMissing(reason.empty()) {
+    : QDialog(parent), texts(about == Store::Track ? TrackTexts : AirspaceTexts), language(shownIn),
+      isMissing(reason.empty()) {
     setObjectName(texts.Name);
     setModal(false);
     setAttribute(Qt::WA_DeleteOnClose);

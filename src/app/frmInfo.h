@@ -19,18 +19,13 @@ public:
     struct Texts;
 
     // frmInfo1 about track.ovd, frmInfo3 about Luftraum.ovd. The reason is empty when the file is missing.
-    static frmInfo* ForTrackStore(const Language& language, Shell& shell, const std::string& reason,
-                                  QWidget* parent);
-    static frmInfo* ForAirspaceStore(const Language& language, Shell& shell, const std::string& reason,
-                                     QWidget* parent);
+    enum class Store { Track, Airspace };
+    frmInfo(Store about, const Language& shownIn, Shell& shell, const std::string& reason, QWidget* parent);
 
     // Every caption in the language of this moment; the reason stays in the words of the system.
     void ApplyLanguage();
 
 private:
-    frmInfo(const Texts& hint, const Language& shownIn, Shell& shell, const std::string& reason,
-            QWidget* parent);
-
     const Texts& texts;
     const Language& language;
     bool isMissing;

@@ -87,10 +87,6 @@ frmSplash::frmSplash(Variablen& shared, Web& updateServer)
     Timer1.setObjectName("Timer1");
     Timer1.setSingleShot(true);
     connect(&Timer1, &QTimer::timeout, this, &frmSplash::End);
-    Form_Load();
-}
-
-void frmSplash::Form_Load() {
     Timer1.start(ShownMilliseconds);
     ReadStartSettings(variablen);
     setToolTip(variablen.Text("Klicken zum Fortfahren", "Click to continue"));

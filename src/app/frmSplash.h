@@ -26,7 +26,6 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    void Form_Load();
     void CheckForUpdate();
     void End();
 

@@ -33,9 +33,10 @@ struct Language {
 
     // Of ISO 639: what the names of translation files end with.
     const char* Code() const { return Text("de", "en"); }
-    bool IsEnglish() const { return EnglishUI == 1; }
     // The text in the language of this moment.
-    const char* Text(const char* german, const char* english) const { return IsEnglish() ? english : german; }
+    const char* Text(const char* german, const char* english) const {
+        return EnglishUI == 1 ? english : german;
+    }
     // The same with values in the place of %1, %2 and so on.
     std::string Text(const char* german, const char* english,
                      std::initializer_list<std::string> values) const;

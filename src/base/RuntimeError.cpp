@@ -15,7 +15,7 @@ struct ErrorText {
     const char* English;
 };
 
-constexpr std::array<ErrorText, 18> ErrorTexts{{
+constexpr std::array<ErrorText, 17> ErrorTexts{{
     {ErrorNumber::InvalidCall, "Ungültiger Aufruf", "Invalid procedure call"},
     {ErrorNumber::Overflow, "Überlauf", "Overflow"},
     {ErrorNumber::SubscriptOutOfRange, "Index außerhalb des gültigen Bereichs", "Subscript out of range"},
@@ -28,7 +28,6 @@ constexpr std::array<ErrorText, 18> ErrorTexts{{
     {ErrorNumber::DiskFull, "Datenträger voll", "Disk full"},
     {ErrorNumber::PermissionDenied, "Zugriff verweigert", "Permission denied"},
     {ErrorNumber::PathNotFound, "Pfad nicht gefunden", "Path not found"},
-    {ErrorNumber::ObjectNotSet, "Objekt nicht festgelegt", "Object not set"},
     {ErrorNumber::InvalidNull, "Unzulässige Verwendung von Null", "Invalid use of Null"},
     {ErrorNumber::NoCurrentRecord, "Kein aktueller Datensatz", "No current record"},
     {ErrorNumber::FieldNotFound, "Feld nicht gefunden", "Field not found"},

@@ -22,7 +22,6 @@ enum class ErrorNumber {
     DiskFull = 61,
     PermissionDenied = 70,
     PathNotFound = 76,
-    ObjectNotSet = 91,
     InvalidNull = 94,
     NoCurrentRecord = 3021,
     FieldNotFound = 3265,

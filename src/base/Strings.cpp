@@ -1,5 +1,6 @@
 #include "base/Strings.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -25,6 +26,8 @@ void AppendUtf8(std::string& out, std::uint16_t code) {
         out += static_cast<char>(0x80 | (code & 0x3F));
     }
 }
+
+bool BeginsCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; }
 
 // The length of the well-formed UTF-8 sequence at the start of the text, 0 when there is none (RFC 3629).
 std::size_t SequenceLength(std::string_view text) {
@@ -84,20 +87,25 @@ std::string DecodeText(std::string_view bytes) {
 }
 
 std::size_t CharacterCount(std::string_view text) {
-    std::size_t count = 0;
-    for (const char c : text)
-        if ((static_cast<unsigned char>(c) & 0xC0) != 0x80) ++count;
-    return count;
+    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), BeginsCharacter));
+}
+
+std::string_view FirstCharacters(std::string_view text, std::size_t characters) {
+    std::size_t end = 0;
+    for (; end < text.size(); ++end)
+        if (BeginsCharacter(text[end]) && characters-- == 0) break;
+    return text.substr(0, end);
+}
+
+std::string_view FirstBytes(std::string_view text, std::size_t bytes) {
+    if (text.size() <= bytes) return text;
+    while (bytes > 0 && !BeginsCharacter(text[bytes])) --bytes;
+    return text.substr(0, bytes);
 }
 
 std::string Shortened(std::string_view text, std::size_t characters) {
-    std::size_t count = 0, end = 0;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if ((static_cast<unsigned char>(text[i]) & 0xC0) == 0x80) continue;
-        if (++count == characters) end = i;
-        if (count > characters) return std::string(text.substr(0, end)) + "…";
-    }
-    return std::string(text);
+    if (CharacterCount(text) <= characters) return std::string(text);
+    return std::string(FirstCharacters(text, characters - 1)) + "…";
 }
 
 std::string LowerAscii(std::string_view text) {
@@ -105,6 +113,13 @@ std::string LowerAscii(std::string_view text) {
     for (char& c : lower)
         if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
     return lower;
+}
+
+std::string UpperAscii(std::string_view text) {
+    std::string upper(text);
+    for (char& c : upper)
+        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+    return upper;
 }
 
 } // namespace ornivane

@@ -57,21 +57,16 @@ std::optional<std::vector<std::string>> GetFiles(const fs::path& folder, std::st
     return names;
 }
 
-std::optional<FrameEdges> ReadSideFile(const fs::path& folder, const std::string& map) {
+std::optional<ChartPlacement> ReadSideFile(const fs::path& folder, const std::string& map) {
     const auto file = FindFileIgnoringCase(folder, SideFileName(map));
     if (!file) return std::nullopt;
     const auto bytes = ReadWholeFile(*file);
-    if (!bytes) return std::nullopt;
-    const auto lines = Lines(*bytes);
-    FrameEdges edges{};
-    if (lines.size() < edges.size()) return std::nullopt;
-    for (std::size_t i = 0; i < edges.size(); ++i) edges[i] = LeadingNumber(lines[i]);
-    return edges;
+    return bytes ? ChartPlacement::FromLines(Lines(*bytes)) : std::nullopt;
 }
 
-void WriteSideFile(const fs::path& folder, const std::string& map, const FrameEdges& edges) {
+void WriteSideFile(const fs::path& folder, const std::string& map, const ChartPlacement& placement) {
     std::string bytes;
-    for (const double edge : edges) bytes += NumberText(edge) + "\r\n";
+    for (const std::string& line : placement.Lines()) bytes += line + "\r\n";
     const std::string name = SideFileName(map);
     WriteFileAtomically(FindFileIgnoringCase(folder, name).value_or(folder / name), bytes);
 }

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "map/MapCatalogue.h"
+#include "map/ChartPlacement.h"
 
 namespace ornivane {
 
@@ -21,10 +21,11 @@ namespace ornivane {
 std::optional<std::vector<std::string>> GetFiles(const std::filesystem::path& folder,
                                                  std::string_view pattern);
 
-// Empty when there is none, or it has fewer than four lines. A line that is no number reads as 0.
-std::optional<FrameEdges> ReadSideFile(const std::filesystem::path& folder, const std::string& map);
+// Empty when there is none, or it has too few lines.
+std::optional<ChartPlacement> ReadSideFile(const std::filesystem::path& folder, const std::string& map);
 // RuntimeError when it cannot be written.
-void WriteSideFile(const std::filesystem::path& folder, const std::string& map, const FrameEdges& edges);
+void WriteSideFile(const std::filesystem::path& folder, const std::string& map,
+                   const ChartPlacement& placement);
 
 // In the order of the boxes that offer them; LatData.crm has 0 and 1.
 enum class Hemisphere { NorthOrEast, SouthOrWest };

@@ -3,34 +3,22 @@
 #include <cmath>
 
 #include "base/Format.h"
-#include "geo/NavigationMaths.h"
-#include "geo/Position.h"
 
 namespace ornivane {
 
-namespace {
-
-constexpr double MetresPerDegree = 60 * 1000 * KilometresPerNauticalMile;
 // Charts of conformal projections and those drawn for their middle latitude stay below; a minute mistyped on
 // a chart of one degree does not.
 constexpr double SuspiciousPercent = 3;
 constexpr double FarthestPixel = 1e7; // metres; no frame on the earth has larger ones
 
-} // namespace
-
-std::string FrameCheck(const FrameEdges& edges, const ImageSize& size, const Language& language) {
-    if (size.Width <= 0 || size.Height <= 0) return {};
-    const double bottom = ToDecimalDegrees(StoredLatitude(edges[0])).Degrees();
-    const double top = ToDecimalDegrees(StoredLatitude(edges[1])).Degrees();
-    const double left = ToDecimalDegrees(StoredLongitude(edges[2])).Degrees();
-    const double right = ToDecimalDegrees(StoredLongitude(edges[3])).Degrees();
-    if (top <= bottom || right <= left)
+std::string FrameCheck(const ChartPlacement& placement, const Language& language) {
+    if (placement.Frame().Breite <= 0 || placement.Frame().Höhe <= 0) return {};
+    const auto pixel = placement.GroundOfPixel();
+    if (!pixel)
         return language.Text(
             "Der Rahmen steht verkehrt: Oben muss über Unten liegen, Rechts östlich von Links.",
             "The frame is the wrong way round: upper must lie above lower, right east of left.");
-    const double across =
-        (right - left) * MetresPerDegree * std::cos(DegToRad((top + bottom) / 2)) / size.Width;
-    const double down = (top - bottom) * MetresPerDegree / size.Height;
+    const auto [across, down] = *pixel;
     const double differ = 200 * std::abs(across - down) / (across + down);
     if (!std::isfinite(across) || !std::isfinite(down) || across > FarthestPixel || down > FarthestPixel)
         return {};

@@ -3,13 +3,12 @@
 #include <string>
 
 #include "base/Language.h"
-#include "calibration/ImageSize.h"
-#include "map/MapCatalogue.h"
+#include "map/ChartPlacement.h"
 
 namespace ornivane {
 
 // How many metres on the ground a pixel is across and down in the middle of a frame, and by how much the two
 // differ: a mistyped edge shows there. Empty for an image without extent and for pixels that no chart has.
-std::string FrameCheck(const FrameEdges& edges, const ImageSize& size, const Language& language);
+std::string FrameCheck(const ChartPlacement& placement, const Language& language);
 
 } // namespace ornivane

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <fstream>
+#include <iterator>
 
 #include "base/Strings.h"
 #include "platform/PictureFormats.h"
@@ -74,9 +75,11 @@ struct SizeReader {
     SizeReading (*Read)(std::istream&, ImageSize&);
     SizeReading Unopened; // of a file that cannot be opened
 };
-constexpr std::array<SizeReader, PictureFormats.size()> Readers{
-    {{ReadBmpSize, SizeReading::Kept}, {ReadJpegSize, SizeReading::Damaged}}};
+// In the order of PictureFormats.
+constexpr SizeReader Readers[] = {{ReadBmpSize, SizeReading::Kept}, {ReadJpegSize, SizeReading::Damaged}};
+static_assert(std::size(Readers) == PictureFormats.size(), "a format without a reader of its size");
 constexpr std::size_t Jpeg = 1;
+static_assert(PictureFormats[Jpeg].Ending == std::string_view("jpg"));
 
 } // namespace
 

@@ -48,13 +48,11 @@ void MapData::Form_Load() {
 // The hemispheres are those of the last run now, and blue is only what the row has.
 void MapData::MarkUnlikeRow() {
     if (!MapCatalogue::StandOn(MapRowsSet, SelectedName())) return;
-    const FrameEdges edges = MapCatalogue::EdgesOf(MapRowsSet);
+    const FrameEdges edges = ChartPlacement::EdgesFromRow(MapRowsSet).Edges();
     for (std::size_t i = 0; i < edges.size(); ++i)
         if (EdgeStates[i] == EdgeState::Stored && cmbLatLong[i] != HemisphereOf(edges[i]))
             EdgeStates[i] = EdgeState::NotStored;
 }
-
-void MapData::Form_Deactivate() { LastMapName = SelectedName(); }
 
 // What was never read is not overwritten.
 void MapData::Form_Unload() {
@@ -78,9 +76,8 @@ void MapData::LoadLatData() {
 }
 
 int MapData::SearchList(const std::string& text) const {
-    const auto found = std::find_if(listKarten.begin(), listKarten.end(), [&text](const Entry& entry) {
-        return CompareText(entry.Name, text) == 0;
-    });
+    const auto found = std::ranges::find_if(
+        listKarten, [&text](const Entry& entry) { return CompareText(entry.Name, text) == 0; });
     return found == listKarten.end() ? -1 : static_cast<int>(found - listKarten.begin());
 }
 
@@ -108,7 +105,8 @@ void MapData::FillMapList() {
             SkipMapClick = false;
             ShowNothing();
         });
-    SelectEntry(std::max(0, SearchList(LastMapName)));
+    // Like a list control: a change of the selection counts as a click.
+    listKarten_Click(std::max(0, SearchList(LastMapName)));
     ShowMapData();
     if (listKarten.empty()) ShowNothing();
 }
@@ -116,8 +114,7 @@ void MapData::FillMapList() {
 // No chart is selected: nothing of an earlier one stays.
 void MapData::ShowNothing() {
     EmptyEdges();
-    lblBreite.clear();
-    lblHoehe.clear();
+    Size.reset();
     sizeOf.clear();
     PreviewFailed = false;
     RepaintPreview();
@@ -127,6 +124,7 @@ void MapData::ShowNothing() {
 void MapData::EmptyEdges() {
     SetEdgeStates(EdgeState::NotStored);
     tKarten = {};
+    placement = {};
     edgesOf = SelectedName();
 }
 
@@ -155,13 +153,6 @@ void MapData::DropRowsWithoutImage() {
     together.Commit();
 }
 
-// Like a list control: a change of the selection counts as a click.
-void MapData::SelectEntry(int index) {
-    if (index >= static_cast<int>(listKarten.size()) || index == ListIndex) return;
-    ListIndex = index;
-    ShowMapData();
-}
-
 void MapData::listKarten_Click(int index) {
     if (index < 0 || index >= static_cast<int>(listKarten.size())) return;
     ListIndex = index;
@@ -185,10 +176,10 @@ void MapData::ShowMapData() {
 }
 
 void MapData::ShowFrame(const std::string& name) {
-    if (MapCatalogue::StandOn(MapRowsSet, name))
-        ShowRow();
-    else
-        ShowWithoutRow(name);
+    if (!MapCatalogue::StandOn(MapRowsSet, name)) return ShowWithoutRow(name);
+    ShowPlacement(ChartPlacement::EdgesFromRow(MapRowsSet));
+    SetEdgeStates(EdgeState::Stored);
+    RequeryActiveMaps();
 }
 
 void MapData::ReadSize(const std::string& name) {
@@ -199,34 +190,31 @@ void MapData::ReadSize(const std::string& name) {
 }
 
 void MapData::ShowSize(const ImageSize& size) {
-    lblBreite = std::to_string(size.Width);
-    lblHoehe = std::to_string(size.Height);
+    Size = size;
     sizeOf = SelectedName();
 }
 
 bool MapData::ShowPreview(const std::string& name) {
     const bool loaded = storage.Load(ChartsFolder() / name);
     // An image stored from the top down has a height below zero, and cannot be painted by it.
-    PreviewFailed = !loaded || LeadingNumber(lblBreite) <= 0 || LeadingNumber(lblHoehe) <= 0;
+    PreviewFailed = !loaded || !HasExtent();
     RepaintPreview();
     return loaded;
 }
 
 void MapData::RepaintPreview() {
     surface.Cls();
-    if (chkVorschau && !PreviewFailed && !SelectedName().empty())
+    if (chkVorschau && !PreviewFailed && !SelectedName().empty()) {
+        const auto [width, height] = Size.value_or(ImageSize());
         surface.PaintPicture(storage, {0, 0, surface.ScaleWidth(), surface.ScaleHeight()},
-                             {0, 0, LeadingNumber(lblBreite), LeadingNumber(lblHoehe)});
+                             {0, 0, static_cast<double>(width), static_cast<double>(height)});
+    }
     surface.Refresh();
 }
 
-void MapData::ShowRow() {
-    ShowEdges(MapCatalogue::EdgesOf(MapRowsSet));
-    SetEdgeStates(EdgeState::Stored);
-    RequeryActiveMaps();
-}
-
-void MapData::ShowEdges(const FrameEdges& edges) {
+void MapData::ShowPlacement(const ChartPlacement& shown) {
+    placement = shown;
+    const FrameEdges edges = shown.Edges();
     for (std::size_t i = 0; i < edges.size(); ++i) {
         cmbLatLong[i] = HemisphereOf(edges[i]);
         tKarten[i] = NumberText(std::abs(edges[i]), shared.Locale);
@@ -236,8 +224,8 @@ void MapData::ShowEdges(const FrameEdges& edges) {
 // The frame of a side file is no row yet: its fields stay in the colour of what is not stored.
 void MapData::ShowWithoutRow(const std::string& name) {
     SetEdgeStates(EdgeState::NotStored);
-    if (const auto edges = ReadSideFile(ChartsFolder(), name))
-        ShowEdges(*edges);
+    if (const auto stored = ReadSideFile(ChartsFolder(), name))
+        ShowPlacement(*stored);
     else
         tKarten = {};
 }
@@ -250,8 +238,8 @@ void MapData::chkVorschau_Click(bool on) {
 }
 
 bool MapData::EdgesAreNumbers() const {
-    return std::all_of(tKarten.begin(), tKarten.end(),
-                       [](const std::string& text) { return ParseNumber(text).has_value(); });
+    return std::ranges::all_of(tKarten,
+                               [](const std::string& text) { return ParseNumber(text).has_value(); });
 }
 
 void MapData::ReportBadData() {
@@ -269,31 +257,33 @@ FrameEdges MapData::SignedEdges() const {
     return edges;
 }
 
-ImageSize MapData::ShownSize() const {
-    const auto pixels = [](const std::string& text) {
-        return static_cast<std::int32_t>(LeadingNumber(text));
-    };
-    return {pixels(lblBreite), pixels(lblHoehe)};
+// The placement as the fields have it; with a size when that is the selected chart's.
+ChartPlacement MapData::WithFields(const FrameEdges& edges) const {
+    const ChartPlacement shown = placement.WithEdges(edges);
+    if (!Size || sizeOf != SelectedName()) return shown;
+    return shown.WithSize({static_cast<double>(Size->Width), static_cast<double>(Size->Height)});
 }
 
 bool MapData::cmdSpeichern_Click() {
     const std::string name = SelectedName();
-    const auto [width, height] = ShownSize();
-    if (name.empty() || !EdgesAreNumbers() || sizeOf != name || width <= 0 || height <= 0) {
+    if (name.empty() || !EdgesAreNumbers() || sizeOf != name || !HasExtent()) {
         ReportBadData();
         return false;
     }
     for (std::string& edge : tKarten) edge = NumberText(std::abs(NumberIn(edge)), shared.Locale);
-    WriteSideFile(ChartsFolder(), name, SignedEdges());
+    WriteSideFile(ChartsFolder(), name, WithFields(SignedEdges()));
     WriteRow(name, MapCatalogue::Tick::Keep);
     RowWritten();
     return true;
 }
 
-void MapData::TakeFrame(const std::array<std::string, 4>& edges, const ImageSize& size) {
-    tKarten = edges;
+void MapData::TakeFrame(const ChartPlacement& found) {
+    placement = found;
+    const FrameEdges edges = found.Edges();
+    for (std::size_t i = 0; i < edges.size(); ++i) tKarten[i] = NumberText(edges[i], shared.Locale);
     SetEdgeStates(EdgeState::NotStored);
-    ShowSize(size);
+    ShowSize(
+        {static_cast<std::int32_t>(found.Frame().Breite), static_cast<std::int32_t>(found.Frame().Höhe)});
 }
 
 void MapData::listKarten_ItemCheck(int item) {
@@ -333,13 +323,8 @@ void MapData::RequeryActiveMaps() {
 
 // A row whose image tells no size any more keeps the one it has, so that its tick can still be taken.
 void MapData::WriteRow(const std::string& name, MapCatalogue::Tick tick) {
-    MapCatalogue::Entry entry{name, SignedEdges(), {}};
-    const auto [width, height] = ShownSize();
-    if (sizeOf == name)
-        entry.Size = {static_cast<double>(width), static_cast<double>(height)};
-    else if (lblBreite.empty())
-        throw RuntimeError(ErrorNumber::TypeMismatch, "Breite"); // a size that was never read is no number
-    MapCatalogue::Write(MapRowsSet, entry, tick);
+    if (!Size) throw RuntimeError(ErrorNumber::TypeMismatch, "Breite"); // a size that was never read
+    MapCatalogue::Write(MapRowsSet, name, WithFields(SignedEdges()), tick);
 }
 
 std::string MapData::BackupText() const {
@@ -350,15 +335,15 @@ std::string MapData::BackupText() const {
 }
 
 std::string MapData::ScaleText() const {
-    if (!lblBreite.empty() && sizeOf != SelectedName())
+    if (Size && sizeOf != SelectedName())
         return shared.Text("Dieses Bild hat keine lesbare Größe; die gezeigte gehört zu einer anderen Karte.",
                            "The size of this image cannot be read; the one shown is another map's.");
-    if (SelectedName().empty() || !EdgesAreNumbers()) return {};
+    if (SelectedName().empty() || !Size || !EdgesAreNumbers()) return {};
     // As saving takes them: without the sign of the field, with that of its box.
     FrameEdges edges = SignedEdges();
     for (std::size_t i = 0; i < edges.size(); ++i)
         edges[i] = std::copysign(edges[i], cmbLatLong[i] == Hemisphere::SouthOrWest ? -1 : 1);
-    return FrameCheck(edges, ShownSize(), shared);
+    return FrameCheck(WithFields(edges), shared);
 }
 
 } // namespace ornivane

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -18,8 +19,8 @@ namespace ornivane {
 enum class EdgeState { NotStored, Stored };
 
 // The catalogue of charts: which images exist, their size and frame, which of them flight and planning use.
-// Nothing else writes the table Maps. Members carry the names of the controls that show them; the edges are
-// in the order of FrameEdges. The form frmCalibrate owns it.
+// Nothing else writes the table Maps. Members carry the names of the controls that show them; the fields of
+// the edges, in the order of FrameEdges, are a view of the chart's placement. The form frmCalibrate owns it.
 class MapData {
 public:
     struct Entry { // of the list
@@ -30,7 +31,7 @@ public:
     MapData(Variablen& variablen, Picture& picStorage, PictureSurface& picMap, Dialogs& messages);
 
     void Form_Load();
-    void Form_Deactivate();
+    void Form_Deactivate() { LastMapName = SelectedName(); }
     // Keeps the hemispheres and the preview's switch for the next run.
     void Form_Unload();
 
@@ -49,8 +50,9 @@ public:
     // False, and nothing is written, when frame or size are no numbers, or the size that shows is that of
     // another chart.
     bool cmdSpeichern_Click();
-    // What a calibration found for the selected entry, and the size that it went by. Not stored yet.
-    void TakeFrame(const std::array<std::string, 4>& edges, const ImageSize& size);
+    // What a calibration found for the selected entry, with the size that it went by. Not stored yet. The
+    // hemispheres stay: what is south or west counts as their boxes say.
+    void TakeFrame(const ChartPlacement& found);
 
     // Size, preview and frame of the selected entry.
     void ShowMapData();
@@ -73,27 +75,26 @@ public:
     std::array<std::string, 4> tKarten; // magnitudes, as typed
     std::array<Hemisphere, 4> cmbLatLong{};
     std::array<EdgeState, 4> EdgeStates{};
-    std::string lblBreite, lblHoehe;
+    std::optional<ImageSize> Size; // lblBreite and lblHoehe; none while they are empty
     bool chkVorschau = false;
     bool PreviewFailed = false; // the preview is on and the selected image cannot be shown
 
 private:
     int SearchList(const std::string& text) const;
-    void SelectEntry(int index);
     void DropRowsWithoutImage();
     void ReadSize(const std::string& name);
     void ShowSize(const ImageSize& size);
-    ImageSize ShownSize() const; // 0 for what is no number
+    bool HasExtent() const { return Size && Size->Width > 0 && Size->Height > 0; }
     void MarkUnlikeRow();
     bool ShowPreview(const std::string& name);
     void ShowFrame(const std::string& name);
-    void ShowRow();
     void ShowWithoutRow(const std::string& name);
-    void ShowEdges(const FrameEdges& edges);
+    void ShowPlacement(const ChartPlacement& shown);
     void LoadLatData();
     bool EdgesAreNumbers() const;
     void ReportBadData();
     FrameEdges SignedEdges() const;
+    ChartPlacement WithFields(const FrameEdges& edges) const;
     void WriteRow(const std::string& name, MapCatalogue::Tick tick);
     void RowWritten();
     void RequeryActiveMaps();
@@ -111,7 +112,8 @@ private:
     bool latDataLoaded = false;
     bool SkipMapClick = false; // the next entry into ShowMapData clears it and returns
     std::string LastMapName;
-    // The chart that the fields of the frame were filled for, and the one whose image has the size shown.
+    ChartPlacement placement; // what the fields of the frame were filled with
+    // The chart that they were filled for, and the one whose image has the size shown.
     std::string edgesOf, sizeOf;
     std::string backup; // file name
 };

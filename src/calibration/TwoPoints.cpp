@@ -7,7 +7,6 @@
 #include "base/Numbers.h"
 #include "base/RuntimeError.h"
 #include "data/Waypoints.h"
-#include "geo/NavigationMaths.h"
 
 namespace ornivane {
 
@@ -15,6 +14,7 @@ namespace {
 
 constexpr int ArrowInterval = 100;     // milliseconds
 constexpr double ArrowStep = 1.0 / 20; // of the whole image, whatever the zoom
+constexpr double LeastPixels = 20;     // closer points say nothing of a scale
 constexpr Colour Black = 0x000000, Blue = 0x0000FF;
 
 // What single precision holds, seven digits: pointers were always kept so.
@@ -25,6 +25,8 @@ double Single(double value) {
 }
 
 std::size_t Place(ArrowKey key) { return static_cast<std::size_t>(key); }
+
+double Distance(const std::string& a, const std::string& b) { return std::abs(NumberIn(a) - NumberIn(b)); }
 
 } // namespace
 
@@ -107,8 +109,6 @@ void TwoPoints::ShowPixel() {
     ty = NumberAsText(Single(CheckedDivide(CrossY, CheckedDivide(surface.ScaleHeight(), View.SH)) + View.SY));
 }
 
-void TwoPoints::MouseDown(const Point& at) { drag = at; }
-
 void TwoPoints::MouseMove(const Point& at, bool leftHeld) {
     if (leftHeld) {
         View = Dragged(View, Sizes, {at.X - drag.X, at.Y - drag.Y});
@@ -157,10 +157,10 @@ TypedInto TwoPoints::KeyTyped(const std::string& character) {
         tLat2Caret = Points[0].tLat.size();
         return first ? TypedInto::Lat1 : TypedInto::Lat2;
     }
-    if (!first && !(Points[1].frmVisible && Points[1].cmdSaveEnabled && Points[1].tQuickfindEnabled))
+    if (!first && !(Points[1].frmVisible && Points[1].cmdSaveEnabled && Points[1].FieldsEnabled))
         return TypedInto::Nothing;
     Points[first ? 0 : 1].tQuickfind = character;
-    first ? FindWaypoint1() : FindWaypoint2();
+    FindWaypoint(first ? 0 : 1);
     return first ? TypedInto::Quickfind1 : TypedInto::Quickfind2;
 }
 
@@ -173,11 +173,12 @@ void TwoPoints::SlideMap_Scroll(int value) {
 
 void TwoPoints::SlideMap_Click(int value) {
     SlideMap = value;
+    ViewSizes sizes = Sizes;
     // At the end of the slider the height is not the view's proportion but the image's own.
-    const double factor = value == SlideMax ? CheckedDivide(CheckedDivide(MapHeight, MapWidth),
-                                                            CheckedDivide(Sizes.ViewHeight, Sizes.ViewWidth))
-                                            : 1;
-    View = Zoomed(View, Sizes, value, factor);
+    if (value == SlideMax)
+        sizes.HeightFactor = CheckedDivide(CheckedDivide(MapHeight, MapWidth),
+                                           CheckedDivide(Sizes.ViewHeight, Sizes.ViewWidth));
+    View = Zoomed(View, sizes, value);
     Draw_Picture();
     ShowPixel();
 }
@@ -243,10 +244,89 @@ bool TwoPoints::cmdSave_Click(std::size_t index) {
     point.FieldsEnabled = false;
     const bool row = point.WaypointFindSet.IsOpen() && !point.WaypointFindSet.Eof();
     point.tQuickfind = row ? point.WaypointFindSet.Text("Name") : std::string();
-    point.tQuickfindEnabled = false;
     point.cmdSaveEnabled = false;
-    point.gridWayEnabled = false;
     return index == 1 && ApplyCalibration();
+}
+
+// Converts in place. After a refusal of the latitudes the longitudes of the first point are converted again:
+// whoever enters the second point anew gets a scale that is off, and sees it in the text beside the message.
+bool TwoPoints::ConvertLongitudes() {
+    auto& [first, second] = Points;
+    for (CalibrationPoint& point : Points)
+        point.Long = NumberAsText(ToDecimalDegrees(StoredLongitude(NumberIn(point.Long))).Degrees());
+    if (Distance(first.tx, second.tx) < LeastPixels) return false;
+    const double x1 = NumberIn(first.tx);
+    const double degX = CheckedDivide(NumberIn(second.Long) - NumberIn(first.Long), NumberIn(second.tx) - x1);
+    const double west = NumberIn(first.Long) - x1 * degX;
+    Links = ToDegMinValue(Longitude(west));
+    Rechts = ToDegMinValue(Longitude(west + MapWidth * degX));
+    return true;
+}
+
+bool TwoPoints::ConvertLatitudes() {
+    auto& [first, second] = Points;
+    for (CalibrationPoint& point : Points)
+        point.Lat = NumberAsText(ToDecimalDegrees(StoredLatitude(NumberIn(point.Lat))).Degrees());
+    if (Distance(first.ty, second.ty) < LeastPixels) return false;
+    const double y1 = NumberIn(first.ty);
+    // Downwards in the image is southwards: normally negative.
+    const double degY = CheckedDivide(NumberIn(second.Lat) - NumberIn(first.Lat), NumberIn(second.ty) - y1);
+    const double north = NumberIn(first.Lat) - y1 * degY;
+    Oben = ToDegMinValue(Latitude(north));
+    Unten = ToDegMinValue(Latitude(north + MapHeight * degY));
+    return true;
+}
+
+bool TwoPoints::ApplyCalibration() {
+    if (!ConvertLongitudes()) {
+        SayTooClose();
+        return false;
+    }
+    if (!ConvertLatitudes()) {
+        SayTooClose();
+        CalibrationPoint& second = Points[1];
+        second.Colour = PointColour::ToEnter;
+        second.FieldsEnabled = true;
+        second.cmdSaveEnabled = true;
+        return false;
+    }
+    FrameEdges edges = {Unten.Value(), Oben.Value(), Links.Value(), Rechts.Value()};
+    for (double& edge : edges) edge = Round(edge, 3);
+    catalogue.TakeFrame(ChartPlacement().WithEdges(edges).WithSize(
+        {static_cast<double>(MapWidth), static_cast<double>(MapHeight)}));
+    SayCalibrated();
+    StoreResult();
+    return true;
+}
+
+void TwoPoints::SayTooClose() {
+    dialogs.MessageAndWait(
+        language.Text("Datenfehler", "Points too close"),
+        language.Text("Bitte andere Koordinatenpunkte aussuchen...", "Please choose other coordinates..."));
+}
+
+void TwoPoints::SayCalibrated() {
+    const bool farApart = MapWidth / 2.0 <= Distance(Points[0].tx, Points[1].tx) &&
+                          MapHeight / 2.0 <= Distance(Points[0].ty, Points[1].ty);
+    const char* text =
+        farApart
+            ? language.Text("Karte wurde kalibriert.", "Map calibrated")
+            : language.Text("Karte wurde kalibriert. Für ein besseres Ergebnis zwei Punkte auswählen, die "
+                            "weiter auseinander liegen...",
+                            "Map calibrated. For a better result please use two points which are further "
+                            "apart...");
+    dialogs.MessageWithDetails(language.Text("Karte kalibriert", "Map calibrated"), text,
+                               catalogue.ScaleText());
+}
+
+// The tick is taken and set again: Active ends as it was, and the row is written once more. Not after a
+// refusal: the tick would bring back the old frame over the one that was found, and ask nothing of the size.
+void TwoPoints::StoreResult() {
+    if (!catalogue.cmdSpeichern_Click()) return;
+    const int item = catalogue.ListIndex;
+    if (item < 0 || !catalogue.listKarten[static_cast<std::size_t>(item)].Selected) return;
+    catalogue.listKarten_ItemCheck(item);
+    catalogue.listKarten_ItemCheck(item);
 }
 
 } // namespace ornivane

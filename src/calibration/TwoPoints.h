@@ -20,11 +20,10 @@ struct CalibrationPoint {
     bool frmVisible = false;
     std::string tLat, tLong; // as typed: whole degrees and minutes / 100
     PointColour Colour = PointColour::None;
-    bool FieldsEnabled = true; // tLat and tLong
+    bool FieldsEnabled = true; // tLat, tLong, tQuickfind and gridWay
     std::string Lat, Long;     // accepted
     std::string tx, ty;        // pixels of the image
     std::string tQuickfind;
-    bool tQuickfindEnabled = true, gridWayEnabled = true;
     bool cmdSaveEnabled = false;
     Recordset WaypointFindSet;
 };
@@ -57,7 +56,7 @@ public:
     void Form_Resize();
     void Draw_Picture();
 
-    void MouseDown(const Point& at);
+    void MouseDown(const Point& at) { drag = at; }
     // Pans while the left button is held; always moves the cross-hair.
     void MouseMove(const Point& at, bool leftHeld);
     // Takes the pixel under the cross-hair for the open point.
@@ -75,10 +74,8 @@ public:
     // Moves the cross-hair by view pixels, for those without a pointer.
     void MoveCross(double dx, double dy);
 
-    // The quick searches, one for each point.
-    void FindWaypoint1() { FindWaypoint(0); }
-    void FindWaypoint2() { FindWaypoint(1); }
     // index 0 or 1: the first or the second point.
+    void FindWaypoint(std::size_t index); // its quick search
     void gridWay_RowChanged(std::size_t index);
     // True when that finished the calibration: the form closes.
     bool cmdSave_Click(std::size_t index);
@@ -101,7 +98,6 @@ private:
     void ReadSizes();
     void ShowPixel();
     void OpenPoint(std::size_t index);
-    void FindWaypoint(std::size_t index);
     void Pan(double dx, double dy);
     bool ConvertLongitudes();
     bool ConvertLatitudes();

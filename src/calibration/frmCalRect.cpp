@@ -6,14 +6,11 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMouseEvent>
 #include <QPushButton>
 #include <QScopeGuard>
 #include <QSlider>
 #include <QTableView>
 #include <QVBoxLayout>
-#include <algorithm>
-#include <cmath>
 
 #include "base/Flagged.h"
 #include "base/RuntimeError.h"
@@ -79,10 +76,6 @@ frmCalRect::frmCalRect(const Services& services, MapData& frmCalibrate, QWidget*
 }
 
 frmCalRect::~frmCalRect() = default;
-
-QString frmCalRect::Text(const char* german, const char* english) const {
-    return QString::fromUtf8(language.Text(german, english));
-}
 
 void frmCalRect::Start() {
     RestoreOnError(
@@ -229,7 +222,7 @@ void frmCalRect::MakeEntryFields(std::size_t index, QBoxLayout& layout) {
                       [this, index, search, target = field.Target](const QString& text) {
                           *target = text.toStdString();
                           if (!search) return;
-                          Click([&] { index == 0 ? logic->FindWaypoint1() : logic->FindWaypoint2(); });
+                          Click([&] { logic->FindWaypoint(index); });
                       });
         layout.addWidget(edit);
     }
@@ -251,7 +244,7 @@ void frmCalRect::MakeEntryGrid(std::size_t index, QBoxLayout& layout) {
     guard.Connect(entry.gridWay->selectionModel(), &QItemSelectionModel::currentRowChanged, [this, index] {
         if (showing) return;
         Click([&] {
-            if (logic->Points[index].gridWayEnabled) logic->gridWay_RowChanged(index);
+            if (logic->Points[index].FieldsEnabled) logic->gridWay_RowChanged(index);
         });
     });
 }
@@ -295,8 +288,8 @@ void frmCalRect::ShowEntry(std::size_t index) {
         field->setEnabled(point.FieldsEnabled);
         if (field->styleSheet() != style) field->setStyleSheet(style);
     }
-    entry.tQuickfind->setEnabled(point.tQuickfindEnabled);
-    entry.gridWay->setEnabled(point.gridWayEnabled);
+    entry.tQuickfind->setEnabled(point.FieldsEnabled);
+    entry.gridWay->setEnabled(point.FieldsEnabled);
     entry.cmdSave->setEnabled(point.cmdSaveEnabled);
     entry.Binding->SelectRow();
 }

@@ -82,7 +82,7 @@ private:
     void ShowState();
     void ShowEntry(std::size_t index);
     void ApplyLanguage();
-    QString Text(const char* german, const char* english) const;
+    QString Text(const char* german, const char* english) const { return language.Text(german, english); }
 
     const Language& language;
     EventGuard& guard;

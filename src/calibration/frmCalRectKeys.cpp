@@ -1,10 +1,8 @@
 // Keys and the slider of frmCalRect.
 
-#include <QGroupBox>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
-#include <QPushButton>
 #include <QSlider>
 #include <QTableView>
 #include <cmath>
@@ -21,19 +19,10 @@ namespace {
 
 constexpr double FineStep = 1, CoarseStep = 20; // of the cross-hair, view pixels
 
+// Qt numbers its arrows in this order, too.
 std::optional<ArrowKey> ArrowOf(int key) {
-    switch (key) {
-    case Qt::Key_Left:
-        return ArrowKey::Left;
-    case Qt::Key_Up:
-        return ArrowKey::Up;
-    case Qt::Key_Right:
-        return ArrowKey::Right;
-    case Qt::Key_Down:
-        return ArrowKey::Down;
-    default:
-        return std::nullopt;
-    }
+    if (key < Qt::Key_Left || key > Qt::Key_Down) return std::nullopt;
+    return static_cast<ArrowKey>(key - Qt::Key_Left);
 }
 
 bool IsEnter(int key) { return key == Qt::Key_Return || key == Qt::Key_Enter; }

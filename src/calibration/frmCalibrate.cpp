@@ -21,6 +21,7 @@
 #include "platform/qt/GridBinding.h"
 #include "platform/qt/Named.h"
 #include "platform/qt/QtPicture.h"
+#include "platform/qt/Spaced.h"
 #include "platform/qt/SurfaceWidget.h"
 
 namespace ornivane {
@@ -64,9 +65,7 @@ frmCalibrate::frmCalibrate(Variablen& variablen, EventGuard& eventGuard, Dialogs
       picStorage(std::make_unique<QtPicture>()) {
     setObjectName("frmCalibrate");
     picStorage->ReduceTo(LargestPreview);
-    auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(10, 10, 10, 10);
-    row->setSpacing(12);
+    auto* row = Spaced(new QHBoxLayout(this), 12, {10, 10, 10, 10});
     auto* left = new QVBoxLayout;
     auto* middle = new QVBoxLayout;
     auto* right = new QVBoxLayout;
@@ -84,10 +83,6 @@ frmCalibrate::frmCalibrate(Variablen& variablen, EventGuard& eventGuard, Dialogs
 }
 
 frmCalibrate::~frmCalibrate() = default;
-
-QString frmCalibrate::Text(const char* german, const char* english) const {
-    return QString::fromUtf8(shared.Text(german, english));
-}
 
 void frmCalibrate::MakeList(QBoxLayout& layout) {
     layout.addWidget(Label7 = Named(new QLabel, "Label7"));
@@ -232,12 +227,6 @@ void frmCalibrate::cmdCalibrate_Click() {
     form->Start();
 }
 
-void frmCalibrate::Form_Activate() { ApplyLanguage(); }
-
-void frmCalibrate::Form_Deactivate() { logic->Form_Deactivate(); }
-
-void frmCalibrate::Form_Unload() { logic->Form_Unload(); }
-
 // Enter goes from edge to edge and then to the button; Escape takes back what was typed.
 bool frmCalibrate::eventFilter(QObject* watched, QEvent* event) {
     if (watched == listKarten->viewport() && event->type() == QEvent::MouseButtonPress) {
@@ -269,8 +258,8 @@ void frmCalibrate::ShowState() {
     tPath->setText(Shown(logic->tPath));
     ShowList();
     ShowEdges();
-    lblBreite->setText(Shown(logic->lblBreite));
-    lblHoehe->setText(Shown(logic->lblHoehe));
+    lblBreite->setText(logic->Size ? QString::number(logic->Size->Width) : QString());
+    lblHoehe->setText(logic->Size ? QString::number(logic->Size->Height) : QString());
     const std::string scale = logic->ScaleText();
     lblScale->setText(Shown(scale.empty() ? logic->BackupText() : scale));
     chkVorschau->setChecked(logic->chkVorschau);

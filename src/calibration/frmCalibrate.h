@@ -13,7 +13,6 @@ class QCheckBox;
 class QComboBox;
 class QLineEdit;
 class QListWidget;
-class QListWidgetItem;
 class QPushButton;
 class QTableView;
 
@@ -36,9 +35,9 @@ public:
                  DecodedPictures* decoded = nullptr);
     ~frmCalibrate() override;
 
-    void Form_Activate() override;
-    void Form_Deactivate() override;
-    void Form_Unload() override;
+    void Form_Activate() override { ApplyLanguage(); }
+    void Form_Deactivate() override { logic->Form_Deactivate(); }
+    void Form_Unload() override { logic->Form_Unload(); }
     void ApplyLanguage() override;
 
     MapData& Logic() { return *logic; }
@@ -57,7 +56,7 @@ private:
     void ShowList();
     void ShowEdges();
     void ApplyToolTips();
-    QString Text(const char* german, const char* english) const;
+    QString Text(const char* german, const char* english) const { return shared.Text(german, english); }
 
     Variablen& shared;
     EventGuard& guard;

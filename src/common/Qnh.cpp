@@ -4,11 +4,7 @@
 
 namespace ornivane {
 
-namespace {
-
 constexpr double LowestQnh = 950, HighestQnh = 1050; // hPa, the highest excluded
-
-} // namespace
 
 void EnterQnh(DayQnh& qnh, const std::string& text, const Date& today) {
     const auto entered = ParseNumber(text);

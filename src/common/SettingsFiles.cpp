@@ -1,7 +1,5 @@
 #include "common/SettingsFiles.h"
 
-#include <algorithm>
-
 #include "base/AtomicFile.h"
 #include "base/Numbers.h"
 #include "common/SettingsText.h"
@@ -28,11 +26,6 @@ template <typename Target, typename Source>
 bool Take(Target& target, const std::optional<Source>& value) {
     if (value) target = *value;
     return value.has_value();
-}
-
-std::array<bool*, 7> InOrder(DisplayFlags& flags) {
-    return {&flags.ShowAirspace, &flags.ShowAirspaceText, &flags.ShowPatterns,    &flags.ShowRoute,
-            &flags.ShowNames,    &flags.ShowAirfields,    &flags.ShowAirfieldText};
 }
 
 const char* const DialModes[] = {"Kurs", "VOR", "HSI"}; // in the order of DialMode
@@ -71,19 +64,6 @@ bool ReadInstrumentSettings(const path& folder, InstrumentSettings& settings) {
 void WriteInstrumentSettings(const path& folder, const InstrumentSettings& settings) {
     const char* const mode = DialModes[static_cast<std::size_t>(settings.Mode)];
     Write(folder, "VOR.crm", SettingsWriter().Text(settings.Vor).Text(mode).Text(settings.Course));
-}
-
-bool ReadDisplayFlags(const path& folder, DisplayFlags& flags) {
-    SettingsReader reader = Reader(folder, "Set.crm");
-    const auto all = InOrder(flags);
-    return std::all_of(all.begin(), all.end(), [&](bool* flag) { return Take(*flag, reader.Boolean()); });
-}
-
-void WriteDisplayFlags(const path& folder, const DisplayFlags& flags) {
-    DisplayFlags copy = flags;
-    SettingsWriter writer;
-    for (const bool* flag : InOrder(copy)) writer.Boolean(*flag);
-    Write(folder, "Set.crm", writer);
 }
 
 bool ReadTrackSettings(const path& folder, TrackSettings& settings) {

@@ -34,20 +34,6 @@ struct InstrumentSettings {
 bool ReadInstrumentSettings(const std::filesystem::path& folder, InstrumentSettings& settings);
 void WriteInstrumentSettings(const std::filesystem::path& folder, const InstrumentSettings& settings);
 
-// Set.crm: what the flying screen shows.
-struct DisplayFlags {
-    bool ShowAirspace = false;
-    bool ShowAirspaceText = false;
-    bool ShowPatterns = false;
-    bool ShowRoute = false;
-    bool ShowNames = false;
-    bool ShowAirfields = false;
-    bool ShowAirfieldText = false;
-    bool operator==(const DisplayFlags&) const = default;
-};
-bool ReadDisplayFlags(const std::filesystem::path& folder, DisplayFlags& flags);
-void WriteDisplayFlags(const std::filesystem::path& folder, const DisplayFlags& flags);
-
 // track.crm: the track logger. The file holds 1 or 0 for the booleans; anything but 1 is off.
 struct TrackSettings {
     bool On = false;

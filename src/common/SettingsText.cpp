@@ -8,13 +8,15 @@ namespace ornivane {
 
 SettingsReader::SettingsReader(std::string_view bytes) : text(DecodeText(bytes)) {}
 
+std::nullopt_t SettingsReader::Fail() {
+    failed = true;
+    return std::nullopt;
+}
+
 std::optional<std::string_view> SettingsReader::Bare() {
     if (failed) return std::nullopt;
     at = text.find_first_not_of(" \t", at);
-    if (at == std::string::npos || at >= text.size()) {
-        failed = true;
-        return std::nullopt;
-    }
+    if (at == std::string::npos || at >= text.size()) return Fail();
     const std::size_t end = std::min(text.find_first_of(",\r\n", at), text.size());
     const std::string_view value = std::string_view(text).substr(at, end - at);
     at = end;
@@ -37,10 +39,7 @@ std::optional<std::string> SettingsReader::Text() {
         }
         value += text[i];
     }
-    if (i >= text.size()) { // cut before the closing quote
-        failed = true;
-        return std::nullopt;
-    }
+    if (i >= text.size()) return Fail(); // cut before the closing quote
     at = i + 1;
     Bare(); // whatever stands up to the end of the value
     failed = false;
@@ -54,8 +53,7 @@ std::optional<int> SettingsReader::WholeNumber() {
     int value = 0;
     const auto [end, error] = std::from_chars(bare->data(), bare->data() + bare->size(), value);
     if (error == std::errc() && end == bare->data() + bare->size()) return value;
-    failed = true;
-    return std::nullopt;
+    return Fail();
 }
 
 std::optional<bool> SettingsReader::Boolean() {
@@ -64,8 +62,7 @@ std::optional<bool> SettingsReader::Boolean() {
     const std::string lower = LowerAscii(*bare);
     if (lower == "#true#") return true;
     if (lower == "#false#") return false;
-    failed = true;
-    return std::nullopt;
+    return Fail();
 }
 
 std::optional<Date> SettingsReader::DateValue() {
@@ -73,8 +70,7 @@ std::optional<Date> SettingsReader::DateValue() {
     if (!bare) return std::nullopt;
     if (bare->size() == 12 && bare->front() == '#' && bare->back() == '#')
         if (const auto date = ParseDate(bare->substr(1, 10))) return date;
-    failed = true;
-    return std::nullopt;
+    return Fail();
 }
 
 SettingsWriter& SettingsWriter::Text(std::string_view value) {

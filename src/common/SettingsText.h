@@ -27,6 +27,7 @@ public:
 
 private:
     std::optional<std::string_view> Bare();
+    std::nullopt_t Fail();
 
     std::string text;
     std::size_t at = 0;

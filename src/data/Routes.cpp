@@ -5,11 +5,7 @@
 
 namespace ornivane {
 
-namespace {
-
 const char* const Select = "SELECT * From Route";
-
-} // namespace
 
 void Routes::Open(Recordset& routes) const {
     routes.Open(connection, std::string(Select) + " Order by NUMMER ASC");

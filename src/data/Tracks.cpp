@@ -1,5 +1,7 @@
 #include "data/Tracks.h"
 
+#include <array>
+
 #include "store/Connection.h"
 #include "store/KeptRows.h"
 
@@ -24,17 +26,6 @@ TrackPoint PointIn(const Statement& row) {
     return point;
 }
 
-std::int64_t Ask(Connection& connection, const char* sql) {
-    Statement number(connection, sql);
-    number.Step();
-    return number.Integer(0);
-}
-
-std::int64_t DeleteRows(Connection& connection, const char* sql, std::int64_t index) {
-    connection.Execute(sql, {index});
-    return Ask(connection, "SELECT changes()");
-}
-
 } // namespace
 
 void Tracks::OpenList(Recordset& list) const {
@@ -42,14 +33,12 @@ void Tracks::OpenList(Recordset& list) const {
 }
 
 bool Tracks::Exists(std::int64_t index) const {
-    Statement row(connection, "SELECT 1 FROM List WHERE \"Index\" = ?");
-    row.Bind(1, index);
-    return row.Step();
+    return Statement(connection, "SELECT 1 FROM List WHERE \"Index\" = ?", std::array{Value(index)}).Step();
 }
 
 std::int64_t Tracks::Add(const std::string& name) const {
     connection.Execute("INSERT INTO List (Name) VALUES (?)", {name});
-    return Ask(connection, "SELECT last_insert_rowid()");
+    return connection.LastRowId();
 }
 
 void Tracks::AddPoint(const TrackPoint& point) const {
@@ -83,8 +72,8 @@ Tracks::Counts& Tracks::Counts::operator+=(const Counts& more) {
 }
 
 Tracks::Counts Tracks::Delete(std::int64_t index) const {
-    const std::int64_t points = DeleteRows(connection, "DELETE FROM Track WHERE \"Index\" = ?", index);
-    return {DeleteRows(connection, "DELETE FROM List WHERE \"Index\" = ?", index), points};
+    const std::int64_t points = connection.Execute("DELETE FROM Track WHERE \"Index\" = ?", {index});
+    return {connection.Execute("DELETE FROM List WHERE \"Index\" = ?", {index}), points};
 }
 
 Tracks::Counts Tracks::CopyFrom(Connection& other, std::int64_t index) const {

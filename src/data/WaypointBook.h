@@ -28,11 +28,8 @@ public:
     void Add(const Waypoint& waypoint);
 
 private:
-    struct ByName {
-        bool operator()(const std::string& a, const std::string& b) const { return CompareText(a, b) < 0; }
-    };
     bool isEmpty = true;
-    std::map<std::string, Waypoint, ByName> waypoints;
+    std::map<std::string, Waypoint, TextBefore> waypoints;
 };
 
 } // namespace ornivane

@@ -5,11 +5,7 @@
 
 namespace ornivane {
 
-namespace {
-
 const char* const Table = "Waypoints";
-
-} // namespace
 
 void Waypoints::Open(Recordset& waypoints) const {
     waypoints.Open(connection, "SELECT * From Waypoints Order by NAME ASC");

@@ -6,7 +6,6 @@
 #include "base/Numbers.h"
 #include "base/Paths.h"
 #include "base/Readout.h"
-#include "base/RuntimeError.h"
 #include "base/Strings.h"
 #include "common/SettingsFiles.h"
 #include "common/StoredPositions.h"
@@ -85,13 +84,9 @@ void FlightPlan::Form_Activate() {
     for (int i = 0; i < static_cast<int>(RouteNames.size()); ++i)
         if (i == 0 || RouteNames[static_cast<std::size_t>(i)] == LastRoute)
             failed = ErrorOf([&] { cmbRoute_Click(i); });
-    if (ListIndex < 0) ListIndex = PlaceOf(tDatei); // the plan that still shows
+    const auto shown = std::ranges::find(RouteNames, tDatei); // the plan that still shows
+    if (ListIndex < 0 && shown != RouteNames.end()) ListIndex = static_cast<int>(shown - RouteNames.begin());
     if (failed) throw *failed;
-}
-
-int FlightPlan::PlaceOf(const std::string& route) const {
-    const auto at = std::find(RouteNames.begin(), RouteNames.end(), route);
-    return at == RouteNames.end() ? -1 : static_cast<int>(at - RouteNames.begin());
 }
 
 void FlightPlan::Form_Deactivate() {
@@ -100,8 +95,6 @@ void FlightPlan::Form_Deactivate() {
     if (const auto error = ErrorOf([this] { SavePlan(); })) Tell(*error);
     WriteFlightPlanEntries(settings.ProgramFolder, Entries);
 }
-
-void FlightPlan::Form_QueryUnload() { SavePlan(); }
 
 std::string FlightPlan::RouteName() const {
     return ListIndex < 0 ? std::string() : RouteNames[static_cast<std::size_t>(ListIndex)];
@@ -113,10 +106,6 @@ void FlightPlan::cmbRoute_Click(int index) {
     ListIndex = index;
     CalcPlan(false);
 }
-
-void FlightPlan::cmdCalc_Click() { CalcPlan(true); }
-
-void FlightPlan::cmdRevert_Click() { CalcPlan(false); }
 
 // An empty plan is not worth a file, and would take the place of one that is.
 void FlightPlan::SavePlan() {
@@ -153,9 +142,7 @@ void FlightPlan::LoadSavedPlan() {
                                "The saved flight plan is damaged and does not count: %1", {name}));
 }
 
-double FlightPlan::Number(PlanEntry entry) const {
-    return NumberIn(Entries[static_cast<std::size_t>(entry)]);
-}
+double FlightPlan::Number(PlanEntry entry) const { return NumberIn(Entry(entry)); }
 
 bool FlightPlan::WindFits(const LegInputs& inputs) const {
     return WindText(inputs, language.Locale).size() <= WindSize;
@@ -166,7 +153,7 @@ std::optional<PlanEntry> FlightPlan::WrongEntry() const {
     using enum PlanEntry;
     std::optional<PlanEntry> wrong;
     for (const PlanEntry entry : AllEntries) {
-        const auto value = ParseNumber(Entries[static_cast<std::size_t>(entry)]);
+        const auto value = ParseNumber(Entry(entry));
         if (!value || !IsInRange(entry, *value)) wrong = entry;
     }
     if (wrong || WindFits(EnteredInputs())) return wrong;
@@ -219,15 +206,16 @@ void FlightPlan::CheckFits(const std::vector<PlanRow>& rows) {
     FillPlan(trial, rows);
 }
 
-std::vector<PlanRow> FlightPlan::Departure() const {
+// Of the current point; its leg is not computed.
+PlanRow FlightPlan::RowOfPoint() const {
     PlanRow row;
     row.Id = RoutePointsSet.TextOrEmpty("PointID");
     row.Name = RoutePointsSet.TextOrEmpty("Name");
-    return {row};
+    return row;
 }
 
 std::vector<PlanRow> FlightPlan::ComputeRows(bool recalcAll, PlanSums& sums) {
-    std::vector<PlanRow> rows = Departure();
+    std::vector<PlanRow> rows = {RowOfPoint()};
     Position from = ToDecimalDegrees(DegMinOf(RoutePointsSet));
     // A first leg without length has course 0 and not that of a plan computed before.
     double course = 0;
@@ -236,10 +224,8 @@ std::vector<PlanRow> FlightPlan::ComputeRows(bool recalcAll, PlanSums& sums) {
         const Position to = ToDecimalDegrees(stored);
         const double leg = LegOf(from, to, course);
         sums.Distance += leg;
-        PlanRow row;
-        row.Id = RoutePointsSet.TextOrEmpty("PointID");
+        PlanRow row = RowOfPoint();
         row.Nr = static_cast<int>(rows.size()) + 1;
-        row.Name = RoutePointsSet.TextOrEmpty("Name");
         row.TC = NumberAsShown(course, "##0");
         row.Distanz = Round(leg, 2);
         row.DistanzAcc = Round(sums.Distance, 2);

@@ -31,14 +31,14 @@ public:
     void Form_Load();
     void Form_Activate();
     void Form_Deactivate();
-    void Form_QueryUnload();
+    void Form_QueryUnload() { SavePlan(); }
 
     // Another route was chosen: the plan shown until now is saved, the route's plan computed.
     void cmbRoute_Click(int index);
     // Every leg anew from the entry fields.
-    void cmdCalc_Click();
+    void cmdCalc_Click() { CalcPlan(true); }
     // Back to what the plan file has.
-    void cmdRevert_Click();
+    void cmdRevert_Click() { CalcPlan(false); }
 
     // A cell of the grid, its row counted from 0. True when the edit may be made; otherwise what is wrong
     // with it was shown.
@@ -65,7 +65,6 @@ private:
     void ReadEntries();
     void OpenRoutes();
     std::string RouteName() const;
-    int PlaceOf(const std::string& route) const; // in RouteNames; -1 without
     std::filesystem::path PlanFolder() const { return settings.ProgramFolder / "Flugplan"; }
     void SavePlan();
     void Tell(const RuntimeError& error);
@@ -75,7 +74,7 @@ private:
     bool EntriesAreRight();
     void CalcPlan(bool recalcAll);
     bool OpenRoutePoints(const std::string& route);
-    std::vector<PlanRow> Departure() const;
+    PlanRow RowOfPoint() const;
     std::vector<PlanRow> ComputeRows(bool recalcAll, PlanSums& sums);
     LegInputs InputsOf(const std::string& id, bool recalcAll);
     LegInputs EnteredInputs() const;

@@ -63,12 +63,6 @@ std::string InLines(std::string caption) {
     return caption;
 }
 
-std::string Shown(const Value& value, const LocaleText& locale) {
-    if (value.IsNull()) return {};
-    if (std::holds_alternative<std::string>(value.Raw())) return value.Text();
-    return NumberText(value.Number(), locale);
-}
-
 void AddHeader(Page& page, const Totals& totals) {
     constexpr std::array values = {"lblDistanz", "lblZeit", "lblFFh", "lblFF", "lblWind"};
     const std::array texts = {totals.Distanz, totals.Zeit, totals.FFh, totals.FF, totals.Wind};
@@ -82,6 +76,12 @@ void AddHeader(Page& page, const Totals& totals) {
 }
 
 } // namespace
+
+std::string Shown(const Value& value, const LocaleText& locale) {
+    if (value.IsNull()) return {};
+    if (std::holds_alternative<std::string>(value.Raw())) return value.Text();
+    return NumberText(value.Number(), locale);
+}
 
 int RowsOnPage(int height) { return std::max(1, (height - HeaderHeight) / RowHeight); }
 

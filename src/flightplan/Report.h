@@ -34,6 +34,9 @@ struct Totals {
     std::string Distanz, Zeit, FFh, FF, Wind;
 };
 
+// A value of a plan, in the report and in the grid; empty for Null.
+std::string Shown(const Value& value, const LocaleText& locale);
+
 // How many rows fit on a page of that height; at least one.
 int RowsOnPage(int height);
 

@@ -2,7 +2,6 @@
 
 #include <QComboBox>
 #include <QFrame>
-#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -13,13 +12,13 @@
 #include <algorithm>
 
 #include "base/FileNames.h"
-#include "base/Numbers.h"
-#include "base/RuntimeError.h"
 #include "flightplan/frmPlanGrid.h"
 #include "platform/qt/EnterKey.h"
 #include "platform/qt/Events.h"
+#include "platform/qt/FillCombo.h"
 #include "platform/qt/FittedRuns.h"
 #include "platform/qt/Named.h"
+#include "platform/qt/Spaced.h"
 
 namespace ornivane {
 
@@ -73,9 +72,7 @@ frmFlugPlan::frmFlugPlan(const Services& servicesOf)
     : services(servicesOf),
       logic(services.Shared, services.Shared, services.Shared.DataConn, services.Boxes, services.Notices) {
     setObjectName("frmFlugPlan");
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(10, 8, 10, 8);
-    column->setSpacing(8);
+    auto* column = Spaced(new QVBoxLayout(this), 8, {10, 8, 10, 8});
     MakeTop(*column);
     MakeGrid(*column);
     MakeTotals(*column);
@@ -87,15 +84,9 @@ frmFlugPlan::frmFlugPlan(const Services& servicesOf)
 
 frmFlugPlan::~frmFlugPlan() = default;
 
-QString frmFlugPlan::Text(const char* german, const char* english) const {
-    return QString::fromUtf8(services.Shared.Text(german, english));
-}
-
 void frmFlugPlan::MakeTop(QBoxLayout& layout) {
-    auto* row = new QHBoxLayout;
-    row->setSpacing(10);
-    auto* route = new QVBoxLayout;
-    route->setSpacing(2);
+    auto* row = Spaced(new QHBoxLayout, 10);
+    auto* route = Spaced(new QVBoxLayout, 2);
     route->addWidget(lblRoute = Named(new QLabel, "lblRoute"));
     cmbRoute = Named(new QComboBox, "cmbRoute");
     cmbRoute->setMinimumHeight(ButtonHeight);
@@ -116,8 +107,7 @@ void frmFlugPlan::MakeTop(QBoxLayout& layout) {
 
 void frmFlugPlan::MakeEntries(QBoxLayout& layout) {
     for (std::size_t i = 0; i < PlanEntryCount; ++i) {
-        auto* column = new QVBoxLayout;
-        column->setSpacing(2);
+        auto* column = Spaced(new QVBoxLayout, 2);
         column->addWidget(captions[i] = new QLabel);
         auto* field = fields[i] = Named(new QLineEdit, EntryNames[i]);
         field->setMinimumHeight(ButtonHeight);
@@ -148,14 +138,11 @@ void frmFlugPlan::MakeButtons(QBoxLayout& layout) {
 void frmFlugPlan::MakeGrid(QBoxLayout& layout) {
     gridFlug = Named(new frmPlanGrid, "gridFlug");
     std::vector<RecordsetModel::Column> columns;
+    columns.reserve(Heads.size());
     for (const Head& head : Heads)
-        columns.push_back({head.Field, [this, &head] { return InLines(Text(head.German, head.English)); },
-                           [this](const Value& value) {
-                               if (value.IsNull()) return QString();
-                               return Shown(std::holds_alternative<std::string>(value.Raw())
-                                                ? value.Text()
-                                                : NumberText(value.Number(), services.Shared.Locale));
-                           }});
+        columns.push_back(
+            {head.Field, [this, &head] { return InLines(Text(head.German, head.English)); },
+             [this](const Value& value) { return Shown(report::Shown(value, services.Shared.Locale)); }});
     model = std::make_unique<PlanModel>(
         logic.PlanSet, std::move(columns),
         PlanModel::Editing{
@@ -221,8 +208,12 @@ frmReport frmFlugPlan::Report() const {
 
 void frmFlugPlan::cmdPreview_Click() {
     if (!logic.PlanSet.IsOpen()) return;
-    const auto show = [this] { Report().ShowFlightPlanReport(window(), Text("Flugplan", "Flightplan")); };
-    if (ErrorOf(show)) services.ReportMissing();
+    // Whatever fails in Qt's preview, the hint comes: the plan is still there.
+    try {
+        Report().ShowFlightPlanReport(window(), Text("Flugplan", "Flightplan"));
+    } catch (const std::exception&) {
+        services.ReportMissing();
+    }
 }
 
 void frmFlugPlan::cmdPDF_Click() {
@@ -277,15 +268,8 @@ bool frmFlugPlan::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void frmFlugPlan::ShowState() {
-    QStringList routes;
-    for (const std::string& route : logic.RouteNames) routes << Shown(route);
-    QStringList listed;
-    for (int i = 0; i < cmbRoute->count(); ++i) listed << cmbRoute->itemText(i);
-    if (routes != listed) {
-        cmbRoute->clear();
-        cmbRoute->addItems(routes);
-    }
-    cmbRoute->setCurrentIndex(logic.ListIndex);
+    FillCombo(*cmbRoute, logic.RouteNames, {});
+    cmbRoute->setCurrentIndex(logic.ListIndex); // several routes may have one name
     lblPlan->setText(logic.tDatei.empty()
                          ? QString()
                          : Text("Plan der Strecke: ", "Plan of the route: ") + Shown(logic.tDatei));

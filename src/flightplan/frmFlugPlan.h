@@ -67,7 +67,9 @@ private:
     void FitGrid();
     QString ToolTipOf(int column) const;
     void ApplyToolTips();
-    QString Text(const char* german, const char* english) const;
+    QString Text(const char* german, const char* english) const {
+        return services.Shared.Text(german, english);
+    }
 
     Services services;
     FlightPlan logic;

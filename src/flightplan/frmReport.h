@@ -2,7 +2,6 @@
 
 #include <QString>
 #include <filesystem>
-#include <vector>
 
 #include "flightplan/Report.h"
 

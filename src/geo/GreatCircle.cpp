@@ -56,10 +56,6 @@ GreatCircle GreatCircle::Between(const Position& a, const Position& b) {
 
 double AngleBetween(const Position& a, const Position& b) { return Angle(InRadians(a), InRadians(b)); }
 
-double TrueCourse(const Position& a, const Position& b, double angleRadians) {
-    return Course(InRadians(a), InRadians(b), angleRadians);
-}
-
 double CalcRouteDist(const Position& b, const Position& a) {
     return IsLeg(a, b) ? NauticalMiles(AngleBetween(a, b)) : 0;
 }

@@ -11,18 +11,16 @@ namespace ornivane {
 struct GreatCircle {
     double AngleRadians = 0; // between A and B; 0 also for points too close to have a course
     double DistanceNM = 0;
-    double TrueCourse = 0; // degrees, 0 to 360
+    // Degrees, 0 to 360. Eastbound it is the initial course at A, westbound and on the same meridian the
+    // final one at B, so that due north is 360 and due south 180. Points so close that the angle comes out as
+    // 0 give 0, 180 or 360.
+    double TrueCourse = 0;
 
     static GreatCircle Between(const Position& a, const Position& b);
 };
 
 // The great-circle angle between two points in radians, by the spherical law of cosines.
 double AngleBetween(const Position& a, const Position& b);
-
-// True course in degrees, 0 to 360, from A to B; `angleRadians` is the angle between them. Eastbound it is
-// the initial great-circle course at A, westbound and on the same meridian the final one at B, so that due
-// north is 360 and due south 180. Points so close that the angle comes out as 0 give 0, 180 or 360.
-double TrueCourse(const Position& a, const Position& b, double angleRadians);
 
 // Great-circle distance in nautical miles, the second point first. 0 for equal points, and for any coordinate
 // that is exactly 0: that marks one that was never set.

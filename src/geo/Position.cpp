@@ -2,8 +2,6 @@
 
 #include <cmath>
 
-#include "geo/NavigationMaths.h"
-
 namespace ornivane {
 
 namespace {
@@ -19,13 +17,6 @@ double Stored(double decimalDegrees) {
 }
 
 } // namespace
-
-template <Axis axis>
-double DecimalCoordinate<axis>::Radians() const {
-    return DegToRad(degrees);
-}
-template class DecimalCoordinate<Axis::Latitude>;
-template class DecimalCoordinate<Axis::Longitude>;
 
 Latitude ToDecimalDegrees(StoredLatitude latitude) { return Latitude(Decimal(latitude.Value())); }
 Longitude ToDecimalDegrees(StoredLongitude longitude) { return Longitude(Decimal(longitude.Value())); }

@@ -2,45 +2,40 @@
 
 #include <compare>
 
+#include "geo/NavigationMaths.h"
+
 namespace ornivane {
 
 // A coordinate is of one axis and in one of two forms, and none turns into another by itself: a swapped pair
 // does not compile. North and east are positive.
 enum class Axis { Latitude, Longitude };
 
-// Decimal degrees, the form of all arithmetic.
-template <Axis axis>
-class DecimalCoordinate {
+// Decimal degrees, the form of all arithmetic; or DegMinValue, the form of stores, entry fields and exports:
+// the whole part is degrees, the fraction minutes / 100, so that 47.40 is 47° 40'. Also its order is that of
+// the stores.
+enum class CoordinateForm { DecimalDegrees, DegMinValue };
+
+template <Axis axis, CoordinateForm form>
+class AxisCoordinate {
 public:
-    constexpr DecimalCoordinate() = default;
-    constexpr explicit DecimalCoordinate(double decimalDegrees) : degrees(decimalDegrees) {}
-    constexpr double Degrees() const { return degrees; }
-    double Radians() const; // by DegToRad
-    constexpr DecimalCoordinate operator-() const { return DecimalCoordinate(-degrees); }
-    constexpr auto operator<=>(const DecimalCoordinate& other) const { return degrees <=> other.degrees; }
-    constexpr bool operator==(const DecimalCoordinate&) const = default;
+    constexpr AxisCoordinate() = default;
+    constexpr explicit AxisCoordinate(double inThatForm) : number(inThatForm) {}
+    constexpr double Degrees() const requires(form == CoordinateForm::DecimalDegrees) { return number; }
+    double Radians() const requires(form == CoordinateForm::DecimalDegrees) { return DegToRad(number); }
+    constexpr AxisCoordinate operator-() const requires(form == CoordinateForm::DecimalDegrees) {
+        return AxisCoordinate(-number);
+    }
+    constexpr double Value() const requires(form == CoordinateForm::DegMinValue) { return number; }
+    constexpr auto operator<=>(const AxisCoordinate&) const = default;
 
 private:
-    double degrees = 0;
+    double number = 0;
 };
 
-// DegMinValue, the form of stores, entry fields and exports: the whole part is degrees, the fraction minutes
-// / 100, so that 47.40 is 47° 40'. Also its order is that of the stores.
 template <Axis axis>
-class StoredCoordinate {
-public:
-    constexpr StoredCoordinate() = default;
-    constexpr explicit StoredCoordinate(double degMinValue) : value(degMinValue) {}
-    constexpr double Value() const { return value; }
-    constexpr auto operator<=>(const StoredCoordinate& other) const { return value <=> other.value; }
-    constexpr bool operator==(const StoredCoordinate&) const = default;
-
-private:
-    double value = 0;
-};
-
-using Latitude = DecimalCoordinate<Axis::Latitude>;
-using Longitude = DecimalCoordinate<Axis::Longitude>;
+using StoredCoordinate = AxisCoordinate<axis, CoordinateForm::DegMinValue>;
+using Latitude = AxisCoordinate<Axis::Latitude, CoordinateForm::DecimalDegrees>;
+using Longitude = AxisCoordinate<Axis::Longitude, CoordinateForm::DecimalDegrees>;
 using StoredLatitude = StoredCoordinate<Axis::Latitude>;
 using StoredLongitude = StoredCoordinate<Axis::Longitude>;
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "base/Numbers.h"
 #include "base/RuntimeError.h"
 #include "base/Strings.h"
 

@@ -4,7 +4,6 @@
 
 #include "base/Numbers.h"
 #include "base/Strings.h"
-#include "common/SettingsFiles.h"
 
 namespace ornivane {
 
@@ -144,18 +143,11 @@ void PortTest::MSComm1_OnComm(SerialEvent event) {
 }
 
 std::string PortTest::lblStatus() const {
-    switch (stage) {
-    case Stage::Checking:
+    if (stage == Stage::Checking)
         return language.Text("%1 wird überprüft", "%1 - testing connection ", {port.Name()});
-    case Stage::NoSignal:
-        return language.Text("Kein Signal an %1", "No Signal - %1", {port.Name()});
-    case Stage::NotOpened:
-        return port.OpenFailure();
-    case Stage::Saved:
-        return language.Text("OK - Daten gespeichert", "OK - Data saved");
-    default:
-        return {};
-    }
+    if (stage == Stage::NoSignal) return language.Text("Kein Signal an %1", "No Signal - %1", {port.Name()});
+    if (stage == Stage::Saved) return language.Text("OK - Daten gespeichert", "OK - Data saved");
+    return stage == Stage::NotOpened ? port.OpenFailure() : std::string();
 }
 
 std::string PortTest::lblSatellites() const {

@@ -70,6 +70,4 @@ void ActiveMap::SaveMapPosition() {
     });
 }
 
-void ActiveMap::CenterOnAircraft(const Point& aircraft) { View = CentredOn(View, Sizes, aircraft); }
-
 } // namespace ornivane

@@ -29,7 +29,7 @@ public:
 
     // Refused while centring is on, too.
     bool CanPan() const override { return !CenterMap && ChartView::CanPan(); }
-    void CenterOnAircraft(const Point& aircraft);
+    void CenterOnAircraft(const Point& aircraft) { View = CentredOn(View, Sizes, aircraft); } // on the image
 
     std::string CurrentMapName; // text of cmbMaps when the list was last rebuilt
     std::string LastMapName;

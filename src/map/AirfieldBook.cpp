@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "base/Numbers.h"
-#include "base/RuntimeError.h"
 
 namespace ornivane {
 

@@ -14,8 +14,6 @@ ChartView::ChartView(const ChartParts& parts)
     : language(parts.Texts), settings(parts.Program), dataConn(parts.DataConn), maps(parts.List),
       surface(parts.picMap), storage(parts.picStorage), progress(parts.progBar), dialogs(parts.Messages) {}
 
-bool ChartView::HasRows() const { return maps.IsOpen() && maps.RecordCount() > 0; }
-
 std::string ChartView::Name() const { return MapCatalogue::NameOf(maps); }
 
 void ChartView::LoadPicture() {
@@ -48,21 +46,17 @@ void ChartView::InitializeData() {
     progress.SetValue(50);
     viewIsOf.reset();
     LoadPicture();
-    if (ErrorOf([this] { TakeInRow(); })) {
-        Refuse();
-        return;
-    }
+    if (ErrorOf([this] { TakeInRow(); })) return Refuse();
     refused.erase(Name());
     progress.SetValue(100);
     progress.SetVisible(false);
 }
 
 void ChartView::TakeInRow() {
-    const MapFrame frame = MapCatalogue::FrameOf(maps);
-    taken = {Name(), frame};
-    Breite = frame.Breite;
-    Höhe = frame.Höhe;
-    scale = MapCatalogue::ScaleOf(frame);
+    taken = {Name(), ChartPlacement::FromRow(maps)};
+    Breite = taken->Placement.Frame().Breite;
+    Höhe = taken->Placement.Frame().Höhe;
+    scale = taken->Placement.Scale();
     ReadSizes();
     View = OpenedView(Sizes);
     Sizes.HalfWidth = View.SW;
@@ -91,7 +85,7 @@ std::string ChartView::MapError() const {
 bool ChartView::RowHasChanged() const {
     if (!HasRows() || maps.Eof()) return true;
     std::optional<TakenIn> row; // a row without a frame was never taken in
-    IgnoreErrors([&] { row = {Name(), MapCatalogue::FrameOf(maps)}; });
+    IgnoreErrors([&] { row = {Name(), ChartPlacement::FromRow(maps)}; });
     return !row || taken != row;
 }
 
@@ -141,13 +135,13 @@ void ChartView::AdjustViewToPicture() {
 
 bool ChartView::Pan(double dxPixels, double dyPixels) {
     if (!CanPan()) return false;
-    View = Dragged(View, Sizes, {dxPixels, dyPixels});
+    View = Dragged(View, Sizes, Transform().ImageDrag({dxPixels, dyPixels}));
     return true;
 }
 
 MapTransform ChartView::Transform() const {
     if (!taken) throw RuntimeError(ErrorNumber::NoCurrentRecord);
-    return {scale, View, surface.ScaleWidth(), surface.ScaleHeight()};
+    return {scale, View, {surface.ScaleWidth(), surface.ScaleHeight()}};
 }
 
 } // namespace ornivane

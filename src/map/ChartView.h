@@ -36,7 +36,7 @@ public:
     ChartView(const ChartView&) = delete;
     ChartView& operator=(const ChartView&) = delete;
 
-    bool HasRows() const; // of the list
+    bool HasRows() const { return maps.IsOpen() && maps.RecordCount() > 0; } // of the list
     // A chart shows. One that could not be shown counts as none: what was drawn or chosen on the geometry of
     // the chart before it would be at another place.
     bool HasMap() const { return HasRows() && viewIsOf.has_value(); }
@@ -67,7 +67,7 @@ public:
     [[nodiscard]] bool Pan(double dxPixels, double dyPixels);
     virtual bool CanPan() const { return HasMap() && SlideMap != SlideMax; }
 
-    // From the edges that InitializeData took in, whatever row the list stands on now. RuntimeError
+    // From the placement that InitializeData took in, whatever row the list stands on now. RuntimeError
     // NoCurrentRecord before that.
     MapTransform Transform() const;
     std::string Name() const; // of the current row
@@ -96,7 +96,7 @@ protected:
 private:
     struct TakenIn {
         std::string Name;
-        MapFrame Frame;
+        ChartPlacement Placement;
         bool operator==(const TakenIn&) const = default;
     };
     void LoadPicture();

@@ -6,42 +6,29 @@ namespace ornivane {
 
 namespace {
 
-const char* Missing(const Language& language, DrawingFaults::Layer layer) {
-    switch (layer) {
-    case DrawingFaults::Layer::Chart:
-        return language.Text("Die Karte ist nicht gezeichnet: ", "The chart is not drawn: ");
-    case DrawingFaults::Layer::Airspace:
-        return language.Text("Nicht alle Lufträume sind auf der Karte: ",
-                             "Not all airspace is on the chart: ");
-    case DrawingFaults::Layer::Route:
-        return language.Text("Die Strecke ist nicht ganz gezeichnet: ", "The route is not drawn in full: ");
-    case DrawingFaults::Layer::Waypoints:
-        return language.Text("Nicht alle Wegpunkte sind gezeichnet: ", "Not all waypoints are drawn: ");
-    case DrawingFaults::Layer::Whole:
-        break;
-    }
-    return language.Text("Die Karte ist nicht zu Ende gezeichnet, das Flugzeug fehlt: ",
-                         "The chart is not drawn to its end, the aircraft is missing: ");
-}
+// In the order of Layer.
+constexpr Bilingual Missing[] = {
+    {"Die Karte ist nicht zu Ende gezeichnet, das Flugzeug fehlt: ",
+     "The chart is not drawn to its end, the aircraft is missing: "},
+    {"Die Karte ist nicht gezeichnet: ", "The chart is not drawn: "},
+    {"Nicht alle Lufträume sind auf der Karte: ", "Not all airspace is on the chart: "},
+    {"Die Strecke ist nicht ganz gezeichnet: ", "The route is not drawn in full: "},
+    {"Nicht alle Wegpunkte sind gezeichnet: ", "Not all waypoints are drawn: "}};
 
 // What a number means in a redraw, where only stored rows and their arithmetic are at work.
+constexpr std::pair<ErrorNumber, Bilingual> Causes[] = {
+    {ErrorNumber::InvalidNull, {"es fehlt ein Wert", "a value is missing"}},
+    {ErrorNumber::TypeMismatch,
+     {"ein Text steht, wo eine Zahl hingehört", "a text stands where a number belongs"}},
+    {ErrorNumber::Overflow, {"eine Zahl ist zu groß", "a number is too large"}},
+    {ErrorNumber::DivisionByZero,
+     {"zwei Orte fallen zusammen oder eine Ausdehnung ist null", "two places coincide or an extent is zero"}},
+    {ErrorNumber::StoreError, {"der Datenspeicher ist nicht lesbar", "the data store cannot be read"}}};
+
 std::string CauseOf(const Language& language, const RuntimeError& error) {
-    switch (error.Number()) {
-    case ErrorNumber::InvalidNull:
-        return language.Text("es fehlt ein Wert", "a value is missing");
-    case ErrorNumber::TypeMismatch:
-        return language.Text("ein Text steht, wo eine Zahl hingehört",
-                             "a text stands where a number belongs");
-    case ErrorNumber::Overflow:
-        return language.Text("eine Zahl ist zu groß", "a number is too large");
-    case ErrorNumber::DivisionByZero:
-        return language.Text("zwei Orte fallen zusammen oder eine Ausdehnung ist null",
-                             "two places coincide or an extent is zero");
-    case ErrorNumber::StoreError:
-        return language.Text("der Datenspeicher ist nicht lesbar", "the data store cannot be read");
-    default:
-        return DescribeError(RuntimeError(error.Number()), language);
-    }
+    for (const auto& [number, text] : Causes)
+        if (number == error.Number()) return text.In(language);
+    return DescribeError(RuntimeError(error.Number()), language);
 }
 
 std::string TextOfAirfield(const Language& language, const MissingAirfield& missing) {
@@ -75,7 +62,7 @@ std::string DrawingFaults::TextOf(Layer layer, const RuntimeError& error) const 
     if (const auto* missing = dynamic_cast<const MissingAirfield*>(&error))
         return TextOfAirfield(language, *missing);
     const std::string where = error.Detail().empty() ? std::string() : " (" + error.Detail() + ")";
-    return Missing(language, layer) + CauseOf(language, error) + where + ".";
+    return Missing[static_cast<std::size_t>(layer)].In(language) + CauseOf(language, error) + where + ".";
 }
 
 } // namespace ornivane

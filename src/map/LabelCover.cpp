@@ -5,12 +5,8 @@
 
 namespace ornivane {
 
-namespace {
-
 constexpr int Margin = 16;                      // pixels
 constexpr double CellWidth = 4, CellHeight = 4; // view pixels; a plate is 17 high
-
-} // namespace
 
 LabelCover::LabelCover(const PictureSurface& view)
     : columns(static_cast<int>(std::ceil(view.ScaleWidth() / CellWidth))),

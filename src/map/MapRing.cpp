@@ -11,14 +11,10 @@ namespace ornivane {
 MapRing::MapRing(Connection& dataConn, ActiveMap& activeMap, Progress& progBar)
     : catalogue(dataConn), map(activeMap), progress(progBar) {}
 
-void MapRing::cmdMapScroll_Click() { map.AutoMapSwitch = map.CenterMap = true; }
-
 void MapRing::PicMapScroll_Click() {
     map.AutoMapSwitch = false;
     HideNext();
 }
-
-void MapRing::HideNext() { tNextMapShows = LblMapNumberShows = false; }
 
 std::string MapRing::After(int index) const {
     const int next = index + 1;
@@ -51,9 +47,8 @@ void MapRing::Change(const std::string& route) {
 
 // The map behind the one that stands now.
 void MapRing::Announce() {
-    std::sort(listNextMap.begin(), listNextMap.end(),
-              [](const auto& a, const auto& b) { return CompareText(a, b) < 0; });
-    const auto found = std::find(listNextMap.begin(), listNextMap.end(), map.cmbMaps);
+    std::ranges::sort(listNextMap, TextBefore());
+    const auto found = std::ranges::find(listNextMap, map.cmbMaps);
     MapListIndex =
         found == listNextMap.end() ? std::int16_t{-1} : ToInt16(double(found - listNextMap.begin()));
     tNextMap = After(MapListIndex);

@@ -18,7 +18,7 @@ public:
     MapRing(Connection& dataConn, ActiveMap& map, Progress& progBar);
 
     // Automatic switching always means a centred map: centring was asked for, draw it.
-    void cmdMapScroll_Click();
+    void cmdMapScroll_Click() { map.AutoMapSwitch = map.CenterMap = true; }
     void PicMapScroll_Click();
     void tNextMap_MouseDown() { tNextMapShows = false; }
 
@@ -28,7 +28,7 @@ public:
     // `route`: for the memory of the last choice.
     void Change(const std::string& route);
     // Nothing is announced while the catalogue is empty.
-    void HideNext();
+    void HideNext() { tNextMapShows = LblMapNumberShows = false; }
     // Steps to the next map by hand; true: draw it. Nothing while automatic switching is off.
     [[nodiscard]] bool Step(const std::string& route);
     // The next redraw changes to a map that covers the aircraft, if the present one does not.

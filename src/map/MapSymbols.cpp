@@ -1,6 +1,5 @@
 #include "map/MapSymbols.h"
 
-#include <array>
 #include <cmath>
 
 #include "base/RuntimeError.h"

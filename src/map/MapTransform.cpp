@@ -7,16 +7,9 @@
 
 namespace ornivane {
 
-MapTransform::MapTransform(const MapScale& mapScale, const SourceRect& sourceRect, double viewWidthPixels,
-                           double viewHeightPixels)
-    : scale(mapScale), rect(sourceRect), width(viewWidthPixels), height(viewHeightPixels),
+MapTransform::MapTransform(const MapScale& mapScale, const SourceRect& sourceRect, const Point& viewSize)
+    : scale(mapScale), rect(sourceRect), width(viewSize.X), height(viewSize.Y),
       perImageX(CheckedDivide(width, sourceRect.SW)), perImageY(CheckedDivide(height, sourceRect.SH)) {}
-
-Point MapTransform::ImageOf(const Position& position) const {
-    const double east = position.Long.Degrees() - scale.Links.Degrees();
-    const double north = position.Lat.Degrees() - scale.Unten.Degrees();
-    return {east * 10 * scale.PixPerTenthLong, scale.Höhe - north * 10 * scale.PixPerTenthLat};
-}
 
 Point MapTransform::ViewOfImage(const Point& image) const {
     return {(image.X - rect.SX) * perImageX, (image.Y - rect.SY) * perImageY};
@@ -24,13 +17,6 @@ Point MapTransform::ViewOfImage(const Point& image) const {
 
 Point MapTransform::ImageOfView(const Point& view) const {
     return {CheckedDivide(view.X, perImageX) + rect.SX, CheckedDivide(view.Y, perImageY) + rect.SY};
-}
-
-Position MapTransform::PositionOfView(const Point& view) const {
-    const Point image = ImageOfView(view);
-    const double south = CheckedDivide(image.Y - scale.Höhe, scale.PixPerTenthLat * 10);
-    const double east = CheckedDivide(image.X, scale.PixPerTenthLong * 10);
-    return {Latitude(scale.Unten.Degrees() - south), Longitude(scale.Links.Degrees() + east)};
 }
 
 ViewBounds MapTransform::WholeView() const {

@@ -1,27 +1,10 @@
 #pragma once
 
-#include "geo/Position.h"
+#include "map/ChartPlacement.h"
 #include "map/Viewport.h"
+#include "platform/PictureSurface.h"
 
 namespace ornivane {
-
-// The four edges of a map, and the size of its image in pixels as the catalogue has it.
-struct MapFrame {
-    StoredLatitude Unten, Oben;
-    StoredLongitude Links, Rechts;
-    double Breite = 0, Höhe = 0;
-    bool operator==(const MapFrame&) const = default;
-};
-
-// How image pixels follow from positions: one scale an axis, no projection, no rotation.
-struct MapScale {
-    Longitude Links;
-    Latitude Unten;
-    double Höhe = 0;           // pixels
-    double PixPerTenthLat = 0; // pixels per tenth of a degree
-    double PixPerTenthLong = 0;
-    bool operator==(const MapScale&) const = default;
-};
 
 // A geographic window in the stored form, in which the stores compare it with their rows.
 struct ViewBounds {
@@ -35,16 +18,20 @@ struct ViewBounds {
 // DivisionByZero or Overflow for a view or scale without extent.
 class MapTransform {
 public:
-    MapTransform(const MapScale& scale, const SourceRect& rect, double viewWidthPixels,
-                 double viewHeightPixels);
+    // `viewSize`: width and height of the view in pixels.
+    MapTransform(const MapScale& scale, const SourceRect& rect, const Point& viewSize);
 
-    Point ImageOf(const Position& position) const;
+    Point ImageOf(const Position& position) const { return scale.ImageOf(position); }
     Point ViewOfImage(const Point& image) const;
     Point ViewOf(const Position& position) const { return ViewOfImage(ImageOf(position)); }
     Point ImageOfView(const Point& view) const;
-    Position PositionOfView(const Point& view) const;
+    Position PositionOfView(const Point& view) const { return scale.PositionOf(ImageOfView(view)); }
     // In which direction a true course points in the view, in degrees; 0 is up. North is up on every chart.
     double ViewAngle(double trueCourseDegrees) const { return trueCourseDegrees; }
+    // What the view shows of the image.
+    PictureSection Section() const { return {rect.SX, rect.SY, rect.SW, rect.SH}; }
+    // The way over the image, in its pixels, of a drag by as many pixels of the view.
+    Point ImageDrag(const Point& drag) const { return drag; }
     // The window of the whole view, rounded to whole minutes.
     ViewBounds GetViewBounds() const;
     // The same as it is.

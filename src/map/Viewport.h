@@ -20,6 +20,7 @@ struct ViewSizes {
     float AspectFactor = 0;                // source height per source width that keeps the image undistorted
     double HalfWidth = 0;                  // source width at slider value 0
     double ViewWidth = 0, ViewHeight = 0;  // the visible picture
+    double HeightFactor = 1;               // stretches the height of a zoomed rectangle before it is cut
 };
 
 constexpr int SlideMin = -100;
@@ -35,14 +36,13 @@ SourceRect OpenedView(const ViewSizes& sizes);
 
 // For a slider value of -100 to 100; 100 is the whole width. Magnification stops at 8 view pixels for one
 // image pixel. A picture less tall than the view's proportion is cut to its height and slightly stretched.
-// `heightFactor` stretches the height before it is cut.
-SourceRect Zoomed(SourceRect rect, const ViewSizes& sizes, int slideValue, double heightFactor = 1);
+SourceRect Zoomed(SourceRect rect, const ViewSizes& sizes, int slideValue);
 
-// Moved so that this place of the view comes to the middle, as far as the image reaches.
-SourceRect CentredOn(SourceRect rect, const ViewSizes& sizes, const Point& viewPixel);
+// Moved so that this place of the image comes to the middle, as far as the image reaches.
+SourceRect CentredOn(SourceRect rect, const ViewSizes& sizes, const Point& imagePixel);
 
-// Moved against a drag, by one image pixel for each of the view whatever the zoom.
-SourceRect Dragged(SourceRect rect, const ViewSizes& sizes, const Point& viewPixels);
+// Moved against a drag: by one image pixel for each of the view whatever the zoom.
+SourceRect Dragged(SourceRect rect, const ViewSizes& sizes, const Point& imagePixels);
 
 // Fitted to a changed view or picture.
 SourceRect Resized(SourceRect rect, const ViewSizes& sizes);

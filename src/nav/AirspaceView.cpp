@@ -21,11 +21,6 @@ void AirspaceView::SetAirfields(bool on, bool withText) {
     redraw();
 }
 
-void AirspaceView::SetPatterns(bool on) {
-    flags.ShowPatterns = on;
-    redraw();
-}
-
 void AirspaceView::SelectAirspace(const MapTransform& transform, std::vector<std::int16_t>& numbers) {
     frmQNH = flags.ShowAirspace;
     // That the store is missing was told when the program started.

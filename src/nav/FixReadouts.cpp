@@ -24,17 +24,17 @@ double InFeet(double metres) { return CutToFifteenDigits(metres * FeetPerMetre);
 FixReadouts::FixReadouts(FlightState& flightState, std::function<void(const FixEffects&)> doEffects)
     : state(flightState), act(std::move(doEffects)) {}
 
-void FixReadouts::gps_FixObtained() {
+void FixReadouts::FixObtained() {
     state.NoFix = false;
     act({.HasFix = true});
 }
 
-void FixReadouts::gps_FixLost() {
+void FixReadouts::FixLost() {
     state.NoFix = true;
     act({.HasFix = false, .OverlaysAreDue = true});
 }
 
-void FixReadouts::gps_PositionReceived(const PositionTexts& position) {
+void FixReadouts::PositionReceived(const PositionTexts& position) {
     if (state.NoFix) {
         state.lblLat = state.lblLong = NoValue;
         return;
@@ -53,9 +53,9 @@ void FixReadouts::gps_PositionReceived(const PositionTexts& position) {
     state.lblLong = position.Longitude;
 }
 
-void FixReadouts::gps_TimeChanged(const std::string& time) { state.LabelTime = time; }
+void FixReadouts::TimeChanged(const std::string& time) { state.LabelTime = time; }
 
-void FixReadouts::gps_BearingReceived(const std::string& bearing) {
+void FixReadouts::BearingReceived(const std::string& bearing) {
     if (state.NoFix) {
         const bool hadTrack = state.lblBearing.HasNumber();
         state.lblBearing = Readout(std::nullopt, Formats::Track);
@@ -67,11 +67,8 @@ void FixReadouts::gps_BearingReceived(const std::string& bearing) {
     act({.CardAngle = state.HeadingIndicator});
 }
 
-void FixReadouts::gps_SpeedReceived(const std::string& speed) {
-    if (state.NoFix)
-        knots.reset();
-    else
-        knots = WireNumber(speed);
+void FixReadouts::SpeedReceived(const std::string& speed) {
+    knots = state.NoFix ? std::nullopt : std::optional(WireNumber(speed));
     ShowSpeed();
     act({.Knots = knots});
 }
@@ -82,11 +79,8 @@ void FixReadouts::ShowSpeed() {
                              state.SpeedInKnots ? Formats::Knots : Formats::KilometresPerHour);
 }
 
-void FixReadouts::gps_AltitudeReceived(const std::string& altitude) {
-    if (state.NoFix)
-        metres.reset();
-    else
-        metres = WireNumber(altitude);
+void FixReadouts::AltitudeReceived(const std::string& altitude) {
+    metres = state.NoFix ? std::nullopt : std::optional(WireNumber(altitude));
     ShowAltitude();
     if (metres) act({.Feet = InFeet(*metres)});
 }
@@ -97,11 +91,11 @@ void FixReadouts::ShowAltitude() {
                        : Readout(metres, Formats::Metres);
 }
 
-void FixReadouts::gps_SatellitesUsedReceived(std::int16_t satellitesUsed) {
+void FixReadouts::SatellitesUsedReceived(std::int16_t satellitesUsed) {
     state.Label7 = std::to_string(satellitesUsed);
 }
 
-void FixReadouts::gps_SatellitesInViewReceived(std::int16_t satellitesInView) {
+void FixReadouts::SatellitesInViewReceived(std::int16_t satellitesInView) {
     act({.Satellites = FixEffects::SatelliteCount{state.Label7,
                                                   state.NoFix ? std::optional<int>() : satellitesInView}});
 }

@@ -33,15 +33,15 @@ public:
     FixReadouts(FlightState& flightState, std::function<void(const FixEffects&)> doEffects);
 
     // What each event of the receiver does. RuntimeError TypeMismatch for a field that is no number.
-    void gps_PositionReceived(const PositionTexts& position);
-    void gps_TimeChanged(const std::string& time);
-    void gps_BearingReceived(const std::string& bearing);
-    void gps_SpeedReceived(const std::string& speed);
-    void gps_FixObtained();
-    void gps_FixLost();
-    void gps_AltitudeReceived(const std::string& altitude);
-    void gps_SatellitesUsedReceived(std::int16_t satellitesUsed);
-    void gps_SatellitesInViewReceived(std::int16_t satellitesInView);
+    void PositionReceived(const PositionTexts& position) override;
+    void TimeChanged(const std::string& time) override;
+    void BearingReceived(const std::string& bearing) override;
+    void SpeedReceived(const std::string& speed) override;
+    void FixObtained() override;
+    void FixLost() override;
+    void AltitudeReceived(const std::string& altitude) override;
+    void SatellitesUsedReceived(std::int16_t satellitesUsed) override;
+    void SatellitesInViewReceived(std::int16_t satellitesInView) override;
 
     // Show the value that stands in the unit that is chosen now.
     void ShowSpeed();
@@ -50,16 +50,6 @@ public:
     void ClearDisplays();
 
 private:
-    void PositionReceived(const PositionTexts& position) override { gps_PositionReceived(position); }
-    void TimeChanged(const std::string& time) override { gps_TimeChanged(time); }
-    void BearingReceived(const std::string& bearing) override { gps_BearingReceived(bearing); }
-    void SpeedReceived(const std::string& speed) override { gps_SpeedReceived(speed); }
-    void FixObtained() override { gps_FixObtained(); }
-    void FixLost() override { gps_FixLost(); }
-    void AltitudeReceived(const std::string& altitude) override { gps_AltitudeReceived(altitude); }
-    void SatellitesUsedReceived(std::int16_t used) override { gps_SatellitesUsedReceived(used); }
-    void SatellitesInViewReceived(std::int16_t inView) override { gps_SatellitesInViewReceived(inView); }
-
     FlightState& state;
     std::function<void(const FixEffects&)> act;
     std::int16_t PositionCount = -1;     // positions since the last redraw

@@ -33,10 +33,6 @@ void FlyingScreen::Form_Load() {
     MapCatalogue(world.Shared.DataConn).OpenActive(MapsSet);
     Instruments.LoadVOR();
     Route.tRoute = Map.LoadLastMap();
-    LoadFlightSet();
-}
-
-void FlyingScreen::LoadFlightSet() {
     if (ReadDisplayFlags(world.Shared.ProgramFolder, Flags)) return;
     // A folder that cannot be written costs the memory of the flags, never the flight.
     IgnoreErrors([this] { SaveFlightSet(); });
@@ -81,24 +77,23 @@ void FlyingScreen::Form_Activate() {
     // position off the chart would switch centring off.
     step([this] { ActivateRoute(); });
     step([this] { ApplyZoom(); });
-    ActivateLink();
-    if (first) std::rethrow_exception(first);
-}
-
-void FlyingScreen::ActivateRoute() {
-    const RouteReturn found = Route.Activate();
-    if (found.Gone) RouteGone(*found.Gone);
-    if (found.Damage) throw RuntimeError(*found.Damage);
-    if (found.IsAnotherTarget) ActiveLeg.TargetChosen();
-    RefreshRouteList();
-}
-
-void FlyingScreen::ActivateLink() {
     Link.Form_Activate();
     Logger.Form_Activate();
     world.progBar.SetVisible(false);
     FocusMap();
     changed();
+    if (first) std::rethrow_exception(first);
+}
+
+void FlyingScreen::ActivateRoute() {
+    const RouteReturn found = Route.Activate();
+    if (found.Gone)
+        world.Notices.Show(world.Shared.Text(
+            "Die Strecke \"%1\" wurde umbenannt oder gelöscht. Sie wird nicht mehr abgeflogen.",
+            "The route \"%1\" was renamed or deleted. It is no longer flown.", {*found.Gone}));
+    if (found.Damage) throw RuntimeError(*found.Damage);
+    if (found.IsAnotherTarget) ActiveLeg.TargetChosen();
+    RefreshRouteList();
 }
 
 void FlyingScreen::Form_Deactivate() {
@@ -137,7 +132,11 @@ void FlyingScreen::Redraw(RedrawOrder order, bool centringAsked) {
 void FlyingScreen::Show(const NavigationStep& step) {
     Faults.Tell(drawing.Draw(step.Picture));
     if (step.Passed) focusMap(FocusBy::Receiver);
-    if (step.IsADayAway) TargetADayAway();
+    if (step.IsADayAway)
+        world.Notices.Show(
+            world.Shared.Text("Bei dieser Geschwindigkeit dauert es bis zum Ziel 24 Stunden oder länger. Die "
+                              "Zeit bleibt \"---\".",
+                              "At this speed the target is 24 hours or more away. The time stays \"---\"."));
     const bool hasExtent = world.picMap.ScaleWidth() > 0 && world.picMap.ScaleHeight() > 0;
     if (hasExtent) Faults.Tell(step.Picture.Fault); // a view without extent is no fault
 }
@@ -251,14 +250,9 @@ void FlyingScreen::lblTime_Click() {
     UpdateMap();
 }
 
-void FlyingScreen::SetShowRoute(bool on) {
-    Flags.ShowRoute = on;
-    if (on) RefreshRouteList();
-    UpdateMap();
-}
-
-void FlyingScreen::SetShowNames(bool on) {
-    Flags.ShowNames = on;
+void FlyingScreen::SetFlag(bool DisplayFlags::*flag, bool on) {
+    Flags.*flag = on;
+    if (on && flag == &DisplayFlags::ShowRoute) RefreshRouteList();
     UpdateMap();
 }
 
@@ -308,39 +302,17 @@ void FlyingScreen::TellLogging(const std::optional<RuntimeError>& failure) {
             DescribeError(*failure, world.Shared));
 }
 
-void FlyingScreen::RouteGone(const std::string& name) {
-    world.Notices.Show(
-        world.Shared.Text("Die Strecke \"%1\" wurde umbenannt oder gelöscht. Sie wird nicht mehr abgeflogen.",
-                          "The route \"%1\" was renamed or deleted. It is no longer flown.", {name}));
-}
-
-void FlyingScreen::TargetADayAway() {
-    world.Notices.Show(world.Shared.Text(
-        "Bei dieser Geschwindigkeit dauert es bis zum Ziel 24 Stunden oder länger. Die Zeit bleibt \"---\".",
-        "At this speed the target is 24 hours or more away. The time stays \"---\"."));
-}
-
+// The link does the other actions itself.
 void FlyingScreen::Do(LinkAction action) {
-    switch (action) {
-    case LinkAction::ShowState:
-        return ShowLiveState();
-    case LinkAction::ClearDisplays:
-        return Readouts.ClearDisplays();
-    case LinkAction::ShowLoss:
-        return ShowLoss();
-    case LinkAction::RefreshRouteList:
-        return RefreshRouteList();
-    case LinkAction::FocusMap:
-        return FocusMap();
-    default:
-        return; // the link does it itself
+    const bool isLoss = action == LinkAction::ShowLoss;
+    if (isLoss || action == LinkAction::ClearDisplays) Readouts.ClearDisplays();
+    if (isLoss) {
+        State.NoFix = true;
+        UpdateMap();
     }
-}
-
-void FlyingScreen::ShowLoss() {
-    Readouts.ClearDisplays();
-    State.NoFix = true;
-    UpdateMap();
+    if (action == LinkAction::ShowState) ShowLiveState();
+    if (action == LinkAction::RefreshRouteList) RefreshRouteList();
+    if (action == LinkAction::FocusMap) FocusMap();
 }
 
 // Comes with every chunk of bytes, hundreds of times a second when a line carries noise; what did not change

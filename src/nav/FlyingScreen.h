@@ -4,6 +4,7 @@
 #include <string>
 #include <tuple>
 
+#include "common/DisplayFlags.h"
 #include "common/Variablen.h"
 #include "gps/GpsLink.h"
 #include "gps/NmeaSink.h"
@@ -91,8 +92,7 @@ public:
     void lblTime_Click();
     void cmdRecord_Click();
     void picRecord_Click();
-    void SetShowRoute(bool on);
-    void SetShowNames(bool on);
+    void SetFlag(bool DisplayFlags::*flag, bool on);
     void SaveFlightSet();
     // The arrow keys: the slider by 10, not beyond its ends.
     void StepZoom(int by);
@@ -126,7 +126,6 @@ private:
     // What the link asks of its screen.
     void Do(LinkAction action);
     void Act(const FixEffects& effects);
-    void ShowLoss();
     void ShowLiveState();
     void timeTrack_Timer();
     void TellLogging(const std::optional<RuntimeError>& failure);
@@ -141,13 +140,9 @@ private:
     void CentreMap();
     void Redraw(RedrawOrder order, bool centringAsked = false);
     void Show(const NavigationStep& step);
-    void RouteGone(const std::string& name);
-    void TargetADayAway();
     void TellWhyNotCentred(bool centringAsked);
-    void LoadFlightSet();
     void ShowLastMap();
     void ActivateRoute();
-    void ActivateLink();
 
     FlyingScreenWorld world;
     std::function<void()> changed;

@@ -73,26 +73,26 @@ void Navigation::AddAircraft(Scene& scene) const {
 }
 
 void Navigation::PlaceChart(Scene& scene, bool paintsChart) {
-    const SourceRect standing = parts.Map.View;
-    PlaceAircraft();
+    const MapTransform standing = parts.Map.Transform();
+    const Point aircraft = PlaceAircraft();
     if (parts.Map.CenterMap) {
-        parts.Map.CenterOnAircraft(MapPoint);
+        parts.Map.CenterOnAircraft(aircraft);
         PlaceAircraft();
     }
     scene.Transform = parts.Map.Transform();
-    scene.View = parts.Map.View;
     scene.SlideMap = parts.Map.SlideMap;
     // A picture that stands for another view than this one would put every point in the wrong place.
-    scene.PaintsChart = paintsChart || scene.View != standing;
+    scene.PaintsChart = paintsChart || *scene.Transform != standing;
 }
 
 // An aircraft off the chart switches centring off.
-void Navigation::PlaceAircraft() {
+Point Navigation::PlaceAircraft() {
     const MapTransform transform = parts.Map.Transform();
     const Point image = transform.ImageOf(parts.State.Current());
     if (image.X < 0 || image.Y < 0 || !(image.X < parts.Map.Breite) || !(image.Y < parts.Map.Höhe))
         parts.Map.CenterMap = false;
     MapPoint = transform.ViewOfImage(image);
+    return image;
 }
 
 // The airspaces not yet found are missing when an error ends this; the step goes on.

@@ -2,9 +2,9 @@
 
 #include <functional>
 
+#include "common/DisplayFlags.h"
 #include "common/OpenStores.h"
 #include "common/Settings.h"
-#include "common/SettingsFiles.h"
 #include "data/RoutePoints.h"
 #include "map/ActiveMap.h"
 #include "map/DrawingFaults.h"
@@ -69,7 +69,7 @@ private:
     void Compute(NavigationStep& step, const RedrawOrder& order);
     void AddAircraft(Scene& scene) const;
     void PlaceChart(Scene& scene, bool paintsChart);
-    void PlaceAircraft();
+    Point PlaceAircraft(); // on the image
     void SelectAirspace(Scene& scene);
     void DrawRoute(Scene& scene);
     // The line of the active leg, the leg's values and the route list; nothing while none is flown.

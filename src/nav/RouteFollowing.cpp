@@ -66,20 +66,10 @@ RouteEffects RouteFollowing::picActivateGoto_Click() {
     return {.Redraw = true, .FocusMap = true};
 }
 
-void RouteFollowing::ClearTargetValues() {
+RouteEffects RouteFollowing::SetDirectFly(bool on) {
+    GotoActive = on;
     state.lblTrueBearing = state.lblDistanz = Readout::Blank();
     state.lblTime = std::string();
-}
-
-RouteEffects RouteFollowing::cmdDirectFly_Click() {
-    GotoActive = true;
-    ClearTargetValues();
-    return ChosenByButton;
-}
-
-RouteEffects RouteFollowing::picDF_Click() {
-    GotoActive = false;
-    ClearTargetValues();
     return ChosenByButton;
 }
 

@@ -60,8 +60,8 @@ public:
     [[nodiscard]] bool cmbRoute_Click(const std::string& name);
     [[nodiscard]] RouteEffects cmdActivateGoto_Click();
     [[nodiscard]] RouteEffects picActivateGoto_Click();
-    [[nodiscard]] RouteEffects cmdDirectFly_Click();
-    [[nodiscard]] RouteEffects picDF_Click();
+    [[nodiscard]] RouteEffects cmdDirectFly_Click() { return SetDirectFly(true); }
+    [[nodiscard]] RouteEffects picDF_Click() { return SetDirectFly(false); }
     [[nodiscard]] RouteEffects cmdNext_Click();
     [[nodiscard]] RouteEffects cmdPrev_Click();
     // The clicked position becomes the target of Direct Fly while that is on.
@@ -82,10 +82,6 @@ public:
     Recordset RoutePointsSet; // the current row is the active route point
 
 private:
-    void RowsReset() override {}
-    void RowInserted(int) override {}
-    void RowRemoved(int) override {}
-    void RowChanged(int) override {}
     void CurrentRowChanged() override;
 
     // Where the lists stood when the screen was left.
@@ -101,7 +97,7 @@ private:
     bool ReopenRoute(const Place& place, const std::string& name);
     void ReturnTo(const Place& place);
     void EnableSteps() { cmdNextEnabled = cmdPrevEnabled = true; }
-    void ClearTargetValues();
+    RouteEffects SetDirectFly(bool on);
 
     Connection& dataConn;
     FlightState& state;

@@ -27,7 +27,6 @@ struct Scene {
 
     std::optional<MapTransform> Transform; // none: nothing is drawn
     bool PaintsChart = false;              // otherwise the overlays lie over the picture that stands
-    SourceRect View;                       // of the chart's image
     int SlideMap = 0;
 
     std::vector<std::int16_t> Airspaces; // their numbers, painted with the chart

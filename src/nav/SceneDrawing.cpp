@@ -13,7 +13,7 @@ std::string SceneDrawing::Draw(const Scene& scene) {
     std::string fault;
     if (scene.PaintsChart) {
         surface.PaintPicture(chart, {0, 0, scene.Transform->ViewWidth(), scene.Transform->ViewHeight()},
-                             {scene.View.SX, scene.View.SY, scene.View.SW, scene.View.SH});
+                             scene.Transform->Section());
         fault = DrawAirspace(scene);
     }
     MapSymbols symbols(surface, *scene.Transform, scene.SlideMap, scene.Points);

@@ -203,9 +203,7 @@ void frmGPSmain::MakeRouteList(QBoxLayout& layout) {
         screen->Route.RoutePointsSet,
         std::vector<RecordsetModel::Column>{
             {"Nummer", [] { return QString("Nr"); }, {}},
-            {"Name",
-             [this] { return QString::fromUtf8(services.Shared.Text("Streckenpunkt", "Route point")); },
-             {}}});
+            {"Name", [this] { return Text("Streckenpunkt", "Route point"); }, {}}});
     pointsBinding = std::make_unique<GridBinding>(*pointsModel, *gridWaypoints);
     gridWaypoints->horizontalHeader()->setStretchLastSection(true);
     gridWaypoints->setColumnWidth(0, 44);
@@ -309,15 +307,17 @@ void frmGPSmain::ShowMapControls() {
     if (!map.HasMap()) lblNoMap->setText(WhyNoMap());
     cmdKartezentrieren->SetLit(map.CenterMap);
     cmdSet->SetLit(frmSet->isVisible());
-    cmdshowRoute->SetLit(screen->Flags.ShowRoute);
-    cmdWayInfo->SetLit(screen->Flags.ShowNames);
     cmdShowPoints->SetLit(screen->picShowPoints);
+    // Without their stores some would be switches without effect.
     const DisplayFlags& flags = screen->Flags;
+    const bool hasAirspace = services.Shared.LuftraumConn.IsOpen();
+    for (const auto& [entry, lamp] : flagLamps) {
+        lamp->SetLit(flags.*entry.Flag);
+        if (entry.OfAirspace) lamp->setVisible(hasAirspace);
+    }
     airspaceButton->ShowStage(flags.ShowAirspace, flags.ShowAirspaceText);
-    cmdPR->SetLit(flags.ShowPatterns);
-    // Without their stores they would be switches without effect.
-    for (QWidget* widget : std::initializer_list<QWidget*>{airspaceButton, cmdPR, lblLegend})
-        widget->setVisible(services.Shared.LuftraumConn.IsOpen());
+    airspaceButton->setVisible(hasAirspace);
+    lblLegend->setVisible(hasAirspace);
     airfieldButton->ShowStage(flags.ShowAirfields, flags.ShowAirfieldText);
     airfieldButton->setVisible(services.Shared.AirfieldStoreOpen);
 }

@@ -6,6 +6,8 @@
 #include <functional>
 #include <memory>
 #include <set>
+#include <utility>
+#include <vector>
 
 #include "nav/FlyingScreen.h"
 #include "platform/PortList.h"
@@ -80,6 +82,7 @@ private:
     void MakeRouteButtons(QBoxLayout& layout);
     void MakeOverMap();
     void MakePanel();
+    void MakeFlagLamps(QBoxLayout& layout, bool ofAirspace);
     void MakeStageButtons(QBoxLayout& layout);
     void MakeScreen();
     LampButton* Lamp(const char* name, const char* icon, const std::function<void()>& click);
@@ -88,8 +91,6 @@ private:
     LampButton* Switch(const char* name, const char* icon, const bool& isOn, Routine on, Routine off);
 
     void MapPressed(QPointF at, Qt::MouseButton button);
-    void MapMoved(QPointF at, Qt::MouseButtons held);
-    void MapReleased(Qt::MouseButton button);
     bool HandleKey(const QKeyEvent& event);
     bool HandleKeyUp(const QKeyEvent& event);
     bool CloseEntry();
@@ -107,7 +108,9 @@ private:
     void ShowMapRing();
     void ShowRoute();
     void PlaceOverMap();
-    QString Text(const char* german, const char* english) const;
+    QString Text(const char* german, const char* english) const {
+        return services.Shared.Text(german, english);
+    }
     void ApplyCaptions();
     QString WhyNoMap() const;
     void ApplyToolTips();
@@ -129,7 +132,7 @@ private:
     frmWindPanel* wind = nullptr;
     frmRecordPanel* record = nullptr;
     frmStageButton *airspaceButton = nullptr, *airfieldButton = nullptr;
-    LampButton* cmdPR = nullptr;
+    std::vector<std::pair<DisplayFlag, LampButton*>> flagLamps;
     QLabel* lblLegend = nullptr;
     QComboBox *cmbMaps = nullptr, *cmbRoute = nullptr;
     QFrame *frmSet = nullptr, *Frame1 = nullptr;
@@ -138,9 +141,9 @@ private:
     QLabel *lblLat = nullptr, *lblLong = nullptr;
     ReadoutLabel *distance = nullptr, *course = nullptr, *time = nullptr, *remaining = nullptr;
     QLabel *lblRoute = nullptr, *lblLatx = nullptr, *lblLongx = nullptr;
-    LampButton *cmdGPS = nullptr, *cmdKartezentrieren = nullptr, *cmdshowRoute = nullptr,
-               *cmdWayInfo = nullptr, *cmdShowPoints = nullptr, *cmdActivateGoto = nullptr,
-               *cmdDirectFly = nullptr, *cmdSet = nullptr, *cmdMapScroll = nullptr;
+    LampButton *cmdGPS = nullptr, *cmdKartezentrieren = nullptr, *cmdShowPoints = nullptr,
+               *cmdActivateGoto = nullptr, *cmdDirectFly = nullptr, *cmdSet = nullptr,
+               *cmdMapScroll = nullptr;
     LampButton *cmdNext = nullptr, *cmdPrev = nullptr;
     std::array<LampButton*, 3> picGPSCheck{};
     std::array<QString, 3> lampTips;

@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <algorithm>
 
 #include "nav/frmInstrumentPanel.h"
 #include "platform/qt/Clicked.h"
@@ -28,22 +29,11 @@ int EntryCode(const QKeyEvent& event) {
     return isDigit && !(event.modifiers() & Qt::KeypadModifier) ? event.key() : 0;
 }
 
-bool IsEntry(const QKeyEvent& event) { return EntryCode(event) != 0; }
-
 // Keys that are not this screen's: the toolbar's, and those that move the focus or only change other keys.
 bool LeadsOn(int key) {
-    switch (key) {
-    case Qt::Key_Tab:
-    case Qt::Key_Backtab:
-    case Qt::Key_Shift:
-    case Qt::Key_Control:
-    case Qt::Key_Alt:
-    case Qt::Key_AltGr:
-    case Qt::Key_Meta:
-        return true;
-    default:
-        return key >= Qt::Key_F1 && key <= Qt::Key_F35;
-    }
+    constexpr int leading[] = {Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_Shift, Qt::Key_Control,
+                               Qt::Key_Alt, Qt::Key_AltGr,   Qt::Key_Meta};
+    return std::ranges::count(leading, key) > 0 || (key >= Qt::Key_F1 && key <= Qt::Key_F35);
 }
 
 // Keys with a meaning of their own do not touch the entry of heading and airspeed.
@@ -70,7 +60,7 @@ bool frmGPSmain::eventFilter(QObject* watched, QEvent* event) {
     if (watched == cmbRoute && (type == QEvent::FocusIn || type == QEvent::FocusOut))
         ShowRouteMask(type == QEvent::FocusIn);
     if (watched == lblRoute && IsClick(*lblRoute, *event)) {
-        services.Guard.Run([this] { screen->SetShowRoute(false); });
+        services.Guard.Run([this] { screen->SetFlag(&DisplayFlags::ShowRoute, false); });
         return true;
     }
     if (watched == tNextMap && type == QEvent::MouseButtonPress) {
@@ -154,7 +144,7 @@ bool frmGPSmain::HandleKey(const QKeyEvent& event) {
         if (!event.isAutoRepeat()) services.Guard.Run([this] { screen->StepRing(); });
         break;
     default:
-        return IsEntry(event); // taken when it is let go
+        return EntryCode(event) != 0; // taken when it is let go
     }
     ShowState();
     return true;

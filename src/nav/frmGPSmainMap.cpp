@@ -32,10 +32,16 @@ void frmGPSmain::MakeMap(QGridLayout& layout) {
     layout.addWidget(picMap, 0, 0);
     services.Guard.Connect(picMap, &SurfaceWidget::Pressed,
                            [this](QPointF at, Qt::MouseButton button) { MapPressed(at, button); });
-    services.Guard.Connect(picMap, &SurfaceWidget::Moved,
-                           [this](QPointF at, Qt::MouseButtons held) { MapMoved(at, held); });
-    services.Guard.Connect(picMap, &SurfaceWidget::Released,
-                           [this](QPointF, Qt::MouseButton button) { MapReleased(button); });
+    services.Guard.Connect(picMap, &SurfaceWidget::Moved, [this](QPointF at, Qt::MouseButtons held) {
+        if (!dragging || !(held & Qt::LeftButton)) return;
+        screen->Pan(at.x() - drag.x(), at.y() - drag.y());
+        drag = at;
+    });
+    services.Guard.Connect(picMap, &SurfaceWidget::Released, [this](QPointF, Qt::MouseButton button) {
+        if (!dragging || button != Qt::LeftButton) return;
+        dragging = false;
+        screen->UpdateMap();
+    });
     services.Guard.Connect(picMap, &SurfaceWidget::Resized, [this] {
         PlaceOverMap();
         if (loaded) screen->Form_Resize();
@@ -114,19 +120,26 @@ void frmGPSmain::MakePanel() {
     frmSet->setAutoFillBackground(true);
     frmSet->setFrameShape(QFrame::StyledPanel);
     auto* column = Spaced(new QVBoxLayout(frmSet), 6, {8, 8, 8, 8});
-    cmdshowRoute = Lamp("cmdshowRoute", "route", [this] { screen->SetShowRoute(!screen->Flags.ShowRoute); });
-    cmdWayInfo = Lamp("cmdWayInfo", "names", [this] { screen->SetShowNames(!screen->Flags.ShowNames); });
+    MakeFlagLamps(*column, false);
     cmdShowPoints = Switch("cmdShowPoints", "routepoints", screen->picShowPoints,
                            &FlyingScreen::cmdShowPoints_Click, &FlyingScreen::picShowPoints_Click);
-    for (LampButton* button : {cmdshowRoute, cmdWayInfo, cmdShowPoints}) {
-        button->setMinimumWidth(190);
-        column->addWidget(button);
-    }
+    cmdShowPoints->setMinimumWidth(190); // all lamps are as wide
+    column->addWidget(cmdShowPoints);
     MakeStageButtons(*column);
     lblLegend = Named(new QLabel(frmSet), "lblLegend");
     lblLegend->setTextFormat(Qt::RichText);
     column->addWidget(lblLegend);
     frmSet->hide();
+}
+
+void frmGPSmain::MakeFlagLamps(QBoxLayout& layout, bool ofAirspace) {
+    for (const DisplayFlag& entry : DisplayFlagTable) {
+        if (!entry.Name || entry.OfAirspace != ofAirspace) continue;
+        LampButton* lamp = Lamp(entry.Name, entry.Icon,
+                                [this, flag = entry.Flag] { screen->SetFlag(flag, !(screen->Flags.*flag)); });
+        layout.addWidget(lamp);
+        flagLamps.emplace_back(entry, lamp);
+    }
 }
 
 void frmGPSmain::ShowPanel(bool visible) {
@@ -135,22 +148,18 @@ void frmGPSmain::ShowPanel(bool visible) {
 }
 
 void frmGPSmain::MakeStageButtons(QBoxLayout& layout) {
-    AirspaceView& view = screen->Airspace;
-    const auto changed = [this] { ShowState(); };
-    airspaceButton = new frmStageButton(frmSet, services.Guard, "airspace",
-                                        {{{"cmdLR1", [&view] { view.cmdLR1_Click(); }},
-                                          {"cmdLR2", [&view] { view.cmdLR2_Click(); }},
-                                          {"picLR3", [&view] { view.picLR3_Click(); }}}},
-                                        changed);
+    airspaceButton = new frmStageButton(frmSet, services.Guard, "airspace", {"cmdLR1", "cmdLR2", "picLR3"},
+                                        [this](bool on, bool withText) {
+                                            screen->Airspace.SetAirspace(on, withText);
+                                            ShowState();
+                                        });
     layout.addWidget(airspaceButton);
-    cmdPR = Lamp("cmdPR", "pattern",
-                 [this, &view] { screen->Flags.ShowPatterns ? view.picPR_Click() : view.cmdPR_Click(); });
-    layout.addWidget(cmdPR);
-    airfieldButton = new frmStageButton(frmSet, services.Guard, "airfield",
-                                        {{{"cmdAPT1", [&view] { view.cmdAPT1_Click(); }},
-                                          {"cmdAPT2", [&view] { view.cmdAPT2_Click(); }},
-                                          {"picAPT3", [&view] { view.picAPT3_Click(); }}}},
-                                        changed);
+    MakeFlagLamps(layout, true);
+    airfieldButton = new frmStageButton(frmSet, services.Guard, "airfield", {"cmdAPT1", "cmdAPT2", "picAPT3"},
+                                        [this](bool on, bool withText) {
+                                            screen->Airspace.SetAirfields(on, withText);
+                                            ShowState();
+                                        });
     layout.addWidget(airfieldButton);
     for (const QWidget* stages : {airspaceButton, airfieldButton})
         for (auto* button : stages->findChildren<QAbstractButton*>())
@@ -164,18 +173,6 @@ void frmGPSmain::MapPressed(QPointF at, Qt::MouseButton button) {
     ShowState();
     dragging = button == Qt::LeftButton && screen->Map.HasMap() && screen->Map.CanPan();
     drag = at;
-}
-
-void frmGPSmain::MapMoved(QPointF at, Qt::MouseButtons held) {
-    if (!dragging || !(held & Qt::LeftButton)) return;
-    screen->Pan(at.x() - drag.x(), at.y() - drag.y());
-    drag = at;
-}
-
-void frmGPSmain::MapReleased(Qt::MouseButton button) {
-    if (!dragging || button != Qt::LeftButton) return;
-    dragging = false;
-    screen->UpdateMap();
 }
 
 void frmGPSmain::PlaceOverMap() {

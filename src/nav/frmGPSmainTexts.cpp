@@ -17,10 +17,6 @@
 
 namespace ornivane {
 
-QString frmGPSmain::Text(const char* german, const char* english) const {
-    return QString::fromUtf8(services.Shared.Text(german, english));
-}
-
 void frmGPSmain::ApplyLanguage() {
     ApplyCaptions();
     ApplyToolTips();
@@ -45,8 +41,6 @@ void frmGPSmain::ApplyCaptions() {
                      "Checking, or no fix – click to disconnect"),
                 Text("GPS-Fix – Klick trennt", "GPS fix – click to disconnect"),
                 Text("Daten verloren – Klick trennt", "Data lost – click to disconnect")};
-    cmdshowRoute->setText(Text("Strecke", "Route"));
-    cmdWayInfo->setText(Text("Namen", "Names"));
     cmdShowPoints->setText(Text("Nur Strecke", "Route only"));
 }
 
@@ -89,8 +83,6 @@ void frmGPSmain::ApplyToolTips() {
         {cmdActivateGoto, Text("Strecke abfliegen", "Fly the route")},
         {cmdDirectFly, Text("Direktflug: Ziel mit der rechten Maustaste auf der Karte wählen",
                             "Direct Fly: choose the target on the chart with the right button")},
-        {cmdshowRoute, Text("Strecke auf der Karte zeigen", "Show the route on the chart")},
-        {cmdWayInfo, Text("Namen der Wegpunkte zeigen", "Show the names of waypoints")},
         {cmdShowPoints, Text("Nur die Punkte der Strecke zeigen", "Show only the points of the route")},
         {speed, Text("Geschwindigkeit über Grund; Klick wechselt kts und km/h",
                      "Ground speed; click for kts or km/h")},
@@ -112,13 +104,15 @@ void frmGPSmain::ApplyToolTips() {
 }
 
 void frmGPSmain::ApplyPanelTexts() {
+    for (const auto& [entry, lamp] : flagLamps) {
+        lamp->setText(Text(entry.German, entry.English));
+        lamp->setToolTip(Text(entry.GermanTip, entry.EnglishTip));
+    }
     airspaceButton->SetTexts(
         Text("Luftraum", "Airspace"),
         {Text("Lufträume in Flughöhe zeigen", "Show the airspace at the present height"),
          Text("Lufträume sind an; Klick: mit Höhen", "Airspace is on; click: with heights"),
          Text("Lufträume mit Höhen sind an; Klick: aus", "Airspace with heights is on; click: off")});
-    cmdPR->setText(Text("Platzrunden", "Patterns"));
-    cmdPR->setToolTip(Text("Platzrunden der Flugplätze zeigen", "Show the traffic patterns of airfields"));
     airfieldButton->SetTexts(Text("Flugplätze", "Airfields"),
                              {Text("Flugplätze mit Piste zeigen", "Show airfields with their runway"),
                               Text("Flugplätze sind an; Klick: mit Piste und Funk",

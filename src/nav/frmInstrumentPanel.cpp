@@ -102,15 +102,11 @@ void frmInstrumentPanel::Attach(Instrument& toShow, QnhReadout& qnhToShow, std::
     guard.Connect(Kurskreisel, &SurfaceWidget::Pressed,
                   [this](QPointF, Qt::MouseButton button) { Pressed(button); });
     guard.Connect(Kurskreisel, &SurfaceWidget::Resized, [this] { instrument->Redraw(); });
-    ConnectEntries();
-    Kurskreisel->SetBackColor(palette().color(QPalette::Window).rgb() & 0xFFFFFF);
-}
-
-void frmInstrumentPanel::ConnectEntries() {
     guard.Connect(tVOR1, &QLineEdit::textEdited,
                   [this](const QString& text) { Do([&] { instrument->tVOR1_Change(text.toStdString()); }); });
     guard.Connect(tKurs, &QLineEdit::textEdited,
                   [this](const QString& text) { Do([&] { instrument->tKurs_Change(text.toStdString()); }); });
+    Kurskreisel->SetBackColor(palette().color(QPalette::Window).rgb() & 0xFFFFFF);
 }
 
 void frmInstrumentPanel::Do(const std::function<void()>& event) {
@@ -224,10 +220,6 @@ void frmInstrumentPanel::ShowState(bool qnhShows, Colour qnhGround) {
     ShowEntry(*frmVOR, *tVOR1, instrument->frmVOR);
     ShowEntry(*frmKurs, *tKurs, instrument->frmKurs);
     ShowEntry(*frmEnterQNH, *tEnterQNH, qnh->frmEnterQNH);
-}
-
-QString frmInstrumentPanel::Text(const char* german, const char* english) const {
-    return QString::fromUtf8(language.Text(german, english));
 }
 
 void frmInstrumentPanel::ApplyLanguage() {

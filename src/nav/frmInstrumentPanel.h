@@ -45,14 +45,13 @@ protected:
 private:
     QLabel* Label(const char* name);
     QFrame* Entry(const char* name, QLabel*& caption, QLineEdit*& field, const char* fieldName);
-    void ConnectEntries();
     bool IsEntering() const { return instrument->IsEntering() || qnh->frmEnterQNH; }
     void Pressed(Qt::MouseButton button);
     void AskQnh();
     void EndEntry(const QObject* field, bool isEnter);
     void ShowEntry(QFrame& entry, QLineEdit& field, bool visible);
     void Do(const std::function<void()>& event);
-    QString Text(const char* german, const char* english) const;
+    QString Text(const char* german, const char* english) const { return language.Text(german, english); }
 
     const Language& language;
     const DayQnh& dayQnh;

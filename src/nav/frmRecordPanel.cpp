@@ -70,14 +70,11 @@ void frmRecordPanel::ShowState() {
 }
 
 void frmRecordPanel::ApplyLanguage() {
-    const auto text = [this](const char* german, const char* english) {
-        return QString::fromUtf8(language.Text(german, english));
-    };
     cmdRecord->setToolTip(
-        text("Track aufzeichnen; braucht einen GPS-Fix", "Record the track; needs a GPS fix"));
-    cmdRecordAuto->setToolTip(text("Aufzeichnung bereit: beginnt von selbst über 30 kts",
+        Text("Track aufzeichnen; braucht einen GPS-Fix", "Record the track; needs a GPS fix"));
+    cmdRecordAuto->setToolTip(Text("Aufzeichnung bereit: beginnt von selbst über 30 kts",
                                    "Armed: recording starts by itself above 30 kts"));
-    picRecord->setToolTip(text("Der Track wird aufgezeichnet, Zahl der Punkte – Klick beendet",
+    picRecord->setToolTip(Text("Der Track wird aufgezeichnet, Zahl der Punkte – Klick beendet",
                                "Recording the track, number of points – click to stop"));
 }
 

@@ -28,6 +28,7 @@ public:
     void ApplyLanguage();
 
 private:
+    QString Text(const char* german, const char* english) const { return language.Text(german, english); }
     LampButton* Stage(const char* name, const std::function<void()>& click);
 
     const Language& language;

@@ -10,20 +10,19 @@
 namespace ornivane {
 
 frmStageButton::frmStageButton(QWidget* parent, EventGuard& guard, const char* icon,
-                               const std::array<Stage, 3>& stages, const std::function<void()>& changed)
+                               const std::array<const char*, 3>& names,
+                               const std::function<void(bool on, bool withText)>& click)
     : QWidget(parent) {
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(0, 0, 0, 0);
-    for (std::size_t i = 0; i < stages.size(); ++i) {
-        auto* button = Named(new LampButton(this), stages[i].Name);
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        auto* button = Named(new LampButton(this), names[i]);
         button->SetIcon(QString(":/icons/%1.svg").arg(icon));
         button->setFocusPolicy(Qt::TabFocus);
         button->SetLit(i > 0);
         button->SetStage({static_cast<int>(i), 2});
-        guard.Connect(button, &QAbstractButton::clicked, [click = stages[i].Click, changed] {
-            click();
-            changed();
-        });
+        // From off to on, from there to on with texts, and off again.
+        guard.Connect(button, &QAbstractButton::clicked, [click, i] { click(i < 2, i == 1); });
         grid->addWidget(button, 0, 0);
         buttons[i] = button;
     }

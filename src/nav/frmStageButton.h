@@ -16,12 +16,10 @@ class frmStageButton : public QWidget {
     Q_OBJECT
 
 public:
-    struct Stage {
-        const char* Name;
-        std::function<void()> Click;
-    };
-    frmStageButton(QWidget* parent, EventGuard& guard, const char* icon, const std::array<Stage, 3>& stages,
-                   const std::function<void()>& changed);
+    // `click`: leads to the next stage.
+    frmStageButton(QWidget* parent, EventGuard& guard, const char* icon,
+                   const std::array<const char*, 3>& names,
+                   const std::function<void(bool on, bool withText)>& click);
 
     void ShowStage(bool on, bool withText);
     void SetTexts(const QString& caption, const std::array<QString, 3>& tips);

@@ -4,7 +4,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 
-#include "base/Language.h"
 #include "platform/qt/Events.h"
 #include "platform/qt/Named.h"
 #include "platform/qt/Spaced.h"
@@ -79,19 +78,16 @@ void frmWindPanel::ShowState() {
 }
 
 void frmWindPanel::ApplyLanguage() {
-    const auto text = [this](const char* german, const char* english) {
-        return QString::fromUtf8(language.Text(german, english));
-    };
-    headingCaption->setText(text("Steuerkurs", "Heading"));
+    headingCaption->setText(Text("Steuerkurs", "Heading"));
     iasCaption->setText("IAS");
     windCaption->setText("Wind");
-    lblHeading->setToolTip(text("Steuerkurs: drei Ziffern tippen, dann drei für die IAS",
+    lblHeading->setToolTip(Text("Steuerkurs: drei Ziffern tippen, dann drei für die IAS",
                                 "Heading: type three digits, then three for the IAS"));
-    iasTip = text("Angezeigte Fahrt in der Einheit der Geschwindigkeit: drei Ziffern nach dem Steuerkurs",
+    iasTip = Text("Angezeigte Fahrt in der Einheit der Geschwindigkeit: drei Ziffern nach dem Steuerkurs",
                   "Indicated airspeed in the unit of the speed: three digits after the heading");
-    lblWind->setToolTip(text("Wind: Richtung / Stärke in der Einheit der Geschwindigkeit",
+    lblWind->setToolTip(Text("Wind: Richtung / Stärke in der Einheit der Geschwindigkeit",
                              "Wind: direction / speed in the unit of the ground speed"));
-    picWind->setToolTip(text("Woher der Wind kommt, Bug oben", "Where the wind comes from, nose up"));
+    picWind->setToolTip(Text("Woher der Wind kommt, Bug oben", "Where the wind comes from, nose up"));
 }
 
 } // namespace ornivane

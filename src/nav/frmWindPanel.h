@@ -2,6 +2,7 @@
 
 #include <QWidget>
 
+#include "base/Language.h"
 #include "nav/WindCalculator.h"
 #include "platform/qt/SurfaceWidget.h"
 
@@ -10,7 +11,6 @@ class QLabel;
 namespace ornivane {
 
 class EventGuard;
-struct Language;
 
 // Heading and airspeed as typed, the wind, and its arrow.
 class frmWindPanel : public QWidget {
@@ -30,6 +30,7 @@ protected:
 private:
     QLabel* Field(const char* name, QLabel*& caption);
     void TakePalette();
+    QString Text(const char* german, const char* english) const { return language.Text(german, english); }
 
     const Language& language;
     EventGuard& guard;

@@ -19,8 +19,8 @@ public:
     static constexpr std::array<int, 15> Heights{1000, 2000, 3000, 4000, 5000, 5500, 6000, 6500,
                                                  7000, 7500, 8000, 8500, 9000, 9500, 10000};
 
-    LuftraumSettings(const Language& language, const OpenStores& stores, const Settings& settings,
-                     AirspaceChoice& airspace);
+    LuftraumSettings(const Language& texts, const OpenStores& openStores, const Settings& ofProgram,
+                     AirspaceChoice& choice);
 
     void Form_Load();
     // Takes what is chosen. A height that is no number or negative switches airspace off, without a message.

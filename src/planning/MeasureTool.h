@@ -7,16 +7,8 @@
 
 namespace ornivane {
 
-// What the measuring tool shows; members carry the names of the readouts.
-struct MeasureReadouts {
-    bool MeasureOn = false;
-    std::string lblDistanz = "---"; // "12.3 NM"
-    std::string lblKurs = "---";    // "45 °"
-    bool operator==(const MeasureReadouts&) const = default;
-};
-
-// Distance and bearing between two positions.
-class MeasureTool : public MeasureReadouts {
+// Distance and bearing between two positions; members carry the names of the readouts.
+class MeasureTool {
 public:
     explicit MeasureTool(const LocaleText& textLocale) : locale(textLocale) {}
 
@@ -24,6 +16,10 @@ public:
     // RuntimeError when start and end are the same: the distance is that of this line then, the bearing that
     // of the one before.
     void Measure(const DegMin& from, const DegMin& to);
+
+    bool MeasureOn = false;
+    std::string lblDistanz = "---"; // "12.3 NM"
+    std::string lblKurs = "---";    // "45 °"
 
 private:
     const LocaleText& locale;

@@ -10,17 +10,13 @@ using Layer = DrawingFaults::Layer;
 
 constexpr int LineWidth = 3; // of the measuring line, pixels
 
-// What of a leg lies outside the view falls off the picture by itself.
-void DrawPlanLeg(MapSymbols& symbols, const Position& from, const Position& to) {
-    symbols.DrawLeg(from, to, RouteColour);
-}
-
 } // namespace
 
 PlanDrawing::PlanDrawing(OpenStores& openStores, const Picture& picStorage, PictureSurface& picMap,
                          DrawingFaults& toTell)
     : stores(openStores), storage(picStorage), surface(picMap), faults(toTell),
-      airspace(openStores.LuftraumConn), waypoints(openStores.DataConn), airfields(openStores.AirfieldConn) {}
+      selection(openStores.LuftraumConn), airspace(openStores.LuftraumConn), waypoints(openStores.DataConn),
+      airfields(openStores.AirfieldConn) {}
 
 // A damaged row ends its layer; what was drawn of it stays.
 void PlanDrawing::DrawLayer(DrawingFaults::Layer layer, const std::function<void()>& draw) {
@@ -33,9 +29,8 @@ void PlanDrawing::RedrawPlan(const PlanScene& scene) {
     if (stores.AirfieldStoreOpen) settings.Airfields = &airfields;
     MapSymbols symbols(surface, scene.Transform, scene.SlideMap, settings);
     surface.PaintPicture(storage, {0, 0, surface.ScaleWidth(), surface.ScaleHeight()},
-                         {scene.View.SX, scene.View.SY, scene.View.SW, scene.View.SH});
-    DrawLayer(Layer::Airspace,
-              [&] { airspace.DrawPlanAirspace(scene.Airspace, surface, scene.Transform, scene.SlideMap); });
+                         scene.Transform.Section());
+    DrawLayer(Layer::Airspace, [&] { DrawPlanAirspace(scene); });
     if (scene.Route) DrawLayer(Layer::Route, [&] { DrawPlanRoute(*scene.Route, symbols); });
     DrawLayer(Layer::Waypoints, [&] { DrawWaypoints(scene, symbols); });
     if (scene.Measuring) surface.Keep();
@@ -45,9 +40,25 @@ void PlanDrawing::RedrawPlan(const PlanScene& scene) {
 
 bool PlanDrawing::RecallPlan() { return kept && surface.Recall(); }
 
+// A row that cannot be read or drawn ends it: the airspaces behind it are missing then.
+void PlanDrawing::DrawPlanAirspace(const PlanScene& scene) {
+    const auto shown = scene.Airspace.Shown();
+    // That the store is missing was told when the program started.
+    if (shown == AirspaceChoice::Which::None || !stores.LuftraumConn.IsOpen()) return;
+    const AirspaceDrawing::Canvas canvas{surface, scene.Transform, scene.SlideMap, true, "+"};
+    const ViewBounds view = scene.Transform.GetViewBounds();
+    const auto height =
+        shown == AirspaceChoice::Which::AtHeight ? std::optional(scene.Airspace.Height()) : std::nullopt;
+    for (const std::int16_t number : selection.AirspacesAt(view, height))
+        airspace.DrawAirspace(canvas, number);
+    if (!scene.Airspace.tPR) return;
+    for (const std::int16_t number : selection.Patterns(view, height)) airspace.DrawAirspace(canvas, number);
+}
+
+// What of a leg lies outside the view falls off the picture by itself.
 void PlanDrawing::DrawPlanRoute(const PlanRoute& route, MapSymbols& symbols) {
     for (std::size_t i = 1; i < route.Points.size(); ++i)
-        DrawPlanLeg(symbols, route.Points[i - 1], route.Points[i]);
+        symbols.DrawLeg(route.Points[i - 1], route.Points[i], RouteColour);
     if (route.Fault) faults.Tell(Layer::Route, *route.Fault);
 }
 

@@ -4,10 +4,11 @@
 
 #include "common/OpenStores.h"
 #include "map/AirfieldBook.h"
+#include "map/AirspaceDrawing.h"
+#include "map/AirspaceSelection.h"
 #include "map/DrawingFaults.h"
 #include "map/MapSymbols.h"
 #include "map/WaypointWindow.h"
-#include "planning/PlanAirspace.h"
 #include "planning/PlanScene.h"
 #include "platform/PictureSurface.h"
 
@@ -17,7 +18,8 @@ namespace ornivane {
 // waypoints in view. Each layer ends at a row that cannot be drawn, which is told once; the others go on.
 class PlanDrawing {
 public:
-    PlanDrawing(OpenStores& stores, const Picture& picStorage, PictureSurface& picMap, DrawingFaults& faults);
+    PlanDrawing(OpenStores& openStores, const Picture& picStorage, PictureSurface& picMap,
+                DrawingFaults& toTell);
 
     void RedrawPlan(const PlanScene& scene);
     // The picture of the last RedrawPlan without what was drawn over it: while the cursor measures, it
@@ -27,6 +29,8 @@ public:
 
 private:
     void DrawLayer(DrawingFaults::Layer layer, const std::function<void()>& draw);
+    // At the height that the pilot chose, without a band around it and without QNH: nothing is flown here.
+    void DrawPlanAirspace(const PlanScene& scene);
     void DrawPlanRoute(const PlanRoute& route, MapSymbols& symbols);
     void DrawWaypoints(const PlanScene& scene, MapSymbols& symbols);
 
@@ -34,7 +38,8 @@ private:
     const Picture& storage;
     PictureSurface& surface;
     DrawingFaults& faults;
-    PlanAirspace airspace;
+    AirspaceSelection selection;
+    AirspaceDrawing airspace;
     WaypointWindow waypoints;
     AirfieldBook airfields;
     bool kept = false; // the surface has a copy of this picture

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "base/Numbers.h"
+#include "base/RuntimeError.h"
 #include "common/SettingsFiles.h"
 #include "map/MapCatalogue.h"
 
@@ -21,15 +22,11 @@ PlanMap::PlanMap(const World& world, std::function<void()> onViewChanged)
 
 void PlanMap::Form_Load() {
     MapCatalogue(dataConn).OpenActive(maps);
-    LoadLastMap();
+    if (const auto last = ReadLastChoice(settings.ProgramFolder).Map) {
+        currentName = *last;
+        FindMap(currentName);
+    }
     InitializeData();
-}
-
-void PlanMap::LoadLastMap() {
-    const LastChoice last = ReadLastChoice(settings.ProgramFolder);
-    if (!last.Map) return;
-    currentName = *last.Map;
-    FindMap(currentName);
 }
 
 PlanEffects PlanMap::Form_Activate() {
@@ -96,10 +93,7 @@ std::string PlanMap::WhyNoMap() const {
 
 void PlanMap::CentreOn(const DegMin& position) {
     if (!HasMap()) return;
-    IgnoreErrors([&] {
-        const Point at = Transform().ViewOf(ToDecimalDegrees(position));
-        View = CentredOn(View, Sizes, at);
-    });
+    IgnoreErrors([&] { View = CentredOn(View, Sizes, Transform().ImageOf(ToDecimalDegrees(position))); });
 }
 
 void PlanMap::SetSlide(int value) {
@@ -143,6 +137,7 @@ std::optional<ShownPosition> PlanMap::DblClick(const Point& at) {
     drag.reset(); // a hand that shakes must not drag the map from under the new point
     if (!HasMap()) return std::nullopt;
     FollowCursor(at);
+    if (!cursor) throw RuntimeError(ErrorNumber::TypeMismatch, lblLatx);
     return cursor;
 }
 

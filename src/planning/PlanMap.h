@@ -16,7 +16,6 @@ namespace ornivane {
 // The cursor's position in absolute DegMinValues to four decimals; members carry the names of the readouts.
 struct CursorReadouts {
     std::string lblLatx = "---", lblNS, lblLongx = "---", lblEW;
-    bool operator==(const CursorReadouts&) const = default;
 };
 
 // The map of the planning screen: its own chart and view beside those of flight mode, the cursor's position
@@ -48,7 +47,8 @@ public:
     void MouseDown(const Point& at);
     void MouseMove(const Point& at, bool leftButton);
     void MouseUp();
-    // Where a new waypoint begins; none without a map.
+    // Where a new waypoint begins; none without a map. RuntimeError TypeMismatch when the place cannot be
+    // told.
     std::optional<ShownPosition> DblClick(const Point& at);
 
     PlanEffects cmdMessen_Click() { return SetMeasuring(true); }
@@ -66,7 +66,6 @@ private:
         SourceRect Rect;
         int SlideMap = 0;
     };
-    void LoadLastMap();
     void RestoreView();
     PlanEffects SetMeasuring(bool on);
     void FollowCursor(const Point& at);

@@ -18,8 +18,7 @@ struct PlanRoute {
 
 // What the planning map shows at one moment. Drawing it reads and changes nothing else of the screen.
 struct PlanScene {
-    SourceRect View; // of the chart in picStorage
-    MapTransform Transform;
+    MapTransform Transform; // of the chart in picStorage
     int SlideMap = 0;
     AirspaceChoice Airspace;
     std::optional<PlanRoute> Route;      // while it is shown

@@ -5,7 +5,7 @@
 namespace ornivane {
 
 PlanningScreen::PlanningScreen(const PlanningScreenWorld& w, Form ofScreen)
-    : LastDeed(w.Notices, w.Shared, [this] { form.Changed(); }),
+    : LastDeed(w.Notices, w.Shared, [this] { form.Undone(); }),
       Waypoints(w.Shared, w.Shared.DataConn, w.Messages, LastDeed, [this](const auto& then) { Act(then); }),
       Routes(w.Shared, w.Shared.DataConn, w.Messages, LastDeed, [this](const auto& then) { Act(then); }),
       Map({w.Shared, PlanMapsSet, w.picStorage, w.picMap, w.progBar, w.Messages}, [this] { RedrawPlan(); }),
@@ -16,15 +16,11 @@ PlanningScreen::PlanningScreen(const PlanningScreenWorld& w, Form ofScreen)
 void PlanningScreen::Form_Load() {
     Routes.Form_Load();
     Waypoints.Form_Load();
-    LoadSettings();
+    // The height whose airspace was shown last; a missing file leaves the airspace off.
+    if (const auto height = ReadPlanningHeight(world.Shared.ProgramFolder)) Airspace.tLRHoehe = *height;
     Map.Form_Load();
     Act(Routes.cmdshowRoute());
     Waypoints.ShowWaypoint();
-}
-
-// The height whose airspace was shown last; a missing file leaves the airspace off.
-void PlanningScreen::LoadSettings() {
-    if (const auto height = ReadPlanningHeight(world.Shared.ProgramFolder)) Airspace.tLRHoehe = *height;
 }
 
 void PlanningScreen::Form_Activate() {
@@ -58,8 +54,8 @@ void PlanningScreen::Act(const PlanEffects& effects) {
 }
 
 PlanningSnapshot PlanningScreen::Snapshot() const {
-    return {{Map.WhyNoMap(), Map.SlideMap, Map.MapNames, Map.cmbMaps, Airspace.tLR(world.Shared.Locale), Map,
-             Map.Measuring},
+    return {{Map.WhyNoMap(), Map.SlideMap, Map.MapNames, Map.cmbMaps, Airspace.tLR(world.Shared.Locale),
+             Map.Measuring.MeasureOn},
             Waypoints,
             Waypoints.OtherTarget(),
             Routes};
@@ -73,14 +69,14 @@ void PlanningScreen::CenterOnWaypoint() {
 void PlanningScreen::RedrawPlan(const std::optional<DegMin>& newPoint) {
     DrawPlan(newPoint);
     world.picMap.Refresh();
-    form.Changed();
+    form.Redrawn();
 }
 
 void PlanningScreen::DrawPlan(const std::optional<DegMin>& newPoint) {
     const bool hasExtent = world.picMap.ScaleWidth() > 0 && world.picMap.ScaleHeight() > 0;
     if (!Map.HasMap() || !hasExtent) return;
     const auto error = ErrorOf([&] {
-        drawing.RedrawPlan({Map.View, Map.Transform(), Map.SlideMap, Airspace, Routes.DrawnRoute(),
+        drawing.RedrawPlan({Map.Transform(), Map.SlideMap, Airspace, Routes.DrawnRoute(),
                             Routes.CurrentPoint(), Map.Measuring.MeasureOn, newPoint});
     });
     if (error) Faults.Tell(DrawingFaults::Layer::Chart, *error);

@@ -2,8 +2,6 @@
 
 #include <functional>
 #include <optional>
-#include <string>
-#include <vector>
 
 #include "common/Undo.h"
 #include "common/Variablen.h"
@@ -11,7 +9,6 @@
 #include "planning/PlanDrawing.h"
 #include "planning/PlanEffects.h"
 #include "planning/PlanMap.h"
-#include "planning/PlanScene.h"
 #include "planning/PlanningSnapshot.h"
 #include "planning/RouteEditing.h"
 #include "planning/WaypointEditing.h"
@@ -37,10 +34,11 @@ class PlanningScreen {
 public:
     // What the screen asks of its form.
     struct Form {
-        std::function<void()> Changed;         // the snapshot may be another one
+        std::function<void()> Redrawn;         // the map has a new picture: the snapshot may be another one
+        std::function<void()> Undone;          // the lists are what they were before the last deed
         std::function<void(PlanEffect)> Focus; // only the effects that move it
     };
-    PlanningScreen(const PlanningScreenWorld& world, Form form);
+    PlanningScreen(const PlanningScreenWorld& w, Form ofScreen);
 
     void Form_Load();
     void Form_Activate();
@@ -68,7 +66,6 @@ public:
     DrawingFaults Faults;
 
 private:
-    void LoadSettings();
     void DrawPlan(const std::optional<DegMin>& newPoint = {});
 
     PlanningScreenWorld world;

@@ -10,15 +10,15 @@
 
 namespace ornivane {
 
-// What the controls around the planning map show; members carry their names.
+// What the controls around the planning map show, but for the readouts of the cursor, which follow the mouse;
+// members carry their names.
 struct PlanMapControls {
     std::string WhyNoMap; // on the blank sheet; empty while a map shows
     int SlideMap = 0;
     std::vector<std::string> MapNames;
     std::string cmbMaps;
     std::string tLR;
-    CursorReadouts Cursor;
-    MeasureReadouts Measured;
+    bool MeasureOn = false;
     bool operator==(const PlanMapControls&) const = default;
 };
 

@@ -140,15 +140,18 @@ Undo::Deed RouteEditing::KeepRoute() {
 // The route and its points are read again; nothing is drawn.
 void RouteEditing::SelectRoute(const Value& route) {
     const Flagged now(moving);
-    RoutesSet.Requery();
-    if (!RoutesSet.Find("RouteID", Comparison::Equal, route)) RoutesSet.MoveFirst();
+    RequeryRoutes(route);
     OpenPoints();
 }
 
+void RouteEditing::RequeryRoutes(const Value& route) {
+    RoutesSet.Requery();
+    if (!RoutesSet.Find("RouteID", Comparison::Equal, route)) RoutesSet.MoveFirst();
+}
+
+// Seen at once, still without points: what tells of the import comes later.
 void RouteEditing::RouteAdded(const Value& route) {
-    if (!RoutesSet.IsOpen()) return;
-    SelectRoute(route);
-    ShowNoLengthWithoutPoints();
+    if (RoutesSet.IsOpen()) RequeryRoutes(route);
 }
 
 void RouteEditing::PointsAdded() {
@@ -156,12 +159,8 @@ void RouteEditing::PointsAdded() {
 }
 
 // The length is written when a route with points is drawn: without any, that of another would stand here.
-void RouteEditing::ShowNoLengthWithoutPoints() {
-    if (RoutePointsSet.RecordCount() == 0) lblRouteDistanz.clear();
-}
-
 PlanEffects RouteEditing::ShowSelected() {
-    ShowNoLengthWithoutPoints();
+    if (RoutePointsSet.RecordCount() == 0) lblRouteDistanz.clear();
     return ShowRouteOn ? PlanEffects{PlanEffect::Redraw} : PlanEffects();
 }
 
@@ -209,19 +208,13 @@ Undo::Deed RouteEditing::KeepPoint(const Value& route) {
             }};
 }
 
-PlanEffects RouteEditing::cmdshowRoute() {
-    ShowRouteOn = true;
-    return {PlanEffect::Redraw};
-}
-
-PlanEffects RouteEditing::picShowRoute() {
-    ShowRouteOn = false;
+PlanEffects RouteEditing::SetShown(bool on) {
+    ShowRouteOn = on;
     return {PlanEffect::Redraw};
 }
 
 Value RouteEditing::CurrentPoint() const {
-    const bool onPoint = RoutePointsSet.IsOpen() && RoutePointsSet.AbsolutePosition() > 0;
-    return onPoint ? RoutePointsSet.Get("PointID") : Value();
+    return RoutePointsSet.AbsolutePosition() > 0 ? RoutePointsSet.Get("PointID") : Value();
 }
 
 std::optional<PlanRoute> RouteEditing::DrawnRoute() {

@@ -26,9 +26,10 @@ struct RouteControls {
 // that of RoutePointsSet the place behind which the next point is put.
 class RouteEditing : public RouteControls, private RecordsetObserver {
 public:
-    // `undo`: takes back the last deletion of the screen. `events`: what follows from a route that somebody
-    // selected, or from an undo.
-    RouteEditing(const Language& language, Connection& data, Dialogs& dialogs, Undo& undo, PlanEvents events);
+    // `lastDeed`: takes back the last deletion of the screen. `onEvents`: what follows from a route that
+    // somebody selected, or from an undo.
+    RouteEditing(const Language& texts, Connection& dataConn, Dialogs& messages, Undo& lastDeed,
+                 PlanEvents onEvents);
     ~RouteEditing() override;
     RouteEditing(const RouteEditing&) = delete;
     RouteEditing& operator=(const RouteEditing&) = delete;
@@ -48,8 +49,8 @@ public:
     // waypoint; nothing is written then.
     PlanEffects cmdAddwaypoint(const std::optional<WaypointBook::Waypoint>& waypoint);
     PlanEffects cmdDeleteWaypoint();
-    PlanEffects cmdshowRoute(); // the route is drawn from now on
-    PlanEffects picShowRoute(); // and no longer; also the click on lblRouteDistanz
+    PlanEffects cmdshowRoute() { return SetShown(true); }  // the route is drawn from now on
+    PlanEffects picShowRoute() { return SetShown(false); } // and no longer; also the click on lblRouteDistanz
 
     // An import has added a route, which is selected now, and then its points.
     void RouteAdded(const Value& route);
@@ -72,7 +73,8 @@ private:
     Undo::Deed KeepRoute();
     Undo::Deed KeepPoint(const Value& route);
     void SelectRoute(const Value& route);
-    void ShowNoLengthWithoutPoints();
+    void RequeryRoutes(const Value& route);
+    PlanEffects SetShown(bool on);
     PlanEffects ShowSelected();
     double ReadPoints(PlanRoute& route);
 

@@ -47,7 +47,7 @@ void RouteExport::cmdExport() {
 }
 
 fs::path RouteExport::MakeFolder() const {
-    const fs::path folder = settings.ProgramFolder / "Route";
+    fs::path folder = settings.ProgramFolder / "Route";
     std::error_code error;
     fs::create_directory(folder, error);
     if (!DirExists(folder)) throw RuntimeError(ErrorNumber::PermissionDenied, folder.string());

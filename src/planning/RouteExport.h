@@ -13,7 +13,7 @@ namespace ornivane {
 // Saves a route with its points as a file of its own, Route/<name>.ovr, to pass it on.
 class RouteExport {
 public:
-    RouteExport(const Language& language, const Settings& settings, Connection& data, Dialogs& dialogs);
+    RouteExport(const Language& texts, const Settings& ofProgram, Connection& dataConn, Dialogs& dialogs);
 
     std::vector<std::string> cmbRoute; // all routes in their order
     int cmbRouteIndex = -1;            // the chosen one, from 0; -1 for none

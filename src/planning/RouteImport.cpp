@@ -4,7 +4,6 @@
 #include <set>
 
 #include "base/Paths.h"
-#include "base/RuntimeError.h"
 #include "base/Strings.h"
 #include "common/StoredPositions.h"
 #include "data/RoutePoints.h"
@@ -35,7 +34,8 @@ void RouteImport::GetRoute() {
     const auto noRoute = ErrorOf([&] {
         rows.OpenFile(*path);
         ImportWaypoints();
-        ImportRouteRow(name);
+        routeID = Routes(data).Append(name);
+        if (steps.RouteAdded) Show([this] { steps.RouteAdded(routeID); });
     });
     if (noRoute) return; // no route file, or no place for the route: there is nothing to tell of
     ImportRoutePoints();
@@ -126,11 +126,6 @@ void RouteImport::TellDifferences(const std::vector<std::string>& differing) {
                       "please check the route.",
                       {std::to_string(others.size())}),
         others);
-}
-
-void RouteImport::ImportRouteRow(const std::string& name) {
-    routeID = Routes(data).Append(name);
-    if (steps.RouteAdded) Show([this] { steps.RouteAdded(routeID); });
 }
 
 void RouteImport::ImportRoutePoints() {

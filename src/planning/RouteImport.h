@@ -25,8 +25,8 @@ struct ImportSteps {
 // list of routes stands on the new one.
 class RouteImport {
 public:
-    RouteImport(const Language& language, const Settings& settings, Connection& data, Dialogs& dialogs,
-                ImportSteps steps);
+    RouteImport(const Language& texts, const Settings& ofProgram, Connection& dataConn, Dialogs& dialogs,
+                ImportSteps toShow);
 
     // Asks for the file and imports it. A file that is no route file ends it without a word and changes
     // nothing. RuntimeError at the very end when a list of the screen could not be read again.
@@ -43,7 +43,6 @@ private:
     // Adds to `differing` the names of the points whose stored position is another one.
     void MergeWaypoints(std::vector<std::string>& differing);
     void TellDifferences(const std::vector<std::string>& differing);
-    void ImportRouteRow(const std::string& name);
     void ImportRoutePoints();
     void CopyPoints();
     void Show(const std::function<void()>& step);

@@ -6,6 +6,7 @@
 #include "base/Numbers.h"
 #include "base/Readout.h"
 #include "base/RuntimeError.h"
+#include "data/WaypointCategories.h"
 #include "data/Waypoints.h"
 
 namespace ornivane {
@@ -47,7 +48,7 @@ void WaypointEditing::Open(const std::string& category) {
 void WaypointEditing::FillCategories() {
     Categories = {AllWaypoints};
     Recordset categories;
-    categories.Open(data, "SELECT * From Kategorie Order by NUMMER ASC");
+    WaypointCategories(data).Open(categories);
     for (; !categories.Eof(); categories.MoveNext())
         if (const Value name = categories.Get("Kategorie"); !name.IsNull()) Categories.push_back(name.Text());
 
@@ -188,9 +189,7 @@ PlanEffects WaypointEditing::cmdNew() {
 
 void WaypointEditing::InsertEntry() {
     const std::string name = tWaypoint[1];
-    const DegMin at = ShownPosition{StoredLatitude(NumberIn(tWaypoint[2])),
-                                    StoredLongitude(NumberIn(tWaypoint[3])), tNS, tEW}
-                          .Stored();
+    const DegMin at = EntryPosition().value(); // CheckEntry has found one
     WaypointsSet.AddNew();
     WaypointsSet.Set("Name", name);
     WaypointsSet.Set("Lat", at.Lat.Value());
@@ -271,27 +270,24 @@ PlanEffects WaypointEditing::cmdDelete() {
     return {PlanEffect::CentreOnEntry};
 }
 
+// A step of the row enables both buttons (GridRowChanged).
 void WaypointEditing::cmdNext() {
     const int count = WaypointsSet.RecordCount();
-    if (count > 0 && WaypointsSet.AbsolutePosition() < count) {
+    if (count > 0 && WaypointsSet.AbsolutePosition() < count)
         WaypointsSet.MoveNext();
+    else if (count < 2)
         cmdPrevEnabled = true;
-    } else if (count < 2) {
-        cmdPrevEnabled = true;
-    } else {
+    else
         cmdNextEnabled = false;
-    }
 }
 
 void WaypointEditing::cmdPrev() {
-    if (WaypointsSet.AbsolutePosition() >= 2) {
+    if (WaypointsSet.AbsolutePosition() >= 2)
         WaypointsSet.MovePrevious();
+    else if (WaypointsSet.RecordCount() < 2)
         cmdNextEnabled = true;
-    } else if (WaypointsSet.RecordCount() < 2) {
-        cmdNextEnabled = true;
-    } else {
+    else
         cmdPrevEnabled = false;
-    }
 }
 
 void WaypointEditing::CurrentRowChanged() {
@@ -339,8 +335,6 @@ void WaypointEditing::FilterBy(const std::string& category) {
     tKat = cmbKat;
 }
 
-void WaypointEditing::tKat_Click() { tKatVisible = false; }
-void WaypointEditing::cmbKat_LostFocus() { tKatVisible = true; }
 void WaypointEditing::tNS_Click() { tNS = tNS == NorthSouth::North ? NorthSouth::South : NorthSouth::North; }
 void WaypointEditing::tEW_Click() { tEW = tEW == EastWest::West ? EastWest::East : EastWest::West; }
 

@@ -40,10 +40,10 @@ struct WaypointControls {
 // it always shows as selected.
 class WaypointEditing : public WaypointControls, private RecordsetObserver {
 public:
-    // `undo`: takes back the last change or deletion of the screen. `events`: what follows from a row that
-    // became current, or from an undo.
-    WaypointEditing(const Language& language, Connection& data, Dialogs& dialogs, Undo& undo,
-                    PlanEvents events);
+    // `lastDeed`: takes back the last change or deletion of the screen. `onEvents`: what follows from a row
+    // that became current, or from an undo.
+    WaypointEditing(const Language& texts, Connection& dataConn, Dialogs& messages, Undo& lastDeed,
+                    PlanEvents onEvents);
     ~WaypointEditing() override;
     WaypointEditing(const WaypointEditing&) = delete;
     WaypointEditing& operator=(const WaypointEditing&) = delete;
@@ -76,8 +76,8 @@ public:
     void cmdPrev();
     void QuickFind(); // the first name from the text in tquickfind on
     PlanEffects ChooseCategory(const std::string& text);
-    void tKat_Click();
-    void cmbKat_LostFocus();
+    void tKat_Click() { tKatVisible = false; }
+    void cmbKat_LostFocus() { tKatVisible = true; }
     void tNS_Click();
     void tEW_Click();
 

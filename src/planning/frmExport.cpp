@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "platform/qt/EnterKey.h"
+#include "platform/qt/Spaced.h"
 
 namespace ornivane {
 
@@ -63,9 +64,7 @@ void frmExport::LayOut() {
     buttons->addStretch();
     buttons->addWidget(&cmdExport);
     buttons->addWidget(&cmdExit);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(24, 20, 24, 20);
-    layout->setSpacing(8);
+    auto* layout = Spaced(new QVBoxLayout(this), 8, {24, 20, 24, 20});
     layout->addWidget(&Label2);
     layout->addWidget(&cmbRoute);
     layout->addSpacing(12);
@@ -77,21 +76,18 @@ void frmExport::LayOut() {
 }
 
 void frmExport::ApplyLanguage() {
-    const auto text = [this](const char* german, const char* english) {
-        return QString::fromUtf8(language.Text(german, english));
-    };
-    setWindowTitle(text("Strecke exportieren", "Export route"));
-    Label1.setText(text("Verzeichnis", "Directory"));
-    Label2.setText(text("Strecke auswählen", "Select route"));
-    cmdExport.setText(text("Speichern", "Save"));
-    cmdExit.setText(text("Schließen", "Close"));
-    cmbRoute.setToolTip(text("Die Strecke, die gespeichert wird", "The route that is saved"));
-    lblSave.setToolTip(text("Hierhin wird gespeichert; die Datei kann weitergegeben werden",
+    setWindowTitle(Text("Strecke exportieren", "Export route"));
+    Label1.setText(Text("Verzeichnis", "Directory"));
+    Label2.setText(Text("Strecke auswählen", "Select route"));
+    cmdExport.setText(Text("Speichern", "Save"));
+    cmdExit.setText(Text("Schließen", "Close"));
+    cmbRoute.setToolTip(Text("Die Strecke, die gespeichert wird", "The route that is saved"));
+    lblSave.setToolTip(Text("Hierhin wird gespeichert; die Datei kann weitergegeben werden",
                             "Where it is saved to; the file can be passed on"));
-    cmdExport.setToolTip(text("Die Strecke mit ihren Wegpunkten speichern (Enter); eine Datei dieses Namens "
+    cmdExport.setToolTip(Text("Die Strecke mit ihren Wegpunkten speichern (Enter); eine Datei dieses Namens "
                               "wird ersetzt",
                               "Save the route with its waypoints (Enter); a file of that name is replaced"));
-    cmdExit.setToolTip(text("Dieses Fenster schließen (Esc)", "Close this window (Esc)"));
+    cmdExit.setToolTip(Text("Dieses Fenster schließen (Esc)", "Close this window (Esc)"));
 }
 
 void frmExport::ShowState() {

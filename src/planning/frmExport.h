@@ -23,6 +23,7 @@ public:
 private:
     void LayOut();
     void ApplyLanguage();
+    QString Text(const char* german, const char* english) const { return language.Text(german, english); }
     void ShowState();
 
     const Language& language;

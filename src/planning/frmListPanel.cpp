@@ -6,6 +6,7 @@
 #include <QTableView>
 
 #include "platform/qt/FittedButton.h"
+#include "platform/qt/Named.h"
 
 namespace ornivane {
 
@@ -39,8 +40,7 @@ void frmListPanel::Enable(QWidget& button, bool enabled, QWidget& next) {
 }
 
 QTableView* frmListPanel::Grid(const char* name) {
-    auto* grid = new QTableView(this);
-    grid->setObjectName(name);
+    auto* grid = Named(new QTableView(this), name);
     grid->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     grid->verticalHeader()->setDefaultSectionSize(LineHeight);
     grid->horizontalHeader()->setSectionsClickable(true);
@@ -50,10 +50,6 @@ QTableView* frmListPanel::Grid(const char* name) {
     grid->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     grid->installEventFilter(this);
     return grid;
-}
-
-QString frmListPanel::Text(const char* german, const char* english) const {
-    return QString::fromUtf8(language.Text(german, english));
 }
 
 bool frmListPanel::IsEnter(int key) { return key == Qt::Key_Return || key == Qt::Key_Enter; }

@@ -27,8 +27,8 @@ public:
     virtual void ApplyLanguage() = 0;
 
 protected:
-    // `run`: runs an event, acts on its effects, and shows the state of the screen.
-    frmListPanel(QWidget* parent, const Language& language, std::function<void(const Event&)> run);
+    // `toRun`: runs an event, acts on its effects, and shows the state of the screen.
+    frmListPanel(QWidget* parent, const Language& texts, std::function<void(const Event&)> toRun);
 
     // Also an event without a result.
     template <typename Any>
@@ -45,7 +45,7 @@ protected:
     // Out of reach, the button passes the keys on.
     static void Enable(QWidget& button, bool enabled, QWidget& next);
     QTableView* Grid(const char* name);
-    QString Text(const char* german, const char* english) const;
+    QString Text(const char* german, const char* english) const { return language.Text(german, english); }
     bool eventFilter(QObject* watched, QEvent* event) override;
 
     // Whether a key is taken from a control, and what it does there. Enter presses the button that has the

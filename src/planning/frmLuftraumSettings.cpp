@@ -13,6 +13,7 @@
 
 #include "platform/qt/Events.h"
 #include "platform/qt/Named.h"
+#include "platform/qt/Spaced.h"
 
 namespace ornivane {
 
@@ -45,9 +46,7 @@ frmLuftraumSettings::frmLuftraumSettings(QWidget* parent, const Variablen& share
     setObjectName("frmLuftraumSettings");
     setAttribute(Qt::WA_DeleteOnClose);
     settings.Form_Load();
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(18, 14, 18, 14);
-    column->setSpacing(4);
+    auto* column = Spaced(new QVBoxLayout(this), 4, {18, 14, 18, 14});
     Option1 = Option("Option1", Which::All);
     Option2 = Option("Option2", Which::None);
     Option3 = Option("Option3", Which::AtHeight);
@@ -140,28 +139,25 @@ void frmLuftraumSettings::ShowState() {
 }
 
 void frmLuftraumSettings::ApplyLanguage() {
-    const auto text = [this](const char* german, const char* english) {
-        return QString::fromUtf8(language.Text(german, english));
-    };
-    setWindowTitle(text("Einstellungen Luftraumansicht", "Airspace view settings"));
+    setWindowTitle(Text("Einstellungen Luftraumansicht", "Airspace view settings"));
     for (QGroupBox* frame : findChildren<QGroupBox*>()) {
-        frame->setTitle(text("Luftraum Kennzeichnung", "Airspace legend"));
-        frame->setToolTip(text("Farben der Lufträume auf der Karte", "Colours of airspace on the chart"));
+        frame->setTitle(Text("Luftraum Kennzeichnung", "Airspace legend"));
+        frame->setToolTip(Text("Farben der Lufträume auf der Karte", "Colours of airspace on the chart"));
     }
-    Option1->setText(text("Alle Lufträume anzeigen", "Show all airspaces"));
-    Option2->setText(text("Keine Lufträume anzeigen", "Show no airspaces"));
-    Option3->setText(text("Luftraum anzeigen in Flughöhe", "Show airspace at altitude"));
-    chkPL->setText(text("Platzrunden anzeigen", "Show traffic patterns"));
-    cmdExit->setText(text("Schließen", "Close"));
-    Option1->setToolTip(text("Lufträume jeder Höhe", "Airspace of all altitudes"));
-    Option2->setToolTip(text("Auch keine Platzrunden", "No traffic patterns either"));
+    Option1->setText(Text("Alle Lufträume anzeigen", "Show all airspaces"));
+    Option2->setText(Text("Keine Lufträume anzeigen", "Show no airspaces"));
+    Option3->setText(Text("Luftraum anzeigen in Flughöhe", "Show airspace at altitude"));
+    chkPL->setText(Text("Platzrunden anzeigen", "Show traffic patterns"));
+    cmdExit->setText(Text("Schließen", "Close"));
+    Option1->setToolTip(Text("Lufträume jeder Höhe", "Airspace of all altitudes"));
+    Option2->setToolTip(Text("Auch keine Platzrunden", "No traffic patterns either"));
     Option3->setToolTip(
-        text("Lufträume, deren Grenzen die Höhe einschließen", "Airspace whose limits enclose the altitude"));
-    cmbHoehe->setToolTip(text("Flughöhe in Fuß, 0 ist am Boden; Eingabe übernimmt",
+        Text("Lufträume, deren Grenzen die Höhe einschließen", "Airspace whose limits enclose the altitude"));
+    cmbHoehe->setToolTip(Text("Flughöhe in Fuß, 0 ist am Boden; Eingabe übernimmt",
                               "Altitude in feet, 0 is on the ground; Enter takes it"));
-    chkPL->setToolTip(text("Platzrunden der Flugplätze zeigen", "Show the traffic patterns of airfields"));
-    lblLR->setToolTip(text("Stand der Luftraumdaten", "Release of the airspace data"));
-    cmdExit->setToolTip(text("Übernimmt die Wahl; Esc lässt alles, wie es war",
+    chkPL->setToolTip(Text("Platzrunden der Flugplätze zeigen", "Show the traffic patterns of airfields"));
+    lblLR->setToolTip(Text("Stand der Luftraumdaten", "Release of the airspace data"));
+    cmdExit->setToolTip(Text("Übernimmt die Wahl; Esc lässt alles, wie es war",
                              "Takes the choice; Esc leaves all as it was"));
 }
 

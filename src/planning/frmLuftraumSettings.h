@@ -42,6 +42,7 @@ private:
     QGroupBox* Legend(const char* name, const std::vector<LegendLine>& lines);
     void ShowState();
     void ApplyLanguage();
+    QString Text(const char* german, const char* english) const { return language.Text(german, english); }
     void Take();
 
     const Language& language;

@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "base/Flagged.h"
+#include "planning/RouteImport.h"
 #include "planning/frmLuftraumSettings.h"
 #include "planning/frmRoutePanel.h"
 #include "planning/frmWaypointPanel.h"
@@ -18,6 +19,7 @@
 #include "platform/qt/QtPicture.h"
 #include "platform/qt/QtProgress.h"
 #include "platform/qt/ReadoutLabel.h"
+#include "platform/qt/Spaced.h"
 #include "platform/qt/SurfaceWidget.h"
 #include "platform/qt/ZoomSlider.h"
 
@@ -30,6 +32,7 @@ constexpr int WaypointsWidth = 332, WidestWaypoints = 420, RoutesWidth = 232, Wi
 constexpr int BottomHeight = 66, LeastComboWidth = 150;
 constexpr int CoordinateWidth = 148, DistanceWidth = 148, CourseWidth = 92; // the longest usual value
 constexpr int MeasureWidth = 172;                                           // both languages, lit or not
+constexpr int LeastMapWidth = 300, LeastMapHeight = 300;
 
 QString Q(const std::string& text) { return QString::fromStdString(text); }
 
@@ -44,9 +47,7 @@ frmPlanung::frmPlanung(Variablen& variablen, Dialogs& messages, EventGuard& even
     setStyleSheet("QPushButton { padding: 0 4px; } QComboBox { min-height: 40px; }");
     MakeMap();
     MakeScreen();
-    auto* layout = new QGridLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
+    auto* layout = Spaced(new QGridLayout(this), 0);
     layout->setColumnStretch(1, 1);
     layout->setRowStretch(0, 1);
     layout->addWidget(waypoints, 0, 0);
@@ -74,7 +75,8 @@ void frmPlanung::MakeScreen() {
     progress = std::make_unique<QtProgress>(*progBar);
     screen = std::make_unique<PlanningScreen>(
         PlanningScreenWorld{shared, *picStorage, picMap->Surface(), *progress, dialogs, guard.Notices()},
-        PlanningScreen::Form{[this] { ShowState(); }, [this](PlanEffect effect) { Focus(effect); }});
+        PlanningScreen::Form{[this] { ShowChanges(); }, [this] { ShowState(); },
+                             [this](PlanEffect effect) { Focus(effect); }});
     const auto run = [this](const frmListPanel::Event& event) { Do([&] { screen->Act(event()); }); };
     const auto addWaypoint = [this] { return screen->cmdAddwaypoint(); };
     waypoints = new frmWaypointPanel(this, screen->Waypoints, shared, run, addWaypoint);
@@ -83,31 +85,18 @@ void frmPlanung::MakeScreen() {
 }
 
 void frmPlanung::Focus(PlanEffect effect) {
-    switch (effect) {
-    case PlanEffect::FocusMap:
-        return picMap->setFocus();
-    case PlanEffect::FocusWaypoints:
-        return waypoints->FocusList();
-    case PlanEffect::FocusRoutes:
-        return routes->FocusList();
-    case PlanEffect::FocusName:
-        return waypoints->FocusEntry(1);
-    case PlanEffect::FocusLatitude:
-        return waypoints->FocusEntry(2);
-    case PlanEffect::FocusLongitude:
-        return waypoints->FocusEntry(3);
-    case PlanEffect::Redraw:
-    case PlanEffect::CentreOnEntry:
-        return;
-    }
+    if (effect == PlanEffect::FocusMap) picMap->setFocus();
+    if (effect == PlanEffect::FocusWaypoints) waypoints->FocusList();
+    if (effect == PlanEffect::FocusRoutes) routes->FocusList();
+    if (effect == PlanEffect::FocusName) waypoints->FocusEntry(1);
+    if (effect == PlanEffect::FocusLatitude) waypoints->FocusEntry(2);
+    if (effect == PlanEffect::FocusLongitude) waypoints->FocusEntry(3);
 }
 
 QFrame* frmPlanung::MakeBottom() {
     auto* bar = Named(new QFrame(this), "bottomBar");
     bar->setFixedHeight(BottomHeight);
-    auto* row = new QHBoxLayout(bar);
-    row->setContentsMargins(8, 3, 8, 3);
-    row->setSpacing(6);
+    auto* row = Spaced(new QHBoxLayout(bar), 6, {8, 3, 8, 3});
     SlideMap = Named(new ZoomSlider, "SlideMap");
     guard.Connect(SlideMap, &ZoomSlider::valueChanged, [this](int value) {
         if (!showing && screen->Map.HasMap()) screen->Map.SetSlide(value);
@@ -208,12 +197,30 @@ void frmPlanung::ShowAirspaceSettings() {
         open->activateWindow();
         return;
     }
-    auto* dialog =
-        new frmLuftraumSettings(this, shared, screen->Airspace, guard, [this] { screen->RedrawPlan(); });
+    auto* dialog = new frmLuftraumSettings(this, shared, screen->Airspace, guard, [this] {
+        screen->RedrawPlan();
+        ShowState();
+    });
     dialog->open();
 }
 
+void frmPlanung::ImportRoute() {
+    RouteImport import(shared, shared, shared.DataConn, dialogs,
+                       {[this] { screen->Waypoints.ReadAgain(); },
+                        [this](const Value& route) { screen->Routes.RouteAdded(route); },
+                        [this] { screen->Routes.PointsAdded(); }});
+    Do([&] { import.GetRoute(); });
+    Do([this] { screen->RedrawPlan(); }); // also after an error: the lists have followed by themselves
+}
+
 void frmPlanung::ShowState() {
+    ShowChanges();
+    waypoints->ShowSelection();
+}
+
+// A redraw shows no selection of the waypoints anew, as the zoom and a drag of the map are no choice in their
+// list.
+void frmPlanung::ShowChanges() {
     if (showing) return;
     const Flagged now(showing);
     // Showing may move the focus, and that may change the state.
@@ -224,7 +231,7 @@ void frmPlanung::ShowState() {
             waypoints->Show(state.Waypoints, state.OtherTarget);
         if (!before || before->Routes != state.Routes) routes->Show(state.Routes);
     }
-    waypoints->ShowSelection();
+    ShowCursor();
     routes->ShowSelection();
 }
 
@@ -235,15 +242,98 @@ void frmPlanung::ShowMap(const PlanMapControls& map) {
     FillCombo(*cmbMaps, map.MapNames, map.cmbMaps);
     lblNoMap->setVisible(!hasMap);
     if (!hasMap) lblNoMap->setText(Q(map.WhyNoMap));
-    cmdMessen->setVisible(!map.Measured.MeasureOn);
-    picMessen->setVisible(map.Measured.MeasureOn);
+    cmdMessen->setVisible(!map.MeasureOn);
+    picMessen->setVisible(map.MeasureOn);
     tLR->setText(Q(map.tLR));
     tLR->adjustSize();
     tLR->setVisible(!map.tLR.empty() && hasMap);
-    latitude->Show(Q(map.Cursor.lblLatx), Q(map.Cursor.lblNS));
-    longitude->Show(Q(map.Cursor.lblLongx), Q(map.Cursor.lblEW));
-    distance->Show(Q(map.Measured.lblDistanz));
-    course->Show(Q(map.Measured.lblKurs));
+}
+
+void frmPlanung::ShowCursor() {
+    const PlanMap& map = screen->Map;
+    latitude->Show(Q(map.lblLatx), Q(map.lblNS));
+    longitude->Show(Q(map.lblLongx), Q(map.lblEW));
+    distance->Show(Q(map.Measuring.lblDistanz));
+    course->Show(Q(map.Measuring.lblKurs));
+}
+
+void frmPlanung::MakeMap() {
+    picMap = Named(new SurfaceWidget(this), "picMap");
+    picMap->setMinimumSize(LeastMapWidth, LeastMapHeight);
+    picMap->setFocusPolicy(Qt::StrongFocus);
+    picMap->setMouseTracking(true); // the cursor's position shows without a button
+    guard.Connect(picMap, &SurfaceWidget::Pressed, [this](QPointF at, Qt::MouseButton button) {
+        picMap->setFocus();
+        if (button == Qt::LeftButton) screen->Map.MouseDown({at.x(), at.y()});
+        ShowCursor();
+    });
+    guard.Connect(picMap, &SurfaceWidget::Moved, [this](QPointF at, Qt::MouseButtons held) {
+        screen->MouseMove({at.x(), at.y()}, held.testFlag(Qt::LeftButton));
+        ShowCursor();
+    });
+    guard.Connect(picMap, &SurfaceWidget::Released, [this](QPointF, Qt::MouseButton button) {
+        if (button == Qt::LeftButton) screen->Map.MouseUp();
+    });
+    guard.Connect(picMap, &SurfaceWidget::DoubleClicked, [this](QPointF at, Qt::MouseButton button) {
+        if (button != Qt::LeftButton) return;
+        screen->DblClick({at.x(), at.y()});
+        ShowState();
+    });
+    guard.Connect(picMap, &SurfaceWidget::Resized, [this] {
+        PlaceOverMap();
+        if (loaded) screen->Form_Resize();
+    });
+    tLR = Named(new QLabel(picMap), "tLR");
+    tLR->setAttribute(Qt::WA_TransparentForMouseEvents); // the map under it can be dragged
+    lblNoMap = Named(new QLabel(picMap), "lblNoMap");
+    lblNoMap->setAlignment(Qt::AlignCenter);
+    lblNoMap->setWordWrap(true);
+    progBar = Named(new QProgressBar(picMap), "progBar");
+    progBar->setFixedWidth(220);
+    for (QWidget* hidden : std::initializer_list<QWidget*>{tLR, lblNoMap, progBar}) hidden->hide();
+}
+
+void frmPlanung::PlaceOverMap() {
+    tLR->move(10, 10);
+    progBar->move((picMap->width() - progBar->width()) / 2, 12);
+    lblNoMap->setGeometry(picMap->rect().adjusted(30, 40, -30, -40));
+}
+
+void frmPlanung::ApplyLanguage() {
+    setWindowTitle(Text("Planung", "Plan mode"));
+    distance->SetCaption(Text("Distanz", "Distance"));
+    course->SetCaption(Text("Kurs", "Bearing"));
+    latitude->SetCaption(Text("Breitengrad", "Latitude"));
+    longitude->SetCaption(Text("Längengrad", "Longitude"));
+    cmdMessen->setText(Text(" Messen An ", " Measure On "));
+    picMessen->setText(Text(" Messen Aus ", " Measure Off "));
+    ApplyToolTips();
+    waypoints->ApplyLanguage();
+    routes->ApplyLanguage();
+    shown.reset();
+    ShowState();
+}
+
+void frmPlanung::ApplyToolTips() {
+    const std::pair<QWidget*, QString> tips[] = {
+        {picMap, Text("Ziehen verschiebt, Doppelklick beginnt einen Wegpunkt; Pfeiltasten auf/ab: voriger "
+                      "und nächster Wegpunkt, Eingabe hängt ihn an die Strecke",
+                      "Drag to move, double-click to begin a waypoint; arrow keys up/down: previous and "
+                      "next waypoint, Enter adds it to the route")},
+        {SlideMap, Text("Maßstab", "Zoom")},
+        {cmbMaps, Text("Karte wählen", "Choose the chart")},
+        {progBar, Text("Karte wird geladen", "Loading the chart")},
+        {latitude, Text("Breite unter dem Mauszeiger: Grad, Minuten hinter dem Komma",
+                        "Latitude under the cursor: degrees, minutes behind the point")},
+        {longitude, Text("Länge unter dem Mauszeiger: Grad, Minuten hinter dem Komma",
+                         "Longitude under the cursor: degrees, minutes behind the point")},
+        {distance, Text("Gemessene Entfernung", "Measured distance")},
+        {course, Text("Gemessener rechtweisender Kurs", "Measured true bearing")},
+        {cmdMessen, Text("Entfernung und Kurs vom eingegebenen Wegpunkt zum Mauszeiger messen",
+                         "Measure distance and bearing from the waypoint entered to the cursor")},
+        {picMessen, Text("Messen beenden", "Stop measuring")},
+    };
+    for (const auto& [widget, tip] : tips) widget->setToolTip(tip);
 }
 
 } // namespace ornivane

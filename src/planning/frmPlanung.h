@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QPointF>
 #include <QString>
 #include <memory>
 #include <optional>
@@ -34,7 +33,7 @@ class frmPlanung : public Screen {
 
 public:
     // All of it outlives the form. `pictures`: of all screens; may be missing.
-    frmPlanung(Variablen& variablen, Dialogs& dialogs, EventGuard& guard,
+    frmPlanung(Variablen& variablen, Dialogs& messages, EventGuard& eventGuard,
                DecodedPictures* pictures = nullptr);
     ~frmPlanung() override;
 
@@ -43,10 +42,12 @@ public:
     void ApplyLanguage() override;
     // Opens the dialog that chooses the airspace of the map; one that is open comes to the front.
     void ShowAirspaceSettings();
+    // Takes a route from a file into the lists: nothing of it is seen but the file dialog and messages.
+    // Afterwards the imported route is selected, and what was being typed is still there.
+    void ImportRoute();
 
     PlanningScreen& Logic() { return *screen; }
-    // Runs an event on this screen, then shows the state; also one of a form that works for it. What an event
-    // did before an error shows as well.
+    // Runs an event, then shows the state. What an event did before an error shows as well.
     void Do(const std::function<void()>& event);
 
 protected:
@@ -61,15 +62,13 @@ private:
     LampButton* MeasureButton(const char* name, PlanEffects (PlanMap::*click)());
     void ChainFocus();
 
-    void MapPressed(QPointF at, Qt::MouseButton button);
-    void MapMoved(QPointF at, Qt::MouseButtons held);
-    void MapReleased(Qt::MouseButton button);
-
     void Focus(PlanEffect effect);
     void ShowState();
+    void ShowChanges();
     void ShowMap(const PlanMapControls& map);
+    void ShowCursor();
     void PlaceOverMap();
-    QString Text(const char* german, const char* english) const;
+    QString Text(const char* german, const char* english) const { return shared.Text(german, english); }
     void ApplyToolTips();
 
     Variablen& shared;

@@ -11,8 +11,10 @@
 #include "platform/qt/FittedText.h"
 #include "platform/qt/GridBinding.h"
 #include "platform/qt/LampButton.h"
+#include "platform/qt/Named.h"
 #include "platform/qt/RecordsetModel.h"
 #include "platform/qt/SingleClick.h"
+#include "platform/qt/Spaced.h"
 
 namespace ornivane {
 
@@ -27,9 +29,7 @@ frmRoutePanel::frmRoutePanel(QWidget* parent, RouteEditing& toShow, const Langua
     : frmListPanel(parent, texts, std::move(toRun)), routes(toShow) {
     setObjectName("frmRoutePanel");
     setFixedWidth(PanelWidth);
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(8, 6, 8, 6);
-    column->setSpacing(5);
+    auto* column = Spaced(new QVBoxLayout(this), 5, {8, 6, 8, 6});
     route = MakeList(
         "gridRoute", routes.RoutesSet, [this] { return Text("      Strecke", "      Route"); },
         &RouteEditing::RoutesHeadClick);
@@ -82,13 +82,11 @@ LampButton* frmRoutePanel::Switch(const char* name, const Event& click) {
 }
 
 void frmRoutePanel::MakeDrawing(QBoxLayout& layout) {
-    auto* row = new QHBoxLayout;
-    row->setSpacing(5);
+    auto* row = Spaced(new QHBoxLayout, 5);
     cmdshowRoute = Switch("cmdshowRoute", [this] { return routes.cmdshowRoute(); });
     picShowRoute = Switch("picShowRoute", [this] { return routes.picShowRoute(); });
     picShowRoute->SetLit(true);
-    lblRouteDistanz = new FittedText(DistanceSize, this);
-    lblRouteDistanz->setObjectName("lblRouteDistanz");
+    lblRouteDistanz = Named(new FittedText(DistanceSize, this), "lblRouteDistanz");
     lblRouteDistanz->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     lblRouteDistanz->installEventFilter(this);
     row->addWidget(cmdshowRoute, 1);
@@ -116,15 +114,8 @@ void frmRoutePanel::KeyDone(QObject*, int) {
 
 void frmRoutePanel::FocusList() { route.Grid->setFocus(); }
 
-void frmRoutePanel::List::ShowSelection() {
-    if (Grid->currentIndex().isValid())
-        Binding->SelectRow();
-    else
-        Binding->ClearRowSelection();
-}
-
 void frmRoutePanel::ShowSelection() {
-    for (List* list : {&route, &points}) list->ShowSelection();
+    for (List* list : {&route, &points}) list->Binding->SelectRow();
 }
 
 void frmRoutePanel::Show(const RouteControls& controls) {

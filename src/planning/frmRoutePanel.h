@@ -20,8 +20,8 @@ class frmRoutePanel : public frmListPanel {
 
 public:
     // `addWaypoint`: puts the current waypoint into the route.
-    frmRoutePanel(QWidget* parent, RouteEditing& routes, const Language& language,
-                  std::function<void(const Event&)> run, const Event& addWaypoint);
+    frmRoutePanel(QWidget* parent, RouteEditing& toShow, const Language& texts,
+                  std::function<void(const Event&)> toRun, const Event& addWaypoint);
     ~frmRoutePanel() override;
 
     void Show(const RouteControls& controls);
@@ -40,7 +40,6 @@ private:
         QTableView* Grid = nullptr;
         std::unique_ptr<RecordsetModel> Model;
         std::unique_ptr<GridBinding> Binding;
-        void ShowSelection();
     };
     List MakeList(const char* name, Recordset& rows, std::function<QString()> caption,
                   void (RouteEditing::*headClick)(int));

@@ -22,9 +22,9 @@ class frmWaypointPanel : public frmListPanel {
     Q_OBJECT
 
 public:
-    // `addToRoute`: Enter on a waypoint.
-    frmWaypointPanel(QWidget* parent, WaypointEditing& waypoints, const Language& language,
-                     std::function<void(const Event&)> run, Event addToRoute);
+    // `addsToRoute`: Enter on a waypoint.
+    frmWaypointPanel(QWidget* parent, WaypointEditing& toShow, const Language& texts,
+                     std::function<void(const Event&)> toRun, Event addsToRoute);
     ~frmWaypointPanel() override;
 
     // `otherTarget`: the waypoint that a change would write, when it is not the one whose fields show.
@@ -44,7 +44,7 @@ private:
     void MakeSearch(QBoxLayout& layout);
     void MakeGrid(QBoxLayout& layout);
     void MakeSteps(QBoxLayout& layout);
-    LampButton* Step(const char* name, const char* icon, void (WaypointEditing::*step)());
+    LampButton* Step(const char* name, void (WaypointEditing::*step)(), const char* icon);
     void MakeEntry(QBoxLayout& layout);
     void MakeButtons(QBoxLayout& layout);
     QLineEdit* Field(const char* name);
@@ -57,7 +57,7 @@ private:
     void SearchKey(int key);
     void ListKey(int key);
     bool EmptyField(const QObject* watched);
-    bool FilterCategory(QEvent& event);
+    void FilterCategory(QEvent& event);
     void ShowCategories(const WaypointControls& controls);
     void ApplyToolTips();
     QString ChangeCaption(const std::optional<std::string>& otherTarget) const;

@@ -42,7 +42,9 @@ public:
     virtual void MessageBeside(const std::string& title, const std::string& text) { Message(title, text); }
     // Like Message, but the call returns when the user has answered: for the end of the program and questions
     // whose answer is needed.
-    virtual void MessageAndWait(const std::string& title, const std::string& text) = 0;
+    void MessageAndWait(const std::string& title, const std::string& text) {
+        MessageWithDetails(title, text, {});
+    }
     // The same with further text below, in smaller letters; that text may be empty.
     virtual void MessageWithDetails(const std::string& title, const std::string& text,
                                     const std::string& details) = 0;

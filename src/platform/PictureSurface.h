@@ -14,6 +14,13 @@ struct PixelRect {
     bool operator==(const PixelRect&) const = default;
 };
 
+// What of a picture a rectangle of a surface shows, in the picture's pixels: the point at the top left of the
+// rectangle, the way along its top edge, (AcrossX, AcrossY), and the way down its left one, (DownX, DownY).
+// Four numbers are an upright rectangle of the picture.
+struct PictureSection {
+    double X = 0, Y = 0, AcrossX = 0, DownY = 0, AcrossY = 0, DownX = 0;
+};
+
 // A loaded image at its full size.
 class Picture {
 public:
@@ -34,13 +41,12 @@ public:
     virtual double ScaleWidth() const = 0;
     virtual double ScaleHeight() const = 0;
     virtual void Cls() = 0;
-    // Stretches a source rectangle of the picture, in its pixels, over a rectangle of this surface.
+    // Stretches a section of the picture over a rectangle of this surface.
     virtual void PaintPicture(const Picture& picture, const PixelRect& destination,
-                              const PixelRect& source) = 0;
+                              const PictureSection& section) = 0;
     // Copies the whole picture over the whole surface, turned about the middle: degrees, clockwise.
     virtual void PaintTurned(const Picture& picture, double angle) = 0;
     virtual void SetDrawWidth(int pixels) = 0;
-    virtual int DrawWidth() const = 0;
     virtual void SetForeColor(Colour colour) = 0;
     virtual void Line(double x1, double y1, double x2, double y2, Colour colour) = 0;
     // An outline; radius to the middle of the pen.

@@ -48,9 +48,7 @@ std::vector<AirfieldCountry> ReadAirfieldCountries(Connection& airfieldConn) {
         }
         ++countries.back().Anzahl;
     }
-    std::stable_sort(
-        countries.begin(), countries.end(),
-        [](const AirfieldCountry& a, const AirfieldCountry& b) { return CompareText(a.Name, b.Name) < 0; });
+    std::ranges::stable_sort(countries, TextBefore(), &AirfieldCountry::Name);
     return countries;
 }
 

@@ -6,12 +6,11 @@
 #include <utility>
 
 #include "base/RuntimeError.h"
+#include "data/WaypointCategories.h"
 #include "data/Waypoints.h"
 #include "geo/Position.h"
-#include "settings/CategoryNames.h"
 #include "store/Connection.h"
 #include "store/Statement.h"
-#include "store/TextOrder.h"
 
 namespace ornivane {
 
@@ -37,15 +36,11 @@ std::pair<std::string, std::string> ReportOf(int added) {
 
 } // namespace
 
-bool AirfieldTransfer::Before::operator()(const std::string& a, const std::string& b) const {
-    return CompareText(a, b) < 0;
-}
-
 AirfieldTransfer::AirfieldTransfer(const Language& shownIn, OpenStores& openStores, Dialogs& messages)
     : language(shownIn), stores(openStores), dialogs(messages) {}
 
 void AirfieldTransfer::Form_Load() {
-    Categories = CategoryNames(stores.DataConn);
+    Categories = WaypointCategories(stores.DataConn).Names();
     cmbKategorie_Click(Categories.empty() ? std::string() : Categories.front());
     listAP = ReadAirfieldCountries(stores.AirfieldConn);
     listAP_Click({});
@@ -57,11 +52,8 @@ void AirfieldTransfer::cmbKategorie_Click(const std::string& category) {
 }
 
 const AirfieldCountry& AirfieldTransfer::Named(const std::string& name) const {
-    const auto at = std::lower_bound(listAP.begin(), listAP.end(), name,
-                                     [](const AirfieldCountry& country, const std::string& text) {
-                                         return CompareText(country.Name, text) < 0;
-                                     });
-    return *at; // the names are those of the list
+    // The names are those of the list.
+    return *std::ranges::lower_bound(listAP, name, TextBefore(), &AirfieldCountry::Name);
 }
 
 void AirfieldTransfer::listAP_Click(const std::vector<std::size_t>& selected) {

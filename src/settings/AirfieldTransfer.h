@@ -3,17 +3,15 @@
 #include <cstddef>
 #include <set>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "base/Language.h"
 #include "common/OpenStores.h"
 #include "platform/Dialogs.h"
 #include "settings/AirfieldCountries.h"
+#include "store/TextOrder.h"
 
 namespace ornivane {
-
-class Statement;
 
 // Makes waypoints of the airfields of whole countries. A waypoint gets the airfield's code as its name, by
 // which the charts know it as an airfield; a name that any waypoint has already is left as it is. An airfield
@@ -37,10 +35,7 @@ public:
     std::string lblCount;
 
 private:
-    struct Before {
-        bool operator()(const std::string& a, const std::string& b) const;
-    };
-    using Names = std::set<std::string, Before>;
+    using Names = std::set<std::string, TextBefore>;
 
     const AirfieldCountry& Named(const std::string& name) const;
     Names WaypointNames() const;

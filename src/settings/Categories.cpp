@@ -2,24 +2,14 @@
 
 #include "data/Waypoints.h"
 #include "store/Connection.h"
-#include "store/KeptColumn.h"
-#include "store/KeptListRow.h"
-#include "store/Lists.h"
-#include "store/Statement.h"
 
 namespace ornivane {
 
-namespace {
-
-constexpr const char* AllCategories = "SELECT * From Kategorie";
-
-} // namespace
-
 Categories::Categories(const Language& shownIn, Connection& mainStore, Dialogs& messages, Undo& lastDeed)
-    : language(shownIn), dataConn(mainStore), dialogs(messages), undo(lastDeed) {}
+    : language(shownIn), dataConn(mainStore), table(mainStore), dialogs(messages), undo(lastDeed) {}
 
 void Categories::Form_Load() {
-    CategoriesSet.Open(dataConn, "Select * from Kategorie Order by NUMMER ASC");
+    table.Open(CategoriesSet);
     GridRowChanged();
 }
 
@@ -32,8 +22,6 @@ void Categories::Form_Activate() {
     GridRowChanged();
     if (isTyped) tKategorie = entered;
 }
-
-std::string Categories::CurrentName() const { return CategoriesSet.TextOrEmpty("Kategorie"); }
 
 void Categories::GridRowChanged() {
     if (HasRow()) tKategorie = CurrentName();
@@ -81,8 +69,7 @@ void Categories::cmdAdd_Click() {
             title, language.Text("Die Kategorie existiert schon. Bitte einen anderen Namen vergeben.",
                                  "Category already exists. Please choose another name..."));
     }
-    InsertAfterCurrent(dataConn, CategoriesSet, AllCategories, {},
-                       [&](Recordset& row) { row.Set("Kategorie", name); });
+    table.InsertAfterCurrent(CategoriesSet, name);
     GridRowChanged();
 }
 
@@ -111,25 +98,12 @@ void Categories::cmdChange_Click() {
     GridRowChanged();
 }
 
-std::int64_t Categories::CountOf(const std::string& name) const {
-    Statement rows(dataConn, "SELECT count(*) FROM Kategorie WHERE Kategorie = ?");
-    rows.Bind(1, name);
-    rows.Step();
-    return rows.Integer(0);
-}
-
-std::int64_t Categories::RowOf(const std::string& name) const {
-    Statement row(dataConn, "SELECT rowid FROM Kategorie WHERE Kategorie = ?");
-    row.Bind(1, name);
-    return row.Step() ? row.Integer(0) : 0;
-}
-
 // The category as it is now, and of which waypoints it is. Only those that still have the new name get the
 // old one back: what was given to a waypoint since then stays. When no category has the new name any more,
 // those that got it since then follow; those that had it before have it still.
 Undo::Deed Categories::KeepChanged() {
     const std::int64_t row = CategoriesSet.RowId();
-    const KeptColumn name(dataConn, {"Kategorie", "Kategorie"}, "rowid = ?", {row});
+    const KeptColumn name = table.KeepName(row);
     const KeptColumn waypoints = Waypoints(dataConn).KeepCategory(CurrentName());
     const KeptColumn strays = Waypoints(dataConn).KeepCategory(tKategorie);
     const std::string shown = Undo::NameOf(CategoriesSet, "Kategorie");
@@ -139,7 +113,7 @@ Undo::Deed Categories::KeepChanged() {
             [this, name, waypoints, strays, before = CurrentName(), present = tKategorie] {
                 name.PutBack();
                 waypoints.PutBackOver(present);
-                if (present.empty() || CountOf(present) > 0) return;
+                if (present.empty() || table.CountOf(present) > 0) return;
                 Waypoints(dataConn).MoveCategory(present, before);
                 strays.PutBackOver(before);
             },
@@ -148,15 +122,15 @@ Undo::Deed Categories::KeepChanged() {
 
 // A category that was added again meanwhile does not come back beside itself; its waypoints do.
 Undo::Deed Categories::KeepDeleted() {
-    const KeptListRow row(dataConn, "Kategorie", "1", {}, CategoriesSet.RowId());
+    const KeptListRow row = table.Keep(CategoriesSet.RowId());
     const KeptColumn waypoints = Waypoints(dataConn).KeepCategory(CurrentName());
     const std::string shown = Undo::NameOf(CategoriesSet, "Kategorie");
     return {{"Kategorie %1 gelöscht", "Category %1 deleted"},
             shown,
             dataConn,
-            [this, row, waypoints, name = CurrentName(), count = CountOf(CurrentName())] {
-                const bool isThere = count > 0 && CountOf(name) >= count; // a damaged one has no name
-                rowBack = isThere ? RowOf(name) : row.PutBack();
+            [this, row, waypoints, name = CurrentName(), count = table.CountOf(CurrentName())] {
+                const bool isThere = count > 0 && table.CountOf(name) >= count; // a damaged one has no name
+                rowBack = isThere ? table.RowOf(name) : row.PutBack();
                 waypoints.PutBackOver("");
             },
             [this] { ShowAgain(rowBack); }};
@@ -175,7 +149,7 @@ void Categories::cmdDelete_Click() {
     ChangeStore(place, [this] {
         Waypoints(dataConn).MoveCategory(CurrentName(), "");
         CategoriesSet.Delete();
-        Renumber(dataConn, AllCategories, {});
+        table.Renumber();
     });
     undo.Offer(std::move(deed));
     Reread(place); // the next one, or the new last one

@@ -6,8 +6,8 @@
 
 #include "base/Language.h"
 #include "common/Undo.h"
+#include "data/WaypointCategories.h"
 #include "platform/Dialogs.h"
-#include "store/Recordset.h"
 
 namespace ornivane {
 
@@ -32,12 +32,11 @@ public:
     void cmdDelete_Click();
     void tKategorie_DblClick() { tKategorie.clear(); }
 
-    // "Select * from Kategorie Order by NUMMER ASC"; its current row is the grid's.
-    Recordset CategoriesSet;
-    std::string tKategorie; // the entry field
+    Recordset CategoriesSet; // its current row is the grid's
+    std::string tKategorie;  // the entry field
 
 private:
-    std::string CurrentName() const;
+    std::string CurrentName() const { return CategoriesSet.TextOrEmpty("Kategorie"); }
     bool HasRow() const { return CategoriesSet.RecordCount() > 0 && !CategoriesSet.Eof(); }
     bool Exists(const std::string& name);
     // The row at this place, from 1, or the last one.
@@ -45,14 +44,13 @@ private:
     void Reread(int place);
     // All of it or nothing.
     void ChangeStore(int place, const std::function<void()>& change);
-    std::int64_t CountOf(const std::string& name) const;
-    std::int64_t RowOf(const std::string& name) const;
     Undo::Deed KeepChanged();
     Undo::Deed KeepDeleted();
     void ShowAgain(std::int64_t rowId);
 
     const Language& language;
     Connection& dataConn;
+    WaypointCategories table;
     Dialogs& dialogs;
     Undo& undo;
     std::int64_t rowBack = 0; // identity of the category that an undo has put back

@@ -1,6 +1,6 @@
 #include "settings/CategoryManager.h"
 
-#include "settings/CategoryNames.h"
+#include "data/WaypointCategories.h"
 #include "store/Connection.h"
 #include "store/TextOrder.h"
 
@@ -12,7 +12,7 @@ CategoryManager::CategoryManager(Connection& mainStore, Dialogs& messages)
 void CategoryManager::Form_Load() {
     Waypoints(dataConn).Open(waypointsSet);
     FillLists();
-    Categories = CategoryNames(dataConn);
+    Categories = WaypointCategories(dataConn).Names();
 }
 
 void CategoryManager::FillLists() {

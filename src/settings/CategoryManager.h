@@ -11,7 +11,6 @@
 namespace ornivane {
 
 class Connection;
-class Statement;
 
 // Gives many waypoints a category at once.
 class CategoryManager {

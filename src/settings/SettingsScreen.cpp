@@ -43,14 +43,12 @@ void SettingsScreen::Form_Activate() {
     Frame4 = shared.TrackConn.IsOpen();
     frmLuftraumShows = shared.LuftraumConn.IsOpen();
     // A QNH of today is shown, or a mere look at this screen would end it.
-    if (IsQnhOfToday()) shared.tQNH = QnhText(shared);
+    if (shared.QNHDate == DateOf(world.SystemClock.Now())) shared.tQNH = QnhText(shared);
     if (Frame4) ReadTrack();
     ApplyLanguage();
     Port.Form_Activate();
     CategoryList.Form_Activate(); // last: a store that fails leaves the port test
 }
-
-bool SettingsScreen::IsQnhOfToday() const { return world.Shared.QNHDate == DateOf(world.SystemClock.Now()); }
 
 void SettingsScreen::ReadTrack() {
     TrackSettings track;
@@ -82,8 +80,6 @@ void SettingsScreen::chkTrack_Click(bool ticked) {
     chkTrack = TrackEnabledControls = world.Shared.TrackEnabled = ticked;
 }
 
-void SettingsScreen::chkAutoOn_Click(bool ticked) { chkAutoOn = world.Shared.TrackAuto = ticked; }
-
 bool SettingsScreen::cmdGetWaypoint_Click() {
     if (world.Shared.AirfieldStoreOpen) return true;
     world.Messages.Message(
@@ -95,15 +91,10 @@ bool SettingsScreen::cmdGetWaypoint_Click() {
 
 void SettingsScreen::Form_Deactivate() {
     LastDeed.Withdraw();
-    TakeQnh();
+    EnterQnh(world.Shared, world.Shared.tQNH, DateOf(world.SystemClock.Now()));
     if (Frame4) TakeTrack();
     Port.Form_Deactivate();
     SaveAll();
-}
-
-void SettingsScreen::TakeQnh() {
-    Variablen& shared = world.Shared;
-    EnterQnh(shared, shared.tQNH, DateOf(world.SystemClock.Now()));
 }
 
 void SettingsScreen::TakeTrack() {

@@ -47,7 +47,7 @@ public:
     void ChooseLanguage(std::int16_t language);
     void Option_Click(std::int16_t symbol); // 1 or 2
     void chkTrack_Click(bool ticked);
-    void chkAutoOn_Click(bool ticked);
+    void chkAutoOn_Click(bool ticked) { chkAutoOn = world.Shared.TrackAuto = ticked; }
     // Whether the import of airfields may be shown; without their store the user is told.
     bool cmdGetWaypoint_Click();
 
@@ -65,8 +65,6 @@ public:
 
 private:
     void ReadTrack();
-    bool IsQnhOfToday() const;
-    void TakeQnh();
     void TakeTrack();
     void SaveAll();
 

@@ -16,14 +16,10 @@
 
 namespace ornivane {
 
-namespace {
-
 constexpr int RowHeight = 34, NumberWidth = 46, EntryHeight = 44; // pixels
 
-} // namespace
-
 frmCategoryPanel::frmCategoryPanel(Categories& categories, const Language& shownIn, EventGuard& eventGuard,
-                                   OpenedDialogs opened)
+                                   const OpenedDialogs& opened)
     : list(categories), language(shownIn), guard(eventGuard) {
     setObjectName("frmKategorie");
     auto* layout = new QGridLayout(this);
@@ -55,10 +51,9 @@ frmCategoryPanel::~frmCategoryPanel() = default;
 void frmCategoryPanel::MakeGrid() {
     gridKategorie = Named(new QTableView, "gridKategorie");
     model = std::make_unique<RecordsetModel>(
-        list.CategoriesSet,
-        std::vector<RecordsetModel::Column>{
-            {"Nummer", [] { return QString("Nr"); }, {}},
-            {"Kategorie", [this] { return QString::fromUtf8(language.Text("Kategorie", "Category")); }, {}}});
+        list.CategoriesSet, std::vector<RecordsetModel::Column>{
+                                {"Nummer", [] { return QString("Nr"); }, {}},
+                                {"Kategorie", [this] { return Text("Kategorie", "Category"); }, {}}});
     binding = std::make_unique<GridBinding>(*model, *gridKategorie);
     gridKategorie->setMinimumHeight(3 * RowHeight);
     gridKategorie->verticalHeader()->setDefaultSectionSize(RowHeight);
@@ -107,27 +102,24 @@ void frmCategoryPanel::ShowState() {
 }
 
 void frmCategoryPanel::ApplyLanguage() {
-    const auto text = [this](const char* german, const char* english) {
-        return QString::fromUtf8(language.Text(german, english));
-    };
-    setTitle(text("Wegpunkt Kategorien", "Waypoint categories"));
-    cmdAdd->setText(text(" Kategorie hinzufügen ", " Add Category "));
-    cmdChange->setText(text(" Kategorie ändern ", " Change Category "));
-    cmdDelete->setText(text(" Kategorie löschen ", " Delete Category "));
-    cmdManager->setText(text("Wegpunkt Manager", "Waypoint Manager"));
-    cmdGetWaypoint->setText(text("Flughäfen importieren", "Import airfields"));
-    gridKategorie->setToolTip(text("Die Kategorien in ihrer Reihenfolge", "The categories in their order"));
-    tKategorie->setToolTip(text("Name der Kategorie; Enter fügt sie hinzu, ein Doppelklick leert das Feld",
+    setTitle(Text("Wegpunkt Kategorien", "Waypoint categories"));
+    cmdAdd->setText(Text(" Kategorie hinzufügen ", " Add Category "));
+    cmdChange->setText(Text(" Kategorie ändern ", " Change Category "));
+    cmdDelete->setText(Text(" Kategorie löschen ", " Delete Category "));
+    cmdManager->setText(Text("Wegpunkt Manager", "Waypoint Manager"));
+    cmdGetWaypoint->setText(Text("Flughäfen importieren", "Import airfields"));
+    gridKategorie->setToolTip(Text("Die Kategorien in ihrer Reihenfolge", "The categories in their order"));
+    tKategorie->setToolTip(Text("Name der Kategorie; Enter fügt sie hinzu, ein Doppelklick leert das Feld",
                                 "Name of the category; Enter adds it, a double click empties the field"));
-    cmdAdd->setToolTip(text("Den Namen als neue Kategorie hinter der gewählten einfügen",
+    cmdAdd->setToolTip(Text("Den Namen als neue Kategorie hinter der gewählten einfügen",
                             "Insert the name as a new category behind the chosen one"));
-    cmdChange->setToolTip(text("Die gewählte Kategorie und ihre Wegpunkte umbenennen",
+    cmdChange->setToolTip(Text("Die gewählte Kategorie und ihre Wegpunkte umbenennen",
                                "Rename the chosen category and its waypoints"));
-    cmdDelete->setToolTip(text("Die gewählte Kategorie ohne Rückfrage löschen; ihre Wegpunkte bleiben",
+    cmdDelete->setToolTip(Text("Die gewählte Kategorie ohne Rückfrage löschen; ihre Wegpunkte bleiben",
                                "Delete the chosen category without a question; its waypoints stay"));
     cmdManager->setToolTip(
-        text("Vielen Wegpunkten auf einmal eine Kategorie geben", "Give many waypoints a category at once"));
-    cmdGetWaypoint->setToolTip(text("Die Flugplätze ganzer Länder zu Wegpunkten machen",
+        Text("Vielen Wegpunkten auf einmal eine Kategorie geben", "Give many waypoints a category at once"));
+    cmdGetWaypoint->setToolTip(Text("Die Flugplätze ganzer Länder zu Wegpunkten machen",
                                     "Make waypoints of the airfields of whole countries"));
     model->HeadersChanged();
 }

@@ -27,7 +27,7 @@ public:
     };
 
     frmCategoryPanel(Categories& categories, const Language& shownIn, EventGuard& eventGuard,
-                     OpenedDialogs opened);
+                     const OpenedDialogs& opened);
     ~frmCategoryPanel() override;
 
     void ShowState();
@@ -37,6 +37,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    QString Text(const char* german, const char* english) const { return language.Text(german, english); }
     void MakeGrid();
     QPushButton* CommandButton(const char* name, const std::function<void()>& command);
     void Run(const std::function<void()>& command);

@@ -5,6 +5,7 @@
 
 #include "platform/qt/EnterKey.h"
 #include "platform/qt/Events.h"
+#include "platform/qt/FillCombo.h"
 #include "settings/frmParts.h"
 
 namespace ornivane {
@@ -23,7 +24,7 @@ frmGetWaypoints::frmGetWaypoints(const Language& shownIn, OpenStores& stores, Di
     QStringList names;
     for (const AirfieldCountry& country : logic.listAP) names << QString::fromStdString(country.Name);
     countries.setStringList(names);
-    parts::SetTexts(*cmbKategorie, logic.Categories, logic.cmbKategorie);
+    FillCombo(*cmbKategorie, logic.Categories, logic.cmbKategorie);
 
     guard.Connect(listAP->selectionModel(), &QItemSelectionModel::selectionChanged, [this] {
         logic.listAP_Click(parts::ChosenRows(*listAP));
@@ -44,8 +45,8 @@ frmGetWaypoints::frmGetWaypoints(const Language& shownIn, OpenStores& stores, Di
 }
 
 void frmGetWaypoints::LayOut() {
-    Label1 = parts::Label("Label1");
-    Label2 = parts::Label("Label2");
+    auto* Label1 = parts::Label("Label1", "Länder");
+    auto* Label2 = parts::Label("Label2", "Kategorie");
     lblCount = parts::Label("lblCount");
     lblCount->setStyleSheet("font-size: 18px; font-weight: bold");
     listAP = parts::ChoiceList("listAP");
@@ -67,16 +68,15 @@ void frmGetWaypoints::LayOut() {
 
 void frmGetWaypoints::ShowState() {
     lblCount->setText(QString::fromStdString(logic.lblCount));
-    cmdTransfer->setText(parts::Caption(logic.cmdTransfer));
+    // An ampersand in a name is no key.
+    cmdTransfer->setText(QString::fromStdString(logic.cmdTransfer).replace("&", "&&"));
 }
 
 void frmGetWaypoints::ApplyTexts() {
     setWindowTitle("Flughäfen importieren");
-    Label1->setText("Länder");
-    Label2->setText("Kategorie");
     cmdEnd->setText("Schließen");
     const auto tip = [this](QWidget* widget, const char* german, const char* english) {
-        widget->setToolTip(QString::fromUtf8(language.Text(german, english)));
+        widget->setToolTip(language.Text(german, english));
     };
     tip(listAP, "Länder wählen: Klick oder Leertaste; Strg+A wählt alle",
         "Choose countries: click or space bar; Ctrl+A takes all");

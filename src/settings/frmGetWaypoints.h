@@ -32,7 +32,7 @@ private:
     AirfieldTransfer logic;
     QStringListModel countries;
     QListView* listAP = nullptr;
-    QLabel *Label1 = nullptr, *Label2 = nullptr, *lblCount = nullptr;
+    QLabel* lblCount = nullptr;
     QComboBox* cmbKategorie = nullptr;
     QPushButton *cmdTransfer = nullptr, *cmdEnd = nullptr;
 };

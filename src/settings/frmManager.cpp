@@ -6,6 +6,7 @@
 
 #include "platform/qt/EnterKey.h"
 #include "platform/qt/Events.h"
+#include "platform/qt/FillCombo.h"
 #include "settings/frmParts.h"
 
 namespace ornivane {
@@ -47,7 +48,7 @@ frmManager::frmManager(const Language& shownIn, Connection& dataConn, Dialogs& d
     logic.Form_Load();
     waypoints.setStringList(parts::Texts(logic.listWegpunkt));
     ShowCategories();
-    parts::SetTexts(*cmbKategorie, logic.Categories, {});
+    FillCombo(*cmbKategorie, logic.Categories, {});
     cmbKategorie->insertItem(0, QString()); // none
     cmbKategorie->setCurrentIndex(0);
     ApplyLanguage();
@@ -96,28 +97,25 @@ void frmManager::ShowCategories() {
 void frmManager::ShowState() { cmdZuweisen->setEnabled(listWegpunkt->selectionModel()->hasSelection()); }
 
 void frmManager::ApplyLanguage() {
-    const auto text = [this](const char* german, const char* english) {
-        return QString::fromUtf8(language.Text(german, english));
-    };
-    setWindowTitle(text("Wegpunkt Manager", "Manage waypoints"));
-    Label1->setText(text("Wegpunkt", "Waypoint"));
-    Label2->setText(text("Kategorie", "Category"));
-    Label3->setText(text("Kategorie", "Category"));
+    setWindowTitle(Text("Wegpunkt Manager", "Manage waypoints"));
+    Label1->setText(Text("Wegpunkt", "Waypoint"));
+    Label2->setText(Text("Kategorie", "Category"));
+    Label3->setText(Text("Kategorie", "Category"));
     cmdZuweisen->setText(
-        text("Kategorie ausgewählten Wegpunkten zuweisen", "Add waypoints to selected category"));
-    cmdEnd->setText(text("Schließen", "Close"));
-    listWegpunkt->setToolTip(text("Wegpunkte wählen: Klick oder Leertaste; Strg+A wählt alle",
+        Text("Kategorie ausgewählten Wegpunkten zuweisen", "Add waypoints to selected category"));
+    cmdEnd->setText(Text("Schließen", "Close"));
+    listWegpunkt->setToolTip(Text("Wegpunkte wählen: Klick oder Leertaste; Strg+A wählt alle",
                                   "Choose waypoints: click or space bar; Ctrl+A takes all"));
     listKategorie->setToolTip(
-        text("Die Kategorie des Wegpunkts in dieser Zeile", "The category of the waypoint in this row"));
+        Text("Die Kategorie des Wegpunkts in dieser Zeile", "The category of the waypoint in this row"));
     cmbKategorie->setToolTip(
-        text("Die Kategorie, die zugewiesen wird; die leere Zeile nimmt die Wegpunkte aus ihrer heraus",
+        Text("Die Kategorie, die zugewiesen wird; die leere Zeile nimmt die Wegpunkte aus ihrer heraus",
              "The category that is given; the empty line takes the waypoints out of theirs"));
-    cmdZuweisen->setToolTip(text("Den gewählten Wegpunkten die Kategorie geben, die dort steht; ohne eine "
+    cmdZuweisen->setToolTip(Text("Den gewählten Wegpunkten die Kategorie geben, die dort steht; ohne eine "
                                  "kommen sie aus ihrer heraus",
                                  "Give the chosen waypoints the category that stands there; without one they "
                                  "are taken out of theirs"));
-    cmdEnd->setToolTip(text("Dieses Fenster schließen", "Close this window"));
+    cmdEnd->setToolTip(Text("Dieses Fenster schließen", "Close this window"));
 }
 
 } // namespace ornivane

@@ -31,6 +31,7 @@ private:
     void ShowCategories();
     void ShowState();
     void ApplyLanguage();
+    QString Text(const char* german, const char* english) const { return language.Text(german, english); }
 
     const Language& language;
     EventGuard& guard;

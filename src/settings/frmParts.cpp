@@ -5,11 +5,7 @@
 
 namespace ornivane::parts {
 
-namespace {
-
 constexpr int PressHeight = 44; // pixels
-
-} // namespace
 
 const char* const SectionStyle = R"(
 QGroupBox { margin-top: 11px; padding: 14px 6px 4px 6px; }
@@ -19,8 +15,6 @@ QListView::item { min-height: 34px; }
 QListView::item:focus { border: 2px solid palette(text); }
 QListView::item:selected { background: palette(highlight); color: palette(highlighted-text); }
 )";
-
-QString Caption(const std::string& text) { return QString::fromStdString(text).replace("&", "&&"); }
 
 QPushButton* Button(const char* name) {
     auto* button = Named(new QPushButton, name);
@@ -35,8 +29,8 @@ QComboBox* Combo(const char* name) {
     return combo;
 }
 
-QLabel* Label(const char* name) {
-    auto* label = Named(new QLabel, name);
+QLabel* Label(const char* name, const QString& text) {
+    auto* label = Named(new QLabel(text), name);
     label->setTextFormat(Qt::PlainText);
     return label;
 }
@@ -64,13 +58,6 @@ QStringList Texts(const std::vector<std::string>& texts) {
     items.reserve(static_cast<qsizetype>(texts.size()));
     for (const std::string& text : texts) items << QString::fromStdString(text);
     return items;
-}
-
-void SetTexts(QComboBox& combo, const std::vector<std::string>& texts, const std::string& current) {
-    const QStringList items = Texts(texts);
-    combo.clear();
-    combo.addItems(items);
-    combo.setCurrentIndex(static_cast<int>(items.indexOf(QString::fromStdString(current))));
 }
 
 } // namespace ornivane::parts

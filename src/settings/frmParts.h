@@ -1,11 +1,9 @@
 #pragma once
 
-#include <QBoxLayout>
 #include <QComboBox>
 #include <QLabel>
 #include <QListView>
 #include <QPushButton>
-#include <QString>
 #include <cstddef>
 #include <string>
 #include <vector>
@@ -16,18 +14,14 @@ namespace ornivane::parts {
 
 // Controls that the forms of the settings share.
 
-// A text as the caption of a button: an ampersand in a name is no key.
-QString Caption(const std::string& text);
-
 QPushButton* Button(const char* name);
 QComboBox* Combo(const char* name);
-QLabel* Label(const char* name);
+QLabel* Label(const char* name, const QString& text = {});
 // Rows high enough for a finger; a press chooses a row or leaves it out again, Ctrl+A takes all.
 QListView* ChoiceList(const char* name);
 // The chosen rows, from 0, ascending.
 std::vector<std::size_t> ChosenRows(const QListView& list);
 QStringList Texts(const std::vector<std::string>& texts);
-void SetTexts(QComboBox& combo, const std::vector<std::string>& texts, const std::string& current);
 
 // Less padding than elsewhere, because the settings fill a small screen; rows of lists high enough to be hit
 // in turbulence.

@@ -5,10 +5,10 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <algorithm>
 
 #include "platform/PortList.h"
 #include "platform/qt/Events.h"
+#include "platform/qt/FillCombo.h"
 #include "settings/frmParts.h"
 
 namespace ornivane {
@@ -40,10 +40,10 @@ frmPortPanel::frmPortPanel(PortTest& portTest, const PortList& portList, const L
 
 void frmPortPanel::MakeChoice(QBoxLayout& layout, EventGuard& guard) {
     auto* row = new QHBoxLayout;
-    portCaption = parts::Label("Label1");
+    auto* portCaption = parts::Label("Label1", "COM");
     cmbCom = parts::Combo("cmbCom");
     cmbCom->setMinimumWidth(110);
-    baudCaption = parts::Label("Label2");
+    auto* baudCaption = parts::Label("Label2", "Baud");
     cmbBaud = parts::Combo("cmbBaud");
     for (QWidget* widget : std::initializer_list<QWidget*>{portCaption, cmbCom, baudCaption, cmbBaud})
         row->addWidget(widget);
@@ -62,7 +62,10 @@ void frmPortPanel::MakeChoice(QBoxLayout& layout, EventGuard& guard) {
 void frmPortPanel::MakeDisplays(QBoxLayout& layout) {
     lblStatus = parts::Label("lblStatus");
     lblHint = parts::Label("lblHint");
-    for (QLabel* label : {lblStatus, lblHint}) label->setWordWrap(true);
+    for (QLabel* label : {lblStatus, lblHint}) {
+        label->setWordWrap(true);
+        layout.addWidget(label);
+    }
     lblHint->setStyleSheet("font-weight: bold");
     tGPS = Named(new QLineEdit, "tGPS");
     tGPS->setReadOnly(true);
@@ -71,7 +74,6 @@ void frmPortPanel::MakeDisplays(QBoxLayout& layout) {
     lblComVerbindung = parts::Label("lblComVerbindung");
     LabelStatus = parts::Label("LabelStatus");
     lblSatellites = parts::Label("lblSatellites");
-    for (QLabel* label : {lblStatus, lblHint}) layout.addWidget(label);
     layout.addWidget(tGPS);
     auto* lamps = new QHBoxLayout;
     for (QLabel* lamp : {lblComVerbindung, LabelStatus}) {
@@ -98,6 +100,7 @@ void frmPortPanel::MakeDisplays(QBoxLayout& layout) {
 
 void frmPortPanel::FillPorts() {
     std::vector<int> shown;
+    shown.reserve(static_cast<std::size_t>(cmbCom->count()));
     for (int i = 0; i < cmbCom->count(); ++i) shown.push_back(cmbCom->itemData(i).toInt());
     if (shown != test.cmbCom) {
         cmbCom->clear();
@@ -109,20 +112,9 @@ void frmPortPanel::FillPorts() {
     cmbCom->setCurrentIndex(cmbCom->findData(test.SelectedCom));
 }
 
-void frmPortPanel::FillBaudRates() {
-    const QStringList rates = parts::Texts(test.BaudRates);
-    QStringList shown;
-    for (int i = 0; i < cmbBaud->count(); ++i) shown += cmbBaud->itemText(i);
-    if (shown != rates) {
-        cmbBaud->clear();
-        cmbBaud->addItems(rates);
-    }
-    cmbBaud->setCurrentIndex(static_cast<int>(test.cmbBaud));
-}
-
 void frmPortPanel::ShowState() {
     FillPorts();
-    FillBaudRates();
+    FillCombo(*cmbBaud, test.BaudRates, test.BaudRates.at(test.cmbBaud));
     // What is tested is what is saved.
     cmbCom->setEnabled(!test.IsTesting());
     cmbBaud->setEnabled(!test.IsTesting());
@@ -144,31 +136,26 @@ void frmPortPanel::ShowState() {
 }
 
 void frmPortPanel::ApplyLanguage() {
-    const auto text = [this](const char* german, const char* english) {
-        return QString::fromUtf8(language.Text(german, english));
-    };
     setTitle("GPS");
-    portCaption->setText("COM");
-    baudCaption->setText("Baud");
-    cmdCheck->setText(text(" GPS Verbindung überprüfen ", " Check GPS Connection "));
-    latCaption->setText(text("Breitengrad", "Latitude"));
-    longCaption->setText(text("Längengrad", "Longitude"));
-    cmbCom->setToolTip(text("Der Anschluss des Empfängers; beim Zeigen auf einen Eintrag steht sein Gerät",
+    cmdCheck->setText(Text(" GPS Verbindung überprüfen ", " Check GPS Connection "));
+    latCaption->setText(Text("Breitengrad", "Latitude"));
+    longCaption->setText(Text("Längengrad", "Longitude"));
+    cmbCom->setToolTip(Text("Der Anschluss des Empfängers; beim Zeigen auf einen Eintrag steht sein Gerät",
                             "The receiver's port; hold the mouse over an entry for its device"));
-    cmbBaud->setToolTip(text("Geschwindigkeit des Empfängers; die meisten senden mit 4800 oder 9600 Baud",
+    cmbBaud->setToolTip(Text("Geschwindigkeit des Empfängers; die meisten senden mit 4800 oder 9600 Baud",
                              "Speed of the receiver; most send at 4800 or 9600 baud"));
-    cmdCheck->setToolTip(text("Zwei Sekunden lang zuhören; kommen Daten, wird der Anschluss gespeichert",
+    cmdCheck->setToolTip(Text("Zwei Sekunden lang zuhören; kommen Daten, wird der Anschluss gespeichert",
                               "Listen for two seconds; when data come, the port is saved"));
-    lblLat->setToolTip(text("Breite, wie der Empfänger sie meldet", "Latitude as the receiver tells it"));
-    lblLong->setToolTip(text("Länge, wie der Empfänger sie meldet", "Longitude as the receiver tells it"));
-    lblHint->setToolTip(text("Woran es liegen kann", "What may be the reason"));
-    lblStatus->setToolTip(text("Was der Test ergab", "What the test found"));
-    tGPS->setToolTip(text("Die erste Zeile, die zuletzt ankam, wie der Empfänger sie sandte",
+    lblLat->setToolTip(Text("Breite, wie der Empfänger sie meldet", "Latitude as the receiver tells it"));
+    lblLong->setToolTip(Text("Länge, wie der Empfänger sie meldet", "Longitude as the receiver tells it"));
+    lblHint->setToolTip(Text("Woran es liegen kann", "What may be the reason"));
+    lblStatus->setToolTip(Text("Was der Test ergab", "What the test found"));
+    tGPS->setToolTip(Text("Die erste Zeile, die zuletzt ankam, wie der Empfänger sie sandte",
                           "The first line that came last, as the receiver sent it"));
-    lblComVerbindung->setToolTip(text("Ob Daten ankommen", "Whether data come in"));
+    lblComVerbindung->setToolTip(Text("Ob Daten ankommen", "Whether data come in"));
     LabelStatus->setToolTip(
-        text("Ob der Empfänger seine Position kennt", "Whether the receiver knows its position"));
-    lblSatellites->setToolTip(text("Satelliten: benutzt / sichtbar", "Satellites: used / in view"));
+        Text("Ob der Empfänger seine Position kennt", "Whether the receiver knows its position"));
+    lblSatellites->setToolTip(Text("Satelliten: benutzt / sichtbar", "Satellites: used / in view"));
 }
 
 } // namespace ornivane

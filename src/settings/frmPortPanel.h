@@ -6,7 +6,6 @@
 
 class QBoxLayout;
 class QComboBox;
-class QGridLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -26,10 +25,10 @@ public:
     void ApplyLanguage();
 
 private:
+    QString Text(const char* german, const char* english) const { return language.Text(german, english); }
     void MakeChoice(QBoxLayout& layout, EventGuard& guard);
     void MakeDisplays(QBoxLayout& layout);
     void FillPorts();
-    void FillBaudRates();
 
     PortTest& test;
     const PortList& ports;
@@ -37,9 +36,9 @@ private:
     QComboBox *cmbCom = nullptr, *cmbBaud = nullptr;
     QPushButton* cmdCheck = nullptr;
     QLineEdit* tGPS = nullptr;
-    QLabel *portCaption = nullptr, *baudCaption = nullptr, *latCaption = nullptr, *longCaption = nullptr;
     QLabel *lblStatus = nullptr, *lblHint = nullptr, *lblComVerbindung = nullptr, *LabelStatus = nullptr;
-    QLabel *lblSatellites = nullptr, *lblLat = nullptr, *lblLong = nullptr;
+    QLabel *lblSatellites = nullptr, *lblLat = nullptr, *lblLong = nullptr, *latCaption = nullptr,
+           *longCaption = nullptr;
 };
 
 } // namespace ornivane

@@ -5,13 +5,13 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QScrollArea>
 
 #include "platform/qt/EnterKey.h"
 #include "platform/qt/Events.h"
+#include "platform/qt/Spaced.h"
 #include "settings/frmCategoryPanel.h"
 #include "settings/frmGetWaypoints.h"
 #include "settings/frmManager.h"
@@ -64,15 +64,15 @@ frmSettings::frmSettings(const SettingsFormServices& formServices)
          }});
 
     auto* page = new QWidget;
-    auto* columns = new QHBoxLayout(page);
-    columns->setContentsMargins(14, 4, 14, 10);
-    columns->setSpacing(14);
+    auto* columns = Spaced(new QHBoxLayout(page), 14, {14, 4, 14, 10});
     auto* left = new QVBoxLayout;
     auto* right = new QVBoxLayout;
     columns->addLayout(left, 1);
     columns->addLayout(right, 1);
     MakeLeft(*left);
-    MakeRight(*right);
+    right->addWidget(MakeTrack());
+    right->addWidget(MakeAirspace());
+    right->addWidget(categories, 1);
     // A screen smaller than the page shows all of it by scrolling.
     auto* area = new QScrollArea;
     area->setWidgetResizable(true);
@@ -130,12 +130,6 @@ void frmSettings::MakeLeft(QBoxLayout& column) {
     services.Guard.Connect(Option2, &QRadioButton::clicked, [this] { logic->Option_Click(2); });
 }
 
-void frmSettings::MakeRight(QBoxLayout& column) {
-    column.addWidget(MakeTrack());
-    column.addWidget(MakeAirspace());
-    column.addWidget(categories, 1);
-}
-
 QGroupBox* frmSettings::MakeTrack() {
     Frame4 = Named(new QGroupBox, "Frame4");
     auto* layout = new QGridLayout(Frame4);
@@ -143,8 +137,7 @@ QGroupBox* frmSettings::MakeTrack() {
     chkTrack = Choice<QCheckBox>("chkTrack");
     chkAutoOn = Choice<QCheckBox>("chkAutoOn");
     intervalCaption = parts::Label("Label5");
-    intervalUnit = parts::Label("Label6");
-    intervalUnit->setText("[ s ]");
+    auto* intervalUnit = parts::Label("Label6", "[ s ]");
     cmbTrack = parts::Combo("cmbTrack");
     cmbTrack->setEditable(true);
     cmbTrack->setInsertPolicy(QComboBox::NoInsert);
@@ -178,10 +171,8 @@ QGroupBox* frmSettings::MakeAirspace() {
     frmLuftraum = Named(new QGroupBox, "frmLuftraum");
     auto* layout = new QHBoxLayout(frmLuftraum);
     layout->setContentsMargins(4, 0, 4, 4);
-    qnhCaption = parts::Label("Label8");
-    qnhUnit = parts::Label("Label9");
-    qnhCaption->setText("QNH");
-    qnhUnit->setText("hPa");
+    auto* qnhCaption = parts::Label("Label8", "QNH");
+    auto* qnhUnit = parts::Label("Label9", "hPa");
     tQNH = Named(new QLineEdit, "tQNH");
     tQNH->setMinimumHeight(PressHeight);
     tQNH->setFixedWidth(110);
@@ -240,25 +231,22 @@ void frmSettings::ShowState() {
 }
 
 void frmSettings::ApplyLanguage() {
-    const auto text = [this](const char* german, const char* english) {
-        return QString::fromUtf8(services.World.Shared.Text(german, english));
-    };
     logic->ApplyLanguage();
-    lblTitle->setText(text("Einstellungen", "Settings"));
+    lblTitle->setText(Text("Einstellungen", "Settings"));
     setWindowTitle(lblTitle->text());
-    frmLanguage->setTitle(text("Sprache", "Language"));
+    frmLanguage->setTitle(Text("Sprache", "Language"));
     for (std::size_t i = 0; i < languages.size(); ++i) {
         languages[i]->setText(Languages[i].Name);
-        languages[i]->setToolTip(text(Languages[i].GermanTip, Languages[i].EnglishTip));
+        languages[i]->setToolTip(Text(Languages[i].GermanTip, Languages[i].EnglishTip));
     }
-    frmSymbol->setTitle(text("Flugzeugsymbol", "Airplane symbol"));
-    Option1->setText(text("Pfeil", "Arrow"));
-    Option2->setText(text("Flugzeug", "Aeroplane"));
+    frmSymbol->setTitle(Text("Flugzeugsymbol", "Airplane symbol"));
+    Option1->setText(Text("Pfeil", "Arrow"));
+    Option2->setText(Text("Flugzeug", "Aeroplane"));
     Frame4->setTitle("Track Logger");
-    chkTrack->setText(text("Track Logger aktivieren", "activate track logger"));
-    chkAutoOn->setText(text("Automatisch loggen ( ab 30 kts )", "automatically log at speed > 30 kts"));
-    intervalCaption->setText(text("Intervall", "Interval"));
-    cmdTrack->setText(text("Track Manager", "Track Manager"));
+    chkTrack->setText(Text("Track Logger aktivieren", "activate track logger"));
+    chkAutoOn->setText(Text("Automatisch loggen ( ab 30 kts )", "automatically log at speed > 30 kts"));
+    intervalCaption->setText(Text("Intervall", "Interval"));
+    cmdTrack->setText(Text("Track Manager", "Track Manager"));
     port->ApplyLanguage();
     categories->ApplyLanguage();
     ApplyTooltips();
@@ -267,7 +255,7 @@ void frmSettings::ApplyLanguage() {
 
 void frmSettings::ApplyTooltips() {
     const auto tip = [this](QWidget* widget, const char* german, const char* english) {
-        widget->setToolTip(QString::fromUtf8(services.World.Shared.Text(german, english)));
+        widget->setToolTip(Text(german, english));
     };
     tip(frmLanguage, "Die Sprache aller Bildschirme", "The language of all screens");
     tip(frmSymbol, "Das eigene Flugzeug auf der Karte", "The own aircraft on the chart");

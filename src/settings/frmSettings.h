@@ -44,7 +44,6 @@ public:
 private:
     QWidget* Row(QGroupBox*& box, const char* name, const std::vector<QRadioButton*>& choices);
     void MakeLeft(QBoxLayout& column);
-    void MakeRight(QBoxLayout& column);
     QGroupBox* MakeTrack();
     QGroupBox* MakeAirspace();
     void Run(const std::function<void()>& event);
@@ -52,11 +51,14 @@ private:
     void ShownAfter(const std::function<void()>& step);
     void ShowState();
     void ApplyTooltips();
+    QString Text(const char* german, const char* english) const {
+        return services.World.Shared.Text(german, english);
+    }
     void OrderTabs();
 
     SettingsFormServices services;
     std::unique_ptr<SettingsScreen> logic;
-    QLabel* lblTitle = nullptr;
+    QLabel *lblTitle = nullptr, *intervalCaption = nullptr;
     frmPortPanel* port = nullptr;
     frmCategoryPanel* categories = nullptr;
     QGroupBox *frmLanguage = nullptr, *frmSymbol = nullptr, *Frame4 = nullptr, *frmLuftraum = nullptr;
@@ -64,7 +66,6 @@ private:
     QRadioButton *Option1 = nullptr, *Option2 = nullptr;
     QCheckBox *chkTrack = nullptr, *chkAutoOn = nullptr;
     QComboBox* cmbTrack = nullptr;
-    QLabel *intervalCaption = nullptr, *intervalUnit = nullptr, *qnhCaption = nullptr, *qnhUnit = nullptr;
     QPushButton* cmdTrack = nullptr;
     QLineEdit* tQNH = nullptr;
 };

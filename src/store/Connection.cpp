@@ -103,17 +103,14 @@ void Connection::Open(const fs::path& file, Mode mode) {
     handle = std::move(opened);
 }
 
-void Connection::Close() { handle.reset(); }
-
-bool Connection::IsOpen() const { return handle != nullptr; }
-
-void Connection::Execute(const std::string& sql, const std::vector<Value>& parameters) {
-    Statement statement(*this, sql);
-    for (std::size_t i = 0; i < parameters.size(); ++i)
-        statement.Bind(static_cast<int>(i) + 1, parameters[i]);
+int Connection::Execute(const std::string& sql, const std::vector<Value>& parameters) {
+    Statement statement(*this, sql, parameters);
     while (statement.Step()) {
     }
+    return sqlite3_changes(handle.get());
 }
+
+std::int64_t Connection::LastRowId() const { return sqlite3_last_insert_rowid(Handle()); }
 
 sqlite3* Connection::Handle() const {
     if (!handle) throw RuntimeError(ErrorNumber::ObjectClosed);

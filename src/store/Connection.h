@@ -24,11 +24,14 @@ public:
     // RuntimeError FileNotFound when there is no such file (it is never created), StoreError with the reason
     // when it is no store, damaged, locked, or (ReadWrite) may not be written.
     void Open(const std::filesystem::path& file, Mode mode);
-    void Close();
-    bool IsOpen() const;
+    void Close() { handle.reset(); }
+    bool IsOpen() const { return handle != nullptr; }
 
-    // One statement with values bound to its ?. RuntimeError StoreError (DiskFull when that is the reason).
-    void Execute(const std::string& sql, const std::vector<Value>& parameters = {});
+    // One statement with values bound to its ?; returns how many rows an INSERT, UPDATE or DELETE has written
+    // or deleted. RuntimeError StoreError (DiskFull when that is the reason).
+    int Execute(const std::string& sql, const std::vector<Value>& parameters = {});
+    // The identity of the row that was inserted last.
+    std::int64_t LastRowId() const;
 
     // The handle for Statement and Recordset. RuntimeError ObjectClosed when not open.
     sqlite3* Handle() const;

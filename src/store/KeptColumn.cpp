@@ -8,17 +8,16 @@ namespace ornivane {
 KeptColumn::KeptColumn(Connection& of, Place at, const std::string& where,
                        const std::vector<Value>& parameters)
     : connection(&of), place(std::move(at)) {
-    Statement select(of, "SELECT rowid, " + place.Column + " FROM " + place.Table + " WHERE " + where +
-                             " ORDER BY " + place.Column + " ASC");
-    for (std::size_t i = 0; i < parameters.size(); ++i) select.Bind(static_cast<int>(i) + 1, parameters[i]);
+    Statement select(of,
+                     "SELECT rowid, " + place.Column + " FROM " + place.Table + " WHERE " + where +
+                         " ORDER BY " + place.Column + " ASC",
+                     parameters);
     while (select.Step()) cells.push_back({select.Integer(0), select.ColumnValue(1)});
 }
 
 void KeptColumn::Leave(std::int64_t rowId) {
     std::erase_if(cells, [rowId](const Cell& cell) { return cell.RowId == rowId; });
 }
-
-void KeptColumn::PutBack() const { Write({}, {}); }
 
 void KeptColumn::PutBackOver(const Value& present) const {
     Write(" AND " + place.Column + " = ?", {present});

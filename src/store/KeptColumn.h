@@ -28,7 +28,7 @@ public:
     const std::vector<Cell>& Cells() const { return cells; }
     void Leave(std::int64_t rowId); // without this row from here on
     // Into the rows that are still there. The transaction is the caller's. RuntimeError StoreError, DiskFull.
-    void PutBack() const;
+    void PutBack() const { Write({}, {}); }
     // Only into those that hold this value now: what was given to a row since then stays.
     void PutBackOver(const Value& present) const;
 

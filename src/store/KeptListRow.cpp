@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include <sqlite3.h>
-
 #include "store/Connection.h"
 #include "store/Lists.h"
 
@@ -14,13 +12,11 @@ namespace {
 using Cells = std::vector<KeptColumn::Cell>;
 
 bool SameRows(const Cells& a, const Cells& b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](const auto& x, const auto& y) { return x.RowId == y.RowId; });
+    return std::ranges::equal(a, b, {}, &KeptColumn::Cell::RowId, &KeptColumn::Cell::RowId);
 }
 
 Cells::const_iterator FindRow(const Cells& cells, std::int64_t rowId) {
-    return std::find_if(cells.begin(), cells.end(),
-                        [rowId](const auto& cell) { return cell.RowId == rowId; });
+    return std::ranges::find(cells, rowId, &KeptColumn::Cell::RowId);
 }
 
 } // namespace
@@ -34,12 +30,10 @@ KeptListRow::KeptListRow(Connection& of, std::string inTable, std::string ofList
     others.Leave(rowId);
 }
 
-KeptColumn KeptListRow::Numbers() const { return {*connection, {table, "Nummer"}, where, parameters}; }
-
 std::int64_t KeptListRow::PutBack() const {
     const KeptColumn present = Numbers();
     row.PutBack();
-    const std::int64_t rowId = sqlite3_last_insert_rowid(connection->Handle());
+    const std::int64_t rowId = connection->LastRowId();
     if (SameRows(present.Cells(), others.Cells()))
         others.PutBack();
     else

@@ -26,7 +26,7 @@ public:
     std::int64_t PutBack() const;
 
 private:
-    KeptColumn Numbers() const;
+    KeptColumn Numbers() const { return {*connection, {table, "Nummer"}, where, parameters}; }
     void PutBetween(std::int64_t rowId, const KeptColumn& present) const;
 
     Connection* connection;

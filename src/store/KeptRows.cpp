@@ -10,9 +10,7 @@ namespace {
 // In the order in which they were stored, which decides between rows of one number.
 Statement Select(Connection& connection, const std::string& table, const std::string& where,
                  const std::vector<Value>& parameters) {
-    Statement select(connection, "SELECT * FROM " + table + " WHERE " + where + " ORDER BY rowid");
-    for (std::size_t i = 0; i < parameters.size(); ++i) select.Bind(static_cast<int>(i) + 1, parameters[i]);
-    return select;
+    return {connection, "SELECT * FROM " + table + " WHERE " + where + " ORDER BY rowid", parameters};
 }
 
 std::string IntoLike(const Statement& select, const std::string& table) {

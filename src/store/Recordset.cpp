@@ -1,7 +1,6 @@
 #include "store/Recordset.h"
 
 #include <algorithm>
-#include <numeric>
 #include <optional>
 
 #include "base/AtomicFile.h"
@@ -24,8 +23,6 @@ struct Recordset::State {
     Edit Pending = Edit::None;
     TableSource::Assigned Assigned;
     std::string SortField;
-    bool SortAscending = true;
-    std::vector<Condition> Conditions;
     std::vector<RecordsetObserver*> Observers;
 
     int Count() const { return static_cast<int>(Order.size()); }
@@ -58,18 +55,12 @@ struct Recordset::State {
 
 void Recordset::State::Arrange() {
     Order.clear();
-    const auto passes = [this](const Row& row) {
-        return std::all_of(Conditions.begin(), Conditions.end(), [&](const Condition& condition) {
-            return Meets(row.Values[ColumnOf(Fields, condition.Field)], condition.Compare, condition.Against);
-        });
-    };
     for (std::size_t i = 0; i < Rows.size(); ++i)
-        if (!Rows[i].Deleted && passes(Rows[i])) Order.push_back(i);
+        if (!Rows[i].Deleted) Order.push_back(i);
     if (!SortField.empty()) {
         const std::size_t column = ColumnOf(Fields, SortField);
         std::stable_sort(Order.begin(), Order.end(), [&](std::size_t a, std::size_t b) {
-            const int order = CompareValues(Rows[a].Values[column], Rows[b].Values[column]);
-            return SortAscending ? order < 0 : order > 0;
+            return CompareValues(Rows[a].Values[column], Rows[b].Values[column]) < 0;
         });
     }
     Current = 0;
@@ -88,28 +79,22 @@ Recordset::~Recordset() = default;
 Recordset::Recordset(Recordset&&) noexcept = default;
 Recordset& Recordset::operator=(Recordset&&) noexcept = default;
 
-void Recordset::Open(Connection& connection, std::string sql, std::vector<Value> parameters) {
-    TableSource source(connection, std::move(sql), std::move(parameters));
+void Recordset::Open(Connection& connection, const std::string& sql, std::vector<Value> parameters) {
+    TableSource source(connection, sql, std::move(parameters));
     TableSource::Result result = source.Load();
     state->Source = std::move(source);
     state->SortField.clear();
-    state->Conditions.clear();
     state->Take(std::move(result.Fields), std::move(result.Rows));
 }
 
 void Recordset::OpenFile(const std::filesystem::path& file) {
     const auto bytes = ReadWholeFile(file);
     if (!bytes) throw RuntimeError(ErrorNumber::FileNotFound, file.string());
-    OpenText(*bytes);
-}
-
-void Recordset::OpenText(std::string_view xml) {
-    Rowset rowset = ReadRowset(xml);
+    Rowset rowset = ReadRowset(*bytes);
     std::vector<Row> rows(rowset.Rows.size());
     for (std::size_t i = 0; i < rows.size(); ++i) rows[i].Values = std::move(rowset.Rows[i]);
     state->Source.reset();
     state->SortField.clear();
-    state->Conditions.clear();
     state->Take(std::move(rowset.Fields), std::move(rows));
 }
 
@@ -126,24 +111,15 @@ void Recordset::OpenDetached() {
 bool Recordset::IsOpen() const { return state->Open; }
 
 void Recordset::Close() {
-    state->Open = false;
-    state->Source.reset();
-    state->Fields.clear();
-    state->Rows.clear();
-    state->Order.clear();
-    state->SortField.clear();
-    state->Conditions.clear();
-    state->Current = 0;
-    state->Forget();
+    std::vector<RecordsetObserver*> observers = std::move(state->Observers);
+    *state = State();
+    state->Observers = std::move(observers);
     state->Notify([](RecordsetObserver& observer) { observer.RowsReset(); });
 }
 
 void Recordset::Requery() {
     if (!state->Open) throw RuntimeError(ErrorNumber::ObjectClosed);
-    if (!state->Source) {
-        MoveFirst();
-        return;
-    }
+    if (!state->Source) return MoveFirst();
     TableSource::Result result = state->Source->Load();
     state->Take(std::move(result.Fields), std::move(result.Rows));
 }
@@ -200,18 +176,10 @@ bool Recordset::Find(std::string_view field, Comparison comparison, const Value&
     return place < state->Count();
 }
 
-void Recordset::Sort(std::string_view field, bool ascending) {
+void Recordset::Sort(std::string_view field) {
     Update();
     static_cast<void>(ColumnOf(state->Fields, field));
     state->SortField = field;
-    state->SortAscending = ascending;
-    state->Arrange();
-}
-
-void Recordset::Filter(std::vector<Condition> conditions) {
-    Update();
-    for (const Condition& condition : conditions) static_cast<void>(ColumnOf(state->Fields, condition.Field));
-    state->Conditions = std::move(conditions);
     state->Arrange();
 }
 
@@ -305,15 +273,13 @@ Value Recordset::ValueAt(int row, std::string_view field) const {
     return state->Rows[state->Order[static_cast<std::size_t>(row)]].Values[column];
 }
 
-std::string Recordset::SaveText() const {
+void Recordset::Save(const std::filesystem::path& file) const {
     if (!state->Open) throw RuntimeError(ErrorNumber::ObjectClosed);
     Rowset rowset;
     rowset.Fields = state->Fields;
     for (const std::size_t number : state->Order) rowset.Rows.push_back(state->Rows[number].Values);
-    return WriteRowset(rowset);
+    WriteFileAtomically(file, WriteRowset(rowset));
 }
-
-void Recordset::Save(const std::filesystem::path& file) const { WriteFileAtomically(file, SaveText()); }
 
 void Recordset::AddObserver(RecordsetObserver* observer) { state->Observers.push_back(observer); }
 

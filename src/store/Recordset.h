@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
-#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -25,24 +24,18 @@ struct FieldInfo {
     bool operator==(const FieldInfo&) const = default;
 };
 
-enum class Comparison { Equal, NotEqual, Less, LessOrEqual, Greater, GreaterOrEqual };
-
-// Field, comparison, value. Texts compare by the collation of the stores, numbers as numbers; Null matches
+// What Find looks for. Texts compare by the collation of the stores, numbers as numbers; Null matches
 // nothing.
-struct Condition {
-    std::string Field;
-    Comparison Compare = Comparison::Equal;
-    Value Against;
-};
+enum class Comparison { Equal, GreaterOrEqual };
 
-// A row of a recordset, kept over sorting and filtering, until the next Requery.
+// A row of a recordset, kept over sorting, until the next Requery.
 using Bookmark = std::size_t;
 
 // What observers are told. Row counts are places in the present order, from 0.
 class RecordsetObserver {
 public:
     virtual ~RecordsetObserver() = default;
-    virtual void RowsReset() {} // all rows anew: open, requery, sort, filter, close
+    virtual void RowsReset() {} // all rows anew: open, requery, sort, close
     virtual void RowInserted(int /*row*/) {}
     virtual void RowRemoved(int /*row*/) {}
     virtual void RowChanged(int /*row*/) {}
@@ -59,11 +52,10 @@ public:
 
     // "SELECT fields FROM one table [WHERE ...] [ORDER BY ...]" with values bound to its ?. Stands on the
     // first row. An open recordset is closed first. RuntimeError StoreError, ObjectClosed.
-    void Open(Connection& connection, std::string sql, std::vector<Value> parameters = {});
+    void Open(Connection& connection, const std::string& sql, std::vector<Value> parameters = {});
     // A persisted recordset (rowset XML). RuntimeError FileNotFound, TypeMismatch (with the reason) when it
     // is none; the recordset stays as it was then.
     void OpenFile(const std::filesystem::path& file);
-    void OpenText(std::string_view xml);
     // Detached: fields first, then Open without a source.
     void AppendField(const FieldInfo& field);
     void OpenDetached();
@@ -73,7 +65,7 @@ public:
     void Requery();
 
     const std::vector<FieldInfo>& Fields() const;
-    int RecordCount() const;      // rows that pass the filter
+    int RecordCount() const;
     int AbsolutePosition() const; // from 1 in the present order; -1 without rows, -3 at Eof, -2 at Bof
     void SetAbsolutePosition(int position);
     bool Eof() const; // also true without rows
@@ -86,9 +78,7 @@ public:
     // Forwards from the current row, itself included. False, and at Eof, when nothing matches.
     bool Find(std::string_view field, Comparison comparison, const Value& value);
     // Reorders the open recordset; ties keep their order. Stands on the first row.
-    void Sort(std::string_view field, bool ascending = true);
-    // Hides the rows that do not meet all conditions; stands on the first that does. Empty: all rows.
-    void Filter(std::vector<Condition> conditions);
+    void Sort(std::string_view field);
 
     // RuntimeError NoCurrentRecord without a current row, FieldNotFound.
     Value Get(std::string_view field) const;
@@ -110,13 +100,12 @@ public:
     // Identity of the current row in its table of the store; 0 in a detached recordset.
     std::int64_t RowId() const;
     Bookmark CurrentBookmark() const;
-    void GoTo(Bookmark bookmark); // RuntimeError NoCurrentRecord when that row is gone or filtered away
+    void GoTo(Bookmark bookmark); // RuntimeError NoCurrentRecord when that row is gone
     // The value of a field in the row at a place (from 0), for grids: does not move.
     Value ValueAt(int row, std::string_view field) const;
 
     // Rowset XML, to a temporary name that is then renamed.
     void Save(const std::filesystem::path& file) const;
-    std::string SaveText() const;
 
     void AddObserver(RecordsetObserver* observer);
     void RemoveObserver(RecordsetObserver* observer);

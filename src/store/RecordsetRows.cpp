@@ -44,21 +44,7 @@ int CompareValues(const Value& a, const Value& b) {
 bool Meets(const Value& value, Comparison comparison, const Value& against) {
     if (value.IsNull() || against.IsNull()) return false;
     const int order = CompareValues(value, against);
-    switch (comparison) {
-    case Comparison::Equal:
-        return order == 0;
-    case Comparison::NotEqual:
-        return order != 0;
-    case Comparison::Less:
-        return order < 0;
-    case Comparison::LessOrEqual:
-        return order <= 0;
-    case Comparison::Greater:
-        return order > 0;
-    case Comparison::GreaterOrEqual:
-        break;
-    }
-    return order >= 0;
+    return comparison == Comparison::Equal ? order == 0 : order >= 0;
 }
 
 std::size_t ColumnOf(const std::vector<FieldInfo>& fields, std::string_view name) {

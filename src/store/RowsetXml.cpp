@@ -8,7 +8,6 @@
 
 #include <pugixml.hpp>
 
-#include "base/Numbers.h"
 #include "base/RuntimeError.h"
 #include "base/Strings.h"
 #include "base/Xml.h"
@@ -126,8 +125,7 @@ private:
                 Attribute(node, RowsetSpace, "number").as_int(static_cast<int>(found.size()) + 1);
             found.push_back({place, {attribute, FieldOf(node, alias ? alias.value() : attribute)}});
         }
-        std::stable_sort(found.begin(), found.end(),
-                         [](const auto& a, const auto& b) { return a.first < b.first; });
+        std::ranges::stable_sort(found, {}, [](const auto& each) { return each.first; });
         for (auto& [place, field] : found) {
             columns[field.first] = rowset.Fields.size();
             rowset.Fields.push_back(std::move(field.second));

@@ -10,21 +10,22 @@ namespace ornivane {
 
 void Statement::Finalizer::operator()(sqlite3_stmt* toFinalize) const { sqlite3_finalize(toFinalize); }
 
-Statement::Statement() = default;
-Statement::~Statement() = default;
-Statement::Statement(Statement&&) noexcept = default;
-Statement& Statement::operator=(Statement&&) noexcept = default;
-
-Statement::Statement(Connection& connection, std::string_view sql) {
+Statement::Statement(Connection& connection, std::string_view sql, std::span<const Value> parameters) {
     sqlite3_stmt* raw = nullptr;
     sqlite3* handle = connection.Handle();
     if (sqlite3_prepare_v3(handle, sql.data(), static_cast<int>(sql.size()), SQLITE_PREPARE_PERSISTENT, &raw,
                            nullptr) != SQLITE_OK)
         ThrowSqliteError(handle);
     statement.reset(raw);
+    Bind(parameters);
 }
 
 void Statement::Reset() { sqlite3_reset(statement.get()); }
+
+void Statement::Bind(std::span<const Value> parameters) {
+    int number = 0;
+    for (const Value& value : parameters) Bind(++number, value);
+}
 
 void Statement::Bind(int parameter, const Value& value) {
     sqlite3_stmt* s = statement.get();
@@ -103,8 +104,7 @@ StatementRun::StatementRun(Statement& of, Connection& connection, std::string_vi
     : statement(of) {
     if (!statement.IsPrepared()) statement = Statement(connection, sql);
     statement.Reset();
-    int parameter = 0;
-    for (const Value& value : parameters) statement.Bind(++parameter, value);
+    statement.Bind({parameters.begin(), parameters.size()});
 }
 
 } // namespace ornivane

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <initializer_list>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -18,16 +19,15 @@ class Connection;
 // Errors are RuntimeError StoreError. Must not outlive its connection's being open.
 class Statement {
 public:
-    Statement();
-    Statement(Connection& connection, std::string_view sql);
-    ~Statement();
-    Statement(Statement&&) noexcept;
-    Statement& operator=(Statement&&) noexcept;
+    Statement() = default;
+    // The values are bound to its ?.
+    Statement(Connection& connection, std::string_view sql, std::span<const Value> parameters = {});
 
     bool IsPrepared() const { return statement != nullptr; }
     // Ends the last run and forgets its rows; bound values stay.
     void Reset();
-    // Parameters count from 1.
+    // Parameters count from 1; all of them, or one.
+    void Bind(std::span<const Value> parameters);
     void Bind(int parameter, const Value& value);
     // True while there is a row.
     bool Step();

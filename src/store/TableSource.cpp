@@ -1,7 +1,5 @@
 #include "store/TableSource.h"
 
-#include <sqlite3.h>
-
 #include "base/RuntimeError.h"
 #include "base/Strings.h"
 #include "store/Connection.h"
@@ -27,25 +25,9 @@ FieldType TypeOf(std::string_view declared) {
     return type == "date" ? FieldType::Date : FieldType::Text;
 }
 
-bool Fits(FieldType type, const Value& value) {
-    switch (type) {
-    case FieldType::Integer:
-        return std::holds_alternative<std::int64_t>(value.Raw());
-    case FieldType::Double:
-        return std::holds_alternative<double>(value.Raw());
-    case FieldType::Boolean:
-        return std::holds_alternative<bool>(value.Raw());
-    case FieldType::Text:
-    case FieldType::Date:
-        break;
-    }
-    return std::holds_alternative<std::string>(value.Raw());
-}
-
 // A value that the field's type does not fit is kept as it stands: the row can be read, and using that one
 // value is the error.
 Value Fitting(const FieldInfo& field, Value value) {
-    if (Fits(field.Type, value)) return value;
     IgnoreErrors([&] { value = ConvertFor(field, value); });
     return value;
 }
@@ -55,6 +37,16 @@ std::vector<FieldInfo> FieldsOf(const Statement& statement) {
     for (int i = 1; i < statement.ColumnCount(); ++i)
         fields.push_back({statement.ColumnName(i), TypeOf(statement.DeclaredType(i)), 0, true});
     return fields;
+}
+
+// Of a statement that has the row's identity as its first column.
+Row RowIn(const Statement& statement, const std::vector<FieldInfo>& fields) {
+    Row row;
+    row.RowId = statement.Integer(0);
+    row.Values.reserve(fields.size());
+    for (std::size_t i = 0; i < fields.size(); ++i)
+        row.Values.push_back(Fitting(fields[i], statement.ColumnValue(static_cast<int>(i) + 1)));
+    return row;
 }
 
 } // namespace
@@ -73,31 +65,18 @@ TableSource::TableSource(Connection& of, const std::string& sql, std::vector<Val
 }
 
 TableSource::Result TableSource::Load() const {
-    Statement statement(*connection, query);
+    Statement statement(*connection, query, parameters);
     Result result;
     result.Fields = FieldsOf(statement);
-    for (std::size_t i = 0; i < parameters.size(); ++i)
-        statement.Bind(static_cast<int>(i) + 1, parameters[i]);
-    while (statement.Step()) {
-        Row row;
-        row.RowId = statement.Integer(0);
-        row.Values.reserve(result.Fields.size());
-        for (std::size_t i = 0; i < result.Fields.size(); ++i)
-            row.Values.push_back(Fitting(result.Fields[i], statement.ColumnValue(static_cast<int>(i) + 1)));
-        result.Rows.push_back(std::move(row));
-    }
+    while (statement.Step()) result.Rows.push_back(RowIn(statement, result.Fields));
     return result;
 }
 
 Row TableSource::Reread(const std::vector<FieldInfo>& fields, std::int64_t rowId) const {
-    Statement statement(*connection, "SELECT " + columns + " FROM " + table + " WHERE rowid = ?");
+    Statement statement(*connection, "SELECT rowid, " + columns + " FROM " + table + " WHERE rowid = ?");
     statement.Bind(1, rowId);
     if (!statement.Step()) throw RuntimeError(ErrorNumber::NoCurrentRecord, "the row was deleted");
-    Row row;
-    row.RowId = rowId;
-    for (std::size_t i = 0; i < fields.size(); ++i)
-        row.Values.push_back(Fitting(fields[i], statement.ColumnValue(static_cast<int>(i))));
-    return row;
+    return RowIn(statement, fields);
 }
 
 Row TableSource::Insert(const std::vector<FieldInfo>& fields, const Assigned& assigned) const {
@@ -113,7 +92,7 @@ Row TableSource::Insert(const std::vector<FieldInfo>& fields, const Assigned& as
         connection->Execute("INSERT INTO " + table + " DEFAULT VALUES");
     else
         connection->Execute("INSERT INTO " + table + " (" + names + ") VALUES (" + places + ")", values);
-    return Reread(fields, sqlite3_last_insert_rowid(connection->Handle()));
+    return Reread(fields, connection->LastRowId());
 }
 
 Row TableSource::Update(const std::vector<FieldInfo>& fields, std::int64_t rowId,

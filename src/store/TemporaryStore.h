@@ -16,12 +16,13 @@ public:
     TemporaryStore(const TemporaryStore&) = delete;
     TemporaryStore& operator=(const TemporaryStore&) = delete;
 
-    sqlite3* Handle() const { return handle; }
+    sqlite3* Handle() const { return handle; } // until Close
+    const std::filesystem::path& Path() const { return temporary; }
+    void Close();
     // Closes it and gives it its name; a file of that name is replaced. RuntimeError like ReplaceFile.
     void Keep();
 
 private:
-    void Close();
     void Remove() const;
 
     std::filesystem::path target, temporary;

@@ -1,7 +1,6 @@
 #include "store/TextOrder.h"
 
 #include <algorithm>
-#include <cstdint>
 
 namespace ornivane {
 

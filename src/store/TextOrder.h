@@ -9,6 +9,11 @@ namespace ornivane {
 // tells them apart. UTF-8; bytes that are none compare by value.
 int CompareText(std::string_view a, std::string_view b);
 
+// By which names are sorted and looked up.
+struct TextBefore {
+    bool operator()(std::string_view a, std::string_view b) const { return CompareText(a, b) < 0; }
+};
+
 // Whether the text begins with the prefix by the same rule (accents count, case does not).
 bool StartsWith(std::string_view text, std::string_view prefix);
 

@@ -1,7 +1,6 @@
 #include "tracks/TrackManager.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <system_error>
 
 #include "base/RuntimeError.h"
@@ -149,9 +148,7 @@ void TrackManager::BringBack(const std::vector<std::int64_t>& indexes, std::int6
 void TrackManager::ShowAgain(const Choice& before) {
     TrackListSet.Requery();
     FillLists();
-    for (Row& row : Rows)
-        row.Selected =
-            std::find(before.Selected.begin(), before.Selected.end(), row.Index) != before.Selected.end();
+    for (Row& row : Rows) row.Selected = std::ranges::count(before.Selected, row.Index) > 0;
     TrackChosen = before.TrackChosen;
     ListIndex = before.ListIndex;
     ShowTrackPoints();

@@ -6,11 +6,7 @@
 
 namespace ornivane {
 
-namespace {
-
 constexpr int BlockSize = 256;
-
-} // namespace
 
 void TrackPoints::Open(Tracks& of, std::vector<std::int64_t> indexes) {
     Close();

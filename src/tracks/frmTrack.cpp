@@ -90,8 +90,7 @@ void TrackPointsModel::Renew() {
 frmTrack::frmTrack(const Variablen& variablen, EventGuard& guardOf, Dialogs& dialogs, QWidget* window)
     : QDialog(window), language(variablen), guard(guardOf), noticeBar(new QtNotice(this)),
       lastDeed(*noticeBar, variablen, [this] { ShowState(); }),
-      logic(variablen, variablen, dialogs, lastDeed),
-      model(std::make_unique<TrackPointsModel>(logic.TrackPointsSet, variablen)) {
+      logic(variablen, variablen, dialogs, lastDeed), model(logic.TrackPointsSet, variablen) {
     setObjectName("frmTrack");
     setAttribute(Qt::WA_DeleteOnClose);
     setModal(true);
@@ -111,12 +110,6 @@ frmTrack::frmTrack(const Variablen& variablen, EventGuard& guardOf, Dialogs& dia
     EnterKey::PressesButtonsOf(*this);
     ApplyLanguage();
     if (window) resize(window->size() - QSize(24, 40));
-}
-
-frmTrack::~frmTrack() = default;
-
-QString frmTrack::Text(const char* german, const char* english) const {
-    return QString::fromUtf8(language.Text(german, english));
 }
 
 void frmTrack::Start() {
@@ -174,7 +167,7 @@ void frmTrack::MakePoints(QBoxLayout& layout) {
     lblRecords->setStyleSheet("font-size: 18px; font-weight: bold");
     column->addWidget(lblRecords);
     gridTracks = Named(new QTableView, "gridTracks");
-    gridTracks->setModel(model.get());
+    gridTracks->setModel(&model);
     gridTracks->setEditTriggers(QAbstractItemView::NoEditTriggers);
     gridTracks->setSelectionBehavior(QAbstractItemView::SelectRows);
     gridTracks->setTabKeyNavigation(false); // Tab leaves the list
@@ -183,7 +176,7 @@ void frmTrack::MakePoints(QBoxLayout& layout) {
     gridTracks->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     gridTracks->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     gridTracks->horizontalHeader()->setStretchLastSection(true);
-    for (int i = 0; i < model->columnCount(); ++i) gridTracks->setColumnWidth(i, ColumnAt(i).Width);
+    for (int i = 0; i < model.columnCount(); ++i) gridTracks->setColumnWidth(i, ColumnAt(i).Width);
     column->addWidget(gridTracks);
     layout.addWidget(Frame1, 1);
 }
@@ -255,7 +248,7 @@ void frmTrack::ShowState() {
         listIndex->setCurrentRow(logic.ListIndex, QItemSelectionModel::ClearAndSelect);
     }
     lblRecords->setText(QString::fromStdString(logic.lblRecords));
-    model->Renew();
+    model.Renew();
     const bool points = logic.TrackPointsSet.Count() > 0;
     for (QPushButton* button : {cmdTrack, cmdWpt, cmdWptTrack}) button->setEnabled(points);
 }

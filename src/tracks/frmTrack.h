@@ -2,9 +2,7 @@
 
 #include <QAbstractTableModel>
 #include <QDialog>
-#include <array>
 #include <functional>
-#include <memory>
 
 #include "common/Variablen.h"
 #include "tracks/TrackManager.h"
@@ -47,7 +45,6 @@ class frmTrack : public QDialog {
 
 public:
     frmTrack(const Variablen& variablen, EventGuard& guard, Dialogs& dialogs, QWidget* window);
-    ~frmTrack() override;
 
     // RuntimeError when there is no track store; the form closes then.
     void Start();
@@ -63,14 +60,14 @@ private:
     void Click(const std::function<void()>& event);
     void ShowState();
     void ApplyLanguage();
-    QString Text(const char* german, const char* english) const;
+    QString Text(const char* german, const char* english) const { return language.Text(german, english); }
 
     const Language& language;
     EventGuard& guard;
     QtNotice* noticeBar; // the window's lies under this dialog
     Undo lastDeed;
     TrackManager logic;
-    std::unique_ptr<TrackPointsModel> model;
+    TrackPointsModel model;
     int shownFilling = 0; // which reading of the list the controls show
     bool showing = false; // ShowState moves the current row, not the user
     QListWidget *listTrack = nullptr, *listIndex = nullptr;

@@ -24,13 +24,13 @@ TEST(AirfieldConversion, WritesBothEndsOfARunwayWithTwoDigits) {
 }
 
 TEST(AirfieldConversion, TakesTheHeadingFromTheFieldThenFromTheNumber) {
-    EXPECT_EQ(HeadingOf("07", "68.4", "25", "248"), "068");
-    EXPECT_EQ(HeadingOf("07", "", "25", "249.6"), "070");
-    EXPECT_EQ(HeadingOf("36", "0", "18", ""), "360");
-    EXPECT_EQ(HeadingOf("36", "359.7", "18", ""), "360");
-    EXPECT_EQ(HeadingOf("7L", "400", "25R", "x"), "070");
-    EXPECT_EQ(HeadingOf("", "", "36", ""), "180");
-    EXPECT_EQ(HeadingOf("N", "", "", "-5"), "");
+    EXPECT_EQ(HeadingOf({"07", "68.4"}, {"25", "248"}), "068");
+    EXPECT_EQ(HeadingOf({"07", ""}, {"25", "249.6"}), "070");
+    EXPECT_EQ(HeadingOf({"36", "0"}, {"18", ""}), "360");
+    EXPECT_EQ(HeadingOf({"36", "359.7"}, {"18", ""}), "360");
+    EXPECT_EQ(HeadingOf({"7L", "400"}, {"25R", "x"}), "070");
+    EXPECT_EQ(HeadingOf({"", ""}, {"36", ""}), "180");
+    EXPECT_EQ(HeadingOf({"N", ""}, {"", "-5"}), "");
 }
 
 TEST(AirfieldConversion, WritesFrequenciesWithThreeDecimals) {
@@ -44,12 +44,12 @@ TEST(AirfieldConversion, WritesFrequenciesWithThreeDecimals) {
 }
 
 TEST(AirfieldConversion, NamesStationsSoThatTheirKindIsFound) {
-    EXPECT_EQ(StationName("TWR", "Köln"), "Köln TWR");
-    EXPECT_EQ(StationName("TWR", "Köln Tower"), "Köln Tower");
-    EXPECT_EQ(StationName("TWR", "Aachen Start"), "Aachen Start");
-    EXPECT_EQ(StationName("AFIS", "Kjevik AFIS"), "Kjevik AFIS INFO");
-    EXPECT_EQ(StationName("ATIS", ""), "ATIS");
-    EXPECT_EQ(StationName("ATIS", "Arrival Information"), "ATIS");
-    EXPECT_EQ(StationName("GND", "Köln"), "Köln GND");
-    EXPECT_EQ(StationName("", "Hangelar Info"), "Hangelar Info");
+    EXPECT_EQ(StationName({"TWR", "Köln"}), "Köln TWR");
+    EXPECT_EQ(StationName({"TWR", "Köln Tower"}), "Köln Tower");
+    EXPECT_EQ(StationName({"TWR", "Aachen Start"}), "Aachen Start");
+    EXPECT_EQ(StationName({"AFIS", "Kjevik AFIS"}), "Kjevik AFIS INFO");
+    EXPECT_EQ(StationName({"ATIS", ""}), "ATIS");
+    EXPECT_EQ(StationName({"ATIS", "Arrival Information"}), "ATIS");
+    EXPECT_EQ(StationName({"GND", "Köln"}), "Köln GND");
+    EXPECT_EQ(StationName({"", "Hangelar Info"}), "Hangelar Info");
 }

@@ -2,23 +2,20 @@
 
 #include <algorithm>
 #include <fstream>
-#include <iterator>
 #include <random>
 #include <sstream>
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <sqlite3.h>
 
-#include "store/Connection.h"
-#include "store/Statement.h"
+#include "store/Schema.h"
+#include "support/Rows.h"
 #include "support/TemporaryFolder.h"
 
 using namespace ornivane;
 using namespace ornivane::airfields;
 using testing::ElementsAre;
 using testing::HasSubstr;
-#include "store/Schema.h"
 
 namespace {
 
@@ -75,14 +72,7 @@ struct Imported {
     std::vector<std::string> Query(const std::string& sql) const {
         Connection store;
         store.Open(Settings.Store, Connection::Mode::ReadOnly);
-        Statement rows(store, sql);
-        std::vector<std::string> found;
-        while (rows.Step()) {
-            found.emplace_back();
-            for (int i = 0; i < rows.ColumnCount(); ++i)
-                found.back() += (i == 0 ? "" : " ") + rows.ColumnValue(i).Text();
-        }
-        return found;
+        return RowsOf(store, sql, NumbersAs::Shown);
     }
 
     TemporaryFolder Folder;
@@ -146,11 +136,7 @@ TEST(AirfieldImport, TakesEveryAirportWhenAsked) {
 TEST(AirfieldImport, ReplacesAStoreOnlyWhenAskedAndOnlyByACompleteOne) {
     Imported import;
     CreateStore(import.Settings.Store, StoreKind::Airfields);
-    const auto bytes = [&] {
-        std::ifstream in(import.Settings.Store, std::ios::binary);
-        return std::string(std::istreambuf_iterator<char>(in), {});
-    };
-    const std::string before = bytes();
+    const std::string before = import.Folder.Bytes("ovdata.ovd");
     EXPECT_EQ(import.Run(), Outcome::NothingWritten);
     import.Settings.Replace = true;
     const std::pair<const char*, const char*> broken[] = {
@@ -160,14 +146,13 @@ TEST(AirfieldImport, ReplacesAStoreOnlyWhenAskedAndOnlyByACompleteOne) {
         EXPECT_EQ(import.Run(), Outcome::NothingWritten);
         EXPECT_THAT(import.Errors, HasSubstr("nothing was written"));
     }
-    EXPECT_EQ(bytes(), before);
+    EXPECT_EQ(import.Folder.Bytes("ovdata.ovd"), before);
     import.WriteAll("ident,type,latitude_deg,longitude_deg,iso_country\nEDKB,small_airport,50,7,DE\n",
                     Runways);
     std::filesystem::remove(import.Folder.Path() / "countries.csv");
     import.Run();
     EXPECT_THAT(import.Query("SELECT * FROM ICAOCODE"), ElementsAre("ED DE"));
-    const auto files = std::distance(std::filesystem::directory_iterator(import.Folder.Path()), {});
-    EXPECT_EQ(files, 4) << "a temporary file is left";
+    EXPECT_EQ(import.Folder.Files(), 4) << "a temporary file is left";
 }
 
 TEST(AirfieldImport, ReadsADatabase) {

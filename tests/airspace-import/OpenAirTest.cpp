@@ -1,7 +1,6 @@
 #include "airspace-import/OpenAir.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "airspace-import/Fields.h"
 #include "airspace-import/Unusable.h"

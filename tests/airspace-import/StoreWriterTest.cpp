@@ -4,15 +4,12 @@
 #include <sstream>
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "airspace-import/Import.h"
-#include "base/AtomicFile.h"
 #include "base/RuntimeError.h"
 #include "common/StoredPositions.h"
 #include "geo/GreatCircle.h"
-#include "store/Connection.h"
-#include "store/Statement.h"
+#include "support/Rows.h"
 #include "support/TemporaryFolder.h"
 
 namespace {
@@ -31,14 +28,8 @@ protected:
     std::vector<std::string> Rows(const std::string& fields) {
         Connection connection;
         connection.Open(File, Connection::Mode::ReadOnly);
-        Statement rows(connection, "SELECT " + fields + " FROM Luftraum ORDER BY \"Index\", PNumber");
-        std::vector<std::string> texts;
-        while (rows.Step()) {
-            std::string text;
-            for (int i = 0; i < rows.ColumnCount(); ++i) text += (i ? "|" : "") + rows.ColumnValue(i).Text();
-            texts.push_back(text);
-        }
-        return texts;
+        return RowsOf(connection, "SELECT " + fields + " FROM Luftraum ORDER BY \"Index\", PNumber",
+                      NumbersAs::Shown, "|");
     }
     void Write(const std::string& text, bool replace = true) {
         std::ostringstream report;
@@ -60,32 +51,28 @@ TEST_F(AirspaceStore, HoldsLimitsAndPlacesAsTheDrawingReadsThem) {
                     "1|3|R|0| GND|9500|FL|DP|48|17.1|0", "2|1|Q|1000||99999||DC|-8.7|-0.55|2.5"));
     Connection connection;
     connection.Open(File, Connection::Mode::ReadOnly);
-    Statement release(connection, "SELECT Datum FROM RELEASE");
-    ASSERT_TRUE(release.Step());
-    EXPECT_EQ(release.Text(0), "2026-04-01");
-    EXPECT_FALSE(release.Step());
+    EXPECT_THAT(RowsOf(connection, "SELECT Datum FROM RELEASE"), ElementsAre("2026-04-01"));
 }
 
 TEST_F(AirspaceStore, JoinsArcsToWhatIsBeforeThem) {
     const std::string east = "DB 48:05:00 N 17:00:00 E, 47:55:00 N 17:00:00 E\n";
     const struct {
-        std::string Outline, Drawtypes;
+        std::string Outline;
+        std::vector<std::string> Drawtypes;
     } cases[]{
         {"DP 48:05:00 N 17:00:00 E\n" + east + "DP 47:55:00 N 17:00:00 E\nDP 48:00:00 N 16:50:00 E\n",
-         "DP DB DP "}, // the points at the arc's ends are one with it
+         {"DP", "DB", "DP"}}, // the points at the arc's ends are one with it
         {"DP 48:00:00 N 16:50:00 E\n" + east + "DP 48:00:00 N 16:50:00 E\n",
-         "DP DP DB "},                                                             // a side to the start
-        {east + "DB 47:54:00 N 17:00:00 E, 48:06:00 N 17:00:00 E\n", "DB DP DB "}, // between two arcs
-        {"DB 48:05:00 N 17:00:00 E, 47:54:00 N 17:00:00 E\n", "DB DP "}, // the end has another radius
-        {east, "DB "},
-        {"DA 5,0,360\n", "DC "},
-        {"DP 48:00:00 N 17:00:00 E\n" + Triangle + "DP 48:00:00 N 17:00:00 E\n", "DP DP DP "},
+         {"DP", "DP", "DB"}}, // a side to the start
+        {east + "DB 47:54:00 N 17:00:00 E, 48:06:00 N 17:00:00 E\n", {"DB", "DP", "DB"}}, // between two arcs
+        {"DB 48:05:00 N 17:00:00 E, 47:54:00 N 17:00:00 E\n", {"DB", "DP"}}, // the end has another radius
+        {east, {"DB"}},
+        {"DA 5,0,360\n", {"DC"}},
+        {"DP 48:00:00 N 17:00:00 E\n" + Triangle + "DP 48:00:00 N 17:00:00 E\n", {"DP", "DP", "DP"}},
     };
     for (const auto& each : cases) {
         Write(Head + Centre + each.Outline);
-        std::string drawtypes;
-        for (const std::string& type : Rows("Drawtype")) drawtypes += type + " ";
-        EXPECT_EQ(drawtypes, each.Drawtypes) << each.Outline;
+        EXPECT_EQ(Rows("Drawtype"), each.Drawtypes) << each.Outline;
     }
 }
 
@@ -134,7 +121,7 @@ TEST_F(AirspaceStore, OnlyAStoreOfAirspaceIsReplacedAndOnlyWhenAsked) {
     EXPECT_EQ(ReadWholeFile(File), "the user's own");
     File = Folder.Path() / "missing" / "Luftraum.ovd";
     EXPECT_THROW(Write(Head + Triangle), RuntimeError);
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(Folder.Path()), {}), 2);
+    EXPECT_EQ(Folder.Files(), 2);
 }
 
 TEST(AirspaceImport, TakesNoMoreThanTheProgramCounts) {

@@ -1,16 +1,14 @@
-#include <algorithm>
 #include <map>
 #include <memory>
 #include <random>
 
 #include <gtest/gtest.h>
 
-#include "base/RuntimeError.h"
 #include "calibration/MapData.h"
+#include "gps/GpsFakes.h"
 #include "nav/FlyingScreen.h"
 #include "planning/PlanningScreen.h"
 #include "support/FlightFolder.h"
-#include "support/IdleLink.h"
 #include "support/MapFakes.h"
 
 namespace ornivane {
@@ -44,7 +42,6 @@ class ChartVisitsTest : public testing::Test, protected FlightFolder {
 protected:
     ChartVisitsTest() {
         Sql("DELETE FROM Maps");
-        std::string rows;
         for (const Chart& chart : Charts) {
             WriteImage(chart);
             Shared.DataConn.Execute(
@@ -54,12 +51,7 @@ protected:
         }
     }
     std::filesystem::path Image(const Chart& chart) const { return Folder.Path() / "Karten" / chart.Name; }
-    void WriteImage(const Chart& chart) {
-        std::string bytes("\xFF\xD8\xFF\xC0\0\x11\x08", 7);
-        for (const int value : {chart.Height >> 8, chart.Height, chart.Width >> 8, chart.Width})
-            bytes += static_cast<char>(value);
-        WriteFileAtomically(Image(chart), bytes);
-    }
+    void WriteImage(const Chart& chart) { WriteJpegHeader(chart.Name, chart.Width, chart.Height); }
     void StartProgram() {
         Flight.reset();
         Planning.reset();
@@ -76,13 +68,13 @@ protected:
         Catalogue->Form_Load();
         Planning = std::make_unique<PlanningScreen>(
             PlanningScreenWorld{Shared, PlanStorage, PlanSurface, ProgressBar, Boxes, Notices},
-            PlanningScreen::Form{[] {}, [](PlanEffect) {}});
+            PlanningScreen::Form{[] {}, [] {}, [](PlanEffect) {}});
         Planning->Form_Load();
     }
     int Random(int from, int to) { return std::uniform_int_distribution<int>(from, to)(Dice); }
 
-    IdlePort Port;
-    IdleTimer CheckTimer, TrackTimer;
+    FakePort Port;
+    FakeTimer CheckTimer, TrackTimer;
     SetClock Clock;
     FakePicture Card;
     HeaderPicture Storage, PlanStorage, Preview;

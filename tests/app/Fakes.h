@@ -1,25 +1,15 @@
 #pragma once
 
-#include <filesystem>
-#include <optional>
-#include <string>
 #include <utility>
-#include <vector>
 
-#include "platform/Dialogs.h"
 #include "platform/System.h"
 #include "platform/qt/Screen.h"
-#include "support/ScriptedDialogs.h"
+#include "support/MapFakes.h"
 #include "support/TemporaryFolder.h"
 
 namespace ornivane::test {
 
 using Texts = std::vector<std::string>;
-
-struct RecordedNotice : Notice {
-    Texts Shown;
-    void Show(const std::string& text) override { Shown.push_back(text); }
-};
 
 struct ScriptedWeb : Web {
     std::optional<std::string> Answer;

@@ -1,23 +1,10 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <QAction>
-#include <QDialog>
 #include <QLabel>
 #include <QPushButton>
 #include <QTabWidget>
-#include <QTest>
 #include <QTextBrowser>
-#include <QToolButton>
-#include <fstream>
-#include <memory>
 
-#include "Fakes.h"
-#include "Stores.h"
-#include "app/MainForm.h"
-#include "gps/GpsFakes.h"
-#include "settings/frmSettings.h"
-#include "support/SetClock.h"
+#include "MainWindowFixture.h"
 
 namespace ornivane::test {
 
@@ -27,53 +14,15 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 
-class MainFormTest : public testing::Test {
+class MainFormTest : public MainWindowTest {
 protected:
-    MainFormTest() {
-        MakeStores(folder.Path());
-        variablen.ProgramFolder = folder.Path();
-        Form();
-    }
-    void Form() {
-        MainForm::Services services;
-        services.Boxes = &boxes;
-        services.Guard = &guard;
-        services.Programs = &programs;
-        services.Links = &links;
-        services.MakeScreen = [this](Mode mode) -> Screen* {
-            if (mode == Mode::Settings)
-                return new frmSettings({{variablen, port, timer, ports, clock, boxes},
-                                        guard,
-                                        [this] { form->ApplyLanguage(); },
-                                        {}});
-            return new RecordedScreen(ModeCaption(mode).English, calls);
-        };
-        services.SetNight = [this](bool on) { night = on; };
-        services.Ended = [this] { calls.push_back("ended"); };
-        form = std::make_unique<MainForm>(variablen, services);
+    Screen* Make(Mode mode) override {
+        if (mode == Mode::Settings) return MakeSettings();
+        return new RecordedScreen(ModeCaption(mode).English, calls);
     }
     QToolButton* Button(int place) { return form->findChild<QToolButton*>(QString("button%1").arg(place)); }
     QAction* Entry(const char* name) { return form->findChild<QAction*>(name); }
     QDialog* Dialog(const char* name) { return form->findChild<QDialog*>(name); }
-    void Key(Qt::Key key) {
-        ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
-        QTest::keyClick(form.get(), key);
-    }
-
-    TemporaryFolder folder;
-    Variablen variablen;
-    ScriptedDialogs boxes;
-    FakePort port;
-    FakeTimer timer;
-    FakePortList ports;
-    SetClock clock;
-    RecordedNotice notices;
-    EventGuard guard{notices, variablen};
-    ScriptedProcesses programs;
-    RecordedShell links;
-    Texts calls;
-    bool night = false;
-    std::unique_ptr<MainForm> form;
 };
 
 TEST_F(MainFormTest, StartsInFlightModeAndWritesItsVersion) {
@@ -81,10 +30,7 @@ TEST_F(MainFormTest, StartsInFlightModeAndWritesItsVersion) {
     EXPECT_THAT(calls, ElementsAre("Flight activate"));
     EXPECT_TRUE(Button(1)->isChecked());
     EXPECT_FALSE(Entry("mnuUpdate")->isVisible());
-    std::ifstream file(folder.Path() / "version.crm");
-    std::string line;
-    std::getline(file, line);
-    EXPECT_EQ(line, "\"1.0.0\"\r");
+    EXPECT_EQ(folder.Bytes("version.crm"), "\"1.0.0\"\r\n");
 }
 
 TEST_F(MainFormTest, SwitchesByButtonAndKeyAndLightsTheScreenInFront) {
@@ -113,20 +59,19 @@ TEST_F(MainFormTest, TakesTheNewLanguageEverywhereAtOnceAndGoesOnSwitching) {
     ASSERT_TRUE(form->Form_Load());
     EXPECT_EQ(Button(3)->text(), "Planung");
     Button(5)->click();
-    form->findChild<QAbstractButton*>("OptEng")->click();
+    Find<QAbstractButton>("OptEng").click();
     EXPECT_EQ(Button(7)->text(), "  Map  Data  ");
     EXPECT_EQ(Entry("mnuExport")->text(), "Export Route");
     Button(9)->click();
     EXPECT_TRUE(Button(9)->isChecked());
-    std::ifstream file(folder.Path() / "lang.crm");
-    EXPECT_EQ(file.get(), '1');
+    EXPECT_EQ(folder.Bytes("lang.crm"), "1\r\n");
 }
 
 TEST_F(MainFormTest, ChangesTheLanguageThoughItCannotBeWritten) {
     std::filesystem::create_directory(folder.Path() / "lang.crm"); // no file can take this name
     ASSERT_TRUE(form->Form_Load());
     Button(5)->click();
-    form->findChild<QAbstractButton*>("OptEng")->click();
+    Find<QAbstractButton>("OptEng").click();
     EXPECT_EQ(notices.Shown.size(), 1u);
     EXPECT_EQ(Button(1)->text(), "Flight");
 }

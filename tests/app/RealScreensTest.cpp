@@ -1,55 +1,29 @@
-#include <gtest/gtest.h>
-
-#include <QDialog>
 #include <QLineEdit>
 #include <QMenu>
 #include <QTabBar>
-#include <QTest>
 #include <QTimer>
-#include <QToolButton>
 #include <QWheelEvent>
-#include <memory>
 
-#include "Fakes.h"
-#include "Stores.h"
-#include "app/MainForm.h"
+#include "MainWindowFixture.h"
 #include "calibration/frmCalibrate.h"
 #include "flightplan/frmFlugPlan.h"
-#include "gps/GpsFakes.h"
 #include "nav/frmGPSmain.h"
 #include "planning/frmPlanung.h"
-#include "settings/frmSettings.h"
-#include "support/SetClock.h"
 
 namespace ornivane::test {
 
 // The main window with the screens that the pilot sees.
-class RealScreensTest : public testing::Test {
+class RealScreensTest : public MainWindowTest {
 protected:
-    RealScreensTest() {
-        MakeStores(folder.Path());
-        variablen.ProgramFolder = folder.Path();
-        MainForm::Services services;
-        services.Boxes = &boxes;
-        services.Guard = &guard;
-        services.Programs = &programs;
-        services.Links = &links;
-        services.MakeScreen = [this](Mode mode) { return Make(mode); };
-        services.Ended = [] {};
-        form = std::make_unique<MainForm>(variablen, services);
-    }
-    Screen* Make(Mode mode) {
+    Screen* Make(Mode mode) override {
         switch (mode) {
         case Mode::Flight:
             return new frmGPSmain(
-                {variablen, port, timer, trackTimer, ports, clock, boxes, notices, guard, nullptr});
+                {variablen, {port, timer, trackTimer, clock}, ports, boxes, notices, guard, nullptr});
         case Mode::Planning:
             return new frmPlanung(variablen, boxes, guard);
         case Mode::Settings:
-            return new frmSettings({{variablen, settingsPort, settingsTimer, ports, clock, boxes},
-                                    guard,
-                                    [this] { form->ApplyLanguage(); },
-                                    {}});
+            return MakeSettings();
         case Mode::MapData:
             return new frmCalibrate(variablen, guard, boxes);
         case Mode::FlightPlan:
@@ -57,34 +31,7 @@ protected:
         }
         return new frmFlugPlan({variablen, guard, boxes, notices, [] {}});
     }
-    template <typename Widget>
-    Widget& Find(const char* name) {
-        auto* widget = form->findChild<Widget*>(name);
-        if (!widget) throw std::runtime_error(std::string("no widget ") + name);
-        return *widget;
-    }
-    void Click(const char* name, Qt::MouseButton button = Qt::LeftButton) {
-        QTest::mouseClick(&Find<QWidget>(name), button);
-    }
-    void Key(Qt::Key key) {
-        form->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
-        QTest::keyClick(form->focusWidget(), key);
-    }
     std::string Title() { return form->windowTitle().toStdString(); }
-
-    TemporaryFolder folder;
-    Variablen variablen;
-    ScriptedDialogs boxes;
-    FakePort port, settingsPort;
-    FakeTimer timer, trackTimer, settingsTimer;
-    FakePortList ports;
-    SetClock clock;
-    RecordedNotice notices;
-    EventGuard guard{notices, variablen};
-    ScriptedProcesses programs;
-    RecordedShell links;
-    std::unique_ptr<MainForm> form;
 };
 
 TEST_F(RealScreensTest, TheWindowsTitleTellsTheScreenInTheLanguageOfThisMoment) {

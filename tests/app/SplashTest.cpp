@@ -2,7 +2,6 @@
 
 #include <QLabel>
 #include <QTest>
-#include <functional>
 
 #include "Fakes.h"
 #include "app/frmSplash.h"

@@ -1,8 +1,6 @@
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <climits>
-#include <fstream>
 
 #include "Fakes.h"
 #include "app/StartSettings.h"
@@ -37,46 +35,35 @@ TEST(UpdateCheck, OffersAnyDifferentShortVersionAndNothingElse) {
 class StartSettings : public testing::Test {
 protected:
     StartSettings() { variablen.ProgramFolder = folder.Path(); }
-    void File(const char* name, const std::string& text) { std::ofstream(folder.Path() / name) << text; }
-
+    // Language, symbol, the three of the track logger, the QNH and its day.
+    using Shown = std::tuple<int, int, bool, int, bool, int, std::optional<Date>>;
+    Shown Read() {
+        ReadStartSettings(variablen);
+        ReadQnh(variablen);
+        const Variablen& v = variablen;
+        return {v.EnglishUI, v.SymbolType, v.TrackEnabled, v.TrackInterval, v.TrackAuto, v.QNH, v.QNHDate};
+    }
     TemporaryFolder folder;
     Variablen variablen;
 };
 
 TEST_F(StartSettings, AreGermanWithoutLoggerAndQnhWhenThereAreNoFiles) {
-    ReadStartSettings(variablen);
-    ReadQnh(variablen);
-    EXPECT_EQ(variablen.EnglishUI, 0);
-    EXPECT_EQ(variablen.SymbolType, 0);
-    EXPECT_FALSE(variablen.TrackEnabled);
-    EXPECT_EQ(variablen.TrackInterval, 0);
-    EXPECT_FALSE(variablen.TrackAuto);
-    EXPECT_EQ(variablen.QNH, 0);
-    EXPECT_EQ(variablen.QNHDate, std::nullopt);
+    EXPECT_EQ(Read(), (Shown{0, 0, false, 0, false, 0, std::nullopt}));
 }
 
 TEST_F(StartSettings, ComeFromTheirFiles) {
-    File("lang.crm", "1\r\n");
-    File("symbol.crm", "2\r\n");
-    File("track.crm", "1\r\n15\r\n1\r\n");
-    File("LR.crm", "1017\r\n#2024-05-09#\r\n");
-    ReadStartSettings(variablen);
-    ReadQnh(variablen);
-    EXPECT_EQ(variablen.EnglishUI, 1);
-    EXPECT_EQ(variablen.SymbolType, 2);
-    EXPECT_TRUE(variablen.TrackEnabled);
-    EXPECT_EQ(variablen.TrackInterval, 15000);
-    EXPECT_TRUE(variablen.TrackAuto);
-    EXPECT_EQ(variablen.QNH, 1017);
-    EXPECT_EQ(variablen.QNHDate, (Date{2024, 5, 9}));
+    folder.Write("lang.crm", "1\r\n");
+    folder.Write("symbol.crm", "2\r\n");
+    folder.Write("track.crm", "1\r\n15\r\n1\r\n");
+    folder.Write("LR.crm", "1017\r\n#2024-05-09#\r\n");
+    EXPECT_EQ(Read(), (Shown{1, 2, true, 15000, true, 1017, Date{2024, 5, 9}}));
 }
 
 TEST_F(StartSettings, SurviveNumbersThatNoFieldCanHold) {
-    File("symbol.crm", "70000\r\n");
-    File("track.crm", "1\r\n2147483647\r\n0\r\n");
-    File("LR.crm", "-99999\r\n");
-    ReadStartSettings(variablen);
-    ReadQnh(variablen);
+    folder.Write("symbol.crm", "70000\r\n");
+    folder.Write("track.crm", "1\r\n2147483647\r\n0\r\n");
+    folder.Write("LR.crm", "-99999\r\n");
+    Read();
     EXPECT_EQ(variablen.SymbolType, 0);
     EXPECT_GT(variablen.TrackInterval, INT_MAX - 1000);
     EXPECT_EQ(variablen.QNH, 0);

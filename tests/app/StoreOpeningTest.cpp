@@ -1,7 +1,4 @@
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <fstream>
 
 #include "Fakes.h"
 #include "Stores.h"
@@ -35,10 +32,6 @@ protected:
         store.Execute(statement);
     }
     void Remove(const char* name) { std::filesystem::remove(folder.Path() / name); }
-    void Replace(const char* name, const std::string& bytes) {
-        Remove(name);
-        std::ofstream(folder.Path() / name) << bytes;
-    }
 
     TemporaryFolder folder;
     Variablen variablen;
@@ -68,21 +61,21 @@ TEST_F(StoreOpeningTest, EndsWithoutTheMainStore) {
 }
 
 TEST_F(StoreOpeningTest, TellsTheReasonWhenTheMainStoreCannotBeUsed) {
-    const std::string good = FileBytes(folder.Path() / "data.ovd");
+    const std::string good = folder.Bytes("data.ovd");
     const std::pair<const char*, std::string> cases[] = {
         {"a text file", "Waypoints: none\n"},
         {"an empty file, which opens as a store without tables", ""},
         {"a torn file", good.substr(0, good.size() / 2)},
     };
     for (const auto& [name, bytes] : cases) {
-        Replace("data.ovd", bytes);
+        folder.Write("data.ovd", bytes);
         EXPECT_TRUE(MustEnd()) << name;
         EXPECT_THAT(boxes.Shown,
                     ElementsAre(StartsWith(
                         "Datenfehler|Die Datei - data.ovd - wurde nicht im Programmordner gefunden.\n")))
             << name;
         EXPECT_FALSE(variablen.DataConn.IsOpen());
-        EXPECT_EQ(FileBytes(folder.Path() / "data.ovd"), bytes) << name << " was changed";
+        EXPECT_EQ(folder.Bytes("data.ovd"), bytes) << name << " was changed";
         boxes.Shown.clear();
     }
 }
@@ -99,7 +92,7 @@ TEST_F(StoreOpeningTest, GoesOnWithoutTracksAndTurnsTheLoggerOff) {
     for (const auto& [name, bytes, reason] : {std::tuple{"missing", "", false}, {"no store", "x", true}}) {
         variablen.TrackEnabled = variablen.TrackAuto = true;
         Remove("track.ovd");
-        if (reason) Replace("track.ovd", bytes);
+        if (reason) folder.Write("track.ovd", bytes);
         const StoreOpening::Result result = Run();
         ASSERT_TRUE(result.TrackFailure && !result.AirspaceFailure) << name;
         EXPECT_NE(result.TrackFailure->empty(), reason) << *result.TrackFailure;
@@ -113,10 +106,7 @@ TEST_F(StoreOpeningTest, GoesOnWithoutAirspaceAlsoWhenOnlyItsDateIsMissing) {
     EXPECT_EQ(Run().AirspaceFailure, "");
 
     MakeStores(folder.Path());
-    Connection store;
-    store.Open(folder.Path() / "Luftraum.ovd", Connection::Mode::ReadWrite);
-    store.Execute("DELETE FROM RELEASE");
-    store.Close();
+    Change("Luftraum.ovd", "DELETE FROM RELEASE");
     EXPECT_THAT(Run().AirspaceFailure, Optional(testing::HasSubstr("3021")));
     EXPECT_FALSE(variablen.LuftraumConn.IsOpen());
 }
@@ -146,7 +136,7 @@ TEST_F(StoreOpeningTest, AStoreWithoutItsTablesOrFieldsCountsAsOneThatCannotBeOp
         EXPECT_FALSE(variablen.AirfieldStoreOpen) << damage;
         EXPECT_FALSE(variablen.AirfieldConn.IsOpen()) << damage;
     }
-    Replace("ovdata.ovd", "");
+    folder.Write("ovdata.ovd", "");
     EXPECT_FALSE(Run().AirspaceFailure);
     EXPECT_FALSE(variablen.AirfieldStoreOpen);
     EXPECT_THAT(boxes.Shown, IsEmpty());
@@ -157,7 +147,7 @@ TEST_F(StoreOpeningTest, SaysNothingWithoutAirfields) {
         if (missing)
             Remove("ovdata.ovd");
         else
-            Replace("ovdata.ovd", "no store");
+            folder.Write("ovdata.ovd", "no store");
         const StoreOpening::Result result = Run();
         EXPECT_FALSE(variablen.AirfieldStoreOpen || result.TrackFailure || result.AirspaceFailure);
         EXPECT_THAT(boxes.Shown, IsEmpty());

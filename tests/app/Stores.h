@@ -1,9 +1,6 @@
 #pragma once
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <string>
 
 #include "common/Date.h"
 #include "store/Connection.h"
@@ -25,11 +22,6 @@ inline void MakeStores(const std::filesystem::path& folder) {
         store.Open(file, Connection::Mode::ReadWrite);
         store.Execute("INSERT INTO RELEASE (Datum) VALUES (?)", {DateText(AirspaceRelease)});
     }
-}
-
-inline std::string FileBytes(const std::filesystem::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
 }
 
 } // namespace ornivane

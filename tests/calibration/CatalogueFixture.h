@@ -1,16 +1,11 @@
 #pragma once
 
-#include <cstdio>
-#include <fstream>
-#include <sstream>
-#include <string>
-
 #include <gtest/gtest.h>
 
 #include "calibration/MapData.h"
 #include "support/FlightFolder.h"
 #include "support/MapFakes.h"
-#include "support/ScriptedDialogs.h"
+#include "support/Rows.h"
 
 namespace ornivane {
 
@@ -26,12 +21,8 @@ protected:
         Catalogue.Form_Load();
     }
     std::filesystem::path Charts() const { return Folder.Path() / "Karten"; }
-    void AddImage(const std::string& name, int width, int height) {
-        std::string bytes("\xFF\xD8\xFF\xC0\0\x11\x08", 7);
-        for (const int value : {height >> 8, height, width >> 8, width}) bytes += static_cast<char>(value);
-        WriteFileAtomically(Charts() / name, bytes);
-    }
-    std::string Bytes(const std::string& name) { return ReadWholeFile(Charts() / name).value_or("none"); }
+    void AddImage(const std::string& name, int width, int height) { WriteJpegHeader(name, width, height); }
+    std::string Bytes(const std::string& name) { return Folder.Bytes("Karten/" + name); }
     int SearchEntry(const std::string& name) const {
         for (std::size_t i = 0; i < Catalogue.listKarten.size(); ++i)
             if (Catalogue.listKarten[i].Name == name) return static_cast<int>(i);
@@ -39,17 +30,13 @@ protected:
         return -1;
     }
     void Select(const std::string& name) { Catalogue.listKarten_Click(SearchEntry(name)); }
-    // "name unten oben links rechts breite höhe active", one row after another.
-    std::string Rows(const std::string& where = "1") {
-        Recordset rows;
-        rows.Open(Shared.DataConn, "SELECT * FROM Maps WHERE " + where + " ORDER BY Name");
-        std::string text;
-        for (; !rows.Eof(); rows.MoveNext()) {
-            for (const char* field : {"Name", "Unten", "Oben", "Links", "Rechts", "Breite", "Höhe"})
-                text += rows.Text(field) + " ";
-            text += rows.Get("Active").Boolean() ? "on;" : "off;";
-        }
-        return text;
+    // "name unten oben links rechts breite höhe on"; "off" for one that is not active.
+    std::vector<std::string> Rows(const std::string& where = "1") {
+        return RowsOf(Shared.DataConn,
+                      "SELECT Name, Unten, Oben, Links, Rechts, Breite, \"Höhe\", CASE Active WHEN 0 THEN "
+                      "'off' ELSE 'on' END FROM Maps WHERE " +
+                          where + " ORDER BY Name",
+                      NumbersAs::Shown);
     }
     // The frame's fields: "N 50,E 6 ..." with the colour's first letter.
     std::string Fields() const {

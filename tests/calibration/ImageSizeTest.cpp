@@ -14,6 +14,7 @@ namespace {
 using namespace std::string_literals;
 
 constexpr ImageSize Before{11, 22};
+using enum SizeReading;
 
 struct Case {
     const char* What;
@@ -46,28 +47,25 @@ std::string Frame(char marker, int width, int height) {
 TEST(ImageSize, FollowsTheMarkersOfAJpeg) {
     const std::string start = "\xFF\xD8";
     const std::string frame = Frame('\xC0', 640, 480);
-    Check({{"baseline", start + frame, SizeReading::Read, {640, 480}},
-           {"progressive", start + Frame('\xC2', 640, 480), SizeReading::Read, {640, 480}},
-           {"lossless", start + Frame('\xC3', 640, 480), SizeReading::Read, {640, 480}},
-           {"tables before the frame", start + Segment('\xC4', 30) + frame, SizeReading::Read, {640, 480}},
-           {"rubbish between segments",
-            start + Segment('\xE0', 16) + "abc" + frame,
-            SizeReading::Read,
-            {640, 480}},
-           {"the largest segment", start + Segment('\xE1', 32767 - 1) + frame, SizeReading::Read, {640, 480}},
-           {"a segment of 32768 bytes", start + Segment('\xE1', 32768) + frame, SizeReading::Damaged, Before},
-           {"the largest image", start + Frame('\xC0', 32767, 32767), SizeReading::Read, {32767, 32767}},
-           {"too wide", start + Frame('\xC0', 32768, 100), SizeReading::Damaged, Before},
-           {"too high", start + Frame('\xC0', 100, 32768), SizeReading::Damaged, Before},
-           {"scan without a frame", start + "\xFF\xDA", SizeReading::Read, {0, 0}},
-           {"a segment length below 2", start + "\xFF\xE0\0\1"s + frame, SizeReading::Damaged, Before},
-           {"cut before a marker", start + Segment('\xE0', 16), SizeReading::Damaged, Before},
-           {"cut in a segment", start + Segment('\xE0', 16).substr(0, 9), SizeReading::Damaged, Before},
-           {"cut in the frame", start + frame.substr(0, 8), SizeReading::Damaged, Before},
-           {"a renamed PNG", "\x89PNG\r\n", SizeReading::Kept, Before},
-           {"a renamed BMP", "BM" + std::string(60, '\0'), SizeReading::Kept, Before},
-           {"one byte", "\xFF", SizeReading::Kept, Before},
-           {"empty", "", SizeReading::Kept, Before}},
+    Check({{"baseline", start + frame, Read, {640, 480}},
+           {"progressive", start + Frame('\xC2', 640, 480), Read, {640, 480}},
+           {"lossless", start + Frame('\xC3', 640, 480), Read, {640, 480}},
+           {"tables before the frame", start + Segment('\xC4', 30) + frame, Read, {640, 480}},
+           {"rubbish between segments", start + Segment('\xE0', 16) + "abc" + frame, Read, {640, 480}},
+           {"the largest segment", start + Segment('\xE1', 32767 - 1) + frame, Read, {640, 480}},
+           {"a segment of 32768 bytes", start + Segment('\xE1', 32768) + frame, Damaged, Before},
+           {"the largest image", start + Frame('\xC0', 32767, 32767), Read, {32767, 32767}},
+           {"too wide", start + Frame('\xC0', 32768, 100), Damaged, Before},
+           {"too high", start + Frame('\xC0', 100, 32768), Damaged, Before},
+           {"scan without a frame", start + "\xFF\xDA", Read, {0, 0}},
+           {"a segment length below 2", start + "\xFF\xE0\0\1"s + frame, Damaged, Before},
+           {"cut before a marker", start + Segment('\xE0', 16), Damaged, Before},
+           {"cut in a segment", start + Segment('\xE0', 16).substr(0, 9), Damaged, Before},
+           {"cut in the frame", start + frame.substr(0, 8), Damaged, Before},
+           {"a renamed PNG", "\x89PNG\r\n", Kept, Before},
+           {"a renamed BMP", "BM" + std::string(60, '\0'), Kept, Before},
+           {"one byte", "\xFF", Kept, Before},
+           {"empty", "", Kept, Before}},
           ReadJpegSize);
 }
 
@@ -75,24 +73,21 @@ TEST(ImageSize, FollowsTheMarkersOfAJpeg) {
 // marker, and its second byte begins a length.
 TEST(ImageSize, GoesAstrayBehindASegmentWhoseLengthEndsInFF) {
     const std::string start = "\xFF\xD8" + Segment('\xE0', 0x1FF);
-    Check({{"C0 as a high byte", start + Frame('\xC0', 640, 480), SizeReading::Damaged, Before},
+    Check({{"C0 as a high byte", start + Frame('\xC0', 640, 480), Damaged, Before},
            // FF (taken as marker) 00 04 (length) 2 bytes skipped, then the scan is on its feet again
-           {"a short way round",
-            start + "\xFF\0\4ab"s + Frame('\xC1', 640, 480),
-            SizeReading::Read,
-            {640, 480}}},
+           {"a short way round", start + "\xFF\0\4ab"s + Frame('\xC1', 640, 480), Read, {640, 480}}},
           ReadJpegSize);
 }
 
 TEST(ImageSize, TakesABmpAsItStandsInTheHeader) {
     const std::string head = "BM" + std::string(16, '\0');
-    Check({{"bottom-up", head + "\x80\2\0\0\xE0\1\0\0"s, SizeReading::Read, {640, 480}},
-           {"top-down", head + "\x80\2\0\0\x20\xFE\xFF\xFF"s, SizeReading::Read, {640, -480}},
-           {"huge", head + "\x30\x75\0\0\x20\x4E\0\0"s, SizeReading::Read, {30000, 20000}},
-           {"a renamed JPEG", "\xFF\xD8" + std::string(40, 'x'), SizeReading::Read, {0, 0}},
-           {"cut in its size", head + "\x80\2\0\0\xE0"s, SizeReading::Read, {0, 0}},
-           {"17 bytes", head.substr(0, 17), SizeReading::Kept, Before},
-           {"empty", "", SizeReading::Kept, Before}},
+    Check({{"bottom-up", head + "\x80\2\0\0\xE0\1\0\0"s, Read, {640, 480}},
+           {"top-down", head + "\x80\2\0\0\x20\xFE\xFF\xFF"s, Read, {640, -480}},
+           {"huge", head + "\x30\x75\0\0\x20\x4E\0\0"s, Read, {30000, 20000}},
+           {"a renamed JPEG", "\xFF\xD8" + std::string(40, 'x'), Read, {0, 0}},
+           {"cut in its size", head + "\x80\2\0\0\xE0"s, Read, {0, 0}},
+           {"17 bytes", head.substr(0, 17), Kept, Before},
+           {"empty", "", Kept, Before}},
           ReadBmpSize);
 }
 
@@ -101,8 +96,8 @@ TEST(ImageSize, TheNameDecidesWhichReaderRuns) {
     for (const char* name : {"a.jpg", "a.JPG", "bmp.jpg", "a.x", "mp", ""})
         EXPECT_EQ(FormatOfName(name), 1u) << name;
     ImageSize size = Before;
-    EXPECT_EQ(ReadImageSize("/nowhere/a.bmp", size), SizeReading::Kept);
-    EXPECT_EQ(ReadImageSize("/nowhere/a.jpg", size), SizeReading::Damaged);
+    EXPECT_EQ(ReadImageSize("/nowhere/a.bmp", size), Kept);
+    EXPECT_EQ(ReadImageSize("/nowhere/a.jpg", size), Damaged);
     EXPECT_EQ(size, Before);
 }
 
@@ -114,7 +109,7 @@ TEST(ImageSize, HeaderAndDecoderAgree) {
     for (const auto& entry : std::filesystem::directory_iterator(images)) {
         SCOPED_TRACE(entry.path().filename().string());
         ImageSize size;
-        EXPECT_EQ(ReadImageSize(entry.path(), size), SizeReading::Read);
+        EXPECT_EQ(ReadImageSize(entry.path(), size), Read);
         const bool topDown = entry.path().filename() == "topdown.bmp";
         EXPECT_EQ(size, (ImageSize{37, topDown ? -21 : 21}));
         QtPicture picture, preview;

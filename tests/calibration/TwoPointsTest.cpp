@@ -1,11 +1,12 @@
 #include "calibration/TwoPoints.h"
 
-#include "base/RuntimeError.h"
 #include "calibration/CatalogueFixture.h"
-#include "support/IdleLink.h"
+#include "gps/GpsFakes.h"
 
 namespace ornivane {
 namespace {
+
+using Texts = std::vector<std::string>;
 
 constexpr const char* TooClose = "Datenfehler|Bitte andere Koordinatenpunkte aussuchen...";
 
@@ -20,19 +21,23 @@ protected:
         Form.Form_Load();
     }
     // The pixel of the image under the pointer, at any zoom: the view is scrolled there first.
-    void ClickPixel(double x, double y) {
-        Form.View = {static_cast<float>(x - 100), static_cast<float>(y - 50), 200, 100};
-        Form.MouseMove({400, 200}, false);
-        Form.picMap_Click();
+    static void ClickPixel(TwoPoints& form, double x, double y) {
+        form.View = {static_cast<float>(x - 100), static_cast<float>(y - 50), 200, 100};
+        form.MouseMove({400, 200}, false);
+        form.picMap_Click();
     }
+    void ClickPixel(double x, double y) { ClickPixel(Form, x, y); }
     // True when that finished the calibration.
+    static bool Enter(TwoPoints& form, std::size_t index, const char* lat, const char* longitude) {
+        form.Points[index].tLat = lat;
+        form.Points[index].tLong = longitude;
+        return form.cmdSave_Click(index);
+    }
     bool Enter(std::size_t index, const char* lat, const char* longitude) {
-        Form.Points[index].tLat = lat;
-        Form.Points[index].tLong = longitude;
-        return Form.cmdSave_Click(index);
+        return Enter(Form, index, lat, longitude);
     }
 
-    IdleTimer Arrows;
+    FakeTimer Arrows;
     TwoPoints Form{{Shared, Shared.DataConn, Catalogue, Storage, Surface, Arrows, Boxes}};
 };
 
@@ -47,7 +52,7 @@ TEST_F(TwoPointsTest, FindsTheFrameAndSavesIt) {
     EXPECT_TRUE(Enter(1, "50.54", "7.3")); // 50.9 and 7.5
     EXPECT_EQ(Boxes.Shown, std::vector<std::string>{"Karte kalibriert|Karte wurde kalibriert."});
     EXPECT_EQ(Boxes.Details, Catalogue.ScaleText());
-    EXPECT_EQ(Rows(), "alpha.jpg 50 51 6 8 2000 1000 off;");
+    EXPECT_EQ(Rows(), (Texts{"alpha.jpg 50 51 6 8 2000 1000 off"}));
     EXPECT_EQ(Bytes("alpha.crm"), "50\r\n51\r\n6\r\n8\r\n");
 }
 
@@ -62,7 +67,7 @@ TEST_F(TwoPointsTest, ATickedMapStaysTickedAndIsWrittenAgain) {
     EXPECT_EQ(Boxes.Shown.back(),
               "Karte kalibriert|Karte wurde kalibriert. Für ein besseres Ergebnis zwei Punkte "
               "auswählen, die weiter auseinander liegen...");
-    EXPECT_EQ(Rows("Active"), "alpha.jpg 50 51 6 8 2000 1000 on;");
+    EXPECT_EQ(Rows("Active"), (Texts{"alpha.jpg 50 51 6 8 2000 1000 on"}));
     EXPECT_TRUE(Catalogue.listKarten[0].Selected);
 }
 
@@ -73,7 +78,7 @@ TEST_F(TwoPointsTest, SignsComeFromTheCatalogue) {
     Enter(0, "33.54", "8.3"); // S 33.9, W 8.5
     ClickPixel(1500, 100);
     Enter(1, "33.06", "7.3"); // S 33.1, W 7.5
-    EXPECT_EQ(Rows(), "alpha.jpg -34 -33 -9 -7 2000 1000 off;");
+    EXPECT_EQ(Rows(), (Texts{"alpha.jpg -34 -33 -9 -7 2000 1000 off"}));
 }
 
 // The scale beside the message is that of the frame that is stored.
@@ -83,16 +88,10 @@ TEST_F(TwoPointsTest, TheScaleIsThatOfTheSavedFrame) {
         Catalogue.cmbLatLong = {North, North, box, box};
         TwoPoints form({Shared, Shared.DataConn, Catalogue, Storage, Surface, Arrows, Boxes});
         form.Form_Load();
-        const auto enter = [&form](std::size_t index, double x, double y, const char* lat, const char* lon) {
-            form.View = {static_cast<float>(x - 100), static_cast<float>(y - 50), 200, 100};
-            form.MouseMove({400, 200}, false);
-            form.picMap_Click();
-            form.Points[index].tLat = lat;
-            form.Points[index].tLong = lon;
-            form.cmdSave_Click(index);
-        };
-        enter(0, 500, 900, "50.06", "-8.3"); // in the west, with a sign as the waypoints of the store have it
-        enter(1, 1500, 100, "50.54", "-7.3");
+        ClickPixel(form, 500, 900);
+        Enter(form, 0, "50.06", "-8.3"); // in the west, with a sign as the waypoints of the store have it
+        ClickPixel(form, 1500, 100);
+        Enter(form, 1, "50.54", "-7.3");
         EXPECT_EQ(Boxes.Details, Catalogue.ScaleText());
         EXPECT_EQ(Boxes.Details.find("verkehrt") == std::string::npos, box == West) << Boxes.Details;
     }
@@ -100,7 +99,7 @@ TEST_F(TwoPointsTest, TheScaleIsThatOfTheSavedFrame) {
 
 // The size cannot be stored: the frame that was found stays in the fields, in the colour of what is not.
 TEST_F(TwoPointsTest, ARefusedSaveLosesNothing) {
-    constexpr const char* row = "topdown.bmp 1 2 3 4 2000 1000 on;";
+    constexpr const char* row = "topdown.bmp 1 2 3 4 2000 1000 on";
     std::string header("BM" + std::string(16, '\0') + std::string("\xD0\x07\0\0\x18\xFC\xFF\xFF", 8));
     WriteFileAtomically(Charts() / "topdown.bmp", header); // 2000 x -1000
     Sql("INSERT INTO Maps (Name, Unten, Oben, Links, Rechts, Breite, \"Höhe\", Active) VALUES "
@@ -119,18 +118,13 @@ TEST_F(TwoPointsTest, ARefusedSaveLosesNothing) {
                           : "Datenfehler|topdown.bmp ist von oben nach unten gespeichert (Höhe -1000). Die "
                             "Kalibrierung kann nicht gespeichert werden: Bitte das Bild in der üblichen "
                             "Reihenfolge neu speichern.");
-        const char* coordinates[2][2] = {{"50.06", "6.3"}, {"50.54", "7.3"}};
-        for (const std::size_t index : {std::size_t{0}, std::size_t{1}}) {
-            form.tx = index == 0 ? "500" : "1500";
-            form.ty = index == 0 ? "900" : "100";
-            form.picMap_Click();
-            form.Points[index].tLat = coordinates[index][0];
-            form.Points[index].tLong = coordinates[index][1];
-            form.cmdSave_Click(index);
-        }
+        ClickPixel(form, 500, 900);
+        Enter(form, 0, "50.06", "6.3");
+        ClickPixel(form, 1500, 100);
+        Enter(form, 1, "50.54", "7.3");
         EXPECT_EQ(Boxes.Shown.size(), 3u); // calibrated; cannot be saved
         EXPECT_EQ(Fields().substr(Fields().find('E')), "E6y E8y ");
-        EXPECT_EQ(Rows("Active"), row);
+        EXPECT_EQ(Rows("Active"), Texts{row});
         EXPECT_TRUE(Catalogue.listKarten[static_cast<std::size_t>(Catalogue.ListIndex)].Selected);
         EXPECT_EQ(Bytes("topdown.crm"), "none");
     }
@@ -146,7 +140,7 @@ TEST_F(TwoPointsTest, PointsTooCloseInXLeaveNoWayForward) {
     ClickPixel(1500, 100);
     EXPECT_EQ(Form.KeyTyped("5"), TypedInto::Nothing);
     EXPECT_EQ(Form.KeyTyped("a"), TypedInto::Nothing);
-    EXPECT_EQ(Rows(), "");
+    EXPECT_EQ(Rows(), (Texts{}));
 }
 
 // The second point can be entered anew, while the first one's coordinates, converted once, are converted
@@ -158,7 +152,7 @@ TEST_F(TwoPointsTest, PointsTooCloseInYConvertTheFirstPointAgain) {
     Enter(1, "50.54", "7.3");
     EXPECT_EQ(Boxes.Shown, std::vector<std::string>{TooClose});
     EXPECT_EQ(Form.Points[1].Colour, PointColour::ToEnter);
-    EXPECT_TRUE(Form.Points[1].tQuickfindEnabled && Form.Points[1].gridWayEnabled);
+    EXPECT_TRUE(Form.Points[1].FieldsEnabled);
     ClickPixel(520, 880);
     EXPECT_TRUE(Enter(1, "50.54", "7.3"));
     EXPECT_EQ(Form.Points[0].Long.substr(0, 6), "6.8333");
@@ -204,7 +198,7 @@ TEST_F(TwoPointsTest, TypedKeysGoWhereTheyAreMeant) {
     EXPECT_EQ(Form.KeyTyped("q"), TypedInto::Quickfind2);
     EXPECT_EQ(Form.Points[1].tLat, ""); // nothing found
     Form.Points[1].tQuickfind = "";
-    Form.FindWaypoint2();
+    Form.FindWaypoint(1);
     EXPECT_EQ(Form.Points[1].WaypointFindSet.RecordCount(), 0);
 }
 

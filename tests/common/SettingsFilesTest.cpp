@@ -1,12 +1,9 @@
 #include "common/SettingsFiles.h"
 
-#include <filesystem>
-#include <fstream>
-
 #include <gtest/gtest.h>
 
-#include "base/AtomicFile.h"
 #include "base/RuntimeError.h"
+#include "common/DisplayFlags.h"
 #include "common/SettingsText.h"
 #include "support/TemporaryFolder.h"
 
@@ -55,32 +52,30 @@ TEST(SettingsText, ReadsWhatItWroteWhateverTheText) {
 
 class SettingsFiles : public testing::Test {
 protected:
-    void Put(const char* name, const std::string& bytes) { WriteFileAtomically(Folder.Path() / name, bytes); }
-    std::string Bytes(const char* name) { return ReadWholeFile(Folder.Path() / name).value_or("<none>"); }
     TemporaryFolder Folder;
 };
 
 TEST_F(SettingsFiles, AreWrittenToTheLetter) {
     const auto& folder = Folder.Path();
     WriteComSettings(folder, {"7", "9600"});
-    EXPECT_EQ(Bytes("data.crm"), "\"7\"\r\n\"9600\"\r\n");
+    EXPECT_EQ(Folder.Bytes("data.crm"), "\"7\"\r\n\"9600\"\r\n");
     WriteTrackSettings(folder, {true, 15, false});
-    EXPECT_EQ(Bytes("track.crm"), "1\r\n15\r\n0\r\n");
+    EXPECT_EQ(Folder.Bytes("track.crm"), "1\r\n15\r\n0\r\n");
     WriteLanguage(folder, 1);
-    EXPECT_EQ(Bytes("lang.crm"), "1\r\n");
+    EXPECT_EQ(Folder.Bytes("lang.crm"), "1\r\n");
     WriteQnhSettings(folder, {1020, Date{2026, 1, 2}});
-    EXPECT_EQ(Bytes("LR.crm"), "1020\r\n#2026-01-02#\r\n");
+    EXPECT_EQ(Folder.Bytes("LR.crm"), "1020\r\n#2026-01-02#\r\n");
     WriteLastChoice(folder, {"Köln.jpg", "A-B"});
-    EXPECT_EQ(Bytes("kartendaten.crm"), "\"Köln.jpg\"\r\n\"A-B\"\r\n");
+    EXPECT_EQ(Folder.Bytes("kartendaten.crm"), "\"Köln.jpg\"\r\n\"A-B\"\r\n");
     WriteLastChoice(folder, {"demo.bmp", std::nullopt});
-    EXPECT_EQ(Bytes("kartendaten.crm"), "\"demo.bmp\"\r\n");
+    EXPECT_EQ(Folder.Bytes("kartendaten.crm"), "\"demo.bmp\"\r\n");
     DisplayFlags flags;
     flags.ShowPatterns = flags.ShowNames = true;
     WriteDisplayFlags(folder, flags);
-    EXPECT_EQ(Bytes("Set.crm"),
+    EXPECT_EQ(Folder.Bytes("Set.crm"),
               "#FALSE#\r\n#FALSE#\r\n#TRUE#\r\n#FALSE#\r\n#TRUE#\r\n#FALSE#\r\n#FALSE#\r\n");
     WriteVersion(folder, "1.0.0");
-    EXPECT_EQ(Bytes("version.crm"), "\"1.0.0\"\r\n");
+    EXPECT_EQ(Folder.Bytes("version.crm"), "\"1.0.0\"\r\n");
 }
 
 TEST_F(SettingsFiles, ComeBackAsTheyWereWritten) {
@@ -89,13 +84,13 @@ TEST_F(SettingsFiles, ComeBackAsTheyWereWritten) {
          {std::pair{DialMode::Heading, "Kurs"}, {DialMode::Vor, "VOR"}, {DialMode::Hsi, "HSI"}}) {
         const InstrumentSettings instrument{"Köln", mode, "270"};
         WriteInstrumentSettings(folder, instrument);
-        EXPECT_EQ(Bytes("VOR.crm"), "\"Köln\"\r\n\"" + std::string(text) + "\"\r\n\"270\"\r\n");
+        EXPECT_EQ(Folder.Bytes("VOR.crm"), "\"Köln\"\r\n\"" + std::string(text) + "\"\r\n\"270\"\r\n");
         InstrumentSettings read;
         EXPECT_TRUE(ReadInstrumentSettings(folder, read));
         EXPECT_EQ(read, instrument);
     }
     InstrumentSettings read{"Köln", DialMode::Vor, ""};
-    Put("VOR.crm", "\"\"\r\n\"nonsense\"\r\n");
+    Folder.Write("VOR.crm", "\"\"\r\n\"nonsense\"\r\n");
     EXPECT_FALSE(ReadInstrumentSettings(folder, read));
     EXPECT_EQ(read, InstrumentSettings());
     WriteFlightPlanEntries(folder, {"2", "25", "110", "270", "15"});
@@ -111,24 +106,24 @@ TEST_F(SettingsFiles, KeepTheirDefaultsWhenMissingAndTheReadPartWhenDamaged) {
     EXPECT_FALSE(ReadComSettings(folder));
     EXPECT_FALSE(ReadLanguage(folder));
     EXPECT_EQ(ReadLastChoice(folder), LastChoice{});
-    Put("Set.crm", "#TRUE#\r\n#TRUE#\r\n#WAHR#\r\n#TRUE#\r\n");
+    Folder.Write("Set.crm", "#TRUE#\r\n#TRUE#\r\n#WAHR#\r\n#TRUE#\r\n");
     DisplayFlags flags;
     EXPECT_FALSE(ReadDisplayFlags(folder, flags));
     EXPECT_TRUE(flags.ShowAirspace && flags.ShowAirspaceText);
     EXPECT_FALSE(flags.ShowPatterns || flags.ShowRoute);
-    Put("track.crm", "1\r\n20\r\n");
+    Folder.Write("track.crm", "1\r\n20\r\n");
     TrackSettings track;
     EXPECT_FALSE(ReadTrackSettings(folder, track));
     EXPECT_EQ(track, (TrackSettings{true, 20, false}));
-    Put("track.crm", "2\r\n20\r\n-1\r\n");
+    Folder.Write("track.crm", "2\r\n20\r\n-1\r\n");
     EXPECT_TRUE(ReadTrackSettings(folder, track));
     EXPECT_EQ(track, (TrackSettings{false, 20, false}));
     for (const char* port :
          {"\"COM7\"\r\n\"4800\"\r\n", "\"7\"\r\n", "\"0\"\r\n\"4800\"\r\n", "\"7\"\r\n\"fast\"\r\n"}) {
-        Put("data.crm", port);
+        Folder.Write("data.crm", port);
         EXPECT_FALSE(ReadComSettings(folder)) << port;
     }
-    Put("kartendaten.crm", "\"M\xFCnchen.jpg\"\r\n\"Alpen\"\r\n");
+    Folder.Write("kartendaten.crm", "\"M\xFCnchen.jpg\"\r\n\"Alpen\"\r\n");
     EXPECT_EQ(ReadLastChoice(folder), (LastChoice{"München.jpg", "Alpen"}));
     std::filesystem::create_directory(folder / "symbol.crm");
     EXPECT_FALSE(ReadSymbol(folder));

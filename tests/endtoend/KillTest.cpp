@@ -1,15 +1,12 @@
 #include <algorithm>
 #include <chrono>
 #include <csignal>
-#include <cstdlib>
 #include <iostream>
 #include <random>
 #include <thread>
 
 #include "ProgramUnderTest.h"
-
-#include "store/Connection.h"
-#include "store/Statement.h"
+#include "support/Rows.h"
 
 namespace ornivane {
 
@@ -77,7 +74,7 @@ private:
              {StoreKind::Data, StoreKind::Track, StoreKind::Luftraum, StoreKind::Airfields}) {
             Connection each;
             each.Open(Folder() / StoreFileName(kind), Connection::Mode::ReadWrite);
-            EXPECT_EQ(Rows(each, "PRAGMA integrity_check"), std::vector<std::string>{"ok|"})
+            EXPECT_EQ(Rows(each, "PRAGMA integrity_check"), std::vector<std::string>{"ok"})
                 << StoreFileName(kind);
         }
         Connection store;
@@ -95,14 +92,7 @@ private:
         rows = now;
     }
     static std::vector<std::string> Rows(Connection& store, const char* sql) {
-        std::vector<std::string> rows;
-        for (Statement statement(store, sql); statement.Step();) {
-            std::string row;
-            for (int column = 0; column < statement.ColumnCount(); ++column)
-                row += std::string(statement.Text(column)) + "|";
-            rows.push_back(row);
-        }
-        return rows;
+        return RowsOf(store, sql, NumbersAs::Stored, "|");
     }
 
     std::mt19937 chance;

@@ -1,4 +1,5 @@
 #include "ProgramUnderTest.h"
+#include "support/PtyLine.h"
 
 namespace ornivane {
 
@@ -17,15 +18,16 @@ protected:
 };
 
 TEST_F(Link, ChecksThePortAndShowsTheFlight) {
-    StartReceiver();
+    const PtyLine line(Folder() / "Ports/COM1"); // silent: the first sentence takes the status away
     Connect();
     EXPECT_TRUE(program->Visible("picGPSCheck0"));
     EXPECT_FALSE(program->Visible("cmdGPS"));
     EXPECT_EQ(program->Text("lblStatus"), "Checking COM 1");
+    line.Send("$GPRMC,120000,A,5030.000,N,00700.000,E,100.0,090.0,221126,,*13\r\n");
     EXPECT_TRUE(Becomes("visible picGPSCheck1", "yes"));
     EXPECT_FALSE(program->Visible("picGPSCheck0"));
     EXPECT_TRUE(Becomes("visible lblStatus", "no"));
-    EXPECT_NE(program->Text("lblLat"), "---");
+    EXPECT_EQ(program->Text("lblLat"), "N 50° 30.000'");
 
     program->Click("picGPSCheck1");
     EXPECT_TRUE(program->Visible("cmdGPS"));

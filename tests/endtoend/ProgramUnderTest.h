@@ -2,11 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <memory>
-#include <string>
 #include <vector>
 
 #include "launch/RunningProgram.h"
@@ -30,13 +26,8 @@ protected:
     }
 
     const std::filesystem::path& Folder() const { return folder.Path(); }
-    void WriteFile(const char* name, const std::string& bytes) const {
-        std::ofstream(Folder() / name, std::ios::binary) << bytes;
-    }
-    std::string FileBytes(const char* name) const {
-        std::ifstream file(Folder() / name, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
+    void WriteFile(const char* name, const std::string& bytes) const { folder.Write(name, bytes); }
+    std::string FileBytes(const char* name) const { return folder.Bytes(name); }
 
     // Starts it without waiting for anything.
     std::unique_ptr<RunningProgram> Launch() const {

@@ -4,7 +4,6 @@
 #include <fstream>
 #include <sstream>
 
-#include "base/Numbers.h"
 #include "base/RuntimeError.h"
 #include "common/SettingsFiles.h"
 #include "flightplan/PlanFixture.h"
@@ -211,12 +210,9 @@ TEST_F(FlightPlanTest, AWindOfASavedPlanThatIsTooLongIsToldWithItsPlace) {
     ASSERT_NE(file.find(saved), std::string::npos);
     file.replace(file.find(saved), saved.size(), "Windrichtung='123.456' Windstärke='7.25'");
     WriteFileAtomically(PlanFile("R"), file);
-    try {
-        Plan->cmdRevert_Click();
-        FAIL() << Cell(2, "Wind");
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(DescribeError(error, Language()), "Überlauf (6): P2: Wind 123.456 / 7.25");
-    }
+    const auto error = ErrorOf([&] { Plan->cmdRevert_Click(); });
+    ASSERT_TRUE(error) << Cell(2, "Wind");
+    EXPECT_EQ(DescribeError(*error, Language()), "Überlauf (6): P2: Wind 123.456 / 7.25");
     EXPECT_EQ(Cell(2, "Wind"), "0 / 0");
     Plan->cmdCalc_Click(); // the way out: what stands above, for every leg
     Plan->Form_Deactivate();
@@ -297,7 +293,7 @@ TEST_F(FlightPlanTest, APlanIsKeptByRouteAndFoundAgainByItsPoints) {
 TEST_F(FlightPlanTest, EditsThatCannotBeSavedKeepTheirPlan) {
     AddPlan("A", {{50, 7}, {51, 7}});
     AddPlan("B", {{50, 7}, {50, 8}});
-    std::ofstream(Folder.Path() / "Flugplan") << "no folder";
+    Folder.Write("Flugplan", "no folder");
     Start();
     Plan->cmbRoute_Click(1); // nothing would be lost
     EXPECT_EQ(Plan->tDatei, "B");

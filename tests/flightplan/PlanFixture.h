@@ -2,16 +2,13 @@
 
 #include <map>
 #include <memory>
-#include <string>
 #include <utility>
-#include <vector>
 
 #include <gtest/gtest.h>
 
 #include "flightplan/FlightPlan.h"
 #include "support/FlightFolder.h"
 #include "support/MapFakes.h"
-#include "support/ScriptedDialogs.h"
 
 namespace ornivane {
 
@@ -20,17 +17,13 @@ class FlightPlanTest : public testing::Test, protected FlightFolder {
 protected:
     using Places = std::vector<std::pair<double, double>>;
 
-    // Points are named after their number; their ids are 1, 2 ... unless given.
-    void AddPlan(const std::string& route, const Places& places, const std::vector<int>& ids = {}) {
-        Shared.DataConn.Execute("INSERT INTO Route (Nummer, Name) SELECT count(*) + 1, ? FROM Route",
-                                {route});
+    // Points are named after their number; their ids are 1, 2 ...
+    void AddPlan(const std::string& route, const Places& places) {
+        AddRoute(route, std::vector<double>(places.size()));
         for (std::size_t i = 0; i < places.size(); ++i)
-            Shared.DataConn.Execute("INSERT INTO GpsPoints (Nummer, RouteID, PointID, Name, Lat, Long) "
-                                    "SELECT ?, max(RouteID), ?, ?, "
-                                    "?, ? FROM Route",
-                                    {static_cast<int>(i + 1),
-                                     i < ids.size() ? ids[i] : static_cast<int>(i + 1),
-                                     "P" + std::to_string(i + 1), places[i].first, places[i].second});
+            Shared.DataConn.Execute("UPDATE GpsPoints SET Lat = ?, Long = ? WHERE Nummer = ? AND RouteID = "
+                                    "(SELECT max(RouteID) FROM Route)",
+                                    {places[i].first, places[i].second, static_cast<int>(i + 1)});
     }
     FlightPlan& Start() {
         Plan = std::make_unique<FlightPlan>(Shared, Shared, Shared.DataConn, Boxes, Notices);

@@ -1,7 +1,5 @@
 #include "flightplan/Report.h"
 
-#include <algorithm>
-
 #include <gtest/gtest.h>
 
 #include "flightplan/PlanRow.h"

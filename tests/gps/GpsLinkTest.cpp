@@ -1,11 +1,7 @@
 #include <gmock/gmock.h>
 
-#include <fstream>
-
-#include "GpsFakes.h"
 #include "common/SettingsFiles.h"
-#include "support/SetClock.h"
-#include "support/TemporaryFolder.h"
+#include "support/PortWorld.h"
 
 namespace ornivane {
 namespace {
@@ -17,10 +13,9 @@ const std::string Fix = Sentence("GPRMC,123519,A,,,,,,,") + "\r\n";
 const std::string NoFixYet = Sentence("GPRMC,123519,V,,,,,,,") + "\r\n";
 const std::string Text = Sentence("GPTXT,hello") + "\r\n";
 
-class GpsLinkTest : public testing::Test, protected NmeaListener {
+class GpsLinkTest : public testing::Test, protected PortWorld, protected NmeaListener {
 protected:
     GpsLinkTest() {
-        Shared.ProgramFolder = Folder.Path();
         Shared.EnglishUI = 1;
         WriteComSettings(Folder.Path(), {"7", "9600"});
         Link.Form_Activate();
@@ -50,12 +45,6 @@ protected:
         Calls.clear();
     }
 
-    TemporaryFolder Folder;
-    FakePort Port;
-    FakeTimer Timer;
-    ScriptedDialogs Dialogs;
-    SetClock Clock;
-    Variablen Shared;
     std::string Calls;
     bool RouteIsDamaged = false;
     NmeaInterpreter gps{*this};
@@ -312,7 +301,7 @@ TEST_F(GpsLinkTest, FliesABaudRateThatNoListOffers) {
 
 TEST_F(GpsLinkTest, MakesTheSettingsFileAnewWhenItCannotBeRead) {
     for (const char* damage : {"", "\"COM7\",\"4800\"\r\n", "\"7\"\r\n", "\"7\"\r\n\"fast\"\r\n"}) {
-        std::ofstream(Folder.Path() / "data.crm", std::ios::binary) << damage;
+        Folder.Write("data.crm", damage);
         Com.TakeSettings();
         EXPECT_EQ(Com.ComPort, 1) << damage;
         EXPECT_EQ(Com.LineSettings, "9600,n,8,1") << damage;

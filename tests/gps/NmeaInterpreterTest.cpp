@@ -19,14 +19,8 @@ struct Interpreter {
         return Log.Events;
     }
     ErrorNumber ErrorOf(const std::string& body) {
-        Log.Events.clear();
-        try {
-            gps.Parse(Sentence(body));
-        } catch (const RuntimeError& error) {
-            return error.Number();
-        }
-        ADD_FAILURE() << "no error: " << body;
-        return {};
+        const auto error = ornivane::ErrorOf([&] { EventsOf(body); });
+        return error ? error->Number() : ErrorNumber{};
     }
 };
 

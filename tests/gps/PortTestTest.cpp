@@ -1,11 +1,9 @@
 #include <gmock/gmock.h>
 
-#include "GpsFakes.h"
 #include "base/Strings.h"
 #include "common/SettingsFiles.h"
 #include "gps/PortTest.h"
-#include "support/SetClock.h"
-#include "support/TemporaryFolder.h"
+#include "support/PortWorld.h"
 
 namespace ornivane {
 namespace {
@@ -13,23 +11,26 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class PortTestTest : public testing::Test {
+class PortTestTest : public testing::Test, protected PortWorld {
 protected:
     PortTestTest() {
-        Shared.ProgramFolder = Folder.Path();
         Shared.EnglishUI = 1;
         Ports.Numbers = {2, 7, 20, 21};
         WriteComSettings(Folder.Path(), {"7", "9600"});
         Screen.Form_Activate();
     }
 
-    TemporaryFolder Folder;
-    FakePort Port;
-    FakeTimer Timer;
-    FakePortList Ports;
-    ScriptedDialogs Dialogs;
-    SetClock Clock;
-    Variablen Shared;
+    std::optional<ComSettings> Saved() const { return ReadComSettings(Folder.Path()); }
+    // What is told of the fix: its status, the latitude and the satellites.
+    std::array<std::string, 3> Fix() const {
+        return {Screen.LabelStatus().Caption, Screen.lblLat, Screen.lblSatellites()};
+    }
+    void Receive(const std::string& body) { Port.Receive(Sentence(body) + "\r\n"); }
+    void Check(int com) {
+        Screen.SelectedCom = com;
+        Screen.cmdCheck_Click();
+    }
+
     PortTest Screen{Port, Timer, Ports, Dialogs, Clock, Shared, Shared, [] {}};
 };
 
@@ -63,15 +64,15 @@ TEST_F(PortTestTest, OffersWhatIsThereWhenTheSavedPortIsGoneAndSaysSo) {
         Shared.EnglishUI = 0;
         EXPECT_EQ(Screen.lblHint(), "COM 7 gibt es nicht. Anderen wählen und überprüfen: " + there);
         Screen.Form_Deactivate();
-        EXPECT_EQ(ReadComSettings(Folder.Path())->Port, "7") << "looking is not choosing";
+        EXPECT_EQ(Saved()->Port, "7") << "looking is not choosing";
     }
     Screen.Form_Activate();
     Screen.cmdCheck_Click();
     EXPECT_THAT(Port.Attempts, ElementsAre(2));
     EXPECT_EQ(Screen.lblHint(), "");
-    Port.Receive(Sentence("GPRMC,120000,A,4807.0,N,01131.0,E,,,") + "\r\n");
+    Receive("GPRMC,120000,A,4807.0,N,01131.0,E,,,");
     Timer.Fire(2);
-    EXPECT_EQ(ReadComSettings(Folder.Path())->Port, "2");
+    EXPECT_EQ(Saved()->Port, "2");
     EXPECT_EQ(Screen.lblHint(), "");
 
     // Nothing was ever saved.
@@ -87,23 +88,23 @@ TEST_F(PortTestTest, KeepsABaudRateThatTheListLacks) {
     EXPECT_THAT(Screen.BaudRates, ElementsAre("4800", "9600", "19200", "38400", "57600", "115200"));
     EXPECT_EQ(Screen.BaudRates.at(Screen.cmbBaud), "115200");
     Screen.Form_Deactivate();
-    EXPECT_EQ(ReadComSettings(Folder.Path()), (ComSettings{"7", "115200"}));
+    EXPECT_EQ(Saved(), (ComSettings{"7", "115200"}));
     Screen.Form_Activate();
     Screen.cmdCheck_Click();
     EXPECT_EQ(Port.Settings, "115200,n,8,1");
     Port.Receive("$");
     Timer.Fire(2);
-    EXPECT_EQ(ReadComSettings(Folder.Path()), (ComSettings{"7", "115200"}));
+    EXPECT_EQ(Saved(), (ComSettings{"7", "115200"}));
 
     // A test that fails, of this rate or of another, leaves it; one that passes writes the rate chosen.
     Screen.cmbBaud = 2;
     Screen.cmdCheck_Click();
     Timer.Fire(2);
-    EXPECT_EQ(ReadComSettings(Folder.Path()), (ComSettings{"7", "115200"}));
+    EXPECT_EQ(Saved(), (ComSettings{"7", "115200"}));
     Screen.cmdCheck_Click();
     Port.Receive("$");
     Timer.Fire(2);
-    EXPECT_EQ(ReadComSettings(Folder.Path()), (ComSettings{"7", "19200"}));
+    EXPECT_EQ(Saved(), (ComSettings{"7", "19200"}));
     Screen.Form_Activate();
     EXPECT_EQ(Screen.BaudRates.size(), 5u);
     EXPECT_EQ(Screen.cmbBaud, 2u);
@@ -121,22 +122,21 @@ TEST_F(PortTestTest, SavesPortAndBaudRateOnlyWhenDataCame) {
     EXPECT_EQ(Screen.lblComVerbindung().Caption, "COM 20 connected");
     EXPECT_EQ(Screen.lblComVerbindung().ForeColor, PortTest::Green);
     Timer.Fire();
-    EXPECT_EQ(ReadComSettings(Folder.Path())->Port, "7");
+    EXPECT_EQ(Saved()->Port, "7");
     Timer.Fire();
     EXPECT_EQ(Screen.lblStatus(), "OK - Data saved");
-    EXPECT_EQ(ReadComSettings(Folder.Path()), (ComSettings{"20", "57600"}));
+    EXPECT_EQ(Saved(), (ComSettings{"20", "57600"}));
     EXPECT_FALSE(Screen.IsTesting());
     EXPECT_EQ(Timer.Interval(), 0);
 
     // Another port without data: what the first one sent does not count.
     Shared.EnglishUI = 0;
-    Screen.SelectedCom = 2;
-    Screen.cmdCheck_Click();
+    Check(2);
     EXPECT_EQ(Screen.lblStatus(), "COM 2 wird überprüft");
     Timer.Fire(2);
     EXPECT_EQ(Screen.lblStatus(), "Kein Signal an COM 2");
     EXPECT_TRUE(Port.IsOpen());
-    EXPECT_EQ(ReadComSettings(Folder.Path())->Port, "20");
+    EXPECT_EQ(Saved()->Port, "20");
 }
 
 TEST_F(PortTestTest, TellsOfAPortThatDoesNotOpenAndEndsTheTest) {
@@ -156,21 +156,20 @@ TEST_F(PortTestTest, TellsOfAPortThatDoesNotOpenAndEndsTheTest) {
 }
 
 TEST_F(PortTestTest, APortThatVanishesDuringItsTestHasNotPassed) {
-    Screen.SelectedCom = 20;
-    Screen.cmdCheck_Click();
-    Port.Receive(Sentence("GPRMC,120000,A,4807.0,N,01131.0,E,,,") + "\r\n");
+    Check(20);
+    Receive("GPRMC,120000,A,4807.0,N,01131.0,E,,,");
     Timer.Fire();
     Port.HangUp();
     EXPECT_EQ(Screen.lblComVerbindung().Caption, "No COM Connection");
     Port.Failure = ErrorNumber::FileNotFound;
     Timer.Fire();
     EXPECT_EQ(Screen.lblStatus(), "COM 20 does not exist");
-    EXPECT_EQ(ReadComSettings(Folder.Path())->Port, "7");
+    EXPECT_EQ(Saved()->Port, "7");
 }
 
 TEST_F(PortTestTest, TellsOfDataThatNoReceiverSendsAtTheRightBaudRate) {
     Screen.cmdCheck_Click();
-    Port.Receive(Sentence("GPRMC,120000,A,4807.0,N,01131.0,E,,,") + "\r\n");
+    Receive("GPRMC,120000,A,4807.0,N,01131.0,E,,,");
     Screen.cmbBaud = 4;
     Screen.cmdCheck_Click(); // what was said at the right one does not count
     for (int i = 0; i < 5; ++i) Port.Receive("\xF8\x80\xFE" + std::string(60, '\x86'));
@@ -183,50 +182,49 @@ TEST_F(PortTestTest, TellsOfDataThatNoReceiverSendsAtTheRightBaudRate) {
 }
 
 TEST_F(PortTestTest, ChangesTheLanguageOfWhatItShows) {
-    EXPECT_EQ(Screen.LabelStatus().Caption + Screen.lblSatellites(), "No GPS fixNumber of satellites = ");
+    EXPECT_THAT(Fix(), ElementsAre("No GPS fix", "---", "Number of satellites = "));
     Screen.cmdCheck_Click();
-    Port.Receive(Sentence("GPRMC,,A,4807.0,N,01131.0,E,,,") + "\r\n" + Sentence("GPGGA,,,,,,1,06,,,,,,,") +
-                 "\r\n" + Sentence("GPGSV,1,1,11") + "\r\n");
+    for (const char* body : {"GPRMC,,A,4807.0,N,01131.0,E,,,", "GPGGA,,,,,,1,06,,,,,,,", "GPGSV,1,1,11"})
+        Receive(body);
     Shared.EnglishUI = 0;
     EXPECT_EQ(Screen.lblStatus(), "COM 7 wird überprüft");
     EXPECT_EQ(Screen.lblComVerbindung().Caption, "COM 7 Verbindung hergestellt");
     EXPECT_EQ(Screen.lblSatellites(), "Anzahl Satelliten = 6 / 11");
     Screen.Form_Deactivate();
-    EXPECT_EQ(Screen.lblStatus() + Screen.lblComVerbindung().Caption, "Keine COM Verbindung");
-    EXPECT_EQ(Screen.LabelStatus().Caption + Screen.lblSatellites(), "Kein GPS fixAnzahl Satelliten = ");
+    EXPECT_EQ(Screen.lblStatus(), "");
+    EXPECT_EQ(Screen.lblComVerbindung().Caption, "Keine COM Verbindung");
+    EXPECT_THAT(Fix(), ElementsAre("Kein GPS fix", "---", "Anzahl Satelliten = "));
 }
 
 TEST_F(PortTestTest, ATestWhoseResultCannotBeKeptIsOverAllTheSame) {
     std::filesystem::remove(Folder.Path() / "data.crm");
     std::filesystem::create_directory(Folder.Path() / "data.crm"); // no file can take this name
-    Screen.SelectedCom = 7;
-    Screen.cmdCheck_Click();
+    Check(7);
     Port.Receive("$");
     EXPECT_THROW(Timer.Fire(2), RuntimeError);
     EXPECT_FALSE(Screen.IsTesting());
-    EXPECT_EQ(Screen.lblStatus() + Screen.lblComVerbindung().Caption, "COM 7 connected");
+    EXPECT_EQ(Screen.lblStatus(), "");
+    EXPECT_EQ(Screen.lblComVerbindung().Caption, "COM 7 connected");
 }
 
 TEST_F(PortTestTest, ShowsFixSatellitesAndPositionOnlyWithAFix) {
     Screen.cmdCheck_Click();
-    const auto rmc = [](const char* status) {
-        return Sentence(std::string("GPRMC,,") + status + ",4807.0,N,01131.0,E,,,") + "\r\n";
+    const auto receive = [this](const char* status) {
+        Receive(std::string("GPRMC,,") + status + ",4807.0,N,01131.0,E,,,");
+        Receive("GPGGA,,,,,,1,06,,,,,,,");
+        Receive("GPGSV,1,1,11");
     };
-    const std::string satellites =
-        Sentence("GPGGA,,,,,,1,06,,,,,,,") + "\r\n" + Sentence("GPGSV,1,1,11") + "\r\n";
-    Port.Receive(rmc("V") + satellites);
-    EXPECT_EQ(Screen.LabelStatus().Caption + Screen.lblLat + Screen.lblSatellites(),
-              "No GPS Fix---Number of satellites = -/-");
-    Port.Receive(rmc("A") + satellites);
-    EXPECT_EQ(Screen.LabelStatus().Caption, "GPS Fix");
+    const auto noFix = ElementsAre("No GPS Fix", "---", "Number of satellites = -/-");
+    receive("V");
+    EXPECT_THAT(Fix(), noFix);
+    receive("A");
+    EXPECT_THAT(Fix(), ElementsAre("GPS Fix", "N 48° 07.0'", "Number of satellites = 6 / 11"));
     EXPECT_EQ(Screen.LabelStatus().ForeColor, PortTest::Green);
-    EXPECT_EQ(Screen.lblLat + Screen.lblLong, "N 48° 07.0'E 011° 31.0'");
-    EXPECT_EQ(Screen.lblSatellites(), "Number of satellites = 6 / 11");
+    EXPECT_EQ(Screen.lblLong, "E 011° 31.0'");
 
     Port.HangUp();
     EXPECT_EQ(Screen.lblComVerbindung().ForeColor, PortTest::Red);
-    EXPECT_EQ(Screen.LabelStatus().Caption + Screen.lblLat + Screen.lblSatellites(),
-              "No GPS Fix---Number of satellites = -/-");
+    EXPECT_THAT(Fix(), noFix);
 }
 
 TEST_F(PortTestTest, ShowsTheFixOfAReceiverOfSeveralSystemsAndItsInputAsItWasSent) {
@@ -235,7 +233,8 @@ TEST_F(PortTestTest, ShowsTheFixOfAReceiverOfSeveralSystemsAndItsInputAsItWasSen
     Port.Receive(sentence.substr(0, 9));
     EXPECT_EQ(Screen.tGPS(), "");
     Port.Receive(sentence.substr(9) + "\r\n");
-    EXPECT_EQ(Screen.LabelStatus().Caption + Screen.lblLat, "GPS FixN 48° 07.0'");
+    EXPECT_EQ(Screen.LabelStatus().Caption, "GPS Fix");
+    EXPECT_EQ(Screen.lblLat, "N 48° 07.0'");
     EXPECT_EQ(Screen.tGPS(), sentence);
 }
 

@@ -1,14 +1,10 @@
 #include <gmock/gmock.h>
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
+#include <iostream>
 #include <random>
 
-#include "GpsFakes.h"
 #include "base/Strings.h"
-#include "support/SetClock.h"
+#include "support/PortWorld.h"
 
 namespace ornivane {
 namespace {
@@ -18,7 +14,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 // A receiver behind a port, and all that the link's listener hears of it.
-struct Stream {
+struct Stream : PortWorld {
     Stream() { Link.cmdGPS_Click(); }
 
     const std::vector<std::string>& EventsOf(const std::string& chunk) {
@@ -27,11 +23,6 @@ struct Stream {
         return Log.Events;
     }
 
-    FakePort Port;
-    FakeTimer Timer;
-    ScriptedDialogs Dialogs;
-    SetClock Clock;
-    Variablen Shared;
     EventLog Log;
     NmeaInterpreter gps{Log};
     NmeaSink Sentences{gps, Clock, Shared};
@@ -39,10 +30,9 @@ struct Stream {
     GpsLink Link{Com, Sentences, Timer, Dialogs, Shared, [](LinkAction) {}};
 };
 
-std::string BytesOf(const fs::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
+const char* const Recordings[] = {"flight", "flight-gn"};
+fs::path Golden(const std::string& name) { return fs::path(SOURCE_DIR) / "tests/gps/golden" / name; }
+std::string BytesOf(const fs::path& file) { return ReadWholeFile(file).value_or("none"); }
 
 // What was said at once: from one sentence of the kind that comes first to the next.
 std::vector<std::string> BurstsOf(const std::string& recording) {
@@ -88,31 +78,36 @@ void ExpectTheSameHoweverItIsCut(const std::string& recording, const std::string
     }
 }
 
-// ORNIVANE_RECORDING names a further recording to try.
-TEST(ReceiverStream, SaysTheSameHoweverItIsCut) {
-    const fs::path folder = fs::path(SOURCE_DIR) / "tests/gps/golden";
-    for (const char* name : {"flight", "flight-gn"}) {
+// Every recording in golden/ beside its list of events. With ORNIVANE_REBUILD_GOLDEN set the lists are
+// written anew, to be read before they are committed; ORNIVANE_RECORDING names a further recording, whose
+// list is printed.
+TEST(ReceiverStream, SaysWhatItSaidBeforeHoweverItIsCut) {
+    const auto whole = [](const std::string& recording) {
+        return EventsOfCut(BurstsOf(recording), [] { return std::string::npos / 2; });
+    };
+    for (const std::string name : Recordings) {
         SCOPED_TRACE(name);
-        const std::string recording = BytesOf(folder / (name + std::string(".nmea")));
-        ExpectTheSameHoweverItIsCut(recording, BytesOf(folder / (name + std::string(".events"))));
+        const std::string recording = BytesOf(Golden(name + ".nmea"));
+        if (std::getenv("ORNIVANE_REBUILD_GOLDEN"))
+            WriteFileAtomically(Golden(name + ".events"), whole(recording));
+        ExpectTheSameHoweverItIsCut(recording, BytesOf(Golden(name + ".events")));
     }
     if (const char* further = std::getenv("ORNIVANE_RECORDING")) {
         const std::string recording = BytesOf(further);
-        ExpectTheSameHoweverItIsCut(recording,
-                                    EventsOfCut(BurstsOf(recording), [] { return std::string::npos / 2; }));
+        std::cout << whole(recording);
+        ExpectTheSameHoweverItIsCut(recording, whole(recording));
     }
 }
 
 TEST(ReceiverStream, TakesEachLineEndThatReceiversAndModemsSend) {
-    const fs::path folder = fs::path(SOURCE_DIR) / "tests/gps/golden";
-    for (const char* name : {"flight", "flight-gn"})
+    for (const std::string name : Recordings)
         for (const std::string end : {"\n", "\r\r\n", "   \r\r\r\n"}) {
             std::string recording;
-            for (const std::string& line : Split(BytesOf(folder / (name + std::string(".nmea"))), "\r\n"))
+            for (const std::string& line : Split(BytesOf(Golden(name + ".nmea")), "\r\n"))
                 recording += line + end;
             for (const std::size_t size : {std::size_t{1}, std::size_t{61}, recording.size()})
                 EXPECT_TRUE(EventsOfCut({recording}, [&] { return size; }) ==
-                            BytesOf(folder / (name + std::string(".events"))))
+                            BytesOf(Golden(name + ".events")))
                     << name << testing::PrintToString(end) << size;
         }
     // A carriage return alone ends none: it may be the first half of a line end that is cut.

@@ -17,7 +17,7 @@ namespace {
 class AirspaceDrawingTest : public testing::Test {
 protected:
     // One degree is 400 pixels, 49° N 6° E at the lower left.
-    const MapTransform Transform{{Longitude(6), Latitude(49), 800, 40, 40}, {0, 0, 800, 800}, 800, 800};
+    const MapTransform Transform{{Longitude(6), Latitude(49), 800, 40, 40}, {0, 0, 800, 800}, {800, 800}};
     void Draw(const std::vector<AirspaceElement>& elements, bool texts = true) {
         Surface.Drawn.clear();
         Drawing.Draw({Surface, Transform, 0, texts}, elements);

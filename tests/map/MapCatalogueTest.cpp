@@ -24,19 +24,11 @@ protected:
     std::vector<std::string> Covering(double north, double east) {
         return Catalogue.Covering({Latitude(north), Longitude(east)});
     }
-    static MapFrame Frame(const FrameEdges& edges, double width = 2000, double height = 1000) {
-        const auto [bottom, top, left, right] = edges;
-        return {StoredLatitude(bottom),
-                StoredLatitude(top),
-                StoredLongitude(left),
-                StoredLongitude(right),
-                width,
-                height};
+    static ChartPlacement Placed(const FrameEdges& edges, double width = 2000, double height = 1000) {
+        return ChartPlacement().WithEdges(edges).WithSize({width, height});
     }
-    static ErrorNumber ScaleError(const MapFrame& frame) {
-        const auto error = ErrorOf([&] { static_cast<void>(MapCatalogue::ScaleOf(frame)); });
-        return error ? error->Number() : ErrorNumber{};
-    }
+    static ChartPlacement Edges(const FrameEdges& edges) { return ChartPlacement().WithEdges(edges); }
+    ChartPlacement PlacementOf(const std::string& name) { return ChartPlacement::FromRow(Row(name)); }
 
     MapCatalogue Catalogue{Shared.DataConn};
     Recordset All;
@@ -65,26 +57,17 @@ TEST_F(MapCatalogueTest, StandsOnTheRowOfANameWhereverTheListStood) {
 }
 
 TEST_F(MapCatalogueTest, ReadsEdgesAlsoWhereTheSizeIsMissing) {
-    EXPECT_EQ(MapCatalogue::FrameOf(Row("alpha.jpg")), Frame({50, 51, 6, 8}));
+    EXPECT_EQ(PlacementOf("alpha.jpg"), Placed({50, 51, 6, 8}));
     Sql("UPDATE Maps SET Breite = NULL WHERE Name = 'alpha.jpg'");
-    EXPECT_EQ(MapCatalogue::EdgesOf(Row("alpha.jpg")), (FrameEdges{50, 51, 6, 8}));
-    EXPECT_THROW(MapCatalogue::FrameOf(All), RuntimeError);
+    EXPECT_EQ(ChartPlacement::EdgesFromRow(Row("alpha.jpg")), Edges({50, 51, 6, 8}));
+    EXPECT_THROW(ChartPlacement::FromRow(All), RuntimeError);
 }
 
 TEST_F(MapCatalogueTest, ADamagedTickKeepsNobodyFromSavingTheFrame) {
     Sql("UPDATE Maps SET Active = 'abc' WHERE Name = 'alpha.jpg'");
     All.Requery();
-    MapCatalogue::Write(All, {"alpha.jpg", {49, 50, 5, 7}, {}}, MapCatalogue::Tick::Keep);
-    EXPECT_EQ(MapCatalogue::EdgesOf(Row("alpha.jpg")), (FrameEdges{49, 50, 5, 7}));
-}
-
-TEST_F(MapCatalogueTest, AFrameWithoutExtentHasNoScale) {
-    const MapScale scale = MapCatalogue::ScaleOf(Frame({50, 51, 6, 8}));
-    EXPECT_EQ(scale.PixPerTenthLat, 100);
-    EXPECT_EQ(scale.PixPerTenthLong, 100);
-    EXPECT_EQ(ScaleError(Frame({50, 51, 6, 6})), ErrorNumber::DivisionByZero);
-    EXPECT_EQ(ScaleError(Frame({50, 51, 6, 8}, 2000, 0)), ErrorNumber::Overflow);
-    EXPECT_EQ(ScaleError(Frame({-1e308, 1e308, 6, 8})), ErrorNumber::Overflow);
+    MapCatalogue::Write(All, "alpha.jpg", Edges({49, 50, 5, 7}), MapCatalogue::Tick::Keep);
+    EXPECT_EQ(PlacementOf("alpha.jpg"), Placed({49, 50, 5, 7}));
 }
 
 TEST_F(MapCatalogueTest, CoversByTheFramesOfActiveChartsTheirEdgesIncluded) {
@@ -100,31 +83,29 @@ TEST_F(MapCatalogueTest, CoversByTheFramesOfActiveChartsTheirEdgesIncluded) {
 }
 
 TEST_F(MapCatalogueTest, WritesAChartWithItsTickAndKeepsWhatIsNotGiven) {
-    const MapCatalogue::Entry moved{"ALPHA.jpg", {40, 41, -9, -8}, {}};
-    MapCatalogue::Write(All, moved, MapCatalogue::Tick::Keep);
-    EXPECT_EQ(MapCatalogue::FrameOf(Row("alpha.jpg")), Frame({40, 41, -9, -8}));
+    const ChartPlacement moved = Edges({40, 41, -9, -8});
+    MapCatalogue::Write(All, "ALPHA.jpg", moved, MapCatalogue::Tick::Keep);
+    EXPECT_EQ(PlacementOf("alpha.jpg"), Placed({40, 41, -9, -8}));
     EXPECT_EQ(MapCatalogue::NameOf(All), "ALPHA.jpg");
     EXPECT_TRUE(MapCatalogue::IsActive(All));
-    MapCatalogue::Write(All, moved, MapCatalogue::Tick::Flip);
+    MapCatalogue::Write(All, "ALPHA.jpg", moved, MapCatalogue::Tick::Flip);
     EXPECT_FALSE(MapCatalogue::IsActive(Row("alpha.jpg")));
-    using Size = MapCatalogue::Entry::Pixels;
-    MapCatalogue::Write(All, {"new.jpg", {1, 2, 3, 4}, Size{30, 20}}, MapCatalogue::Tick::Keep);
-    EXPECT_EQ(MapCatalogue::FrameOf(Row("new.jpg")), Frame({1, 2, 3, 4}, 30, 20));
+    MapCatalogue::Write(All, "new.jpg", Placed({1, 2, 3, 4}, 30, 20), MapCatalogue::Tick::Keep);
+    EXPECT_EQ(PlacementOf("new.jpg"), Placed({1, 2, 3, 4}, 30, 20));
     EXPECT_FALSE(MapCatalogue::IsActive(All));
-    MapCatalogue::Write(All, {"ticked.jpg", {1, 2, 3, 4}, Size{30, 20}}, MapCatalogue::Tick::Flip);
+    MapCatalogue::Write(All, "ticked.jpg", Placed({1, 2, 3, 4}, 30, 20), MapCatalogue::Tick::Flip);
     EXPECT_TRUE(MapCatalogue::IsActive(Row("ticked.jpg")));
 }
 
 TEST_F(MapCatalogueTest, WhatIsRefusedIsNotWrittenWithTheNextMove) {
-    const MapCatalogue::Entry unsized{"new.jpg", {1, 2, 3, 4}, {}};
-    EXPECT_THROW(MapCatalogue::Write(All, unsized, MapCatalogue::Tick::Keep), RuntimeError);
+    const ChartPlacement unsized = Edges({1, 2, 3, 4});
+    EXPECT_THROW(MapCatalogue::Write(All, "new.jpg", unsized, MapCatalogue::Tick::Keep), RuntimeError);
     Sql("CREATE TRIGGER refuse BEFORE UPDATE ON Maps BEGIN SELECT RAISE(ABORT, 'no'); END");
-    EXPECT_THROW(MapCatalogue::Write(All, {"alpha.jpg", {1, 2, 3, 4}, {}}, MapCatalogue::Tick::Flip),
-                 RuntimeError);
+    EXPECT_THROW(MapCatalogue::Write(All, "alpha.jpg", unsized, MapCatalogue::Tick::Flip), RuntimeError);
     Sql("DROP TRIGGER refuse");
     All.MoveFirst();
     EXPECT_EQ(All.RecordCount(), 3);
-    EXPECT_EQ(MapCatalogue::EdgesOf(Row("alpha.jpg")), (FrameEdges{50, 51, 6, 8}));
+    EXPECT_EQ(PlacementOf("alpha.jpg"), Placed({50, 51, 6, 8}));
 }
 
 } // namespace

@@ -14,7 +14,7 @@ using Steps = std::vector<std::string>;
 class MapSymbolsTest : public Test {
 protected:
     // One degree is 1000 pixels, 50° N 6° E at the lower left of a view of 1:1.
-    const MapTransform Transform{{Longitude(6), Latitude(50), 400, 100, 100}, {0, 0, 800, 400}, 800, 400};
+    const MapTransform Transform{{Longitude(6), Latitude(50), 400, 100, 100}, {0, 0, 800, 400}, {800, 400}};
     DrawnSurface Surface;
 };
 
@@ -49,12 +49,10 @@ TEST_F(MapSymbolsTest, TheArrowPointsInTheDirectionOfFlight) {
 TEST_F(MapSymbolsTest, TheAeroplaneHasItsNoseOnThePositionAndTurnsRedWithoutAFix) {
     DrawAircraft(Surface, {100, 100}, 0, false, 2);
     ASSERT_EQ(Surface.Drawn.size(), 11u);
-    EXPECT_EQ(Surface.Drawn[0], "line 100,100 100,120 w10 #000000");
-    EXPECT_EQ(Surface.Drawn[1], "line 100,105 117,105 w10 #000000");
-    EXPECT_EQ(Surface.Drawn[2], "line 100,105 83,105 w10 #000000");
-    EXPECT_EQ(Surface.Drawn[3], "line 100,117 107,117 w8 #000000");
-    EXPECT_EQ(Surface.Drawn[4], "line 100,117 93,117 w8 #000000");
-    EXPECT_EQ(Surface.Drawn[5], "line 100,100 100,120 w2 #FF0000");
+    EXPECT_EQ(Steps(Surface.Drawn.begin(), Surface.Drawn.begin() + 6),
+              (Steps{"line 100,100 100,120 w10 #000000", "line 100,105 117,105 w10 #000000",
+                     "line 100,105 83,105 w10 #000000", "line 100,117 107,117 w8 #000000",
+                     "line 100,117 93,117 w8 #000000", "line 100,100 100,120 w2 #FF0000"}));
     EXPECT_EQ(Surface.Drawn[10], "circle 100,100 r1 w3 #80FFFF");
     EXPECT_EQ(Surface.Pen, 3);
 }

@@ -45,10 +45,10 @@ TEST(Viewport, CutsAPictureThatIsLessTallThanTheView) {
 TEST(Viewport, CentresAsFarAsThePictureReaches) {
     const ViewSizes sizes = Sizes();
     const SourceRect view{500, 500, 400, 200};
-    EXPECT_EQ(CentredOn(view, sizes, {400, 200}), view);
-    EXPECT_EQ(CentredOn(view, sizes, {600, 300}), (SourceRect{600, 550, 400, 200}));
-    EXPECT_EQ(CentredOn(view, sizes, {-5000, -5000}), (SourceRect{0, 0, 400, 200}));
-    EXPECT_EQ(CentredOn(view, sizes, {90000, 90000}), (SourceRect{1600, 1400, 400, 200}));
+    EXPECT_EQ(CentredOn(view, sizes, {700, 600}), view);
+    EXPECT_EQ(CentredOn(view, sizes, {800, 650}), (SourceRect{600, 550, 400, 200}));
+    EXPECT_EQ(CentredOn(view, sizes, {-2000, -2000}), (SourceRect{0, 0, 400, 200}));
+    EXPECT_EQ(CentredOn(view, sizes, {45500, 45500}), (SourceRect{1600, 1400, 400, 200}));
 }
 
 TEST(Viewport, DragsOneImagePixelForOneViewPixelAndStopsAtTheEdges) {
@@ -62,7 +62,7 @@ TEST(Viewport, DragsOneImagePixelForOneViewPixelAndStopsAtTheEdges) {
 TEST(MapTransform, GoesThereAndBack) {
     // 6 to 7.4 degrees east, 50.6 to 51.4 degrees north on 2800 x 2540 pixels.
     const MapScale scale{Longitude(6), Latitude(50.6), 2540, 2540 / 8.0, 2800 / 14.0};
-    const MapTransform transform(scale, {100, 50, 700, 350}, 1400, 700);
+    const MapTransform transform(scale, {100, 50, 700, 350}, {1400, 700});
     const Point corner = transform.ImageOf(At(51.4, 7.4));
     EXPECT_NEAR(corner.X, 2800, 1e-9);
     EXPECT_NEAR(corner.Y, 0, 1e-9);
@@ -71,13 +71,17 @@ TEST(MapTransform, GoesThereAndBack) {
         EXPECT_NEAR(back.Lat.Degrees(), position.Lat.Degrees(), 1e-9);
         EXPECT_NEAR(back.Long.Degrees(), position.Long.Degrees(), 1e-9);
     }
-    const ViewBounds all = MapTransform(scale, {0, 0, 2800, 2540}, 1400, 700).GetViewBounds();
+    const PictureSection section = transform.Section();
+    EXPECT_EQ((PixelRect{section.X, section.Y, section.AcrossX, section.DownY}),
+              (PixelRect{100, 50, 700, 350}));
+    EXPECT_TRUE(section.AcrossY == 0 && section.DownX == 0);
+    const ViewBounds all = MapTransform(scale, {0, 0, 2800, 2540}, {1400, 700}).GetViewBounds();
     EXPECT_DOUBLE_EQ(all.ViewNorth.Value(), 51.24);
     EXPECT_DOUBLE_EQ(all.ViewWest.Value(), 6.00);
     EXPECT_DOUBLE_EQ(all.ViewSouth.Value(), 50.36);
     EXPECT_DOUBLE_EQ(all.ViewEast.Value(), 7.24);
-    EXPECT_THROW(MapTransform(scale, {0, 0, 0, 0}, 1400, 700), RuntimeError);
-    EXPECT_THROW(MapTransform(scale, {0, 0, 10, 10}, 0, 700).GetViewBounds(), RuntimeError);
+    EXPECT_THROW(MapTransform(scale, {0, 0, 0, 0}, {1400, 700}), RuntimeError);
+    EXPECT_THROW(MapTransform(scale, {0, 0, 10, 10}, {0, 700}).GetViewBounds(), RuntimeError);
 }
 
 } // namespace

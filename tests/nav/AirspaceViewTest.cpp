@@ -1,4 +1,3 @@
-#include "base/RuntimeError.h"
 #include "common/SettingsFiles.h"
 #include "nav/FlyingScreenFixture.h"
 
@@ -9,8 +8,7 @@ namespace {
 class AirspaceViewTest : public FlyingScreenTest {
 protected:
     AirspaceViewTest() {
-        CreateStore(Folder.Path() / "Luftraum.ovd", StoreKind::Luftraum);
-        Shared.LuftraumConn.Open(Folder.Path() / "Luftraum.ovd", Connection::Mode::ReadWrite);
+        OpenAirspace();
         Shared.QNH = 1013;
         Shared.QNHDate = DateOf(Clock.Now());
     }
@@ -21,11 +19,6 @@ protected:
             "INSERT INTO Luftraum (\"Index\", PNumber, AspType, Low, High, LowType, HighType, Drawtype, Lat, "
             "Long, arcRad) VALUES (?, 1, ?, ?, ?, '', '', 'DC', ?, ?, 3)",
             {index, type, low, high, lat, longitude});
-    }
-    void OpenAirfields() {
-        CreateStore(Folder.Path() / "ovdata.ovd", StoreKind::Airfields);
-        Shared.AirfieldConn.Open(Folder.Path() / "ovdata.ovd", Connection::Mode::ReadWrite);
-        Shared.AirfieldStoreOpen = true;
     }
     // The whole chart, the aircraft over it.
     void Begin() {
@@ -48,10 +41,10 @@ TEST_F(AirspaceViewTest, ShowsWhatReachesWithin400FeetOfTheHeight) {
     Airspace(3, "A", 0, 1000);
     Begin();
     EXPECT_EQ(LabelsAt("3000"), 0);
-    Screen->Airspace.cmdLR1_Click();
+    Screen->Airspace.SetAirspace(true, false);
     EXPECT_GT(Surface.Count("w5 #FF0000"), 0);
     EXPECT_EQ(LabelsAt("3000"), 0); // without heights
-    Screen->Airspace.cmdLR2_Click();
+    Screen->Airspace.SetAirspace(true, true);
     for (const auto& [altitude, shown] :
          {std::pair{"1599", 0}, {"1600", 1}, {"4400", 1}, {"4401", 0}, {"---", 0}, {"5100", 1}})
         EXPECT_EQ(LabelsAt(altitude), shown) << altitude;
@@ -65,7 +58,7 @@ TEST_F(AirspaceViewTest, ShowsWhatReachesWithin400FeetOfTheHeight) {
     for (int i = 10; i < 41; ++i) Airspace(i, "D", 2000, 4000);
     EXPECT_EQ(LabelsAt("3000"), 32);
     EXPECT_EQ(Screen->Airspace.lblQNHColour, AirspaceView::ManyAirspaces);
-    Screen->Airspace.picLR3_Click();
+    Screen->Airspace.SetAirspace(false, false);
     EXPECT_FALSE(Screen->Airspace.frmQNH);
     EXPECT_EQ(LabelsAt("3000"), 0);
 }
@@ -77,12 +70,12 @@ TEST_F(AirspaceViewTest, PatternsHaveNoUpperLimitAndTheirOwnWindow) {
     Airspace(4, "D", 0, 9000, 51.05);
     Begin();
     Screen->State.lblAlt = Showing("2000");
-    Screen->Airspace.cmdPR_Click();
+    Screen->SetFlag(&DisplayFlags::ShowPatterns, true);
     EXPECT_EQ(Surface.Count(" w5 #"), 13); // number 1 alone; its arcs are red and black
     EXPECT_FALSE(Screen->Airspace.frmQNH);
-    Screen->Airspace.cmdLR1_Click();
+    Screen->Airspace.SetAirspace(true, false);
     EXPECT_EQ(Surface.Count(" w5 #"), 26); // the other kind is found beyond the view
-    Screen->Airspace.picPR_Click();
+    Screen->SetFlag(&DisplayFlags::ShowPatterns, false);
     EXPECT_EQ(Surface.Count(" w5 #"), 13);
 }
 
@@ -113,11 +106,11 @@ TEST_F(AirspaceViewTest, ADamagedRowEndsTheSelectionAndNotTheRedraw) {
         "(2, 1, 'D', 0, 9000, 'DB', 50.30, 6.30)");
     Airspace(3, "D", 0, 9000);
     Begin();
-    Screen->Airspace.cmdLR1_Click();
+    Screen->Airspace.SetAirspace(true, false);
     EXPECT_EQ(Surface.Count(" w5 #"), 13);  // the first one
     EXPECT_EQ(Surface.Count("#80FFFF"), 1); // and the aircraft
     Screen->UpdateMap();
-    Screen->Airspace.cmdLR2_Click();
+    Screen->Airspace.SetAirspace(true, true);
     const std::vector<std::string> told{
         "Nicht alle Lufträume sind auf der Karte: es fehlt ein Wert (Luftraum.ovd, Index 2: PNumber 1)."};
     EXPECT_EQ(Notices.Shown, told); // once
@@ -167,18 +160,17 @@ TEST_F(AirspaceViewTest, AirfieldsShowRunwayAndRadioInThreeStages) {
     Begin();
     EXPECT_EQ(Surface.Count("r10"), 0); // off: an airfield shows nothing at all
     EXPECT_EQ(Surface.Count("r5 w4 #FF0000"), 1);
-    Screen->Airspace.cmdAPT1_Click();
+    Screen->Airspace.SetAirfields(true, false);
     EXPECT_EQ(Surface.Count("r10 w6 #000080"), 3);
     EXPECT_EQ(Surface.Count("#C0C0C0"), 2); // the bar of the paved one, in both directions
-    EXPECT_EQ(Surface.Count("#00FF00"), 0 + 0) << "a heading that is no number has no bar";
+    EXPECT_EQ(Surface.Count("#00FF00"), 0) << "a heading that is no number has no bar";
     EXPECT_EQ(Surface.Count("[ EDAA ]"), 1);
     EXPECT_EQ(Surface.Count("1160 m"), 0);
-    Screen->Airspace.cmdAPT2_Click();
+    Screen->Airspace.SetAirfields(true, true);
     EXPECT_EQ(Surface.Count("[ 09/27 - 1160 m  ]"), 1);
     EXPECT_EQ(Surface.Count("[ 18/36 - 700.5 m  ]"), 1);
     EXPECT_EQ(Surface.Count("[  - 0 m  ]"), 1);
-    EXPECT_EQ(Surface.Count("[ A Turm 118.1 ]"),
-              1); // the first that is a tower; the region's service is not his
+    EXPECT_EQ(Surface.Count("[ A Turm 118.1 ]"), 1); // the first tower; the region's service is not his
     EXPECT_EQ(Surface.Count("[ A ATIS 124.1 ]"), 1);
     EXPECT_EQ(Surface.Count("[ Platz Info 122.5 ]"), 1);
     // Only route points: airfields stay, other waypoints go.
@@ -187,7 +179,7 @@ TEST_F(AirspaceViewTest, AirfieldsShowRunwayAndRadioInThreeStages) {
     Screen->cmdShowPoints_Click();
     EXPECT_EQ(Surface.Count("r10"), 3);
     EXPECT_EQ(Surface.Count("[ Stadt ]"), 0);
-    Screen->Airspace.picAPT3_Click();
+    Screen->Airspace.SetAirfields(false, false);
     EXPECT_EQ(Surface.Count("r10"), 0);
 }
 
@@ -218,7 +210,7 @@ TEST_F(AirspaceViewTest, AnAirfieldWithoutARunwayOfItsKindIsToldAsThat) {
     Shared.AirfieldConn.Execute("INSERT INTO ARPT VALUES ('EDAA', 1160, 0, 50.5, 6.5), ('EDBB', 0, 0, 50.5, "
                                 "6.6), ('EDCC', 'long', 0, 50.5, 6.7)");
     Shared.AirfieldConn.Execute("INSERT INTO RWY VALUES ('EDAA', 2000, '1', '01/19', '010')");
-    Sql("INSERT INTO Waypoints (Name, Lat, Long, Kategorie) VALUES ('EDAA', 50.30, 6.30, '')");
+    AddWaypoint("EDAA", 50.30, 6.30);
     Begin();
     Screen->UpdateMap();
     EXPECT_EQ(Surface.Count("#80FFFF"), 0);
@@ -252,7 +244,7 @@ TEST_F(AirspaceViewTest, TakesTheQnhOfTheSettingsWhenItsDayIsOver) {
 TEST_F(AirspaceViewTest, AQnhEnteredInFlightCountsAtOnceAndIsKept) {
     Airspace(1, "D", 5900, 6200);
     Begin();
-    Screen->Airspace.cmdLR2_Click();
+    Screen->Airspace.SetAirspace(true, true);
     EXPECT_EQ(LabelsAt("5200"), 0);
     const auto enter = [&](const char* text) {
         Screen->Qnh.lblQNH_Click();
@@ -288,7 +280,7 @@ TEST_F(AirspaceViewTest, AQnhHoldsThoughItCannotBeKept) {
     std::filesystem::create_directory(Folder.Path() / "LR.crm"); // no file can take this name
     Airspace(1, "D", 5900, 6200);
     Begin();
-    Screen->Airspace.cmdLR2_Click();
+    Screen->Airspace.SetAirspace(true, true);
     LabelsAt("5200");
     Screen->Qnh.lblQNH_Click();
     EXPECT_THROW(Screen->Qnh.tEnterQNH_Enter("1000"), RuntimeError);

@@ -7,8 +7,7 @@ namespace {
 class CentringTest : public FlyingScreenTest {
 protected:
     CentringTest() {
-        Sql("INSERT INTO Maps (Name, Oben, Unten, Links, Rechts, Breite, \"Höhe\", Active) VALUES "
-            "('east.jpg', 51, 50, 8, 10, 2000, 1000, 1)");
+        AddChart("east.jpg", 50, 51, 8, 10);
         WriteFileAtomically(Folder.Path() / "Karten" / "east.jpg", "an image");
     }
     void RedrawAt(double longitude) {
@@ -51,7 +50,7 @@ TEST_F(CentringTest, TellsOnceThatTheAircraftLeftTheChartAndAtEachPressOfTheButt
     EXPECT_TRUE(Notices.Shown.empty());
     RedrawAt(8.5);
     RedrawAt(8.6);
-    screen.Readouts.gps_FixLost(); // redraws as well
+    screen.Readouts.FixLost(); // redraws as well
     const std::string offChart = "Das Flugzeug ist nicht auf der Karte alpha.jpg; sie folgt ihm nicht.";
     EXPECT_EQ(Notices.Shown, std::vector<std::string>{offChart});
     screen.cmdKartezentrieren_Click();

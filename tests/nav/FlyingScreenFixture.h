@@ -1,7 +1,6 @@
 #pragma once
 
 #include <memory>
-#include <string>
 
 #include <gtest/gtest.h>
 
@@ -10,7 +9,6 @@
 #include "gps/GpsFakes.h"
 #include "nav/FlyingScreen.h"
 #include "support/FlightFolder.h"
-#include "support/IdleLink.h"
 #include "support/MapFakes.h"
 #include "support/Readouts.h"
 
@@ -30,16 +28,16 @@ protected:
     }
     // A position as the interpreter tells it, from decimal degrees north and east.
     void Fly(double lat, double longitude, bool fix = true) {
-        if (fix) Screen->Readouts.gps_FixObtained();
+        if (fix) Screen->Readouts.FixObtained();
         const auto raw = [](double degrees, const char* picture) {
             return Format(ToDegMinValue(Latitude(degrees)).Value() * 100, picture, LocaleText());
         };
-        Screen->Readouts.gps_PositionReceived(
+        Screen->Readouts.PositionReceived(
             {"N lat", "E long", raw(lat, "0000.0000"), raw(longitude, "00000.0000")});
     }
 
     FakePort Port;
-    IdleTimer CheckTimer, TrackTimer;
+    FakeTimer CheckTimer, TrackTimer;
     SetClock Clock;
     FakePicture Storage, Card;
     DrawnSurface Surface, Gyro, WindRose;

@@ -132,7 +132,7 @@ TEST_F(RedrawTest, ALegOfADayEndsNothingButItsTime) {
     screen.Map.SlideMap = 100;
     screen.ApplyZoom();
     Fly(50.5, 7);
-    screen.Readouts.gps_SpeedReceived("11");
+    screen.Readouts.SpeedReceived("11");
     screen.cmdActivateGoto_Click();
     for (int redraw = 0; redraw < 3; ++redraw) screen.UpdateMap();
     EXPECT_EQ(screen.State.lblTime, "---");

@@ -3,7 +3,7 @@
 
 #include "nav/FlyingScreenFixture.h"
 #include "receiver/FlightSource.h"
-#include "store/Statement.h"
+#include "support/Rows.h"
 
 namespace ornivane {
 namespace {
@@ -15,8 +15,7 @@ protected:
 
     StreamFlightTest() {
         AddRoute("Tour", {6.30, 6.42, 6.54, 7.06});
-        CreateStore(Folder.Path() / "track.ovd", StoreKind::Track);
-        Shared.TrackConn.Open(Folder.Path() / "track.ovd", Connection::Mode::ReadWrite);
+        OpenTracks();
         Shared.TrackEnabled = Shared.TrackAuto = true;
 
         receiver::FlightSettings settings;
@@ -63,8 +62,9 @@ protected:
                 if (++burst == Bursts.size()) break;
             }
         }
-        Statement recordings(Shared.TrackConn, "SELECT count(*) FROM Track GROUP BY \"Index\"");
-        while (recordings.Step()) done.push_back("recorded " + std::string(recordings.Text(0)));
+        for (const std::string& count :
+             RowsOf(Shared.TrackConn, "SELECT count(*) FROM Track GROUP BY \"Index\""))
+            done.push_back("recorded " + count);
         return done;
     }
 

@@ -2,7 +2,7 @@
 
 #include "common/SettingsFiles.h"
 #include "nav/FlyingScreenFixture.h"
-#include "store/Statement.h"
+#include "support/Rows.h"
 
 namespace ornivane {
 namespace {
@@ -10,8 +10,7 @@ namespace {
 class TrackLoggerTest : public FlyingScreenTest {
 protected:
     TrackLoggerTest() {
-        CreateStore(Folder.Path() / "track.ovd", StoreKind::Track);
-        Shared.TrackConn.Open(Folder.Path() / "track.ovd", Connection::Mode::ReadWrite);
+        OpenTracks();
         Shared.TrackEnabled = true;
         Shared.TrackInterval = 10000;
     }
@@ -31,14 +30,7 @@ protected:
                (logger.picRecord ? "running" : "");
     }
     std::vector<std::string> Rows(const char* sql) {
-        std::vector<std::string> rows;
-        for (Statement query(Shared.TrackConn, sql); query.Step();) {
-            std::string row;
-            for (int i = 0; i < query.ColumnCount(); ++i)
-                row += (i ? "|" : "") + (query.IsNull(i) ? "null" : std::string(query.Text(i)));
-            rows.push_back(row);
-        }
-        return rows;
+        return RowsOf(Shared.TrackConn, sql, NumbersAs::Stored, "|");
     }
     std::vector<std::string> List() { return Rows("SELECT \"Index\", Name FROM List ORDER BY 1"); }
 };
@@ -52,15 +44,15 @@ TEST_F(TrackLoggerTest, WritesASampleAtEachIntervalBetweenTwoClicks) {
     Screen->cmdRecord_Click();
     EXPECT_EQ(Buttons(), "running");
     EXPECT_EQ(TrackTimer.Interval(), 10000);
-    Screen->Readouts.gps_TimeChanged("23:59:58");
+    Screen->Readouts.TimeChanged("23:59:58");
     Tick();
-    Screen->Readouts.gps_AltitudeReceived("300.5");
+    Screen->Readouts.AltitudeReceived("300.5");
     Clock.Time = {2026, 11, 23, 0, 0, 8}; // midnight; the receiver's clock is its own
     Tick();
     Screen->lblAlt_Click(); // metres from here on, the value that stands as well
     Tick();
     EXPECT_EQ(logger.lblRecord, "3");
-    Screen->Readouts.gps_AltitudeReceived("0.1"); // at sea level the display is empty
+    Screen->Readouts.AltitudeReceived("0.1"); // at sea level the display is empty
     Tick();
     Screen->picRecord_Click();
     EXPECT_EQ(Buttons(), "hand ");
@@ -87,7 +79,7 @@ TEST_F(TrackLoggerTest, StartsAndStopsByItselfAt30Knots) {
         {"30", "auto "}, {"30.1", "running"}, {"30", "running"}, {"29.9", "auto "}, {"80", "running"}};
     Screen->lblSpeed_Click(); // km/h on the display changes nothing
     for (const auto& [speed, buttons] : steps) {
-        Screen->Readouts.gps_SpeedReceived(speed);
+        Screen->Readouts.SpeedReceived(speed);
         EXPECT_EQ(Buttons(), buttons) << speed;
     }
     EXPECT_EQ(List().size(), 2u);
@@ -100,7 +92,7 @@ TEST_F(TrackLoggerTest, StartsAndStopsByItselfAt30Knots) {
     TrackSettings saved;
     EXPECT_TRUE(ReadTrackSettings(Folder.Path(), saved));
     EXPECT_EQ(saved, (TrackSettings{true, 10, false}));
-    Screen->Readouts.gps_SpeedReceived("90");
+    Screen->Readouts.SpeedReceived("90");
     EXPECT_EQ(Buttons(), "hand ");
 }
 
@@ -113,8 +105,8 @@ TEST_F(TrackLoggerTest, AClickThatStopsWritesTheSettingsAlsoOfARecordingByHand) 
 
 TEST_F(TrackLoggerTest, WithoutAFixAClickEndsTheAutomaticModeAndTheNextIntervalTheRecording) {
     Begin(true);
-    Screen->Readouts.gps_SpeedReceived("90");
-    Screen->Readouts.gps_FixLost();
+    Screen->Readouts.SpeedReceived("90");
+    Screen->Readouts.FixLost();
     Screen->picRecord_Click();
     EXPECT_EQ(Buttons(), "running");
     EXPECT_FALSE(Shared.TrackAuto);
@@ -126,13 +118,13 @@ TEST_F(TrackLoggerTest, WithoutAFixAClickEndsTheAutomaticModeAndTheNextIntervalT
 
 TEST_F(TrackLoggerTest, ALostFixEndsTheRecordingAndSpeedBeginsANewOne) {
     Begin(true);
-    Screen->Readouts.gps_SpeedReceived("90");
+    Screen->Readouts.SpeedReceived("90");
     Tick();
-    Screen->Readouts.gps_FixLost();
+    Screen->Readouts.FixLost();
     Tick();
     EXPECT_EQ(Buttons(), "auto ");
     Fly(50.6, 7.0);
-    Screen->Readouts.gps_SpeedReceived("90");
+    Screen->Readouts.SpeedReceived("90");
     Tick();
     EXPECT_EQ(Rows("SELECT \"Index\", Number FROM Track"), (std::vector<std::string>{"1|1", "2|1"}));
 }

@@ -9,10 +9,6 @@ using testing::ElementsAre;
 
 class PlanDrawingTest : public PlanningScreenTest {
 protected:
-    void OpenAirspace() {
-        CreateStore(Folder.Path() / "Luftraum.ovd", StoreKind::Luftraum);
-        Shared.LuftraumConn.Open(Folder.Path() / "Luftraum.ovd", Connection::Mode::ReadWrite);
-    }
     // A circle in the view; its label tells it apart.
     void AddCircle(int number, const char* type, int low, int high, double lat = 50.45) {
         Shared.LuftraumConn.Execute("INSERT INTO Luftraum (\"Index\", PNumber, AspType, Low, High, LowType, "
@@ -21,9 +17,7 @@ protected:
                                     {number, type, low, high, lat});
     }
     void OpenAirfields() {
-        CreateStore(Folder.Path() / "ovdata.ovd", StoreKind::Airfields);
-        Shared.AirfieldConn.Open(Folder.Path() / "ovdata.ovd", Connection::Mode::ReadWrite);
-        Shared.AirfieldStoreOpen = true;
+        FlightFolder::OpenAirfields();
         Shared.AirfieldConn.Execute("INSERT INTO ARPT (ICAO, RWYALen, RWYGLen) VALUES ('EDKB', 1799, 0)");
         Shared.AirfieldConn.Execute("INSERT INTO RWY (ICAO, LENGTH, Surface, rwy, RWYHdg) "
                                     "VALUES ('EDKB', 1799, '0', '11/29', '090')");

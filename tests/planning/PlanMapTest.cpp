@@ -1,4 +1,3 @@
-#include "base/AtomicFile.h"
 #include "common/SettingsFiles.h"
 #include "planning/PlanningScreenFixture.h"
 
@@ -25,18 +24,19 @@ TEST_F(PlanMapTest, StartsWithTheMapOfTheLastFlightElseTheFirst) {
 }
 
 TEST_F(PlanMapTest, TellsThePositionUnderTheCursorInEachQuadrant) {
-    Sql("INSERT INTO Maps (Name, Oben, Unten, Links, Rechts, Breite, \"Höhe\", Active) VALUES "
-        "('south.jpg', -33, -34, -60, -58, 2000, 1000, 1)");
+    AddChart("south.jpg", -34, -33, -60, -58);
     PlanMap& map = Start().Map;
     EXPECT_EQ(map.lblLatx, "---");
-    Screen->MouseMove({400, 200}, false);
-    EXPECT_EQ(map.lblLatx + map.lblNS + " " + map.lblLongx + map.lblEW, "50.45N 6.3E");
-    Screen->MouseMove({403.3, 203.3}, false); // to four decimals
-    EXPECT_EQ(map.lblLatx + map.lblNS + " " + map.lblLongx + map.lblEW, "50.4475N 6.3025E");
+    const auto at = [&](const Point& pointer) {
+        Screen->MouseMove(pointer, false);
+        return std::array{map.lblLatx, map.lblNS, map.lblLongx, map.lblEW};
+    };
+    using Shown = std::array<std::string, 4>;
+    EXPECT_EQ(at({400, 200}), (Shown{"50.45", "N", "6.3", "E"}));
+    EXPECT_EQ(at({403.3, 203.3}), (Shown{"50.4475", "N", "6.3025", "E"})) << "to four decimals";
     Choose("south.jpg");
-    Screen->MouseMove({400, 200}, false);
     // 33.25° S 59.5° W: stored values below zero count their minutes from the next whole degree down.
-    EXPECT_EQ(map.lblLatx + map.lblNS + " " + map.lblLongx + map.lblEW, "33.55S 59.7W");
+    EXPECT_EQ(at({400, 200}), (Shown{"33.55", "S", "59.7", "W"}));
     EXPECT_EQ(EntryFocused, 1);
 }
 
@@ -96,11 +96,19 @@ TEST_F(PlanMapTest, ADoubleClickBeginsAWaypointAndStoresNothing) {
     EXPECT_EQ(map.View.SX, 0);
     const WaypointEditing& entry = Screen->Waypoints;
     EXPECT_EQ(entry.tWaypoint, (std::array<std::string, 4>{"", "", "50.45", "6.3"}));
-    EXPECT_EQ(Letter(entry.tNS) + Letter(entry.tEW), "NE");
+    EXPECT_EQ(entry.tNS, North);
+    EXPECT_EQ(entry.tEW, East);
     EXPECT_EQ(EntryFocused, 2);
     EXPECT_EQ(Surface.Drawn[Surface.Drawn.size() - 2], "circle 400,200 r4 w4 #0000FF");
     EXPECT_EQ(Surface.Drawn.back(), "circle 400,200 r6 w3 #000000");
     EXPECT_EQ(Screen->Waypoints.WaypointsSet.RecordCount(), 1);
+}
+
+TEST_F(PlanMapTest, ADoubleClickOnAPlaceThatCannotBeToldIsAnError) {
+    Start();
+    Surface.Width = 0;
+    EXPECT_THROW(Screen->DblClick({400, 200}), RuntimeError);
+    EXPECT_EQ(EntryFocused, 1);
 }
 
 TEST_F(PlanMapTest, MeasuresFromTheEntryAndLeavesNoTrails) {
@@ -159,8 +167,7 @@ TEST_F(PlanMapTest, TheViewStaysOverAVisitToAnotherScreen) {
     EXPECT_EQ(map.cmbMaps, "unused.jpg");
     visitAnotherScreen("DELETE FROM Maps");
     EXPECT_EQ(Surface.Drawn, std::vector<std::string>{"cls"});
-    visitAnotherScreen("INSERT INTO Maps (Name, Oben, Unten, Links, Rechts, Breite, \"Höhe\", Active) "
-                       "VALUES ('new.jpg', 51, 50, 6, 8, 2000, 1000, 1)");
+    visitAnotherScreen("INSERT INTO Maps VALUES ('new.jpg', 51, 50, 6, 8, 2000, 1000, 1)");
     EXPECT_EQ(map.cmbMaps, "new.jpg");
     EXPECT_TRUE(Boxes.Shown.empty());
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <memory>
-#include <string>
 
 #include <gtest/gtest.h>
 
@@ -20,14 +19,10 @@ protected:
         Screen = std::make_unique<PlanningScreen>(
             PlanningScreenWorld{Shared, Storage, Surface, ProgressBar, Boxes, Notices},
             PlanningScreen::Form{
-                [] {}, [this](PlanEffect focus) { EntryFocused += focus == PlanEffect::FocusName; }});
+                [] {}, [] {}, [this](PlanEffect focus) { EntryFocused += focus == PlanEffect::FocusName; }});
         Screen->Form_Load();
         Screen->Form_Activate();
         return *Screen;
-    }
-    void AddWaypoint(const std::string& name, double lat, double longitude) {
-        Shared.DataConn.Execute("INSERT INTO Waypoints (Name, Lat, Long, Kategorie) VALUES (?, ?, ?, '')",
-                                {name, lat, longitude});
     }
     void Enter(const std::string& lat, const std::string& longitude, NorthSouth ns = NorthSouth::North,
                EastWest ew = EastWest::East) {

@@ -2,7 +2,6 @@
 #include <random>
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "planning/ListsFixture.h"
 #include "planning/RouteImport.h"
@@ -228,196 +227,175 @@ public:
         MoveTo(Routes.RoutesSet, Random(Routes.RoutesSet.RecordCount()));
         if (HasRoute()) MoveTo(Routes.RoutePointsSet, Random(Routes.RoutePointsSet.RecordCount()));
     }
-    void NewWaypoint();
-    void ChangeWaypoint();
-    void DeleteWaypoint();
-    void NewRoute();
-    void DeleteRoute();
-    void AddPoint();
-    void DeletePoint();
-    void Import();
-    void TakeBack();
-    void LookElsewhere();
-    void Compare(int step);
+    void NewWaypoint() {
+        const std::string name = "N" + std::to_string(Expected.NextPoint);
+        Type(name, "10", "20");
+        Points.tNS = NorthSouth::North;
+        ASSERT_TRUE(Taken(Points.cmdNew()));
+        const std::string category = Points.cmbKat == WaypointEditing::AllWaypoints ? "" : Points.cmbKat;
+        Expected.Waypoints[Expected.NextPoint++] = name + " 10.0 " + category;
+    }
+    void ChangeWaypoint() {
+        if (!HasWaypoint()) return;
+        const int id = CurrentID();
+        const std::string before = Expected.Waypoints[id];
+        Marked = CurrentName();
+        Type("C" + std::to_string(Random(1000)), std::to_string(Random(80)), "1");
+        ASSERT_TRUE(Taken(Points.cmdChange()));
+        Expected.Waypoints[id] =
+            Points.tWaypoint[1] + " " + Points.tWaypoint[2] + ".0 " + before.substr(before.rfind(' ') + 1);
+        Reverse = [id, before](Model& model) { model.Waypoints[id] = before; };
+    }
+    void DeleteWaypoint() {
+        if (!HasWaypoint()) return;
+        const int id = CurrentID();
+        Marked = CurrentName();
+        const std::string before = Expected.Waypoints[id];
+        Act(Points.cmdDelete());
+        Expected.Waypoints.erase(id);
+        Reverse = [id, before](Model& model) { model.Waypoints[id] = before; };
+    }
+    void NewRoute() {
+        const std::string name = "R" + std::to_string(Expected.NextRoute);
+        const auto behind = HasRoute() ? Routes.RoutesSet.AbsolutePosition() : 0;
+        Boxes.Inputs = {name};
+        Act(Routes.cmdNewRoute());
+        Expected.Routes.insert(Expected.Routes.begin() + behind, {Expected.NextRoute++, name, {}});
+        EXPECT_EQ(Routes.RoutesSet.Text("Name"), name);
+    }
+    void DeleteRoute() {
+        if (!HasRoute()) return;
+        const Model::Route before = CurrentRoute();
+        const auto at = std::find(Expected.Routes.begin(), Expected.Routes.end(), before);
+        const int follower = at + 1 == Expected.Routes.end() ? 0 : (at + 1)->ID;
+        Marked = before.Name;
+        Act(Routes.cmdRouteDelete());
+        Expected.Routes.erase(at);
+        Reverse = [before, follower](Model& model) {
+            const auto place = std::find_if(model.Routes.begin(), model.Routes.end(),
+                                            [follower](const auto& route) { return route.ID == follower; });
+            model.Routes.insert(place, before);
+        };
+    }
+    void AddPoint() {
+        if (!HasRoute() || !HasWaypoint()) return;
+        auto& points = CurrentRoute().Points;
+        const auto behind = HasPoint() ? Routes.RoutePointsSet.AbsolutePosition() : 0;
+        AddCurrent();
+        points.insert(points.begin() + behind, CurrentName() + "#" + std::to_string(Dice() % 100000));
+        Shared.DataConn.Execute("UPDATE GpsPoints SET Name = ? WHERE RouteID = ? AND Nummer = ?",
+                                {points[static_cast<std::size_t>(behind)], CurrentRoute().ID, behind + 1});
+        Routes.RoutePointsSet.Requery(); // now each can be told from the others
+        MoveTo(Routes.RoutePointsSet, behind);
+    }
+    void DeletePoint() {
+        if (!HasPoint()) return;
+        Model::Route& route = CurrentRoute();
+        const auto at = route.Points.begin() + Routes.RoutePointsSet.AbsolutePosition() - 1;
+        const std::string name = *at, follower = at + 1 == route.Points.end() ? "" : *(at + 1);
+        Marked = name;
+        Act(Routes.cmdDeleteWaypoint());
+        route.Points.erase(at);
+        Reverse = [id = route.ID, name, follower](Model& model) {
+            auto& points = std::find_if(model.Routes.begin(), model.Routes.end(), [id](const auto& each) {
+                               return each.ID == id;
+                           })->Points;
+            points.insert(std::find(points.begin(), points.end(), follower), name);
+        };
+    }
+
+    // A route through a new waypoint and the current one.
+    void Import() {
+        const bool hasWaypoints = !Expected.Waypoints.empty();
+        const std::string name = "R" + std::to_string(Expected.NextRoute);
+        Recordset file;
+        file.AppendField({"Name", FieldType::Text});
+        file.AppendField({"Lat", FieldType::Double});
+        file.AppendField({"Long", FieldType::Double});
+        file.OpenDetached();
+        Texts points{"N" + std::to_string(Expected.NextPoint)};
+        if (HasWaypoint()) points.push_back(CurrentName());
+        for (const std::string& point : points) {
+            file.AddNew();
+            file.Set("Name", point);
+            file.Set("Lat", 10.0);
+            file.Set("Long", 20.0);
+            file.Update();
+        }
+        Boxes.File = Folder.Path() / (name + ".ovr");
+        file.Save(*Boxes.File);
+        RouteImport(Shared, Shared, Shared.DataConn, Boxes,
+                    {[this] { Points.ReadAgain(); }, [this](const Value& route) { Routes.RouteAdded(route); },
+                     [this] { Routes.PointsAdded(); }})
+            .GetRoute();
+        if (hasWaypoints) Expected.Waypoints[Expected.NextPoint++] = points.front() + " 10.0 ";
+        Expected.Routes.push_back({Expected.NextRoute++, name, hasWaypoints ? points : Texts()});
+        EXPECT_EQ(Routes.RoutesSet.Text("Name"), name);
+    }
+    void TakeBack() {
+        ASSERT_EQ(Bar.Press(), static_cast<bool>(Reverse));
+        if (!Reverse) return;
+        Reverse(Expected);
+        Reverse = nullptr;
+        EXPECT_TRUE((HasWaypoint() && CurrentName() == Marked) ||
+                    (HasRoute() && Routes.RoutesSet.Text("Name") == Marked) ||
+                    (HasPoint() && Routes.RoutePointsSet.Text("Name") == Marked))
+            << Marked;
+    }
+    void LookElsewhere() {
+        switch (Random(3)) {
+        case 0:
+            return Act(Points.ChooseCategory(Points.Categories[static_cast<std::size_t>(Random(3))]));
+        case 1:
+            return Points.FillCategories();
+        default:
+            Points.WaypointsSet.Requery();
+            Routes.RoutesSet.Requery();
+        }
+    }
+    void Compare(int step) {
+        Texts waypoints, routes, points, listed;
+        for (const auto& [id, row] : Expected.Waypoints) waypoints.push_back(std::to_string(id) + " " + row);
+        int number = 0;
+        for (const auto& route : Expected.Routes) {
+            routes.push_back(std::to_string(route.ID) + " " + route.Name);
+            number = 0;
+            for (const auto& name : route.Points)
+                points.push_back(std::to_string(route.ID) + " " + std::to_string(++number) + " " + name);
+        }
+        std::sort(points.begin(), points.end());
+        ASSERT_EQ(Rows("SELECT PointID, Name, Lat, Kategorie FROM Waypoints ORDER BY PointID"), waypoints)
+            << step;
+        ASSERT_EQ(Rows("SELECT RouteID, Name FROM Route ORDER BY Nummer"), routes) << step;
+        ASSERT_THAT(Rows("SELECT RouteID, CAST(Nummer AS INTEGER), Name FROM GpsPoints"),
+                    testing::UnorderedElementsAreArray(points))
+            << step;
+        const auto names = [](const Recordset& rows) {
+            Texts all;
+            for (int i = 0; rows.IsOpen() && i < rows.RecordCount(); ++i)
+                all.push_back(rows.ValueAt(i, "Name").Text());
+            return all;
+        };
+        std::string condition;
+        if (Points.cmbKat != WaypointEditing::AllWaypoints)
+            condition = " WHERE Kategorie = '" + Points.cmbKat + "'";
+        ASSERT_THAT(names(Points.WaypointsSet),
+                    testing::UnorderedElementsAreArray(Rows("SELECT Name FROM Waypoints" + condition)))
+            << step;
+        for (const auto& route : Expected.Routes) listed.push_back(route.Name);
+        ASSERT_EQ(names(Routes.RoutesSet), listed) << step;
+        if (HasRoute()) {
+            ASSERT_EQ(names(Routes.RoutePointsSet), CurrentRoute().Points) << step;
+        }
+        ASSERT_TRUE(!HasWaypoint() || Points.WaypointsSet.AbsolutePosition() > 0) << step;
+        ASSERT_EQ(Points.tKat, Points.cmbKat);
+    }
 
     std::mt19937 Dice;
     Model Expected;
     std::function<void(Model&)> Reverse; // of the last deed
     std::string Marked;                  // what is current after it was taken back
 };
-
-void RandomPlanning::NewWaypoint() {
-    const std::string name = "N" + std::to_string(Expected.NextPoint);
-    Type(name, "10", "20");
-    Points.tNS = NorthSouth::North;
-    ASSERT_TRUE(Taken(Points.cmdNew()));
-    const std::string category = Points.cmbKat == WaypointEditing::AllWaypoints ? "" : Points.cmbKat;
-    Expected.Waypoints[Expected.NextPoint++] = name + " 10.0 " + category;
-}
-
-void RandomPlanning::ChangeWaypoint() {
-    if (!HasWaypoint()) return;
-    const int id = CurrentID();
-    const std::string before = Expected.Waypoints[id];
-    Marked = CurrentName();
-    Type("C" + std::to_string(Random(1000)), std::to_string(Random(80)), "1");
-    ASSERT_TRUE(Taken(Points.cmdChange()));
-    Expected.Waypoints[id] =
-        Points.tWaypoint[1] + " " + Points.tWaypoint[2] + ".0 " + before.substr(before.rfind(' ') + 1);
-    Reverse = [id, before](Model& model) { model.Waypoints[id] = before; };
-}
-
-void RandomPlanning::DeleteWaypoint() {
-    if (!HasWaypoint()) return;
-    const int id = CurrentID();
-    Marked = CurrentName();
-    const std::string before = Expected.Waypoints[id];
-    Act(Points.cmdDelete());
-    Expected.Waypoints.erase(id);
-    Reverse = [id, before](Model& model) { model.Waypoints[id] = before; };
-}
-
-void RandomPlanning::NewRoute() {
-    const std::string name = "R" + std::to_string(Expected.NextRoute);
-    const auto behind = HasRoute() ? Routes.RoutesSet.AbsolutePosition() : 0;
-    Boxes.Inputs = {name};
-    Act(Routes.cmdNewRoute());
-    Expected.Routes.insert(Expected.Routes.begin() + behind, {Expected.NextRoute++, name, {}});
-    EXPECT_EQ(Routes.RoutesSet.Text("Name"), name);
-}
-
-void RandomPlanning::DeleteRoute() {
-    if (!HasRoute()) return;
-    const Model::Route before = CurrentRoute();
-    const auto at = std::find(Expected.Routes.begin(), Expected.Routes.end(), before);
-    const int follower = at + 1 == Expected.Routes.end() ? 0 : (at + 1)->ID;
-    Marked = before.Name;
-    Act(Routes.cmdRouteDelete());
-    Expected.Routes.erase(at);
-    Reverse = [before, follower](Model& model) {
-        const auto place = std::find_if(model.Routes.begin(), model.Routes.end(),
-                                        [follower](const auto& route) { return route.ID == follower; });
-        model.Routes.insert(place, before);
-    };
-}
-
-void RandomPlanning::AddPoint() {
-    if (!HasRoute() || !HasWaypoint()) return;
-    auto& points = CurrentRoute().Points;
-    const auto behind = HasPoint() ? Routes.RoutePointsSet.AbsolutePosition() : 0;
-    AddCurrent();
-    points.insert(points.begin() + behind, CurrentName() + "#" + std::to_string(Dice() % 100000));
-    Shared.DataConn.Execute("UPDATE GpsPoints SET Name = ? WHERE RouteID = ? AND Nummer = ?",
-                            {points[static_cast<std::size_t>(behind)], CurrentRoute().ID, behind + 1});
-    Routes.RoutePointsSet.Requery(); // now each can be told from the others
-    MoveTo(Routes.RoutePointsSet, behind);
-}
-
-void RandomPlanning::DeletePoint() {
-    if (!HasPoint()) return;
-    Model::Route& route = CurrentRoute();
-    const auto at = route.Points.begin() + Routes.RoutePointsSet.AbsolutePosition() - 1;
-    const std::string name = *at, follower = at + 1 == route.Points.end() ? "" : *(at + 1);
-    Marked = name;
-    Act(Routes.cmdDeleteWaypoint());
-    route.Points.erase(at);
-    Reverse = [id = route.ID, name, follower](Model& model) {
-        auto& points = std::find_if(model.Routes.begin(), model.Routes.end(), [id](const auto& each) {
-                           return each.ID == id;
-                       })->Points;
-        points.insert(std::find(points.begin(), points.end(), follower), name);
-    };
-}
-
-// A route through a new waypoint and the current one.
-void RandomPlanning::Import() {
-    const bool hasWaypoints = !Expected.Waypoints.empty();
-    const std::string name = "R" + std::to_string(Expected.NextRoute);
-    Recordset file;
-    file.AppendField({"Name", FieldType::Text});
-    file.AppendField({"Lat", FieldType::Double});
-    file.AppendField({"Long", FieldType::Double});
-    file.OpenDetached();
-    Texts points{"N" + std::to_string(Expected.NextPoint)};
-    if (HasWaypoint()) points.push_back(CurrentName());
-    for (const std::string& point : points) {
-        file.AddNew();
-        file.Set("Name", point);
-        file.Set("Lat", 10.0);
-        file.Set("Long", 20.0);
-        file.Update();
-    }
-    Boxes.File = Folder.Path() / (name + ".ovr");
-    file.Save(*Boxes.File);
-    RouteImport(Shared, Shared, Shared.DataConn, Boxes,
-                {[this] { Points.ReadAgain(); }, [this](const Value& route) { Routes.RouteAdded(route); },
-                 [this] { Routes.PointsAdded(); }})
-        .GetRoute();
-    if (hasWaypoints) Expected.Waypoints[Expected.NextPoint++] = points.front() + " 10.0 ";
-    Expected.Routes.push_back({Expected.NextRoute++, name, hasWaypoints ? points : Texts()});
-    EXPECT_EQ(Routes.RoutesSet.Text("Name"), name);
-}
-
-void RandomPlanning::TakeBack() {
-    ASSERT_EQ(Bar.Press(), static_cast<bool>(Reverse));
-    if (!Reverse) return;
-    Reverse(Expected);
-    Reverse = nullptr;
-    EXPECT_TRUE((HasWaypoint() && CurrentName() == Marked) ||
-                (HasRoute() && Routes.RoutesSet.Text("Name") == Marked) ||
-                (HasPoint() && Routes.RoutePointsSet.Text("Name") == Marked))
-        << Marked;
-}
-
-void RandomPlanning::LookElsewhere() {
-    switch (Random(3)) {
-    case 0:
-        return Act(Points.ChooseCategory(Points.Categories[static_cast<std::size_t>(Random(3))]));
-    case 1:
-        return Points.FillCategories();
-    default:
-        Points.WaypointsSet.Requery();
-        Routes.RoutesSet.Requery();
-    }
-}
-
-void RandomPlanning::Compare(int step) {
-    Texts waypoints, routes, points, listed;
-    for (const auto& [id, row] : Expected.Waypoints) waypoints.push_back(std::to_string(id) + " " + row);
-    int number = 0;
-    for (const auto& route : Expected.Routes) {
-        routes.push_back(std::to_string(route.ID) + " " + route.Name);
-        number = 0;
-        for (const auto& name : route.Points)
-            points.push_back(std::to_string(route.ID) + " " + std::to_string(++number) + " " + name);
-    }
-    std::sort(points.begin(), points.end());
-    ASSERT_EQ(Rows("SELECT PointID, Name, Lat, Kategorie FROM Waypoints ORDER BY PointID"), waypoints)
-        << step;
-    ASSERT_EQ(Rows("SELECT RouteID, Name FROM Route ORDER BY Nummer"), routes) << step;
-    ASSERT_THAT(Rows("SELECT RouteID, CAST(Nummer AS INTEGER), Name FROM GpsPoints"),
-                testing::UnorderedElementsAreArray(points))
-        << step;
-    const auto names = [](const Recordset& rows) {
-        Texts all;
-        for (int i = 0; rows.IsOpen() && i < rows.RecordCount(); ++i)
-            all.push_back(rows.ValueAt(i, "Name").Text());
-        return all;
-    };
-    std::string condition;
-    if (Points.cmbKat != WaypointEditing::AllWaypoints)
-        condition = " WHERE Kategorie = '" + Points.cmbKat + "'";
-    ASSERT_THAT(names(Points.WaypointsSet),
-                testing::UnorderedElementsAreArray(Rows("SELECT Name FROM Waypoints" + condition)))
-        << step;
-    for (const auto& route : Expected.Routes) listed.push_back(route.Name);
-    ASSERT_EQ(names(Routes.RoutesSet), listed) << step;
-    if (HasRoute()) {
-        ASSERT_EQ(names(Routes.RoutePointsSet), CurrentRoute().Points) << step;
-    }
-    ASSERT_TRUE(!HasWaypoint() || Points.WaypointsSet.AbsolutePosition() > 0) << step;
-    ASSERT_EQ(Points.tKat, Points.cmbKat);
-}
 
 TEST_F(RandomPlanning, AnySequenceOfDeedsLeavesStoreAndListsAsASimpleModelHasThem) {
     Load();

@@ -1,7 +1,6 @@
 #include "planning/RouteEditing.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "base/RuntimeError.h"
 #include "planning/ListsFixture.h"
@@ -50,6 +49,20 @@ TEST_F(RouteEditingTest, ANewRouteComesBehindTheSelectedOneAlsoBesideAGap) {
     NewRoute("E");
     EXPECT_THAT(Numbers("Route"), ElementsAre("1 A", "2 O'C", "3 E", "4 D"));
     EXPECT_EQ(Selected(), "E");
+}
+
+TEST_F(RouteEditingTest, AnImportedRouteShowsBeforeItsPoints) {
+    Load();
+    NewRoute("A");
+    Add("Bonn");
+    Act(Routes.cmdshowRoute());
+    Routes.lblRouteDistanz = "5 NM";
+    Asked.clear();
+    Routes.RouteAdded(ornivane::Routes(Shared.DataConn).Append("B"));
+    EXPECT_EQ(Selected(), "B");
+    EXPECT_GT(Asked[PlanEffect::Redraw], 0);
+    EXPECT_EQ(Routes.RoutePointsSet.RecordCount(), 0);
+    EXPECT_EQ(Routes.lblRouteDistanz, "");
 }
 
 TEST_F(RouteEditingTest, ARouteWithoutANameIsNone) {
@@ -175,8 +188,8 @@ TEST_F(RouteEditingTest, ANumberHeadSortsAndKeepsTheRow) {
     AddRoute("B", {7.3});
     Load();
     Routes.PointsHeadClick(1);
-    Routes.RoutePointsSet.Sort("Name", false);
-    Routes.RoutePointsSet.MoveFirst();
+    Routes.RoutePointsSet.Sort("Name");
+    Routes.RoutePointsSet.MoveLast();
     Routes.PointsHeadClick(0);
     EXPECT_EQ(PlaceInRoute(), "3P3");
     Routes.RoutesSet.MoveLast();
@@ -199,7 +212,8 @@ TEST_F(RouteEditingTest, WhatTheStoreRefusesLeavesListsAsTheyWere) {
     Sql("CREATE TRIGGER Held BEFORE DELETE ON Route BEGIN SELECT RAISE(ABORT, 'held'); END");
     Boxes.Answer = true;
     EXPECT_THROW(Routes.cmdRouteDelete(), RuntimeError);
-    EXPECT_EQ(Selected() + PlaceInRoute(), "A2P2");
+    EXPECT_EQ(Selected(), "A");
+    EXPECT_EQ(PlaceInRoute(), "2P2");
     EXPECT_THAT(Numbers("GpsPoints"), ElementsAre("1 P1", "2 P2", "3 P3"));
 }
 

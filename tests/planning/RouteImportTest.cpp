@@ -47,8 +47,8 @@ protected:
 };
 
 TEST_F(RouteImportTest, APointThatIsNotThereLeavesNoGap) {
-    Import(Write("Tour.ovr", RouteFile(FileRow("Köln", "50", "6") + FileRow("Neu", "50", "7") +
-                                       FileRow("Ende", "51", "7") + "<r:row Name='nowhere'/>")));
+    Import(Folder.Write("Tour.ovr", RouteFile(FileRow("Köln", "50", "6") + FileRow("Neu", "50", "7") +
+                                              FileRow("Ende", "51", "7") + "<r:row Name='nowhere'/>")));
     EXPECT_THAT(Points("Tour"), ElementsAre("1 Köln 50.5162 6.57", "2 Ende 51.1 7.2"));
 }
 
@@ -98,7 +98,7 @@ TEST_F(RouteImportTest, KeepsTheStoredPlaceOfAPointAndTellsOfItOnce) {
                                   FileRow("Neu", "50", "6") + FileRow("K&#246;ln", "50.5", "6.57") +
                                   FileRow("NEU", "50", "6.01")))
         utf16 += {c, '\0'};
-    Import(Write("Tour.more.ovr", utf16));
+    Import(Folder.Write("Tour.more.ovr", utf16));
     EXPECT_THAT(Boxes.Shown, ElementsAre(Difference("Köln"), Difference("NEU"), Added));
     EXPECT_THAT(Points("Tour"), ElementsAre("1 Ende 51.1 7.2", "2 Köln 50.5162 6.57", "3 Neu 50 6",
                                             "4 Köln 50.5162 6.57", "5 Neu 50 6"));
@@ -117,7 +117,7 @@ TEST_F(RouteImportTest, NamesEachOfTenThousandPointsInFewBoxes) {
         rows += FileRow("W" + std::to_string(9999 - i), "50", "6.5");
     }
     transaction.Commit();
-    Import(Write("Tour.ovr", RouteFile(rows)));
+    Import(Folder.Write("Tour.ovr", RouteFile(rows)));
     ASSERT_THAT(Boxes.Shown, SizeIs(12));
     EXPECT_EQ(Boxes.Shown.front(), Difference("W9999"));
     EXPECT_THAT(Boxes.Shown[10], HasSubstr(": 9990."));
@@ -138,7 +138,7 @@ TEST_F(RouteImportTest, ChangesNothingForAFileThatIsNone) {
          {std::string(), good.substr(0, good.size() / 2), good.substr(0, good.size() - 8),
           std::string("Tour"), std::string("\xFF\xFE", 2), bomb + "]><xml>&z;</xml>",
           RouteFile(FileRow("Neu", "1,5", "2")), std::string("SQLite format 3\0", 16)}) {
-        Import(Write("Tour.ovr", bytes));
+        Import(Folder.Write("Tour.ovr", bytes));
         EXPECT_THAT(Boxes.Shown, IsEmpty()) << bytes.substr(0, 60);
     }
     for (const fs::path& path : {Folder.Path(), Folder.Path() / "missing.ovr"}) {
@@ -149,7 +149,7 @@ TEST_F(RouteImportTest, ChangesNothingForAFileThatIsNone) {
     EXPECT_THAT(Rows("SELECT Name FROM Route"), SizeIs(1));
     // An entity of the file's own stays what it says, and costs nothing.
     const std::string named = bomb + "]>" + RouteFile(FileRow("&z;", "1", "2"));
-    Import(Write("Tour.ovr", named));
+    Import(Folder.Write("Tour.ovr", named));
     EXPECT_EQ(Waypoints().back(), "&z; 1 2 ");
 }
 
@@ -157,45 +157,30 @@ TEST_F(RouteImportTest, ChangesNothingForAFileThatIsNone) {
 TEST_F(RouteImportTest, HalfImportsNothing) {
     const std::string fresh = FileRow("Neu", "1", "2"), known = FileRow("Ende", "51", "7");
     struct Case {
-        std::string Rows, Fields, Trigger;
+        std::string Rows;
         Names Boxes;
         std::size_t Points, Routes, Fresh;
+        std::string Fields = "Name Lat Long", Trigger = {};
     };
-    const std::string refuse = " BEGIN SELECT RAISE(ABORT, 'no'); END";
+    const std::string refuse = " BEGIN SELECT RAISE(ABORT, 'no'); END", all = "Name Lat Long";
+    const Names failed{NotRead, Added}, differs{Difference("Ende"), NotRead, Added};
     for (const Case& c : std::vector<Case>{
-             {fresh + known, "Name Lat", "", {NotRead, Added}, 1, 1, 0},
-             {fresh + known, "Lat Long", "", {NotRead, Added}, 0, 1, 0},
-             {fresh + "<r:row Name='Ende' Lat='1'/>", "Name Lat Long", "", {NotRead, Added}, 1, 1, 0},
-             {known + fresh + "<r:row Lat='1' Long='2'/>",
-              "Name Lat Long",
-              "",
-              {Difference("Ende"), NotRead, Added},
-              0,
-              1,
-              0},
-             {"", "Name Lat Long", "", {Added}, 0, 1, 0},
-             {known + fresh + FileRow("Bad", "1", "2"),
-              "Name Lat Long",
-              "INSERT ON Waypoints WHEN NEW.Name = 'Bad'",
-              {Difference("Ende"), NotRead, Added},
-              1,
-              1,
-              0},
-             {known + fresh,
-              "Name Lat Long",
-              "INSERT ON GpsPoints WHEN NEW.Name = 'Neu'",
-              {Difference("Ende"), Added},
-              0,
-              1,
-              1},
-             {fresh, "Name Lat Long", "INSERT ON Route", {}, 0, 0, 1}}) {
+             {fresh + known, failed, 1, 1, 0, "Name Lat"},
+             {fresh + known, failed, 0, 1, 0, "Lat Long"},
+             {fresh + "<r:row Name='Ende' Lat='1'/>", failed, 1, 1, 0},
+             {known + fresh + "<r:row Lat='1' Long='2'/>", differs, 0, 1, 0},
+             {"", {Added}, 0, 1, 0},
+             {known + fresh + FileRow("Bad", "1", "2"), differs, 1, 1, 0, all,
+              "INSERT ON Waypoints WHEN NEW.Name = 'Bad'"},
+             {known + fresh, {differs[0], Added}, 0, 1, 1, all, "INSERT ON GpsPoints WHEN NEW.Name = 'Neu'"},
+             {fresh, {}, 0, 0, 1, all, "INSERT ON Route"}}) {
         SCOPED_TRACE(c.Rows + c.Fields + c.Trigger);
         for (const char* clear :
              {"DELETE FROM Route", "DELETE FROM GpsPoints", "DELETE FROM Waypoints WHERE Name = 'Neu'",
               "DROP TRIGGER IF EXISTS Refuse"})
             Sql(clear);
         if (!c.Trigger.empty()) Sql("CREATE TRIGGER Refuse BEFORE " + c.Trigger + refuse);
-        Import(Write("Tour.ovr", RouteFile(c.Rows, c.Fields)));
+        Import(Folder.Write("Tour.ovr", RouteFile(c.Rows, c.Fields)));
         EXPECT_EQ(Boxes.Shown, c.Boxes);
         EXPECT_THAT(Rows("SELECT Name FROM GpsPoints"), SizeIs(c.Points));
         EXPECT_THAT(Rows("SELECT Name FROM Route"), SizeIs(c.Routes));
@@ -207,11 +192,12 @@ TEST_F(RouteImportTest, HalfImportsNothing) {
 TEST_F(RouteImportTest, RefusesANameThatIsLongerThanItsFieldAndSaysWhy) {
     std::string longest;
     for (int i = 0; i < 255; ++i) longest += "ü";
-    Import(Write("Tour.ovr", RouteFile(FileRow(longest, "1", "2"))));
+    Import(Folder.Write("Tour.ovr", RouteFile(FileRow(longest, "1", "2"))));
     EXPECT_THAT(Boxes.Shown, ElementsAre(Added));
     EXPECT_EQ(Waypoints().back(), longest + " 1 2 ");
     const std::string endless(8 << 20, 'x'), known = FileRow("Ende", "51.1", "7.2");
-    Import(Write("Long.ovr", RouteFile(FileRow("Neu", "1", "2") + known + FileRow(endless, "1", "2"))));
+    Import(
+        Folder.Write("Long.ovr", RouteFile(FileRow("Neu", "1", "2") + known + FileRow(endless, "1", "2"))));
     EXPECT_THAT(
         Boxes.Shown,
         ElementsAre(std::string(NotRead) +
@@ -219,7 +205,7 @@ TEST_F(RouteImportTest, RefusesANameThatIsLongerThanItsFieldAndSaysWhy) {
                     "Datenimport|Strecke: Long wurde hinzugefügt"));
     EXPECT_THAT(Points("Long"), ElementsAre("1 Ende 51.1 7.2"));
     Shared.EnglishUI = 1;
-    Import(Write("Long.ovr", RouteFile(FileRow(longest + "u", "1", "2"))));
+    Import(Folder.Write("Long.ovr", RouteFile(FileRow(longest + "u", "1", "2"))));
     EXPECT_THAT(
         Boxes.Shown[0],
         testing::StartsWith("Data error|Error reading waypoint data\nRow 1: The name has 256 characters, "
@@ -253,7 +239,7 @@ TEST(RouteImport, NamesTheRouteByTheTextBeforeTheFirstPoint) {
 }
 
 TEST_F(RouteImportTest, ShowsThePlanningScreenWhatIsNewAndGoesOnWhenThatFails) {
-    const fs::path file = Write("Tour.ovr", RouteFile(FileRow("Neu", "1", "2")));
+    const fs::path file = Folder.Write("Tour.ovr", RouteFile(FileRow("Neu", "1", "2")));
     Names seen;
     const auto see = [&](const std::string& sql) { seen.push_back(Rows(sql).front()); };
     ImportSteps steps{

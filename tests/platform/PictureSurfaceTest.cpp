@@ -1,6 +1,5 @@
 #include "platform/qt/QtPictureSurface.h"
 
-#include <cmath>
 #include <fstream>
 #include <limits>
 

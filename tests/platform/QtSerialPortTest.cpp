@@ -1,53 +1,21 @@
 #include "platform/qt/QtSerialPort.h"
 
-#include <gtest/gtest.h>
-
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QEvent>
 #include <QEventLoop>
 #include <QTimer>
 
-#include <filesystem>
 #include <fstream>
 #include <memory>
-#include <pty.h>
-#include <unistd.h>
 
 #include "base/RuntimeError.h"
 #include "platform/qt/QtPortList.h"
+#include "support/PtyLine.h"
 #include "support/TemporaryFolder.h"
 
 namespace ornivane {
 namespace {
-
-// A line with a receiver at the other end, linked as a numbered port.
-class Line {
-public:
-    explicit Line(const std::filesystem::path& portLink) : link(portLink) { PlugIn(); }
-    ~Line() { HangUp(); }
-    void PlugIn() {
-        int slave = -1;
-        char name[128];
-        if (openpty(&master, &slave, name, nullptr, nullptr) != 0)
-            throw std::runtime_error("no pseudo-terminal");
-        close(slave);
-        std::filesystem::create_directories(link.parent_path());
-        std::filesystem::remove(link);
-        std::filesystem::create_symlink(name, link);
-    }
-    void Send(const std::string& bytes) {
-        ASSERT_EQ(write(master, bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
-    }
-    void HangUp() {
-        if (master >= 0) close(master);
-        master = -1;
-    }
-
-private:
-    std::filesystem::path link;
-    int master = -1;
-};
 
 // Runs an action when the first event for an object is about to be delivered.
 class BeforeFirstEvent : public QObject {
@@ -83,13 +51,8 @@ protected:
     }
 
     ErrorNumber ErrorOf(int number) {
-        try {
-            Port.Open(number);
-        } catch (const RuntimeError& error) {
-            return error.Number();
-        }
-        ADD_FAILURE() << "opened " << number;
-        return {};
+        const auto error = ornivane::ErrorOf([&] { Port.Open(number); });
+        return error ? error->Number() : ErrorNumber{};
     }
 
     int argc = 1;
@@ -105,7 +68,7 @@ protected:
 };
 
 TEST_F(QtSerialPortTest, ReadsTellsOneHangUpAndComesBack) {
-    Line line(Link);
+    PtyLine line(Link);
     Port.SetSettings("57600,n,8,1");
     Port.Open(7);
     ASSERT_TRUE(Port.IsOpen());
@@ -143,7 +106,7 @@ TEST_F(QtSerialPortTest, ReadsTellsOneHangUpAndComesBack) {
 }
 
 TEST_F(QtSerialPortTest, ReadsOnWhileAHandlerWaitsInAnEventLoopOfItsOwn) {
-    Line line(Link);
+    PtyLine line(Link);
     Port.Open(7);
     Handler = [&] {
         Handler = nullptr;
@@ -155,7 +118,7 @@ TEST_F(QtSerialPortTest, ReadsOnWhileAHandlerWaitsInAnEventLoopOfItsOwn) {
 }
 
 TEST_F(QtSerialPortTest, DropsWhatAnEarlierConnectionLeftInTheQueue) {
-    Line line(Link);
+    PtyLine line(Link);
     Port.Open(7);
     bool reopened = false;
     BeforeFirstEvent reopen([&] {
@@ -186,7 +149,7 @@ TEST_F(QtSerialPortTest, TellsWhyAPortDoesNotOpen) {
     EXPECT_EQ(ErrorOf(7), ErrorNumber::DeviceError);
     EXPECT_FALSE(Port.IsOpen());
 
-    Line line(Link);
+    PtyLine line(Link);
     QtSerialPort other{PortDevices(Folder.Path())};
     other.Open(7);
     EXPECT_EQ(ErrorOf(7), ErrorNumber::FileAlreadyOpen);
@@ -197,7 +160,7 @@ TEST_F(QtSerialPortTest, TellsWhyAPortDoesNotOpen) {
 TEST_F(QtSerialPortTest, OffersTerminalsOnlyAndTellsTheirDevice) {
     const QtPortList ports{PortDevices(Folder.Path())};
     {
-        Line line(Link);
+        PtyLine line(Link);
         EXPECT_TRUE(ports.Exists(7));
         EXPECT_EQ(ports.Description(7), std::filesystem::read_symlink(Link));
         Port.Open(7);

@@ -1,59 +1,39 @@
-#include <QComboBox>
-#include <QLineEdit>
 #include <QListWidget>
-#include <QMessageBox>
-#include <QPainter>
-#include <QTableView>
-#include <QTest>
 #include <QTimer>
-
-#include <gtest/gtest.h>
 
 #include "calibration/frmCalRect.h"
 #include "calibration/frmCalibrate.h"
 #include "geo/NavigationMaths.h"
-#include "platform/qt/Events.h"
-#include "platform/qt/QtDialogs.h"
-#include "platform/qt/QtNotice.h"
-#include "platform/qt/SurfaceWidget.h"
-#include "support/FlightFolder.h"
+#include "screens/FormFixture.h"
+
+#include <QListWidget>
+#include <QTimer>
 
 namespace ornivane {
 namespace {
 
 // A chart of 2000 x 1000 pixels over 6 to 8° E and 50 to 51° N that the store does not know yet.
-class CalibrationFormsTest : public testing::Test, protected FlightFolder {
+class CalibrationFormsTest : public FormTest {
 protected:
     CalibrationFormsTest() {
-        QImage chart(2000, 1000, QImage::Format_RGB32);
-        chart.fill(Qt::white);
+        QImage chart = WhiteChart();
         chart.setPixelColor(500, 900, Qt::red);
-        for (const char* name : {"alpha.jpg", "zulu.jpg", "scan.jpg"})
-            chart.save(QString::fromStdString((Folder.Path() / "Karten" / name).string()), "JPG", 100);
-        chart.save(QString::fromStdString((Folder.Path() / "Karten" / "dot.bmp").string()), "BMP");
-        Sql("INSERT INTO Waypoints (Name, Lat, Long) VALUES ('Hill', 50.564, 7.36), ('Hilltop', 1, 2)");
+        WriteCharts(chart, {"alpha.jpg", "zulu.jpg", "scan.jpg", "dot.bmp"});
+        AddWaypoint("Hill", 50.564, 7.36);
+        AddWaypoint("Hilltop", 1, 2);
         Shared.EnglishUI = 1;
         Form = std::make_unique<frmCalibrate>(Shared, Guard, Dialogs);
-        Form->resize(1024, 640);
-        Form->show();
-        Form->Form_Activate();
+        Front = &Show(*Form);
     }
-    template <typename Widget>
-    Widget& Find(QWidget& of, const char* name) {
-        auto* widget = of.findChild<Widget*>(name);
-        if (!widget) throw std::runtime_error(std::string("no widget ") + name);
-        return *widget;
-    }
-    std::string Edge(int index) {
-        return Find<QLineEdit>(*Form, ("tKarten" + std::to_string(index)).c_str()).text().toStdString();
+    std::string Edge(int index) { return Text(("tKarten" + std::to_string(index)).c_str()); }
+    double Degrees(int edge) { // of latitudes and longitudes alike
+        return ToDecimalDegrees(StoredLatitude(std::stod(Edge(edge)))).Degrees();
     }
     frmCalRect& OpenCalibration(const char* chart) {
-        auto& list = Find<QListWidget>(*Form, "listKarten");
+        auto& list = Find<QListWidget>("listKarten");
         list.setCurrentItem(list.findItems(chart, Qt::MatchExactly).first());
-        QTest::mouseClick(&Find<QWidget>(*Form, "cmdCalibrate"), Qt::LeftButton);
-        auto* form = Form->findChild<frmCalRect*>("frmCalRect");
-        if (!form) throw std::runtime_error("no frmCalRect");
-        return *form;
+        Click("cmdCalibrate");
+        return Find<frmCalRect>("frmCalRect");
     }
     // Answers the next box and keeps what it said.
     void AnswerBox() {
@@ -66,9 +46,9 @@ protected:
     }
     // By keys alone: the cross-hair to a pixel of the image.
     void Steer(frmCalRect& form, double x, double y) {
-        auto& map = Find<SurfaceWidget>(form, "picMap");
+        auto& map = In<SurfaceWidget>(form, "picMap");
         for (int step = 0; step < 4000; ++step) {
-            const auto at = [&](const char* field) { return Find<QLineEdit>(form, field).text().toDouble(); };
+            const auto at = [&](const char* field) { return In<QLineEdit>(form, field).text().toDouble(); };
             const double dx = x - at("tx"), dy = y - at("ty");
             const double pixel = static_cast<double>(form.Logic().View.SW) / map.width();
             if (std::abs(dx) < pixel && std::abs(dy) < pixel) return;
@@ -81,26 +61,24 @@ protected:
         ADD_FAILURE() << "never got there";
     }
 
-    QtNotice Notices;
     QtDialogs Dialogs;
-    EventGuard Guard{Notices, Shared};
     std::unique_ptr<frmCalibrate> Form;
     std::string Said;
 };
 
 TEST_F(CalibrationFormsTest, AChartIsCalibratedByTheKeyboardAlone) {
     frmCalRect& form = OpenCalibration("scan.jpg");
-    auto& map = Find<SurfaceWidget>(form, "picMap");
+    auto& map = In<SurfaceWidget>(form, "picMap");
     QTest::keyClick(&map, Qt::Key_PageDown);
     EXPECT_EQ(form.Logic().SlideMap, 5);
     for (int i = 0; i < 20; ++i) QTest::keyClick(&map, Qt::Key_PageDown);
     Steer(form, 500, 900);
     QTest::keyClick(&map, Qt::Key_Return);
     QTest::keyClick(&map, '5');
-    auto& lat = Find<QLineEdit>(form, "tLat1");
+    auto& lat = In<QLineEdit>(form, "tLat1");
     QTest::keyClicks(&lat, "0,06");
     QTest::keyClick(&lat, Qt::Key_Return);
-    auto& longitude = Find<QLineEdit>(form, "tLong1");
+    auto& longitude = In<QLineEdit>(form, "tLong1");
     EXPECT_TRUE(form.focusWidget() == &longitude);
     QTest::keyClicks(&longitude, "6.3");
     QTest::keyClick(&longitude, Qt::Key_Return);
@@ -110,26 +88,24 @@ TEST_F(CalibrationFormsTest, AChartIsCalibratedByTheKeyboardAlone) {
     Steer(form, 1600, 60);
     QTest::keyClick(&map, Qt::Key_Return);
     QTest::keyClick(&map, 'h');
-    auto& find = Find<QLineEdit>(form, "tQuickfind2");
+    auto& find = In<QLineEdit>(form, "tQuickfind2");
     QTest::keyClick(&find, Qt::Key_Down);
-    EXPECT_EQ(Find<QLineEdit>(form, "tLong2").text(), "2");
+    EXPECT_EQ(In<QLineEdit>(form, "tLong2").text(), "2");
     QTest::keyClick(&find, Qt::Key_Up);
     AnswerBox();
     QTest::keyClick(&find, Qt::Key_Return);
     EXPECT_EQ(Said.rfind("Map calibrated|Map calibrated|One pixel: ", 0), 0u) << Said;
     QTest::qWait(1); // the form deletes itself
     // To two pixels: zoomed out, a step of the cross-hair is three of them.
-    EXPECT_NEAR(ToDecimalDegrees(StoredLatitude(std::stod(Edge(0)))).Degrees(), 50, 0.005);
-    EXPECT_NEAR(ToDecimalDegrees(StoredLatitude(std::stod(Edge(1)))).Degrees(), 51, 0.005);
-    EXPECT_NEAR(ToDecimalDegrees(StoredLongitude(std::stod(Edge(2)))).Degrees(), 6, 0.005);
-    EXPECT_NEAR(ToDecimalDegrees(StoredLongitude(std::stod(Edge(3)))).Degrees(), 8, 0.005);
+    for (const auto& [edge, degrees] : {std::pair{0, 50}, {1, 51}, {2, 6}, {3, 8}})
+        EXPECT_NEAR(Degrees(edge), degrees, 0.005) << edge;
     EXPECT_FALSE(Form->findChild<frmCalRect*>());
 }
 
 // Also with the picture scrolled and at the strongest zoom: the one red pixel is found where it is shown.
 TEST_F(CalibrationFormsTest, AClickHitsThePixelUnderThePointerAndADragIsNone) {
     frmCalRect& form = OpenCalibration("dot.bmp");
-    auto& map = Find<SurfaceWidget>(form, "picMap");
+    auto& map = In<SurfaceWidget>(form, "picMap");
     form.Logic().View.SX = 460;
     form.Logic().View.SY = 880;
     form.Logic().SlideMap_Scroll(SlideMin);
@@ -155,13 +131,12 @@ TEST_F(CalibrationFormsTest, AClickHitsThePixelUnderThePointerAndADragIsNone) {
 
 TEST_F(CalibrationFormsTest, AnEscapeThatIsHeldLeavesTheFieldButNotTheForm) {
     frmCalRect& form = OpenCalibration("scan.jpg");
-    auto& map = Find<SurfaceWidget>(form, "picMap");
+    auto& map = In<SurfaceWidget>(form, "picMap");
     QTest::mouseClick(&map, Qt::LeftButton, {}, {100, 100});
     QTest::keyClick(&map, '5');
     QTest::keyPress(form.focusWidget(), Qt::Key_Escape);
     EXPECT_EQ(form.focusWidget(), &map);
-    QKeyEvent again(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier, QString(), true);
-    QApplication::sendEvent(&map, &again);
+    SendKey(map, QEvent::KeyPress, Qt::Key_Escape, true);
     EXPECT_TRUE(form.isVisible());
     QTest::keyRelease(&map, Qt::Key_Escape);
     QTest::keyClick(&map, Qt::Key_Escape);
@@ -169,7 +144,7 @@ TEST_F(CalibrationFormsTest, AnEscapeThatIsHeldLeavesTheFieldButNotTheForm) {
 }
 
 TEST_F(CalibrationFormsTest, TheCatalogueIsEditedAndTickedByKeyboard) {
-    auto& list = Find<QListWidget>(*Form, "listKarten");
+    auto& list = Find<QListWidget>("listKarten");
     EXPECT_EQ(list.count(), 4);
     list.setFocus();
     QTest::keyClick(&list, Qt::Key_Down);
@@ -177,7 +152,7 @@ TEST_F(CalibrationFormsTest, TheCatalogueIsEditedAndTickedByKeyboard) {
     EXPECT_EQ(list.currentItem()->text(), "scan.jpg");
     const char* texts[] = {"50", "51", "6", "8"};
     for (int i = 0; i < 4; ++i) {
-        auto& field = Find<QLineEdit>(*Form, ("tKarten" + std::to_string(i)).c_str());
+        auto& field = Find<QLineEdit>(("tKarten" + std::to_string(i)).c_str());
         EXPECT_TRUE(i == 0 || Form->focusWidget() == &field);
         field.setFocus();
         QTest::keyClicks(&field, texts[i]);
@@ -189,7 +164,7 @@ TEST_F(CalibrationFormsTest, TheCatalogueIsEditedAndTickedByKeyboard) {
     QTest::keyClick(&list, Qt::Key_Space);
     EXPECT_EQ(Form->Logic().ActiveMapsSet.RecordCount(), 3);
     EXPECT_EQ(list.currentItem()->checkState(), Qt::Checked);
-    auto& field = Find<QLineEdit>(*Form, "tKarten0");
+    auto& field = Find<QLineEdit>("tKarten0");
     QTest::keyClicks(&field, "9");
     QTest::keyClick(&field, Qt::Key_Escape);
     EXPECT_EQ(field.text(), "50");
@@ -197,18 +172,18 @@ TEST_F(CalibrationFormsTest, TheCatalogueIsEditedAndTickedByKeyboard) {
 
 // By the mouse, as a hand that is unsure does it.
 TEST_F(CalibrationFormsTest, AClickOnTheSelectedMapShowsItAgain) {
-    auto& list = Find<QListWidget>(*Form, "listKarten");
+    auto& list = Find<QListWidget>("listKarten");
     const auto click = [&list](const char* chart, int x = 120) {
         const QRect row = list.visualItemRect(list.findItems(chart, Qt::MatchExactly).first());
         QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, {x, row.center().y()});
     };
     click("alpha.jpg");
-    QTest::keyClicks(&Find<QLineEdit>(*Form, "tKarten2"), "9");
+    QTest::keyClicks(&Find<QLineEdit>("tKarten2"), "9");
     EXPECT_EQ(Edge(2), "69");
     Form->Logic().cmbLatLong[2] = Hemisphere::SouthOrWest;
     click("alpha.jpg");
     EXPECT_EQ(Edge(2), "6");
-    EXPECT_EQ(Find<QComboBox>(*Form, "cmbLatLong2").currentIndex(), 0);
+    EXPECT_EQ(Find<QComboBox>("cmbLatLong2").currentIndex(), 0);
     EXPECT_EQ(Form->Logic().EdgeStates[2], EdgeState::Stored);
     for (const char* chart : {"zulu.jpg", "alpha.jpg", "alpha.jpg", "zulu.jpg"}) click(chart);
     EXPECT_EQ(Edge(0), "60");
@@ -228,9 +203,9 @@ TEST_F(CalibrationFormsTest, AClickOnTheSelectedMapShowsItAgain) {
 
 TEST_F(CalibrationFormsTest, AnImageThatCannotBeLoadedOpensNoCalibration) {
     WriteFileAtomically(Folder.Path() / "Karten" / "zulu.jpg", "an image no more");
-    auto& list = Find<QListWidget>(*Form, "listKarten");
+    auto& list = Find<QListWidget>("listKarten");
     list.setCurrentItem(list.findItems("zulu.jpg", Qt::MatchExactly).first());
-    QTest::mouseClick(&Find<QWidget>(*Form, "cmdCalibrate"), Qt::LeftButton);
+    Click("cmdCalibrate");
     QTest::qWait(1);
     EXPECT_FALSE(Form->findChild<frmCalRect*>("frmCalRect"));
     EXPECT_FALSE(Notices.isHidden());

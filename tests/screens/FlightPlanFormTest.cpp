@@ -1,44 +1,26 @@
 #include <QBuffer>
-#include <QComboBox>
-#include <QLineEdit>
-#include <QMessageBox>
 #include <QPainter>
 #include <QProcess>
-#include <QPushButton>
 #include <QRegularExpression>
 #include <QSvgGenerator>
-#include <QTest>
 #include <cmath>
-
-#include <gtest/gtest.h>
 
 #include "flightplan/frmFlugPlan.h"
 #include "flightplan/frmPlanGrid.h"
 #include "flightplan/frmReport.h"
-#include "platform/qt/Events.h"
-#include "platform/qt/QtNotice.h"
-#include "support/FlightFolder.h"
-#include "support/ScriptedDialogs.h"
+#include "screens/FormFixture.h"
 
 namespace ornivane {
 namespace {
 
-class FlightPlanFormTest : public testing::Test, protected FlightFolder {
+class FlightPlanFormTest : public FormTest {
 protected:
     FlightPlanFormTest() {
         AddRoute("R", {6.3, 7.0, 7.3, 8.0, 8.3, 9.0});
         AddRoute("S", {6.4, 7.4});
         Shared.EnglishUI = 1;
         Form = std::make_unique<frmFlugPlan>(frmFlugPlan::Services{Shared, Guard, Boxes, Notices, [] {}});
-        Form->resize(1024, 640);
-        Form->show();
-        Form->Form_Activate();
-    }
-    template <typename Widget>
-    Widget& Find(const char* name) {
-        auto* widget = Form->findChild<Widget*>(name);
-        if (!widget) throw std::runtime_error(std::string("no widget ") + name);
-        return *widget;
+        Front = &Show(*Form);
     }
     std::string Cell(int row, int column) {
         auto& model = *Find<frmPlanGrid>("gridFlug").model();
@@ -51,9 +33,7 @@ protected:
         return nullptr;
     }
 
-    QtNotice Notices;
     ScriptedDialogs Boxes;
-    EventGuard Guard{Notices, Shared};
     std::unique_ptr<frmFlugPlan> Form;
 };
 
@@ -125,7 +105,7 @@ TEST_F(FlightPlanFormTest, AWrongEntryTakesTheFocusAndAnErrorIsANotice) {
     auto& speed = Find<QLineEdit>("tSpeed");
     speed.selectAll();
     QTest::keyClicks(&speed, "0");
-    QTest::mouseClick(&Find<QPushButton>("cmdCalc"), Qt::LeftButton);
+    Click("cmdCalc");
     EXPECT_TRUE(Form->focusWidget() == &speed);
     EXPECT_TRUE(speed.styleSheet().contains("#ffc0c0"));
     Find<QComboBox>("cmbRoute").setFocus();
@@ -141,7 +121,7 @@ TEST_F(FlightPlanFormTest, AWrongEntryTakesTheFocusAndAnErrorIsANotice) {
     Find<QLineEdit>("tWinddir").setText("90");
     emit Find<QLineEdit>("tWinddir").textEdited("90");
     const std::string before = Cell(1, 9);
-    QTest::mouseClick(&Find<QPushButton>("cmdCalc"), Qt::LeftButton); // about 90: no ground speed
+    Click("cmdCalc"); // about 90: no ground speed
     EXPECT_EQ(Cell(1, 9), before);
     EXPECT_FALSE(Notices.isHidden());
 }
@@ -166,7 +146,7 @@ TEST_F(FlightPlanFormTest, ANumberIsNeverCutOnTheScreen) {
     Shared.Locale.DecimalSeparator = ',';
     Form->Logic().Entries = {"-123456789,125", "1e300", "123,4", "33", "17"};
     Form->ApplyLanguage();
-    QTest::mouseClick(&Find<QPushButton>("cmdCalc"), Qt::LeftButton);
+    Click("cmdCalc");
     const std::string texts = TextsOf(*Find<frmPlanGrid>("gridFlug").viewport());
     for (int column = 2; column < 13; ++column)
         EXPECT_NE(texts.find(Cell(1, column)), std::string::npos) << Cell(1, column) << " in " << texts;
@@ -254,13 +234,12 @@ protected:
     QString Print(const std::vector<double>& longitudes) {
         AddRoute("Printed", longitudes);
         Form->Form_Activate();
-        FlightPlan& plan = Form->Logic();
-        plan.cmbRoute_Click(2);
+        Form->Logic().cmbRoute_Click(2);
         const auto file = Folder.Path() / "plan.pdf";
         const auto another = Folder.Path() / "plan.pdf.part"; // of the user, whatever it is
         WriteFileAtomically(another, "mine");
         Boxes.File = file;
-        QTest::mouseClick(&Find<QPushButton>("cmdPDF"), Qt::LeftButton);
+        Click("cmdPDF");
         EXPECT_EQ(ReadWholeFile(another).value_or("gone"), "mine");
         EXPECT_EQ(Boxes.FileAsked->Start.filename(), "Printed.pdf");
         return QString::fromStdString(file.string());
@@ -301,15 +280,18 @@ protected:
         });
         EXPECT_TRUE(there) << item.Name << " [" << item.Text << "] at " << x << ", " << y;
     }
+    std::vector<report::Page> Pages() {
+        const FlightPlan& plan = Form->Logic();
+        return report::LayOut(plan.PlanSet,
+                              {plan.lblDistanz, plan.lblZeit, plan.Entries[1], plan.lblFF, plan.lblAvgWind},
+                              16838 - 2 * 567, Shared.Locale);
+    }
     void ExpectPrinted(std::size_t points, std::size_t pageCount) {
         std::vector<double> longitudes;
         for (std::size_t i = 0; i < points; ++i)
             longitudes.push_back(6 + static_cast<double>(i / 6) + static_cast<double>(i % 6) / 10);
         const QString pdf = Print(longitudes);
-        FlightPlan& plan = Form->Logic();
-        const auto pages = report::LayOut(
-            plan.PlanSet, {plan.lblDistanz, plan.lblZeit, plan.Entries[1], plan.lblFF, plan.lblAvgWind},
-            16838 - 2 * 567, Shared.Locale);
+        const auto pages = Pages();
         const auto words = WordsOf(pdf);
         ASSERT_EQ(words.size(), pageCount);
         ASSERT_EQ(pages.size(), pageCount);
@@ -322,12 +304,9 @@ TEST_F(PrintedLogTest, ANumberIsNeverCutOnPaper) {
     Shared.Locale.DecimalSeparator = ',';
     Form->Logic().Entries = {"-123456789,125", "123456789,1", "123,4", "33", "17"};
     const auto words = WordsOf(Print({6.0, 7.0, 8.0})).at(0);
-    const FlightPlan& plan = Form->Logic();
-    const auto page = report::LayOut(
-        plan.PlanSet, {plan.lblDistanz, plan.lblZeit, plan.Entries[1], plan.lblFF, plan.lblAvgWind},
-        16838 - 2 * 567, Shared.Locale)[0];
+    const auto pages = Pages();
     int printed = 0;
-    for (const report::Item& item : page) {
+    for (const report::Item& item : pages[0]) {
         if (item.What != report::Item::Kind::Value || item.Name == "Text1") continue;
         const double left = (Left() + item.Left) / 20 - 0.5,
                      right = (Left() + item.Left + item.Width) / 20 + 0.5;

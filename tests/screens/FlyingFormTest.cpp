@@ -1,17 +1,9 @@
-#include <QComboBox>
-#include <QMessageBox>
-#include <QPainter>
-#include <QPushButton>
 #include <QSlider>
-#include <QTableView>
 
 #include "base/Format.h"
-#include "base/RuntimeError.h"
 #include "common/SettingsFiles.h"
 #include "geo/NavigationMaths.h"
 #include "nav/frmStageButton.h"
-#include "platform/qt/LampButton.h"
-#include "platform/qt/SurfaceWidget.h"
 #include "screens/FlyingFormFixture.h"
 
 namespace ornivane {
@@ -20,22 +12,22 @@ namespace {
 TEST_F(FlyingFormTest, ShowsTheReceiversWordsInTheLabels) {
     Show();
     Click("cmdGPS");
-    EXPECT_TRUE(Find<QLabel>("lblStatus").isVisible());
+    EXPECT_TRUE(Shows("lblStatus"));
     EXPECT_EQ(Text("lblStatus"), "COM 1 wird überprüft");
-    EXPECT_FALSE(Find<QWidget>("cmdGPS").isVisible());
+    EXPECT_FALSE(Shows("cmdGPS"));
     Fix();
-    EXPECT_TRUE(Find<LampButton>("picGPSCheck1").isVisible());
-    EXPECT_FALSE(Find<QLabel>("lblStatus").isVisible());
+    EXPECT_TRUE(Shows("picGPSCheck1"));
+    EXPECT_FALSE(Shows("lblStatus"));
     EXPECT_EQ(Text("lblLat"), "N 50° 30.000'");
-    EXPECT_EQ(Text("lblSpeed") + Text("lblSpeedmode"), "100kts");
-    EXPECT_EQ(Text("lblAlt") + Text("lblAltmode"), "984ft");
+    EXPECT_THAT(Texts({"lblSpeed", "lblSpeedmode"}), testing::ElementsAre("100", "kts"));
+    EXPECT_THAT(Texts({"lblAlt", "lblAltmode"}), testing::ElementsAre("984", "ft"));
     Click("lblSpeed"); // the value that stands changes with its unit
-    EXPECT_EQ(Text("lblSpeed") + Text("lblSpeedmode"), "185km/h");
-    Port.Tell(SerialEvent::Other);
-    EXPECT_TRUE(Find<LampButton>("picGPSCheck2").isVisible());
+    EXPECT_THAT(Texts({"lblSpeed", "lblSpeedmode"}), testing::ElementsAre("185", "km/h"));
+    Port.Callback(SerialEvent::Other);
+    EXPECT_TRUE(Shows("picGPSCheck2"));
     EXPECT_EQ(Text("lblSpeed"), "---");
     Click("picGPSCheck2");
-    EXPECT_TRUE(Find<QWidget>("cmdGPS").isVisible());
+    EXPECT_TRUE(Shows("cmdGPS"));
     EXPECT_FALSE(Port.IsOpen());
 }
 
@@ -65,7 +57,7 @@ TEST_F(FlyingFormTest, TheBlankSheetOfAChartThatCannotBeShownSaysWhy) {
     Show();
     Form.Logic().cmbMaps_Click("Zulu.JPG");
     Form.ApplyLanguage();
-    EXPECT_TRUE(Find<QLabel>("lblNoMap").isVisible());
+    EXPECT_TRUE(Shows("lblNoMap"));
     EXPECT_EQ(Text("lblNoMap"),
               "Fehler in Karte: Zulu.JPG\nBitte den Rahmen unter Kartendaten prüfen oder eine "
               "andere Karte wählen.");
@@ -73,7 +65,7 @@ TEST_F(FlyingFormTest, TheBlankSheetOfAChartThatCannotBeShownSaysWhy) {
         if (auto* box = qobject_cast<QMessageBox*>(window)) box->accept();
     QTest::qWait(0); // until it is gone
     Form.Logic().cmbMaps_Click("alpha.jpg");
-    EXPECT_FALSE(Find<QLabel>("lblNoMap").isVisible());
+    EXPECT_FALSE(Shows("lblNoMap"));
 }
 
 TEST_F(FlyingFormTest, TheGridFollowsTheRouteAndTheRouteTheGrid) {
@@ -81,14 +73,13 @@ TEST_F(FlyingFormTest, TheGridFollowsTheRouteAndTheRouteTheGrid) {
     auto& grid = Find<QTableView>("gridWaypoints");
     EXPECT_EQ(grid.model()->rowCount(), 3);
     Click("cmdActivateGoto");
-    EXPECT_TRUE(Find<QWidget>("Frame1").isVisible());
+    EXPECT_TRUE(Shows("Frame1"));
     QTest::keyClick(&Find<QWidget>("picMap"), Qt::Key_Right);
     EXPECT_EQ(grid.currentIndex().row(), 1);
-    QTest::mouseClick(grid.viewport(), Qt::LeftButton, {},
-                      grid.visualRect(grid.model()->index(2, 1)).center());
+    ClickRow(grid, 2, 1);
     EXPECT_EQ(Form.Logic().Route.RoutePointsSet.AbsolutePosition(), 3);
     Click("cmdNext"); // the end of the route
-    EXPECT_FALSE(Find<QWidget>("Frame1").isVisible());
+    EXPECT_FALSE(Shows("Frame1"));
     EXPECT_FALSE(Find<QWidget>("cmdNext").isEnabled());
     auto& routes = Find<QComboBox>("cmbRoute");
     routes.setCurrentIndex(1);
@@ -183,7 +174,7 @@ TEST_F(FlyingFormTest, ABoxThatStandsStopsNothingAndDoesNotStackUp) {
     Show();
     Click("cmdGPS");
     Fix();
-    for (int i = 0; i < 5; ++i) Port.Tell(SerialEvent::Break);
+    for (int i = 0; i < 5; ++i) Port.Callback(SerialEvent::Break);
     const auto boxes = [] {
         int count = 0;
         for (QWidget* window : QApplication::topLevelWidgets())
@@ -201,12 +192,9 @@ TEST_F(FlyingFormTest, ABoxThatStandsStopsNothingAndDoesNotStackUp) {
 
 TEST_F(FlyingFormTest, AStageButtonKeepsTheKeysFromStageToStage) {
     QWidget window;
-    int stage = 0;
     frmStageButton* button = nullptr;
-    const auto show = [&] { button->ShowStage(stage >= 1, stage == 2); };
-    button = new frmStageButton(
-        &window, Guard, "airspace",
-        {{{"off", [&] { stage = 1; }}, {"on", [&] { stage = 2; }}, {"texts", [&] { stage = 0; }}}}, show);
+    button = new frmStageButton(&window, Guard, "airspace", {"off", "on", "texts"},
+                                [&](bool on, bool withText) { button->ShowStage(on, withText); });
     new QPushButton(&window); // where the keys would go
     window.show();
     button->findChild<QWidget*>("off")->setFocus();

@@ -1,9 +1,4 @@
 #include <QAbstractButton>
-#include <QAbstractItemView>
-#include <QComboBox>
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QPushButton>
 
 #include "screens/FlyingFormFixture.h"
 
@@ -15,13 +10,11 @@ namespace {
 class FlyingHandsTest : public FlyingFormTest {
 protected:
     FlyingHandsTest() {
-        Sql("INSERT INTO Waypoints (Name, Lat, Long, Kategorie) VALUES ('KBO', 50.45, 7.30, '')");
+        AddWaypoint("KBO", 50.45, 7.30);
         Show();
         Form.activateWindow();
     }
     QWidget& Map() { return Find<QWidget>("picMap"); }
-    std::string Entry() { return Text("lblHeading") + " " + Text("lblIAS"); }
-    bool Shows(const char* name) { return Find<QWidget>(name).isVisible(); }
     // What is flown: chart, scale, route and active point.
     std::string Flown() {
         const FlyingScreen& screen = Form.Logic();
@@ -39,15 +32,11 @@ protected:
         for (int i = 0; i < 21; ++i) // so many make a redraw
             Port.Say(std::string("GPRMC,120000,A,5030.000,N,") + longitude + ",E,100.0,090.0,221126,,");
     }
-    static void Send(QWidget& to, QEvent::Type type, Qt::Key key, bool isHeld) {
-        QKeyEvent event(type, key, Qt::NoModifier, QString(), isHeld);
-        QApplication::sendEvent(&to, &event);
-    }
     // As a keyboard that repeats: each repetition lets the key go and presses it again.
     static void Repeat(QWidget& to, Qt::Key key) {
         for (int i = 0; i < 3; ++i) {
-            Send(to, QEvent::KeyRelease, key, true);
-            Send(to, QEvent::KeyPress, key, true);
+            SendKey(to, QEvent::KeyRelease, key, true);
+            SendKey(to, QEvent::KeyPress, key, true);
         }
     }
 };
@@ -127,10 +116,10 @@ TEST_F(FlyingHandsTest, EscapeOnTheMapClosesWhatIsOpenOverIt) {
 }
 
 TEST_F(FlyingHandsTest, AKeyThatIsHeldCountsOnceAndOnlyWhereItWasPressed) {
-    Send(Map(), QEvent::KeyPress, Qt::Key_5, false);
+    SendKey(Map(), QEvent::KeyPress, Qt::Key_5, false);
     Repeat(Map(), Qt::Key_5);
     EXPECT_EQ(Entry(), "--- ---");
-    Send(Map(), QEvent::KeyRelease, Qt::Key_5, false);
+    SendKey(Map(), QEvent::KeyRelease, Qt::Key_5, false);
     EXPECT_EQ(Entry(), "5-- ---");
     // The third digit of a course ends its entry while the key is still down.
     OpenNextEntry();
@@ -139,7 +128,7 @@ TEST_F(FlyingHandsTest, AKeyThatIsHeldCountsOnceAndOnlyWhereItWasPressed) {
     QTest::keyPress(&course, Qt::Key_2);
     EXPECT_FALSE(Shows("frmKurs"));
     Repeat(Map(), Qt::Key_2);
-    Send(Map(), QEvent::KeyRelease, Qt::Key_2, false);
+    SendKey(Map(), QEvent::KeyRelease, Qt::Key_2, false);
     EXPECT_EQ(Entry(), "5-- ---");
     const std::string before = Flown();
     Repeat(Map(), Qt::Key_Up); // held since before an entry was closed
@@ -181,7 +170,7 @@ TEST_F(FlyingHandsTest, AKeyThatClosedAMessageDoesNothingBelowWhileItIsHeld) {
         QTest::keyPress(&box, key);
         ASSERT_FALSE(box.isVisible());
         Repeat(below, key);
-        Send(below, QEvent::KeyRelease, key, false);
+        SendKey(below, QEvent::KeyRelease, key, false);
         EXPECT_TRUE(below.isVisible() && pressed == 0);
         QTest::keyClick(&below, key);
         EXPECT_TRUE(key == Qt::Key_Return ? pressed == 1 : !below.isVisible());
@@ -190,7 +179,7 @@ TEST_F(FlyingHandsTest, AKeyThatClosedAMessageDoesNothingBelowWhileItIsHeld) {
 }
 
 TEST_F(FlyingHandsTest, ADragThatEndsElsewhereIsNoClick) {
-    Form.Logic().SetShowRoute(true);
+    Form.Logic().SetFlag(&DisplayFlags::ShowRoute, true);
     auto& length = Find<QWidget>("lblRoute");
     const QPoint outside(-60, 80);
     QTest::mousePress(&length, Qt::LeftButton);
@@ -212,18 +201,11 @@ protected:
         const QPointF at = first.mapToGlobal(QPointF(8, 8));
         static quint64 now = 1000000; // after every click before
         now += 10000;
-        Mouse(first, QEvent::MouseButtonPress, at, now);
-        Mouse(first, QEvent::MouseButtonRelease, at, now + 80);
+        SendMouse(first, QEvent::MouseButtonPress, at, now);
+        SendMouse(first, QEvent::MouseButtonRelease, at, now + 80);
         QWidget& below = second();
-        Mouse(below, QEvent::MouseButtonDblClick, at, now + 160);
-        Mouse(below, QEvent::MouseButtonRelease, at, now + 240);
-    }
-    static void Mouse(QWidget& to, QEvent::Type type, QPointF at, quint64 when) {
-        const bool isUp = type == QEvent::MouseButtonRelease;
-        QMouseEvent event(type, to.mapFromGlobal(at), at, Qt::LeftButton,
-                          isUp ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
-        event.setTimestamp(when);
-        QApplication::sendEvent(&to, &event);
+        SendMouse(below, QEvent::MouseButtonDblClick, at, now + 160);
+        SendMouse(below, QEvent::MouseButtonRelease, at, now + 240);
     }
 };
 

@@ -1,11 +1,7 @@
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QGridLayout>
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QPushButton>
 
-#include "platform/qt/SurfaceWidget.h"
 #include "screens/FlyingFormFixture.h"
 #include "screens/WindowAround.h"
 
@@ -151,7 +147,7 @@ TEST_F(FlyingFormTest, ANoticeLeavesTheRedrawThatItComesFromWhole) {
     Form.Form_Activate();
     FlyingScreen& screen = Form.Logic();
     Fix();
-    screen.SetShowRoute(true);
+    screen.SetFlag(&DisplayFlags::ShowRoute, true);
     ASSERT_FALSE(Notices.isVisibleTo(window));
     const auto picture = [this] { return Find<SurfaceWidget>("picMap").Surface().Image().copy(); };
     const QImage before = picture();

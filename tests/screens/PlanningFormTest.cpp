@@ -1,61 +1,35 @@
 #include <QCheckBox>
-#include <QComboBox>
 #include <QGroupBox>
-#include <QLabel>
-#include <QLineEdit>
 #include <QRadioButton>
 #include <QSlider>
-#include <QTest>
-#include <QVBoxLayout>
-
-#include <gtest/gtest.h>
 
 #include "common/SettingsFiles.h"
 #include "planning/frmLuftraumSettings.h"
 #include "planning/frmPlanung.h"
-#include "platform/qt/Events.h"
 #include "platform/qt/LampButton.h"
-#include "platform/qt/QtNotice.h"
-#include "platform/qt/SurfaceWidget.h"
+#include "screens/FormFixture.h"
 #include "screens/WindowAround.h"
-#include "support/FlightFolder.h"
-#include "support/ScriptedDialogs.h"
 
 namespace ornivane {
 namespace {
 
-class PlanningFormTest : public testing::Test, protected FlightFolder {
+class PlanningFormTest : public FormTest {
 protected:
     PlanningFormTest() {
         // Every pixel another colour, or a drag of it would not be seen.
         QImage chart(2000, 1000, QImage::Format_RGB32);
         for (int y = 0; y < 1000; ++y)
             for (int x = 0; x < 2000; ++x) chart.setPixel(x, y, qRgb(x / 8, y / 4, (x + y) / 12));
-        for (const char* name : {"alpha.jpg", "zulu.jpg"})
-            chart.save(QString::fromStdString((Folder.Path() / "Karten" / name).string()), "JPG");
-        Sql("INSERT INTO Waypoints (Name, Lat, Long, Kategorie) VALUES ('Alpha', 50.30, 7.0, ''), "
-            "('Bravo', 50.24, 6.48, '')");
+        WriteCharts(chart, {"alpha.jpg", "zulu.jpg"});
+        AddWaypoint("Alpha", 50.30, 7.0);
+        AddWaypoint("Bravo", 50.24, 6.48);
         AddRoute("R", {6.3, 7.0});
-        Form.resize(1024, 640);
-        Form.show();
-        Form.Form_Activate();
+        Front = &Show(Form);
         Form.Logic().Map.SetSlide(-60);
     }
-    template <typename Widget>
-    Widget& Find(const char* name) {
-        auto* widget = Form.findChild<Widget*>(name);
-        if (!widget) throw std::runtime_error(std::string("no widget ") + name);
-        return *widget;
-    }
-    std::string Text(const char* name) { return Find<QLabel>(name).text().toStdString(); }
     SurfaceWidget& Map() { return Find<SurfaceWidget>("picMap"); }
     QImage Picture() { return Map().Surface().Image().copy(); }
     void Move(int x, int y) { QTest::mouseMove(&Map(), {x, y}); }
-    void Click(const char* name) { QTest::mouseClick(&Find<QWidget>(name), Qt::LeftButton); }
-    void LetGo(int key) {
-        QKeyEvent event(QEvent::KeyRelease, key, Qt::NoModifier);
-        QApplication::sendEvent(&Map(), &event);
-    }
     frmLuftraumSettings& OpenSettings() {
         Form.ShowAirspaceSettings();
         return Find<frmLuftraumSettings>("frmLuftraumSettings");
@@ -66,9 +40,7 @@ protected:
         return Form.findChild<frmLuftraumSettings*>() == nullptr;
     }
 
-    QtNotice Notices;
     ScriptedDialogs Boxes;
-    EventGuard Guard{Notices, Shared};
     frmPlanung Form{Shared, Boxes, Guard};
 };
 
@@ -93,7 +65,7 @@ TEST_F(PlanningFormTest, ThePointerDragsTheChartAndTellsItsPosition) {
     const QImage picture = Picture();
     Move(200, 200); // without a button
     EXPECT_EQ(Text("lblLatx"), map.lblLatx);
-    EXPECT_EQ(Text("lblNS") + Text("lblEW"), "NE");
+    EXPECT_THAT(Texts({"lblNS", "lblEW"}), testing::ElementsAre("N", "E"));
     EXPECT_EQ(map.View, before);
     QTest::mousePress(&Map(), Qt::RightButton, {}, {200, 200});
     Move(180, 190);
@@ -116,8 +88,8 @@ TEST_F(PlanningFormTest, ThePointerDragsTheChartAndTellsItsPosition) {
 
 TEST_F(PlanningFormTest, KeysOfTheMapStepThroughWaypointsAndBuildTheRoute) {
     QTest::mouseClick(&Map(), Qt::RightButton, {}, {5, 5});
-    LetGo(Qt::Key_Return); // pressed in a message that closed
-    LetGo(Qt::Key_Down);
+    SendKey(Map(), QEvent::KeyRelease, Qt::Key_Return); // pressed in a message that closed
+    SendKey(Map(), QEvent::KeyRelease, Qt::Key_Down);
     const Recordset& points = Form.Logic().Routes.RoutePointsSet;
     EXPECT_EQ(points.RecordCount(), 2);
     QTest::keyClick(&Map(), Qt::Key_Down);
@@ -150,8 +122,8 @@ TEST_F(PlanningFormTest, ADoubleClickAndANameMakeAWaypoint) {
 TEST_F(PlanningFormTest, TheMeasuringLineLeavesNothingBehind) {
     const QImage plan = Picture();
     Click("cmdMessen");
-    EXPECT_TRUE(Find<LampButton>("picMessen").isVisible());
-    EXPECT_FALSE(Find<LampButton>("cmdMessen").isVisible());
+    EXPECT_TRUE(Shows("picMessen"));
+    EXPECT_FALSE(Shows("cmdMessen"));
     Move(50, 60);
     const QImage line = Picture();
     EXPECT_NE(line, plan);
@@ -179,7 +151,7 @@ TEST_F(PlanningFormTest, TheAirspaceDialogTakesItsChoiceWhenItCloses) {
     QTest::keyClick(dialog->findChild<QCheckBox*>("chkPL"), Qt::Key_Space);
     QTest::keyClick(height(), Qt::Key_Return);
     EXPECT_TRUE(SettingsAreClosed());
-    EXPECT_TRUE(Find<QLabel>("tLR").isVisible());
+    EXPECT_TRUE(Shows("tLR"));
     EXPECT_EQ(Text("tLR"), "Luftraum in 4500 ft");
     EXPECT_TRUE(Form.Logic().Airspace.tPR);
 
@@ -224,7 +196,7 @@ TEST_F(PlanningFormTest, AChoiceOfMapsAndTheLanguageShowAtOnce) {
     Sql("DELETE FROM Maps");
     Form.Form_Deactivate();
     Form.Form_Activate();
-    EXPECT_TRUE(Find<QLabel>("lblNoMap").isVisible());
+    EXPECT_TRUE(Shows("lblNoMap"));
     EXPECT_FALSE(Find<QSlider>("SlideMap").isEnabled());
     EXPECT_EQ(maps.count(), 0);
 }

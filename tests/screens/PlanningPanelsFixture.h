@@ -1,45 +1,23 @@
 #pragma once
 
 #include <QHeaderView>
-#include <QLabel>
-#include <QLineEdit>
-#include <QTableView>
-#include <QTest>
-
-#include <gtest/gtest.h>
 
 #include "planning/ListsFixture.h"
 #include "planning/frmPlanung.h"
 #include "planning/frmWaypointPanel.h"
-#include "platform/qt/Events.h"
-#include "platform/qt/QtNotice.h"
+#include "screens/FormFixture.h"
 
 namespace ornivane {
 
 // The planning screen on the lists of a small store.
-class PlanningPanelsTest : public testing::Test, protected PlanningLists {
+class PlanningPanelsTest : public FormOn<PlanningLists> {
 protected:
     PlanningPanelsTest() {
-        Window.resize(1024, 640);
-        Window.show();
-        Window.Form_Activate();
+        Front = &Show(Window);
         QApplication::setActiveWindow(&Window);
         Left->FocusEntry();
     }
-    template <typename Widget>
-    Widget& Find(const char* name) {
-        auto* widget = Window.findChild<Widget*>(name);
-        if (!widget) throw std::runtime_error(std::string("no widget ") + name);
-        return *widget;
-    }
-    std::string Text(const char* name) { return Find<QLineEdit>(name).text().toStdString(); }
-    void Click(const char* name) { QTest::mouseClick(&Find<QWidget>(name), Qt::LeftButton); }
-    void ClickRow(const char* grid, int row) {
-        auto& view = Find<QTableView>(grid);
-        const QModelIndex index = view.model()->index(row, 1);
-        view.scrollTo(index);
-        QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(index).center());
-    }
+    void ClickRow(const char* grid, int row) { ornivane::ClickRow(Find<QTableView>(grid), row, 1); }
     // Keys go where the focus is.
     void Key(int key) { QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key)); }
     void Type(const char* text) { QTest::keyClicks(QApplication::focusWidget(), text); }
@@ -59,12 +37,10 @@ protected:
         return field + " " + count;
     }
 
-    QtNotice Notices;
-    EventGuard Guard{Notices, Shared};
     frmPlanung Window{Shared, Boxes, Guard};
     WaypointEditing& Entry = Window.Logic().Waypoints;
     RouteEditing& Route = Window.Logic().Routes;
-    QWidget* Map = &Find<QWidget>("picMap");
+    QWidget* Map = &In<QWidget>(Window, "picMap");
     frmWaypointPanel* Left = Window.findChild<frmWaypointPanel*>();
 };
 

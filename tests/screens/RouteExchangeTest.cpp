@@ -1,24 +1,16 @@
-#include <QApplication>
 #include <QFileDialog>
-#include <QLineEdit>
-#include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPointer>
-#include <QTest>
 #include <QTimer>
-
-#include <gtest/gtest.h>
 
 #include "planning/RouteImport.h"
 #include "planning/frmExport.h"
-#include "platform/qt/QtDialogs.h"
-#include "platform/qt/QtNotice.h"
-#include "support/FlightFolder.h"
+#include "screens/FormFixture.h"
 
 namespace ornivane {
 namespace {
 
-class RouteExchangeForms : public testing::Test, protected FlightFolder {
+class RouteExchangeForms : public FormTest {
 protected:
     RouteExchangeForms() {
         AddRoute("Alpen", {6.3, 7.0});
@@ -27,15 +19,11 @@ protected:
         Window.show();
     }
     void Show(const char* cell) {
-        Form = new frmExport(Shared, Boxes, Guard, cell, &Window);
+        Front = Form = new frmExport(Shared, Boxes, Guard, cell, &Window);
         Form->open();
         ASSERT_TRUE(QTest::qWaitForWindowActive(Form));
     }
     void Key(Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); }
-    template <typename Widget>
-    Widget& Find(const char* name) {
-        return *Form->findChild<Widget*>(name);
-    }
     // The text of the message that stands, which Enter takes away.
     std::string Message() {
         auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
@@ -49,9 +37,7 @@ protected:
     bool IsSaved(const char* name) { return std::filesystem::exists(Folder.Path() / "Route" / name); }
 
     QWidget Window;
-    QtNotice Notices;
     QtDialogs Boxes;
-    EventGuard Guard{Notices, Shared};
     QPointer<frmExport> Form;
 };
 

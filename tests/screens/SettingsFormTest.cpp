@@ -1,23 +1,14 @@
-#include <QComboBox>
 #include <QHeaderView>
-#include <QLabel>
-#include <QLineEdit>
 #include <QListView>
-#include <QPushButton>
 #include <QScrollBar>
-#include <QTableView>
-#include <QTest>
-#include <gmock/gmock.h>
 
 #include "common/SettingsFiles.h"
 #include "gps/GpsFakes.h"
-#include "platform/qt/Events.h"
-#include "platform/qt/QtNotice.h"
+#include "screens/FormFixture.h"
 #include "settings/frmGetWaypoints.h"
 #include "settings/frmManager.h"
 #include "settings/frmSettings.h"
-#include "store/Statement.h"
-#include "support/FlightFolder.h"
+#include "support/Rows.h"
 #include "support/SetClock.h"
 
 namespace ornivane {
@@ -25,44 +16,23 @@ namespace {
 
 using testing::ElementsAre;
 
-class SettingsFormTest : public testing::Test, protected FlightFolder {
+class SettingsFormTest : public FormTest {
 protected:
     SettingsFormTest() {
-        CreateStore(Folder.Path() / "ovdata.ovd", StoreKind::Airfields);
-        Shared.AirfieldConn.Open(Folder.Path() / "ovdata.ovd", Connection::Mode::ReadWrite);
-        Shared.AirfieldStoreOpen = true;
+        OpenAirfields();
         Ports.Numbers = {5, 7};
         Sql("INSERT INTO Kategorie VALUES (1, 'A & B'), (2, 'VOR'), (3, 'Platz')");
-        Sql("INSERT INTO Waypoints (Name, Lat, Long, Kategorie) VALUES ('Bonn', 50, 7, 'VOR')");
+        AddWaypoint("Bonn", 50, 7, "VOR");
+        Front = &Form;
     }
-    void Show() {
-        Form.resize(1024, 640);
-        Form.show();
-        Form.Form_Activate();
-    }
-    template <typename Widget>
-    Widget& In(const QWidget& form, const char* name) {
-        auto* widget = form.findChild<Widget*>(name);
-        if (!widget) throw std::runtime_error(std::string("no widget ") + name);
-        return *widget;
-    }
-    template <typename Widget>
-    Widget& Find(const char* name) {
-        return In<Widget>(Form, name);
-    }
-    void Click(const char* name) { QTest::mouseClick(&Find<QWidget>(name), Qt::LeftButton); }
-    std::string One(const char* sql) {
-        Statement row(Shared.DataConn, sql);
-        return row.Step() ? std::string(row.Text(0)) : std::string();
-    }
+    void Show() { FormTest::Show(Form); }
+    std::string One(const char* sql) { return RowsOf(Shared.DataConn, sql).at(0); }
 
     FakePort Port;
     FakeTimer Timer;
     FakePortList Ports;
     ScriptedDialogs Boxes;
     SetClock Clock;
-    QtNotice Notices;
-    EventGuard Guard{Notices, Shared};
     frmSettings Form{
         {{Shared, Port, Timer, Ports, Clock, Boxes}, Guard, [this] { Form.ApplyLanguage(); }, {}}};
 };
@@ -98,14 +68,14 @@ TEST_F(SettingsFormTest, TestsThePortThatWasChosenAndKeepsTheChoiceShutMeanwhile
     EXPECT_FALSE(ports.isEnabled());
     EXPECT_EQ(Form.cursor().shape(), Qt::WaitCursor);
     Port.Receive(Sentence("GPRMC,120000,A,5030.0,N,00700.0,E,,,") + "\r\n");
-    EXPECT_EQ(Find<QLabel>("lblLat").text(), "N 50° 30.0'");
+    EXPECT_EQ(Text("lblLat"), "N 50° 30.0'");
     Timer.Fire(2);
     EXPECT_TRUE(ports.isEnabled());
     EXPECT_EQ(Form.cursor().shape(), Qt::ArrowCursor);
-    EXPECT_EQ(Find<QLabel>("lblStatus").text(), "OK - Daten gespeichert");
+    EXPECT_EQ(Text("lblStatus"), "OK - Daten gespeichert");
     Click("OptEng");
-    EXPECT_EQ(Find<QLabel>("lblStatus").text(), "OK - Data saved");
-    EXPECT_EQ(Find<QLabel>("lblComVerbindung").text(), "COM 7 connected");
+    EXPECT_EQ(Text("lblStatus"), "OK - Data saved");
+    EXPECT_EQ(Text("lblComVerbindung"), "COM 7 connected");
 }
 
 TEST_F(SettingsFormTest, OffersTheOnlyPortThereIsAndABaudRateOfItsOwn) {
@@ -114,11 +84,11 @@ TEST_F(SettingsFormTest, OffersTheOnlyPortThereIsAndABaudRateOfItsOwn) {
     Show();
     EXPECT_EQ(Find<QComboBox>("cmbCom").currentText(), "5");
     EXPECT_EQ(Find<QComboBox>("cmbBaud").currentText(), "115200");
-    EXPECT_TRUE(Find<QLabel>("lblHint").isVisible());
+    EXPECT_TRUE(Shows("lblHint"));
     Click("cmdCheck");
     EXPECT_THAT(Port.Attempts, ElementsAre(5));
     EXPECT_EQ(Port.Settings, "115200,n,8,1");
-    EXPECT_FALSE(Find<QLabel>("lblHint").isVisible());
+    EXPECT_FALSE(Shows("lblHint"));
     Timer.Fire(2);
     Ports.Numbers.clear();
     Form.Form_Activate();
@@ -146,8 +116,7 @@ TEST_F(SettingsFormTest, KeepsGridEntryAndRowTogether) {
     Form.Form_Deactivate();
     Form.Form_Activate();
     EXPECT_EQ(entry.text(), "Wald");
-    QTest::mouseClick(grid.viewport(), Qt::LeftButton, Qt::NoModifier,
-                      grid.visualRect(grid.model()->index(1, 1)).center());
+    ClickRow(grid, 1, 1);
     entry.clear();
     QTest::keyClicks(&entry, "Funk");
     Click("cmdChange");
@@ -213,7 +182,7 @@ TEST_F(SettingsFormTest, TheManagersListsMoveAsOne) {
     const auto assignChoice = [&](int index) {
         choice.setCurrentIndex(index);
         emit choice.activated(index);
-        QTest::mouseClick(&assign, Qt::LeftButton);
+        ClickOn(assign);
     };
     EXPECT_EQ(choice.currentText(), "");
     assignChoice(choice.findText("Platz"));
@@ -235,12 +204,11 @@ TEST_F(SettingsFormTest, TheImportShowsWhatItWillTake) {
     auto& button = In<QPushButton>(transfer, "cmdTransfer");
     EXPECT_EQ(button.text(), "Flughäfen in Kategorie A && B importieren");
     auto& list = In<QListView>(transfer, "listAP");
-    QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::NoModifier,
-                      list.visualRect(list.model()->index(0, 0)).center());
+    ClickRow(list, 0);
     EXPECT_EQ(In<QLabel>(transfer, "lblCount").text(), "1 Flughafen");
     QTest::keyClick(&list, Qt::Key_A, Qt::ControlModifier);
     EXPECT_EQ(In<QLabel>(transfer, "lblCount").text(), "2 Flughäfen");
-    QTest::mouseClick(&button, Qt::LeftButton);
+    ClickOn(button);
     EXPECT_THAT(Boxes.Shown, ElementsAre("2 Flughäfen hinzugefügt|Es wurden 2 Flughäfen hinzugefügt."));
 }
 

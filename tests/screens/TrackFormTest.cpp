@@ -1,44 +1,24 @@
-#include <QLabel>
 #include <QListWidget>
-#include <QPushButton>
-#include <QTableView>
-#include <QTest>
 #include <set>
 
-#include <gtest/gtest.h>
-
-#include "platform/qt/Events.h"
-#include "platform/qt/QtNotice.h"
-#include "support/FlightFolder.h"
-#include "support/ScriptedDialogs.h"
+#include "screens/FormFixture.h"
 #include "tracks/frmTrack.h"
 
 namespace ornivane {
 namespace {
 
-class TrackFormTest : public testing::Test, protected FlightFolder {
+class TrackFormTest : public FormTest {
 protected:
     TrackFormTest() {
-        CreateStore(Folder.Path() / "track.ovd", StoreKind::Track);
-        Connection store;
-        store.Open(Folder.Path() / "track.ovd", Connection::Mode::ReadWrite);
-        store.Execute("INSERT INTO List VALUES (3, 'one'), (5, 'two'), (9, 'three')");
-        store.Execute("INSERT INTO Track VALUES (3, 1, 50, 7, 300, 'D', 'T'), (5, 1, 51, 7, 300, 'D', 'T'), "
-                      "(5, 2, 52, 7, 300, 'D', 'T')");
+        OpenTracks();
+        Shared.TrackConn.Execute("INSERT INTO List VALUES (3, 'one'), (5, 'two'), (9, 'three')");
+        Shared.TrackConn.Execute("INSERT INTO Track VALUES (3, 1, 50, 7, 300, 'D', 'T'), "
+                                 "(5, 1, 51, 7, 300, 'D', 'T'), (5, 2, 52, 7, 300, 'D', 'T')");
         Shared.EnglishUI = 1;
-        Form = new frmTrack(Shared, Guard, Boxes, &Window);
+        Front = Form = new frmTrack(Shared, Guard, Boxes, &Window);
         Form->Start();
     }
-    template <typename Widget>
-    Widget& Find(const char* name) {
-        auto* widget = Form->findChild<Widget*>(name);
-        if (!widget) throw std::runtime_error(std::string("no widget ") + name);
-        return *widget;
-    }
-    void ClickRow(const char* list, int row) {
-        auto& view = Find<QListWidget>(list);
-        QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.visualItemRect(view.item(row)).center());
-    }
+    void ClickRow(const char* list, int row) { ornivane::ClickRow(Find<QListWidget>(list), row); }
     // The chosen tracks and what is told of them.
     void ExpectChosen(const std::vector<QString>& tracks, const char* points) {
         std::vector<QString> chosen;
@@ -49,9 +29,7 @@ protected:
     }
 
     QWidget Window;
-    QtNotice Notices;
     ScriptedDialogs Boxes;
-    EventGuard Guard{Notices, Shared};
     frmTrack* Form = nullptr;
 };
 
@@ -75,7 +53,7 @@ TEST_F(TrackFormTest, TracksAreChosenByMouseAndByKeys) {
     ExpectChosen({"one"}, "1 trackpoint");
     // The row that was reached by keys is still the one after a question.
     QTest::keyClick(&list, Qt::Key_Down);
-    QTest::mouseClick(&Find<QPushButton>("cmdDelete"), Qt::LeftButton);
+    Click("cmdDelete");
     QTest::keyClick(&list, Qt::Key_Space);
     ExpectChosen({"one", "three"}, "1 trackpoint");
     QTest::keyClick(&list, Qt::Key_A, Qt::ControlModifier);
@@ -84,7 +62,7 @@ TEST_F(TrackFormTest, TracksAreChosenByMouseAndByKeys) {
     ClickRow("listTrack", 2);
     ExpectChosen({"one"}, "1 trackpoint");
     Boxes.Answer = true;
-    QTest::mouseClick(&Find<QPushButton>("cmdDelete"), Qt::LeftButton);
+    Click("cmdDelete");
     ExpectChosen({}, "0 trackpoints");
     EXPECT_EQ(list.count(), 2);
     EXPECT_EQ(Find<QListWidget>("listIndex").item(0)->text(), "5");
@@ -110,12 +88,11 @@ TEST_F(TrackFormTest, EveryControlIsReachedByTabAndExplained) {
 
 // The dialog hides the window's notice bar and takes its clicks.
 TEST_F(TrackFormTest, AnErrorIsToldOverTheDialog) {
-    Connection store;
-    store.Open(Folder.Path() / "track.ovd", Connection::Mode::ReadWrite);
-    store.Execute("CREATE TRIGGER refuse BEFORE DELETE ON List BEGIN SELECT RAISE(ABORT, 'refused'); END");
+    Shared.TrackConn.Execute(
+        "CREATE TRIGGER refuse BEFORE DELETE ON List BEGIN SELECT RAISE(ABORT, 'refused'); END");
     ClickRow("listTrack", 1);
     Boxes.Answer = true;
-    QTest::mouseClick(&Find<QPushButton>("cmdDelete"), Qt::LeftButton);
+    Click("cmdDelete");
     auto& notice = Find<QLabel>("noticeBar");
     EXPECT_TRUE(notice.isVisible() && Form->rect().contains(notice.geometry()));
     EXPECT_EQ(notice.text(), Notices.text());
@@ -133,6 +110,39 @@ TEST_F(TrackFormTest, AnErrorIsToldOverTheDialog) {
     }
     QTest::mouseClick(&notice, Qt::LeftButton);
     EXPECT_FALSE(notice.isVisible() || Notices.isVisible());
+}
+
+TEST_F(TrackFormTest, TheOfferToUndoStandsBesideTheButtons) {
+    Window.resize(1024, 700);
+    Boxes.Answer = true;
+    ClickRow("listTrack", 0);
+    Click("cmdDelete");
+    QCoreApplication::processEvents();
+    auto* bar = Form->findChild<QtNotice*>("noticeBar");
+    ASSERT_TRUE(bar && bar->isVisible());
+    EXPECT_EQ(bar->text(), "Track 3 deleted");
+    EXPECT_FALSE(Notices.isVisible());
+    const QRect place(bar->mapTo(Form, QPoint()), bar->size());
+    for (const char* name : {"cmdDelete", "cmdExit", "cmdTrack"}) {
+        auto* button = Form->findChild<QWidget*>(name);
+        EXPECT_FALSE(place.intersects(QRect(button->mapTo(Form, QPoint()), button->size()))) << name;
+    }
+    auto* undo = bar->findChild<QPushButton*>("cmdNotice");
+    Notices.Offer("Category See deleted", "undo", [] {}); // of the window behind, as the error is
+    Notices.Show("An error");                             // which gives back both offers
+    EXPECT_EQ(bar->text(), "An error");
+    EXPECT_FALSE(undo->isVisible());
+    QTest::mouseClick(bar, Qt::LeftButton, {}, {10, 10});
+    EXPECT_EQ(bar->text(), "Track 3 deleted");
+    ASSERT_TRUE(bar->isVisible() && undo->isVisible());
+    QTest::mouseClick(undo, Qt::LeftButton);
+    EXPECT_FALSE(bar->isVisible());
+    EXPECT_EQ(Text("lblRecords"), "1 trackpoint");
+    Click("cmdDelete");
+    QTest::mouseClick(bar, Qt::LeftButton, {}, {10, 10}); // away with this offer alone
+    EXPECT_FALSE(bar->isVisible());
+    EXPECT_EQ(Notices.text(), "Category See deleted");
+    Form->close();
 }
 
 } // namespace

@@ -1,14 +1,6 @@
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QSlider>
-#include <QTableView>
-#include <QTest>
 #include <QWheelEvent>
-
-#include <gtest/gtest.h>
 
 #include "calibration/frmCalRect.h"
 #include "calibration/frmCalibrate.h"
@@ -18,15 +10,12 @@
 #include "planning/frmExport.h"
 #include "planning/frmLuftraumSettings.h"
 #include "planning/frmPlanung.h"
-#include "platform/qt/Events.h"
-#include "platform/qt/QtDialogs.h"
-#include "platform/qt/QtNotice.h"
 #include "platform/qt/QtTimer.h"
 #include "platform/qt/SystemClock.h"
+#include "screens/FormFixture.h"
 #include "settings/frmGetWaypoints.h"
 #include "settings/frmManager.h"
 #include "settings/frmSettings.h"
-#include "support/FlightFolder.h"
 #include "tracks/frmTrack.h"
 
 namespace ornivane {
@@ -101,60 +90,39 @@ void TurnOverEach(QWidget& form) {
     }
 }
 
-class WheelTest : public testing::Test, protected FlightFolder {
+class WheelTest : public FormTest {
 protected:
     WheelTest() {
-        QImage chart(2000, 1000, QImage::Format_RGB32);
-        chart.fill(Qt::white);
-        for (const char* name : {"alpha.jpg", "zulu.jpg"})
-            chart.save(QString::fromStdString((Folder.Path() / "Karten" / name).string()), "JPG");
+        WriteCharts(WhiteChart(), {"alpha.jpg", "zulu.jpg"});
         AddRoute("R", {6.3, 7.0, 7.3});
         AddRoute("S", {6.4, 6.5});
         AddRoute("T", {6.4, 6.5});
         Sql("INSERT INTO Kategorie VALUES (1, 'A'), (2, 'B'), (3, 'C')");
-        Sql("INSERT INTO Waypoints (Name, Lat, Long, Kategorie) VALUES ('Bonn', 50, 7, 'A'), "
-            "('Bonndorf', 50.1, 7, 'B'), ('Bonnet', 50.2, 7, 'B')");
-        CreateStore(Folder.Path() / "track.ovd", StoreKind::Track);
-        Shared.TrackConn.Open(Folder.Path() / "track.ovd", Connection::Mode::ReadWrite);
+        AddWaypoint("Bonn", 50, 7, "A");
+        AddWaypoint("Bonndorf", 50.1, 7, "B");
+        AddWaypoint("Bonnet", 50.2, 7, "B");
+        OpenTracks();
         Shared.TrackConn.Execute("INSERT INTO List VALUES (3, 'one'), (5, 'two'), (9, 'three')");
         Shared.TrackConn.Execute("INSERT INTO Track VALUES (3, 1, 50, 7, 300, 'D', 'T')");
-        CreateStore(Folder.Path() / "ovdata.ovd", StoreKind::Airfields);
-        Shared.AirfieldConn.Open(Folder.Path() / "ovdata.ovd", Connection::Mode::ReadWrite);
-        Shared.AirfieldStoreOpen = true;
+        OpenAirfields();
         Shared.TrackEnabled = true;
         Shared.EnglishUI = 1;
         Ports.Numbers = {1, 2, 3};
     }
-    template <typename Widget>
-    static Widget& In(const QWidget& form, const char* name) {
-        auto* widget = form.findChild<Widget*>(name);
-        if (!widget) throw std::runtime_error(std::string("no widget ") + name);
-        return *widget;
-    }
-    template <typename Form>
-    Form& Show(Form& form) {
-        form.resize(1024, 640);
-        form.show();
-        form.Form_Activate();
-        return form;
-    }
-
     FakePort Port;
     FakePortList Ports;
     FakeTimer LinkTimer;
     SystemClock Clock;
-    QtNotice Notices;
     QtDialogs Dialogs;
-    EventGuard Guard{Notices, Shared};
     QtTimer TrackTimer{Guard};
-    frmGPSmain Flying{{Shared, Port, LinkTimer, TrackTimer, Ports, Clock, Dialogs, Notices, Guard}};
+    frmGPSmain Flying{{Shared, {Port, LinkTimer, TrackTimer, Clock}, Ports, Dialogs, Notices, Guard}};
     frmSettings Settings{{{Shared, Port, LinkTimer, Ports, Clock, Dialogs}, Guard, [] {}, {}}};
 };
 
 TEST_F(WheelTest, ChangesNothingInFlight) {
     Show(Flying);
-    QTest::mouseClick(&In<QWidget>(Flying, "cmdActivateGoto"), Qt::LeftButton);
-    QTest::mouseClick(&In<QWidget>(Flying, "cmdSet"), Qt::LeftButton);
+    ClickOn(In<QWidget>(Flying, "cmdActivateGoto"));
+    ClickOn(In<QWidget>(Flying, "cmdSet"));
     const auto& logic = Flying.Logic();
     const auto flown = [&] {
         return logic.Map.Name() + logic.Route.cmbRoute + std::to_string(logic.Map.SlideMap) +
@@ -194,7 +162,7 @@ TEST_F(WheelTest, ChangesNothingOnTheGroundAndInNoDialog) {
 TEST_F(WheelTest, ChangesNothingInTheCatalogueNorWhileCalibrating) {
     frmCalibrate catalogue(Shared, Guard, Dialogs);
     TurnOverEach(Show(catalogue));
-    QTest::mouseClick(&In<QWidget>(catalogue, "cmdCalibrate"), Qt::LeftButton);
+    ClickOn(In<QWidget>(catalogue, "cmdCalibrate"));
     auto& form = In<frmCalRect>(catalogue, "frmCalRect");
     QTest::mouseClick(&In<QWidget>(form, "picMap"), Qt::LeftButton, {}, {100, 100});
     QTest::keyClicks(&In<QWidget>(form, "tQuickfind1"), "Bonn");

@@ -2,8 +2,8 @@
 
 #include "base/RuntimeError.h"
 #include "settings/AirfieldTransfer.h"
-#include "store/Statement.h"
 #include "support/FlightFolder.h"
+#include "support/Rows.h"
 #include "support/ScriptedDialogs.h"
 
 namespace ornivane {
@@ -14,8 +14,7 @@ using testing::ElementsAre;
 class AirfieldTransferTest : public testing::Test, protected FlightFolder {
 protected:
     AirfieldTransferTest() {
-        CreateStore(Folder.Path() / "ovdata.ovd", StoreKind::Airfields);
-        Shared.AirfieldConn.Open(Folder.Path() / "ovdata.ovd", Connection::Mode::ReadWrite);
+        OpenAirfields();
         Shared.AirfieldConn.Execute(
             "INSERT INTO ARPT (ICAO, WGS_DLAT, WGS_DLONG) VALUES ('EDKB', 50.75, 7.25), ('EDZZ', 1, 1), "
             "('LFPB', 48.5, -8.5), ('EDZZZ', 2, 2), ('XX01', 3, 3), ('YY01', 4, 4), ('YY02', 4, 4)");
@@ -23,18 +22,10 @@ protected:
             "INSERT INTO ICAOCODE VALUES ('LF', ' Frankreich'), ('ED', 'Deutschland')");
         Sql("INSERT INTO Kategorie VALUES (2, 'Platz'), (1, 'Peter''s')");
     }
-    void AddWaypoint(const std::string& name) {
-        Shared.DataConn.Execute("INSERT INTO Waypoints (Name, Lat, Long, Kategorie) VALUES (?, 9, 9, 'own')",
-                                {name});
-    }
-    std::string Waypoints() {
-        Statement rows(Shared.DataConn,
-                       "SELECT Name, round(Lat, 6), round(Long, 6), Kategorie FROM Waypoints "
-                       "ORDER BY Name");
-        std::string text;
-        while (rows.Step())
-            for (int i = 0; i < 4; ++i) text += rows.ColumnValue(i).Text() + (i < 3 ? " " : ", ");
-        return text;
+    std::vector<std::string> Waypoints() {
+        return RowsOf(Shared.DataConn,
+                      "SELECT Name, round(Lat, 6), round(Long, 6), Kategorie FROM Waypoints ORDER BY Name",
+                      NumbersAs::Shown);
     }
 
     ScriptedDialogs Dialogs;
@@ -58,11 +49,12 @@ TEST_F(AirfieldTransferTest, CountsTheAirfieldsOfEachPrefix) {
 }
 
 TEST_F(AirfieldTransferTest, AddsOnlyNewNamesAndTellsHowMany) {
-    AddWaypoint("edkb");
+    AddWaypoint("edkb", 9, 9, "own");
     Transfer.Form_Load();
     Transfer.cmbKategorie_Click("Platz");
     Transfer.cmdTransfer_Click({0, 1});
-    EXPECT_EQ(Waypoints(), "edkb 9 9 own, EDZZ 1 1 Platz, EDZZZ 2 2 Platz, LFPB 48.3 -8.7 Platz, ")
+    EXPECT_THAT(Waypoints(),
+                ElementsAre("edkb 9 9 own", "EDZZ 1 1 Platz", "EDZZZ 2 2 Platz", "LFPB 48.3 -8.7 Platz"))
         << "the west by the floor rule of stored coordinates";
     Transfer.cmdTransfer_Click({0, 1});
     Transfer.cmdTransfer_Click({});
@@ -78,7 +70,7 @@ TEST_F(AirfieldTransferTest, AddsOnlyNewNamesAndTellsHowMany) {
 
 // A row of one letter takes all codes of that letter into its group: what the list counts is what comes.
 TEST_F(AirfieldTransferTest, AStrayRowHidesNoAirfieldFromTheImport) {
-    AddWaypoint("Bonn");
+    AddWaypoint("Bonn", 9, 9, "own");
     Shared.AirfieldConn.Execute(
         "INSERT INTO ARPT (ICAO, WGS_DLAT, WGS_DLONG) VALUES ('e', 5, 5), (' ', 6, 6), ('YY%', 7, 7)");
     Transfer.Form_Load();
@@ -90,18 +82,18 @@ TEST_F(AirfieldTransferTest, AStrayRowHidesNoAirfieldFromTheImport) {
     EXPECT_EQ(Transfer.lblCount, "4 Flughäfen");
     Transfer.cmbKategorie_Click("Platz");
     Transfer.cmdTransfer_Click({1});
-    EXPECT_EQ(Waypoints(), "Bonn 9 9 own, e 5 5 Platz, EDKB 50.45 7.15 Platz, EDZZ 1 1 Platz, "
-                           "EDZZZ 2 2 Platz, ");
+    EXPECT_THAT(Waypoints(), ElementsAre("Bonn 9 9 own", "e 5 5 Platz", "EDKB 50.45 7.15 Platz",
+                                         "EDZZ 1 1 Platz", "EDZZZ 2 2 Platz"));
     EXPECT_THAT(Dialogs.Shown, ElementsAre("4 Flughäfen hinzugefügt|Es wurden 4 Flughäfen hinzugefügt."));
 }
 
 TEST_F(AirfieldTransferTest, LeavesOutAirfieldsWithoutCoordinatesAndTellsWhich) {
-    AddWaypoint("EDZZ");
+    AddWaypoint("EDZZ", 9, 9, "own");
     Shared.AirfieldConn.Execute("UPDATE ARPT SET WGS_DLAT = NULL WHERE ICAO <> 'EDZZZ'");
     Shared.AirfieldConn.Execute("INSERT INTO ARPT (ICAO, WGS_DLAT, WGS_DLONG) VALUES ('LFAA', 1, 'x')");
     Transfer.Form_Load();
     Transfer.cmdTransfer_Click({0, 1});
-    EXPECT_EQ(Waypoints(), "EDZZ 9 9 own, EDZZZ 2 2 Peter's, ");
+    EXPECT_THAT(Waypoints(), ElementsAre("EDZZ 9 9 own", "EDZZZ 2 2 Peter's"));
     Transfer.cmdTransfer_Click({0, 1});
     EXPECT_THAT(
         Dialogs.Shown,
@@ -114,11 +106,11 @@ TEST_F(AirfieldTransferTest, LeavesOutAirfieldsWithoutCoordinatesAndTellsWhich) 
 TEST_F(AirfieldTransferTest, TakesAllOrNothing) {
     Transfer.Form_Load();
     EXPECT_THROW(Transfer.cmdTransfer_Click({0}), RuntimeError) << "there is no waypoint at all";
-    AddWaypoint("Bonn");
+    AddWaypoint("Bonn", 9, 9, "own");
     Sql("CREATE TRIGGER Refuse BEFORE INSERT ON Waypoints WHEN NEW.Name = 'LFPB' "
         "BEGIN SELECT RAISE(ABORT, 'no'); END");
     EXPECT_THROW(Transfer.cmdTransfer_Click({0, 1}), RuntimeError);
-    EXPECT_EQ(Waypoints(), "Bonn 9 9 own, ");
+    EXPECT_THAT(Waypoints(), ElementsAre("Bonn 9 9 own"));
 }
 
 } // namespace

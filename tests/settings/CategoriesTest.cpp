@@ -5,9 +5,9 @@
 #include "base/RuntimeError.h"
 #include "settings/Categories.h"
 #include "settings/CategoryManager.h"
-#include "store/Statement.h"
 #include "support/FlightFolder.h"
 #include "support/PressedNotice.h"
+#include "support/Rows.h"
 #include "support/ScriptedDialogs.h"
 
 namespace ornivane {
@@ -21,23 +21,19 @@ protected:
     CategoriesTest() {
         Shared.EnglishUI = 1;
         Sql("INSERT INTO Kategorie VALUES (1, 'Stadt'), (2, 'VOR'), (3, 'Platz')");
-        Sql("INSERT INTO Waypoints (Name, Lat, Long, Kategorie) VALUES ('Bonn', 50, 7, 'Stadt'), "
-            "('Aachen', 50, 6, 'stadt'), ('EDKB', 50, 7, 'Platz'), ('BONN', 51, 1, ''), ('NTM', 50, 6, "
-            "'VOR')");
+        for (const auto& [name, category] : std::vector<std::pair<const char*, const char*>>{
+                 {"Bonn", "Stadt"}, {"Aachen", "stadt"}, {"EDKB", "Platz"}, {"BONN", ""}, {"NTM", "VOR"}})
+            AddWaypoint(name, 50, 7, category);
         List.Form_Load();
     }
-    std::string Rows(const char* sql) {
-        Statement rows(Shared.DataConn, sql);
-        std::string text;
-        while (rows.Step()) {
-            for (int i = 0; i < rows.ColumnCount(); ++i)
-                text += (i == 0 ? "" : " ") + (rows.IsNull(i) ? "Null" : rows.ColumnValue(i).Text());
-            text += ", ";
-        }
-        return text;
+    std::vector<std::string> Rows(const char* sql) { return RowsOf(Shared.DataConn, sql, NumbersAs::Shown); }
+    std::vector<std::string> Stored() {
+        return Rows("SELECT Nummer, Kategorie FROM Kategorie ORDER BY Nummer");
     }
-    std::string Stored() { return Rows("SELECT Nummer, Kategorie FROM Kategorie ORDER BY Nummer"); }
-    std::string Waypoints() { return Rows("SELECT Name, Kategorie FROM Waypoints ORDER BY PointID"); }
+    std::vector<std::string> Waypoints() {
+        return Rows("SELECT Name, Kategorie FROM Waypoints ORDER BY PointID");
+    }
+    std::vector<std::vector<std::string>> Both() { return {Stored(), Waypoints()}; }
     void StandOn(int place) {
         List.CategoriesSet.SetAbsolutePosition(place);
         List.GridRowChanged();
@@ -53,7 +49,7 @@ TEST_F(CategoriesTest, AddsBehindTheCurrentRowWhatIsNotThereYet) {
     EXPECT_EQ(List.tKategorie, "Stadt");
     List.tKategorie = "Peter's";
     List.cmdAdd_Click();
-    EXPECT_EQ(Stored(), "1 Stadt, 2 Peter's, 3 VOR, 4 Platz, ");
+    EXPECT_THAT(Stored(), ElementsAre("1 Stadt", "2 Peter's", "3 VOR", "4 Platz"));
     EXPECT_EQ(List.CategoriesSet.AbsolutePosition(), 2);
     EXPECT_EQ(List.tKategorie, "Peter's");
 
@@ -65,27 +61,27 @@ TEST_F(CategoriesTest, AddsBehindTheCurrentRowWhatIsNotThereYet) {
     EXPECT_THAT(Dialogs.Shown,
                 ElementsAre("Data error|Category already exists. Please choose another name...",
                             "Datenfehler|Bitte Name für die Kategorie eingeben"));
-    EXPECT_EQ(Stored(), "1 Stadt, 2 Peter's, 3 VOR, 4 Platz, ");
+    EXPECT_THAT(Stored(), ElementsAre("1 Stadt", "2 Peter's", "3 VOR", "4 Platz"));
     EXPECT_EQ(List.CategoriesSet.AbsolutePosition(), 3) << "on the row that was found";
 }
 
 TEST_F(CategoriesTest, RenamesTheWaypointsWithTheCategory) {
     List.tKategorie = "Platz"; // two rows of one name, their waypoints are one category
     List.cmdChange_Click();
-    EXPECT_EQ(Stored(), "1 Platz, 2 VOR, 3 Platz, ");
-    EXPECT_EQ(Waypoints(), "Bonn Platz, Aachen Platz, EDKB Platz, BONN , NTM VOR, ");
+    EXPECT_THAT(Stored(), ElementsAre("1 Platz", "2 VOR", "3 Platz"));
+    EXPECT_THAT(Waypoints(), ElementsAre("Bonn Platz", "Aachen Platz", "EDKB Platz", "BONN ", "NTM VOR"));
     StandOn(2);
     List.tKategorie_DblClick();
     List.cmdChange_Click();
-    EXPECT_EQ(Stored(), "1 Platz, 2 , 3 Platz, ");
-    EXPECT_EQ(Waypoints(), "Bonn Platz, Aachen Platz, EDKB Platz, BONN , NTM , ");
+    EXPECT_THAT(Stored(), ElementsAre("1 Platz", "2 ", "3 Platz"));
+    EXPECT_THAT(Waypoints(), ElementsAre("Bonn Platz", "Aachen Platz", "EDKB Platz", "BONN ", "NTM "));
     EXPECT_THAT(Dialogs.Shown, IsEmpty());
 }
 
 TEST_F(CategoriesTest, DeletesWithoutItsWaypointsAndStandsOnTheNextOrLastRow) {
     List.cmdDelete_Click();
-    EXPECT_EQ(Stored(), "1 VOR, 2 Platz, ");
-    EXPECT_EQ(Waypoints(), "Bonn , Aachen , EDKB Platz, BONN , NTM VOR, ");
+    EXPECT_THAT(Stored(), ElementsAre("1 VOR", "2 Platz"));
+    EXPECT_THAT(Waypoints(), ElementsAre("Bonn ", "Aachen ", "EDKB Platz", "BONN ", "NTM VOR"));
     EXPECT_EQ(List.tKategorie, "VOR");
     StandOn(2);
     List.cmdDelete_Click();
@@ -93,20 +89,20 @@ TEST_F(CategoriesTest, DeletesWithoutItsWaypointsAndStandsOnTheNextOrLastRow) {
     List.cmdDelete_Click();
     List.cmdDelete_Click();
     List.cmdChange_Click();
-    EXPECT_EQ(Stored(), "");
+    EXPECT_THAT(Stored(), IsEmpty());
     List.tKategorie = "New";
     List.cmdAdd_Click();
-    EXPECT_EQ(Stored(), "1 New, ");
+    EXPECT_THAT(Stored(), ElementsAre("1 New"));
 }
 
 TEST_F(CategoriesTest, AChangeIsTakenBackWithAllItsWaypointsAndNoOthers) {
-    const std::string before = Waypoints();
+    const auto before = Waypoints();
     List.tKategorie = "Platz"; // both are one category then
     List.cmdChange_Click();
     EXPECT_EQ(Bar.Text, "Category Stadt changed [&undo]");
     List.cmdChange_Click(); // a second time changes nothing
     EXPECT_TRUE(Bar.Press());
-    EXPECT_EQ(Stored(), "1 Stadt, 2 VOR, 3 Platz, ");
+    EXPECT_THAT(Stored(), ElementsAre("1 Stadt", "2 VOR", "3 Platz"));
     EXPECT_EQ(Waypoints(), before);
     EXPECT_EQ(List.tKategorie, "Stadt");
     List.tKategorie = "New";
@@ -119,8 +115,8 @@ TEST_F(CategoriesTest, AChangeIsTakenBackWithAllItsWaypointsAndNoOthers) {
     LastDeed.ApplyLanguage();
     EXPECT_EQ(Bar.Text, "Kategorie Stadt geändert [&rückgängig]");
     Bar.Press();
-    EXPECT_EQ(Stored(), "1 Stadt, 2 VOR, 3 Platz, 4 Added, ");
-    EXPECT_EQ(Waypoints(), "Bonn Stadt, Aachen Added, EDKB Platz, BONN , NTM VOR, ");
+    EXPECT_THAT(Stored(), ElementsAre("1 Stadt", "2 VOR", "3 Platz", "4 Added"));
+    EXPECT_THAT(Waypoints(), ElementsAre("Bonn Stadt", "Aachen Added", "EDKB Platz", "BONN ", "NTM VOR"));
     EXPECT_EQ(List.tKategorie, "Stadt");
 }
 
@@ -131,25 +127,27 @@ TEST_F(CategoriesTest, WaypointsThatCameIntoARenamedCategoryGoBackWithIt) {
     List.cmdChange_Click();
     Sql("UPDATE Waypoints SET Kategorie = 'Gone' WHERE Name = 'EDKB'");
     EXPECT_TRUE(Bar.Press());
-    EXPECT_EQ(Waypoints(), "Bonn Stadt, Aachen stadt, EDKB Stadt, BONN , NTM Gone, ");
+    EXPECT_THAT(Waypoints(), ElementsAre("Bonn Stadt", "Aachen stadt", "EDKB Stadt", "BONN ", "NTM Gone"));
     List.tKategorie = "Platz"; // which is another one
     List.cmdChange_Click();
     Sql("UPDATE Waypoints SET Kategorie = 'Platz' WHERE PointID = 4");
     EXPECT_TRUE(Bar.Press());
-    EXPECT_EQ(Waypoints(), "Bonn Stadt, Aachen stadt, EDKB Stadt, BONN Platz, NTM Gone, ");
+    EXPECT_THAT(Waypoints(),
+                ElementsAre("Bonn Stadt", "Aachen stadt", "EDKB Stadt", "BONN Platz", "NTM Gone"));
     List.tKategorie.clear();
     List.cmdChange_Click();
     EXPECT_TRUE(Bar.Press());
-    EXPECT_EQ(Waypoints(), "Bonn Stadt, Aachen stadt, EDKB Stadt, BONN Platz, NTM Gone, ");
+    EXPECT_THAT(Waypoints(),
+                ElementsAre("Bonn Stadt", "Aachen stadt", "EDKB Stadt", "BONN Platz", "NTM Gone"));
 }
 
 TEST_F(CategoriesTest, ADeletedCategoryThatWasAddedAgainDoesNotComeBackTwice) {
-    const std::string before = Waypoints();
+    const auto before = Waypoints();
     List.cmdDelete_Click();
     List.tKategorie = "stadt";
     List.cmdAdd_Click();
     EXPECT_TRUE(Bar.Press());
-    EXPECT_EQ(Stored(), "1 VOR, 2 stadt, 3 Platz, ");
+    EXPECT_THAT(Stored(), ElementsAre("1 VOR", "2 stadt", "3 Platz"));
     EXPECT_EQ(Waypoints(), before);
     EXPECT_EQ(List.tKategorie, "stadt");
     Sql("UPDATE Kategorie SET Kategorie = NULL WHERE Nummer = 1");
@@ -157,14 +155,14 @@ TEST_F(CategoriesTest, ADeletedCategoryThatWasAddedAgainDoesNotComeBackTwice) {
     StandOn(1);
     List.cmdDelete_Click();
     EXPECT_TRUE(Bar.Press());
-    EXPECT_EQ(Stored(), "1 Null, 2 stadt, 3 Platz, ");
+    EXPECT_THAT(Stored(), ElementsAre("1 null", "2 stadt", "3 Platz"));
 }
 
 // Any deed in any order, and some of them taken back, beside what the store was before the last one.
 TEST_F(CategoriesTest, AnySequenceOfDeedsIsTakenBackToWhatWasThere) {
     Sql("PRAGMA synchronous = OFF");
     std::mt19937 dice;
-    std::string before, present = Stored() + Waypoints();
+    auto before = Both(), present = before;
     int undone = 0;
     for (int step = 0; step < 600; ++step) {
         const unsigned deed = dice() % 4;
@@ -176,7 +174,7 @@ TEST_F(CategoriesTest, AnySequenceOfDeedsIsTakenBackToWhatWasThere) {
             List.cmdAdd_Click();
             Shared.DataConn.Execute("UPDATE Waypoints SET Kategorie = ? WHERE PointID = ?",
                                     {List.tKategorie, 1 + step % 5});
-            present = Stored() + Waypoints();
+            present = Both();
             LastDeed.Withdraw();
         } else if (deed == 3) {
             List.Form_Activate();
@@ -185,10 +183,10 @@ TEST_F(CategoriesTest, AnySequenceOfDeedsIsTakenBackToWhatWasThere) {
             List.tKategorie = "K" + std::to_string(dice() % 10);
             if (List.tKategorie == current) List.tKategorie += " again";
             deed == 1 ? List.cmdChange_Click() : List.cmdDelete_Click();
-            present = Stored() + Waypoints();
+            present = Both();
             if (dice() % 2 == 0) continue;
             ASSERT_TRUE(Bar.Press());
-            ASSERT_EQ(Stored() + Waypoints(), before) << step;
+            ASSERT_EQ(Both(), before) << step;
             ASSERT_EQ(List.tKategorie, current) << step;
             present = before;
             ++undone;
@@ -205,8 +203,8 @@ TEST_F(CategoriesTest, LeavesAllAsItWasWhenTheStoreRefuses) {
     EXPECT_THROW(List.cmdDelete_Click(), RuntimeError);
     EXPECT_THROW(List.cmdChange_Click(), RuntimeError);
     EXPECT_THROW(List.cmdAdd_Click(), RuntimeError);
-    EXPECT_EQ(Stored(), "1 Stadt, 2 VOR, 3 Platz, ");
-    EXPECT_EQ(Waypoints(), "Bonn Stadt, Aachen stadt, EDKB Platz, BONN , NTM VOR, ");
+    EXPECT_THAT(Stored(), ElementsAre("1 Stadt", "2 VOR", "3 Platz"));
+    EXPECT_THAT(Waypoints(), ElementsAre("Bonn Stadt", "Aachen stadt", "EDKB Platz", "BONN ", "NTM VOR"));
     EXPECT_EQ(List.CategoriesSet.RecordCount(), 3);
     EXPECT_EQ(List.CategoriesSet.AbsolutePosition(), 2);
 }
@@ -228,7 +226,7 @@ TEST_F(CategoriesTest, TheManagerGivesManyWaypointsACategory) {
     EXPECT_THAT(
         Dialogs.Shown,
         ElementsAre("Datenbankfehler|Wegpunkt - Zzz - wurde nicht gefunden. Bitte Datenbank überprüfen."));
-    EXPECT_EQ(Waypoints(), "Bonn VOR, Aachen Platz, EDKB VOR, BONN , NTM VOR, ");
+    EXPECT_THAT(Waypoints(), ElementsAre("Bonn VOR", "Aachen Platz", "EDKB VOR", "BONN ", "NTM VOR"));
 }
 
 } // namespace

@@ -1,15 +1,10 @@
 #include <gmock/gmock.h>
 
-#include <fstream>
-#include <iterator>
-
 #include "app/Stores.h"
 #include "common/SettingsFiles.h"
-#include "gps/GpsFakes.h"
 #include "settings/SettingsScreen.h"
+#include "support/PortWorld.h"
 #include "support/PressedNotice.h"
-#include "support/SetClock.h"
-#include "support/TemporaryFolder.h"
 
 namespace ornivane {
 namespace {
@@ -17,11 +12,10 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class SettingsScreenTest : public testing::Test {
+class SettingsScreenTest : public testing::Test, protected PortWorld {
 protected:
     SettingsScreenTest() {
         MakeStores(Folder.Path());
-        Shared.ProgramFolder = Folder.Path();
         Shared.LuftraumDate = AirspaceRelease;
         Shared.DataConn.Open(Folder.Path() / "data.ovd", Connection::Mode::ReadWrite);
         Shared.TrackConn.Open(Folder.Path() / "track.ovd", Connection::Mode::ReadWrite);
@@ -29,15 +23,8 @@ protected:
         Ports.Numbers = {7};
         Screen.Form_Load();
     }
-    std::string Bytes(const char* file) { return FileBytes(Folder.Path() / file); }
+    std::string Bytes(const char* file) { return Folder.Bytes(file); }
 
-    TemporaryFolder Folder;
-    FakePort Port;
-    FakeTimer Timer;
-    FakePortList Ports;
-    ScriptedDialogs Dialogs;
-    SetClock Clock;
-    Variablen Shared;
     int CaptionsWritten = 0;
     PressedNotice Bar;
     SettingsScreen Screen{

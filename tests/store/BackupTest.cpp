@@ -2,11 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "base/AtomicFile.h"
 #include "base/RuntimeError.h"
-#include "store/Connection.h"
-#include "store/Recordset.h"
 #include "store/Schema.h"
+#include "support/Rows.h"
 #include "support/TemporaryFolder.h"
 
 namespace ornivane {
@@ -24,13 +22,7 @@ protected:
     int TracksIn(const fs::path& file) {
         Connection copy;
         copy.Open(file, Connection::Mode::ReadWrite);
-        Recordset rows;
-        rows.Open(copy, "SELECT * FROM List");
-        return rows.RecordCount();
-    }
-    int FilesInFolder() {
-        return static_cast<int>(
-            std::distance(fs::directory_iterator(Folder.Path()), fs::directory_iterator()));
+        return static_cast<int>(RowsOf(copy, "SELECT * FROM List").size());
     }
     TemporaryFolder Folder;
     fs::path Store = Folder.Path() / "track.ovd", Copy = Folder.Path() / "track.bak";
@@ -46,7 +38,7 @@ TEST_F(BackupTest, CopiesAnOpenStoreAndReplacesTheCopyBefore) {
     Track.Execute("INSERT INTO List (Name) VALUES ('02Jan26 - 10:00')");
     BackupStore(Track, Copy);
     EXPECT_EQ(TracksIn(Copy), 2);
-    EXPECT_EQ(FilesInFolder(), 2);
+    EXPECT_EQ(Folder.Files(), 2);
 }
 
 TEST_F(BackupTest, KeepsTheCopyBeforeWhenItFailsAndNeverTouchesTheStore) {
@@ -62,7 +54,7 @@ TEST_F(BackupTest, KeepsTheCopyBeforeWhenItFailsAndNeverTouchesTheStore) {
     EXPECT_THROW(BackupStore(Track, Folder.Path() / "missing" / "track.bak"), RuntimeError);
     EXPECT_THROW(BackupStore(Connection(), Copy), RuntimeError);
     EXPECT_EQ(TracksIn(Store), 2);
-    EXPECT_EQ(FilesInFolder(), 2);
+    EXPECT_EQ(Folder.Files(), 2);
 }
 
 } // namespace

@@ -1,16 +1,13 @@
 #include "store/Connection.h"
 
-#include <filesystem>
 #include <unistd.h>
 
 #include <gtest/gtest.h>
 
-#include "base/AtomicFile.h"
 #include "base/RuntimeError.h"
-#include "store/Recordset.h"
 #include "store/Schema.h"
-#include "store/Statement.h"
 #include "store/TextOrder.h"
+#include "support/Rows.h"
 #include "support/TemporaryFolder.h"
 
 namespace ornivane {
@@ -37,12 +34,8 @@ class ConnectionTest : public testing::Test {
 protected:
     fs::path Store() const { return Folder.Path() / "data.ovd"; }
     std::string ReasonOf(Connection::Mode mode = Connection::Mode::ReadWrite) {
-        try {
-            Connection().Open(Store(), mode);
-        } catch (const RuntimeError& error) {
-            return error.what();
-        }
-        return "opened";
+        const auto error = ErrorOf([&] { Connection().Open(Store(), mode); });
+        return error ? error->what() : "opened";
     }
     TemporaryFolder Folder;
 };
@@ -102,10 +95,7 @@ TEST_F(ConnectionTest, BringsBackAStoreWhoseLastChangeWasCutOff) {
     WriteFileAtomically(journal, inTheMiddle);
     Connection data;
     data.Open(Store(), Connection::Mode::ReadWrite);
-    Recordset rows;
-    rows.Open(data, "SELECT * FROM Kategorie");
-    ASSERT_EQ(rows.RecordCount(), 1);
-    EXPECT_EQ(rows.Text("Kategorie"), "kept");
+    EXPECT_EQ(RowsOf(data, "SELECT Kategorie FROM Kategorie"), std::vector<std::string>{"kept"});
 }
 
 TEST_F(ConnectionTest, ALockedStoreIsToldAndNotWaitedFor) {
@@ -149,10 +139,7 @@ TEST_F(ConnectionTest, TransactionsNestAndRollBackByThemselves) {
         Transaction lost(data);
         add("lost");
     }
-    Recordset rows;
-    rows.Open(data, "SELECT * FROM Kategorie");
-    ASSERT_EQ(rows.RecordCount(), 1);
-    EXPECT_EQ(rows.Text("Kategorie"), "kept");
+    EXPECT_EQ(RowsOf(data, "SELECT Kategorie FROM Kategorie"), std::vector<std::string>{"kept"});
 }
 
 TEST_F(ConnectionTest, EveryKindOfStoreHasItsTables) {

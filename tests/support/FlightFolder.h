@@ -1,10 +1,7 @@
 #pragma once
 
-#include <filesystem>
-#include <string>
 #include <vector>
 
-#include "base/AtomicFile.h"
 #include "common/Variablen.h"
 #include "store/Schema.h"
 #include "support/TemporaryFolder.h"
@@ -17,8 +14,7 @@ class FlightFolder {
 public:
     FlightFolder() {
         Shared.ProgramFolder = Folder.Path();
-        CreateStore(Folder.Path() / "data.ovd", StoreKind::Data);
-        Shared.DataConn.Open(Folder.Path() / "data.ovd", Connection::Mode::ReadWrite);
+        Open(Shared.DataConn, StoreKind::Data);
         std::filesystem::create_directory(Folder.Path() / "Karten");
         for (const char* chart : {"alpha.jpg", "zulu.jpg"})
             WriteFileAtomically(Folder.Path() / "Karten" / chart, "an image");
@@ -28,6 +24,30 @@ public:
     }
 
     void Sql(const std::string& statement) { Shared.DataConn.Execute(statement); }
+    // Further stores, empty.
+    void OpenTracks() { Open(Shared.TrackConn, StoreKind::Track); }
+    void OpenAirspace() { Open(Shared.LuftraumConn, StoreKind::Luftraum); }
+    void OpenAirfields() {
+        Open(Shared.AirfieldConn, StoreKind::Airfields);
+        Shared.AirfieldStoreOpen = true;
+    }
+    // Latitude and longitude as they are stored (DegMinValue).
+    void AddWaypoint(const std::string& name, double lat, double longitude,
+                     const std::string& category = "") {
+        Shared.DataConn.Execute("INSERT INTO Waypoints (Name, Lat, Long, Kategorie) VALUES (?, ?, ?, ?)",
+                                {name, lat, longitude, category});
+    }
+    // An active chart of 2000 x 1000 pixels.
+    void AddChart(const std::string& name, double bottom, double top, double left, double right) {
+        Shared.DataConn.Execute("INSERT INTO Maps VALUES (?, ?, ?, ?, ?, 2000, 1000, 1)",
+                                {name, top, bottom, left, right});
+    }
+    // An image of which there is no more than its size.
+    void WriteJpegHeader(const std::string& chart, int width, int height) const {
+        std::string bytes("\xFF\xD8\xFF\xC0\0\x11\x08", 7);
+        for (const int value : {height >> 8, height, width >> 8, width}) bytes += static_cast<char>(value);
+        Folder.Write("Karten/" + chart, bytes);
+    }
     // A route through points P1, P2 ... of one latitude, at the given longitudes (DegMinValue).
     void AddRoute(const std::string& name, const std::vector<double>& longitudes) {
         Shared.DataConn.Execute("INSERT INTO Route (Nummer, Name) SELECT count(*) + 1, ? FROM Route", {name});
@@ -40,6 +60,12 @@ public:
 
     TemporaryFolder Folder;
     Variablen Shared;
+
+private:
+    void Open(Connection& connection, StoreKind kind) {
+        CreateStore(Folder.Path() / StoreFileName(kind), kind);
+        connection.Open(Folder.Path() / StoreFileName(kind), Connection::Mode::ReadWrite);
+    }
 };
 
 } // namespace ornivane

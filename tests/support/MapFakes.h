@@ -37,14 +37,13 @@ public:
     double ScaleWidth() const override { return Width; }
     double ScaleHeight() const override { return Height; }
     void Cls() override { Drawn.assign(1, "cls"); }
-    void PaintPicture(const Picture&, const PixelRect&, const PixelRect& source) override {
+    void PaintPicture(const Picture&, const PixelRect&, const PictureSection& section) override {
         Drawn.clear(); // the picture covers all that was there
-        Source = source;
+        Source = {section.X, section.Y, section.AcrossX, section.DownY};
         ++Paints;
     }
     void PaintTurned(const Picture&, double angle) override { Drawn.push_back("turned " + Number(angle)); }
     void SetDrawWidth(int pixels) override { Pen = pixels; }
-    int DrawWidth() const override { return Pen; }
     void SetForeColor(Colour colour) override { Fore = colour; }
     void Line(double x1, double y1, double x2, double y2, Colour colour) override {
         Drawn.push_back("line " + At(x1, y1) + " " + At(x2, y2) + Ink(colour));

@@ -23,7 +23,6 @@ struct ScriptedDialogs : Dialogs {
     void Message(const std::string& title, const std::string& text) override {
         Shown.push_back(title + "|" + text);
     }
-    void MessageAndWait(const std::string& title, const std::string& text) override { Message(title, text); }
     void MessageWithDetails(const std::string& title, const std::string& text,
                             const std::string& details) override {
         Message(title, text);

@@ -1,7 +1,6 @@
 #include "tracks/TrackManager.h"
 
 #include <csignal>
-#include <fstream>
 #include <sstream>
 
 #include <sys/resource.h>
@@ -10,10 +9,9 @@
 
 #include "base/Format.h"
 #include "base/RuntimeError.h"
-#include "store/Recordset.h"
-#include "store/Statement.h"
 #include "support/FlightFolder.h"
 #include "support/PressedNotice.h"
+#include "support/Rows.h"
 #include "support/ScriptedDialogs.h"
 
 namespace ornivane {
@@ -41,20 +39,15 @@ protected:
         return indexes;
     }
     void ExpectStored(const Indexes& tracks, int points) {
-        Recordset rows;
-        rows.Open(Logger, "SELECT * FROM List ORDER BY \"Index\"");
         Indexes stored;
-        for (; !rows.Eof(); rows.MoveNext()) stored.push_back(rows.Get("Index").Integer());
+        for (const std::string& index : RowsOf(Logger, "SELECT \"Index\" FROM List ORDER BY 1"))
+            stored.push_back(std::stoll(index));
         EXPECT_EQ(stored, tracks);
-        rows.Open(Logger, "SELECT * FROM Track");
-        EXPECT_EQ(rows.RecordCount(), points);
+        EXPECT_EQ(RowsOf(Logger, "SELECT * FROM Track").size(), static_cast<std::size_t>(points));
     }
     // The expected files are written by hand.
     std::string ByHand(const std::string& name) {
-        std::ifstream file(SOURCE_DIR "/tests/tracks/" + name, std::ios::binary);
-        std::stringstream bytes;
-        bytes << file.rdbuf();
-        return bytes.str();
+        return ReadWholeFile(SOURCE_DIR "/tests/tracks/" + name).value_or("none");
     }
     std::string Exported(void (TrackManager::*button)()) {
         Boxes.File = Folder.Path() / "out.gpx";
@@ -101,9 +94,7 @@ TEST_F(TrackManagerTest, DeletesWhatTheMessageListsAndKeepsABackup) {
     EXPECT_EQ(Manager.lblRecords, "0 trackpoints");
     Connection backup;
     backup.Open(Folder.Path() / "track.bak", Connection::Mode::ReadOnly);
-    Recordset old;
-    old.Open(backup, "SELECT * FROM Track");
-    EXPECT_EQ(old.RecordCount(), 3);
+    EXPECT_EQ(RowsOf(backup, "SELECT * FROM Track").size(), 3u);
     // The row that moved up still counts as chosen: the first click clears, the second one sets.
     Manager.listTrack_MouseUp(0);
     EXPECT_EQ(Selected(), Indexes{});
@@ -130,13 +121,9 @@ TEST_F(TrackManagerTest, ADeletionGoesOnWithoutItsBackupButNeverHalfway) {
 
 TEST_F(TrackManagerTest, DeletedTracksComeBackFromTheBackupWithTheirChoice) {
     const auto bytes = [this] {
-        std::string text;
-        for (Statement rows(Logger, "SELECT * FROM List LEFT JOIN Track USING (\"Index\") ORDER BY 1, 3");
-             rows.Step();)
-            for (int i = 0; i < rows.ColumnCount(); ++i) text += rows.ColumnValue(i).TextOrEmpty() + "|";
-        return text;
+        return RowsOf(Logger, "SELECT * FROM List LEFT JOIN Track USING (\"Index\") ORDER BY 1, 3");
     };
-    const std::string before = bytes();
+    const auto before = bytes();
     Boxes.Answer = true;
     Manager.cmdDelete_Click(); // nothing was chosen
     EXPECT_FALSE(Bar.Press());
@@ -215,7 +202,7 @@ private:
 TEST_F(TrackManagerTest, AFullDiskAtADeletionLeavesTheStoreWhole) {
     Logger.Execute("WITH RECURSIVE n(i) AS (VALUES (3) UNION ALL SELECT i + 1 FROM n WHERE i < 9000) "
                    "INSERT INTO Track SELECT 1, i, 50, 7, 100, '2026-11-23', '10:00:05' FROM n");
-    std::ofstream(Folder.Path() / "track.bak") << "the backup before";
+    Folder.Write("track.bak", "the backup before");
     Boxes.Answer = true;
     Manager.listTrack_MouseUp(0);
     {
@@ -225,11 +212,8 @@ TEST_F(TrackManagerTest, AFullDiskAtADeletionLeavesTheStoreWhole) {
     ExpectStored({1, 2, 4}, 9001);
     EXPECT_FALSE(Bar.Press());
     EXPECT_EQ(Manager.lblRecords, "9000 trackpoints");
-    EXPECT_EQ(ReadWholeFile(Folder.Path() / "track.bak"), "the backup before");
-    {
-        Statement check(Logger, "PRAGMA integrity_check");
-        EXPECT_TRUE(check.Step() && check.Text(0) == "ok");
-    }
+    EXPECT_EQ(Folder.Bytes("track.bak"), "the backup before");
+    EXPECT_EQ(RowsOf(Logger, "PRAGMA integrity_check"), std::vector<std::string>{"ok"});
     Manager.cmdDelete_Click();
     ExpectStored({2, 4}, 1);
     {
@@ -298,20 +282,16 @@ TEST_F(TrackManagerTest, TextsOfTheStoreNeverBreakTheFile) {
 }
 
 TEST_F(TrackManagerTest, AnExportTouchesNoOtherFileOfTheUser) {
-    const auto other = Folder.Path() / "out.gpx.part";
-    std::ofstream(other) << "mine";
-    const auto files = [this] {
-        return std::distance(std::filesystem::directory_iterator(Folder.Path()), {});
-    };
-    const auto before = files();
+    Folder.Write("out.gpx.part", "mine");
+    const int before = Folder.Files();
     Manager.listTrack_MouseUp(0);
     EXPECT_NE(Exported(&TrackManager::cmdTrack_Click), "none");
-    EXPECT_EQ(ReadWholeFile(other).value_or("gone"), "mine");
-    EXPECT_EQ(files(), before + 1);
+    EXPECT_EQ(Folder.Bytes("out.gpx.part"), "mine");
+    EXPECT_EQ(Folder.Files(), before + 1);
     Logger.Execute("UPDATE Track SET Height = 1e300"); // no altitude: the export ends half-way
     EXPECT_THROW(Exported(&TrackManager::cmdTrack_Click), RuntimeError);
-    EXPECT_EQ(ReadWholeFile(other).value_or("gone"), "mine");
-    EXPECT_EQ(files(), before + 1);
+    EXPECT_EQ(Folder.Bytes("out.gpx.part"), "mine");
+    EXPECT_EQ(Folder.Files(), before + 1);
 }
 
 TEST_F(TrackManagerTest, AFileThatCannotBeWrittenIsLeftInSilence) {

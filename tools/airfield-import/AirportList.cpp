@@ -4,10 +4,10 @@
 #include <array>
 #include <cmath>
 
-#include "airfield-import/Conversion.h"
 #include "airfield-import/Prefixes.h"
 #include "airfield-import/Report.h"
 #include "base/Numbers.h"
+#include "base/Strings.h"
 
 namespace ornivane::airfields {
 
@@ -128,7 +128,7 @@ std::vector<Airfield> AirportList::Release() {
     std::vector<Airfield> fields;
     for (Entry& entry : entries)
         if (entry.Taken) fields.push_back(std::move(entry.Field));
-    std::sort(fields.begin(), fields.end(), [](const auto& a, const auto& b) { return a.Code < b.Code; });
+    std::ranges::sort(fields, {}, &Airfield::Code);
     byId.clear();
     byIdent.clear();
     byCode.clear();

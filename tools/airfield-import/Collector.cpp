@@ -18,8 +18,8 @@ constexpr std::size_t LongestDesignatorEnd = 8, LongestStationName = 80; // char
 
 bool IsSet(std::string_view flag) { return flag == "1" || flag == "true" || flag == "TRUE"; }
 
-// A runway whose surface nobody wrote down: lights, a length of 1200 m or an airport of some size speak for a
-// paved one; else a strip of grass is promised less.
+// Where the surface is not given, lights, a length of 1200 m or an airport of some size suggest a paved one;
+// else it counts as grass, on which the pilot relies less.
 bool IsPaved(const RunwayRecord& record, int length, bool largeOrMedium) {
     const Surface surface = SurfaceOf(record.Surface);
     if (surface != Surface::Unknown) return surface == Surface::Paved;
@@ -57,7 +57,7 @@ void Collector::Take(const RunwayRecord& record) {
     runway.Length = MetresOf(feet);
     runway.Paved = IsPaved(record, runway.Length, owner->LargeOrMedium);
     runway.Designator = DesignatorOf(record.LowIdent, record.HighIdent);
-    runway.Heading = HeadingOf(record.LowIdent, record.LowHeading, record.HighIdent, record.HighHeading);
+    runway.Heading = HeadingOf({record.LowIdent, record.LowHeading}, {record.HighIdent, record.HighHeading});
     owner->Field.Runways.push_back(std::move(runway));
 }
 
@@ -71,7 +71,7 @@ void Collector::Take(const FrequencyRecord& record) {
         return report.Refuse(record.Where, "frequency " + Shown(record.Frequency) + " is none in MHz");
     if (megahertz < LowestMegahertz || megahertz >= HighestMegahertz)
         return report.LeaveOut("frequencies outside 108 to 137 MHz");
-    Station station{StationName(record.Type, record.Description), FrequencyText(megahertz)};
+    Station station{StationName({record.Type, record.Description}), FrequencyText(megahertz)};
     if (station.Name.empty()) return report.Refuse(record.Where, "a frequency without type and description");
     if (CharacterCount(station.Name) > LongestStationName)
         return report.Refuse(record.Where, "a station's name of more than 80 characters");

@@ -7,6 +7,7 @@
 #include <span>
 
 #include "base/Numbers.h"
+#include "base/Strings.h"
 
 namespace ornivane::airfields {
 
@@ -36,7 +37,7 @@ std::optional<int> RunwayNumber(std::string_view ident, std::string_view& rest) 
 
 std::string EndText(std::string_view ident) {
     std::string_view rest;
-    const std::string upper = UpperAscii(ident);
+    std::string upper = UpperAscii(ident);
     const auto number = RunwayNumber(upper, rest);
     if (!number) return upper;
     return (*number < 10 ? "0" : "") + std::to_string(*number) + std::string(rest);
@@ -76,13 +77,6 @@ constexpr std::array Kinds = {
 
 } // namespace
 
-std::string UpperAscii(std::string_view text) {
-    std::string upper(text);
-    for (char& c : upper)
-        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 32);
-    return upper;
-}
-
 Surface SurfaceOf(std::string_view text) {
     constexpr std::array<std::string_view, 20> Paved = {"ASP", "ASF", "BET",  "BIT", "BRI", "CEM", "CON",
                                                         "COM", "COP", "HARD", "MAC", "MET", "PAV", "PEM",
@@ -91,8 +85,7 @@ Surface SurfaceOf(std::string_view text) {
     const std::size_t letter = std::min(upper.find_first_of("ABCDEFGHIJKLMNOPQRSTUVWXYZ"), upper.size());
     const std::string_view word = std::string_view(upper).substr(letter);
     if (word.empty() || word == "U" || word == "X" || word.starts_with("UNK")) return Surface::Unknown;
-    const bool paved =
-        std::any_of(Paved.begin(), Paved.end(), [&](auto start) { return word.starts_with(start); });
+    const bool paved = std::ranges::any_of(Paved, [&](auto start) { return word.starts_with(start); });
     return paved ? Surface::Paved : Surface::Unpaved;
 }
 
@@ -103,12 +96,11 @@ std::string DesignatorOf(std::string_view low, std::string_view high) {
     return EndText(low) + "/" + EndText(high);
 }
 
-std::string HeadingOf(std::string_view lowIdent, std::string_view lowHeading, std::string_view highIdent,
-                      std::string_view highHeading) {
-    auto heading = Heading(lowHeading);
-    if (!heading) heading = Opposite(Heading(highHeading));
-    if (!heading) heading = HeadingOfIdent(lowIdent);
-    if (!heading) heading = Opposite(HeadingOfIdent(highIdent));
+std::string HeadingOf(const RunwayEnd& low, const RunwayEnd& high) {
+    auto heading = Heading(low.Heading);
+    if (!heading) heading = Opposite(Heading(high.Heading));
+    if (!heading) heading = HeadingOfIdent(low.Ident);
+    if (!heading) heading = Opposite(HeadingOfIdent(high.Ident));
     if (!heading) return {};
     const long whole = std::lround(*heading) % 360;
     std::array<char, 8> text{};
@@ -126,7 +118,8 @@ std::string FrequencyText(double megahertz) {
     return text.data();
 }
 
-std::string StationName(std::string_view type, std::string_view description) {
+std::string StationName(const FrequencyWords& words) {
+    const auto [type, description] = words;
     const std::string upperType = UpperAscii(type), upper = UpperAscii(description);
     std::string_view added = type;
     bool said = upper.find(upperType) != std::string::npos;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -19,18 +18,25 @@ int MetresOf(double feet);
 // ("N", "H1") stays as it stands.
 std::string DesignatorOf(std::string_view low, std::string_view high);
 
+// As the runway list has it: the number with its letters, and the true heading in degrees.
+struct RunwayEnd {
+    std::string_view Ident, Heading;
+};
+
 // Three digits, 001 to 360, from the headings in degrees (empty, or outside 0 to 360: not known), the lower
 // end's first, else from the runway numbers; empty when neither tells.
-std::string HeadingOf(std::string_view lowIdent, std::string_view lowHeading, std::string_view highIdent,
-                      std::string_view highHeading);
+std::string HeadingOf(const RunwayEnd& low, const RunwayEnd& high);
 
 // "119.025" from MHz, above 0 and below 1000.
 std::string FrequencyText(double megahertz);
 
+// As the list of frequencies has it: the kind of station ("TWR") and its description.
+struct FrequencyWords {
+    std::string_view Type, Description;
+};
+
 // The description, with the kind of station behind it when it does not say it: "Köln" and "TWR" give
 // "Köln TWR". The program finds stations by the words ATIS, INFO and TWR in their names.
-std::string StationName(std::string_view type, std::string_view description);
-
-std::string UpperAscii(std::string_view text);
+std::string StationName(const FrequencyWords& words);
 
 } // namespace ornivane::airfields

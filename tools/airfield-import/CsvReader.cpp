@@ -6,11 +6,9 @@
 
 namespace ornivane::airfields {
 
-namespace {
 constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
-}
 
-CsvReader::CsvReader(std::string_view of) : text(of) {
+CsvReader::CsvReader(std::string_view csvText) : text(csvText) {
     if (text.starts_with(ByteOrderMark)) text.remove_prefix(ByteOrderMark.size());
 }
 

@@ -16,7 +16,7 @@ public:
     static constexpr std::size_t LongestRecord = 16384; // bytes
 
     // The text must outlive the reader. A byte order mark is passed over.
-    explicit CsvReader(std::string_view text);
+    explicit CsvReader(std::string_view csvText);
 
     // Goes to the next record; empty lines are passed over. False at the end.
     bool Next();

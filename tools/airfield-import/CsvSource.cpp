@@ -17,7 +17,7 @@ using Columns = std::initializer_list<std::string_view>;
 template <typename TakeRow>
 void ReadRows(std::string_view name, const std::string& text, const Columns& needed, Report& report,
               const TakeRow& take) {
-    CsvTable table(name, text, needed);
+    CsvTable table(name, needed, text);
     while (table.Next(report)) take(table);
 }
 

@@ -6,8 +6,8 @@
 
 namespace ornivane::airfields {
 
-CsvTable::CsvTable(std::string_view fileName, std::string_view text,
-                   std::initializer_list<std::string_view> needed)
+CsvTable::CsvTable(std::string_view fileName, std::initializer_list<std::string_view> needed,
+                   std::string_view text)
     : file(fileName), reader(text) {
     const std::string place(file);
     if (!reader.Next() || !reader.Fault().empty())

@@ -17,8 +17,8 @@ class CsvTable {
 public:
     // Name and text must outlive the table. RuntimeError InvalidCall when the first record cannot be read or
     // lacks one of the needed columns.
-    CsvTable(std::string_view fileName, std::string_view text,
-             std::initializer_list<std::string_view> needed);
+    CsvTable(std::string_view fileName, std::initializer_list<std::string_view> needed,
+             std::string_view text);
     CsvTable(const CsvTable&) = delete;
     CsvTable& operator=(const CsvTable&) = delete;
 

@@ -10,8 +10,6 @@
 #include "airfield-import/StoreWriter.h"
 #include "base/Language.h"
 #include "base/RuntimeError.h"
-#include "store/Connection.h"
-#include "store/Statement.h"
 
 namespace ornivane::airfields {
 
@@ -23,27 +21,13 @@ namespace fs = std::filesystem;
     throw RuntimeError(ErrorNumber::PermissionDenied, file.string() + reason);
 }
 
-// A slip of the name must not cost the pilot another store or file.
-bool IsAirfieldStore(const fs::path& file) {
-    return !ErrorOf([&file] {
-        Connection store;
-        store.Open(file, Connection::Mode::ReadOnly);
-        for (const char* table : {"ARPT", "RWY", "ACOM", "ICAOCODE"})
-            Statement(store, "SELECT 1 FROM " + std::string(table) + " LIMIT 1").Step();
-    });
-}
-
 void CheckTarget(const Options& options) {
     std::error_code error;
-    // A journal beside the store would be played back into the new one.
-    if (fs::exists(options.Store.string() + "-journal", error))
-        Refuse(options.Store, " is being changed by another program");
-    if (!fs::exists(options.Store, error)) return;
-    if (!fs::is_regular_file(options.Store, error)) Refuse(options.Store, " is no file");
+    if (fs::exists(options.Store, error) && !fs::is_regular_file(options.Store, error))
+        Refuse(options.Store, " is no file");
     if (fs::equivalent(options.Store, options.Source, error))
         Refuse(options.Store, " is what would be imported");
-    if (!options.Replace) Refuse(options.Store, " exists; --replace replaces it");
-    if (!IsAirfieldStore(options.Store)) Refuse(options.Store, " is no airfield store and is not replaced");
+    CheckReplacing(options.Store, options.Replace);
 }
 
 void Summarize(const Collector::Counts& read, const Written& written, const Report& report,

@@ -30,28 +30,20 @@ std::string Dominant(const Countries& countries) {
     return {};
 }
 
-std::string CutTo(std::string text, std::size_t characters) {
-    while (CharacterCount(text) > characters) {
-        while ((static_cast<unsigned char>(text.back()) & 0xC0) == 0x80) text.pop_back();
-        text.pop_back();
-    }
-    return text;
-}
-
 std::string NameOf(const Countries& countries, const std::map<std::string, std::string>& names) {
     const auto name = [&](const std::string& code) {
         const auto found = names.find(code);
         return found == names.end() || found->second.empty() ? code : found->second;
     };
     const std::string dominant = Dominant(countries);
-    if (!dominant.empty()) return CutTo(name(dominant), LongestName - SuffixLength);
+    if (!dominant.empty()) return std::string(FirstCharacters(name(dominant), LongestName - SuffixLength));
     std::string joined;
     for (const auto& [code, count] : Ranked(countries)) {
         const std::string longer = joined + (joined.empty() ? "" : ", ") + name(code);
         if (!joined.empty() && CharacterCount(longer) > LongestName - SuffixLength) break;
         joined = longer;
     }
-    return CutTo(joined, LongestName - SuffixLength);
+    return std::string(FirstCharacters(joined, LongestName - SuffixLength));
 }
 
 } // namespace

@@ -2,6 +2,8 @@
 
 #include <ostream>
 
+#include "base/Strings.h"
+
 namespace ornivane::airfields {
 
 void Report::Refuse(const Place& place, std::string_view reason) {
@@ -12,19 +14,14 @@ void Report::Refuse(const Place& place, std::string_view reason) {
 void Report::Note(std::string_view text) { out << text << '\n'; }
 
 std::string Shown(std::string_view text) {
-    constexpr std::size_t Longest = 40;
+    constexpr std::size_t longest = 40;
+    const std::string_view kept = FirstBytes(text, longest);
     std::string shown = "\"";
-    for (const char c : text.substr(0, Longest)) {
+    for (const char c : kept) {
         const auto byte = static_cast<unsigned char>(c);
         shown += byte < 0x20 || byte == 0x7F ? '?' : c;
     }
-    // A character cut in two is left away whole.
-    if (text.size() > Longest) {
-        std::size_t end = Longest;
-        while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) --end;
-        shown.resize(1 + end);
-        shown += "...";
-    }
+    if (kept.size() < text.size()) shown += "...";
     return shown + '"';
 }
 

@@ -10,8 +10,8 @@
 
 namespace ornivane::airfields {
 
-// What was not taken, and why. A refused row has a fault and is told at once, with its place; a row left out
-// is sound but of no use to the program (a closed airport) and only counted.
+// What was not taken, and why. A refused row has a fault and is reported at once, with its place; a row left
+// out is sound but of no use to the program (a closed airport) and only counted.
 class Report {
 public:
     explicit Report(std::ostream& to) : out(to) {}

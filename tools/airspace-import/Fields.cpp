@@ -54,7 +54,15 @@ int TakeSide(Cursor& cursor, char positive, char negative) {
     return cursor.Take(negative) ? -1 : 0;
 }
 
-double TakeAngle(Cursor& cursor, const char* what, char positive, char negative, double most) {
+// One coordinate of a position: how it is called, its letters, and its greatest value in degrees.
+struct Axis {
+    const char* Name;
+    char Positive, Negative;
+    double Most;
+};
+
+double TakeAngle(Cursor& cursor, const Axis& axis) {
+    const auto [what, positive, negative, most] = axis;
     int side = TakeSide(cursor, positive, negative);
     double angle = 0, unit = 1;
     for (int field = 0; field < 3; ++field) {
@@ -120,8 +128,8 @@ LimitWords ReadLimit(std::string_view text) {
 Position ParsePosition(std::string_view text) {
     const std::string upper = Upper(text);
     Cursor cursor(upper);
-    const Latitude latitude(TakeAngle(cursor, "a latitude", 'N', 'S', 90));
-    const Longitude longitude(TakeAngle(cursor, "a longitude", 'E', 'W', 180));
+    const Latitude latitude(TakeAngle(cursor, {"a latitude", 'N', 'S', 90}));
+    const Longitude longitude(TakeAngle(cursor, {"a longitude", 'E', 'W', 180}));
     if (!cursor.AtEnd()) throw Unusable("a position with more behind it");
     return {latitude, longitude};
 }
@@ -178,13 +186,12 @@ std::string AspTypeFor(std::string_view airspaceClass, std::string_view type) {
     return result == "A" ? "CLASS A" : result;
 }
 
-std::string Upper(std::string_view text) {
+std::string_view TrimWhite(std::string_view text) {
     const auto first = text.find_first_not_of(" \t");
     if (first == std::string_view::npos) return {};
-    std::string upper(text.substr(first, text.find_last_not_of(" \t") - first + 1));
-    for (char& c : upper)
-        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-    return upper;
+    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
 }
+
+std::string Upper(std::string_view text) { return UpperAscii(TrimWhite(text)); }
 
 } // namespace ornivane

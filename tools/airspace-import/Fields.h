@@ -25,7 +25,10 @@ double ParseAngle(std::string_view text);
 // The AspType of a class (AC) and a type (AY, empty when there is none).
 std::string AspTypeFor(std::string_view airspaceClass, std::string_view type);
 
-// In upper case, without white space at both ends; other letters than those of ASCII stay.
+// Without the blanks and tabs at both ends.
+std::string_view TrimWhite(std::string_view text);
+
+// The same in upper case; other letters than those of ASCII stay.
 std::string Upper(std::string_view text);
 
 } // namespace ornivane

@@ -8,7 +8,7 @@
 
 namespace ornivane {
 
-Import::Import(std::ostream& reportTo, std::ostream& problemsTo) : report(reportTo), problems(problemsTo) {}
+Import::Import(std::ostream& out, std::ostream& errors) : report(out), problems(errors) {}
 
 void Import::Add(const std::string& file, std::string_view bytes) {
     OpenAirContent content = ReadOpenAir(bytes);
@@ -22,9 +22,8 @@ void Import::Add(const std::string& file, std::string_view bytes) {
         problems << file << ':' << refusal.Line << ": " << refusal.Reason << '\n';
     report << file << ": " << content.Records << " airspaces read, " << content.Airspaces.size() << " taken, "
            << content.Refusals.size() << " refusals\n";
-    const auto aboveGround =
-        std::count_if(content.Airspaces.begin(), content.Airspaces.end(),
-                      [](const Airspace& airspace) { return airspace.High.Of == Limit::Reference::Ground; });
+    const auto aboveGround = std::ranges::count(content.Airspaces, Limit::Reference::Ground,
+                                                [](const Airspace& airspace) { return airspace.High.Of; });
     if (aboveGround > 0)
         report << file << ": " << aboveGround
                << " upper limits above ground are kept as feet above sea level: over high ground these "

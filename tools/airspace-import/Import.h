@@ -13,7 +13,7 @@ namespace ornivane {
 class Import {
 public:
     // Refusals go to problems, a line each as "file:line: reason", the sum of a file to report.
-    Import(std::ostream& report, std::ostream& problems);
+    Import(std::ostream& out, std::ostream& errors);
 
     void Add(const std::string& file, std::string_view bytes);
 

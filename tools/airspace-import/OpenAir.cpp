@@ -27,19 +27,11 @@ std::string_view TakeLine(std::string_view& text) {
     return line;
 }
 
-std::string_view TrimWhite(std::string_view text) {
-    const auto first = text.find_first_not_of(" \t");
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
-}
-
 std::string_view WithoutComment(std::string_view text) { return TrimWhite(text.substr(0, text.find('*'))); }
 
 // Foreign text in a report: bounded, cut between two characters, and nothing that steers a terminal.
 std::string Shown(std::string_view text, std::size_t longest = LongestName) {
-    std::size_t end = std::min(text.size(), longest);
-    while (end > 0 && end < text.size() && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) --end;
-    std::string shown(text.substr(0, end));
+    std::string shown(FirstBytes(text, longest));
     for (std::size_t i = 0; i < shown.size(); ++i) {
         const auto byte = static_cast<unsigned char>(shown[i]);
         // The second control block of Latin-1 steers as well; in UTF-8 it is C2 80 to C2 9F.
@@ -74,8 +66,7 @@ public:
             content.Refusals.push_back({line, "the end, after " +
                                                   std::to_string(strayLines - MostStrayLines) +
                                                   " more lines that are no records of airspaces"});
-        std::stable_sort(content.Refusals.begin(), content.Refusals.end(),
-                         [](const Refusal& a, const Refusal& b) { return a.Line < b.Line; });
+        std::ranges::stable_sort(content.Refusals, {}, &Refusal::Line);
         return std::move(content);
     }
 
@@ -90,13 +81,19 @@ private:
         const std::string keyword = Upper(text.substr(0, std::min<std::size_t>(length, 20)));
         const std::string_view body = TrimWhite(text.substr(length));
         try {
-            Understand(keyword, body, text);
+            Understand({keyword, body, text});
         } catch (const Unusable& reason) {
             Spoil(reason.what());
         }
     }
 
-    void Understand(const std::string& keyword, std::string_view body, std::string_view text) {
+    struct Record {
+        const std::string& Keyword;
+        std::string_view Body, Text;
+    };
+
+    void Understand(const Record& record) {
+        const auto& [keyword, body, text] = record;
         if (keyword == "AC")
             Begin(WithoutComment(body));
         else if (keyword == "TO" || keyword == "TC")

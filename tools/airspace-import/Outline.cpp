@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <string>
 
 #include "airspace-import/Unusable.h"
 #include "base/Numbers.h"

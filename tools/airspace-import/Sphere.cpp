@@ -6,11 +6,7 @@
 
 namespace ornivane {
 
-namespace {
-
 constexpr double Radian = std::numbers::pi / 180;
-
-} // namespace
 
 double Distance(const Position& from, const Position& to) {
     const double lat1 = from.Lat.Degrees(), lat2 = to.Lat.Degrees();

@@ -23,6 +23,7 @@ namespace {
 
 std::vector<char*> Pointers(std::vector<std::string>& texts) {
     std::vector<char*> pointers;
+    pointers.reserve(texts.size() + 1);
     for (std::string& text : texts) pointers.push_back(text.data());
     pointers.push_back(nullptr);
     return pointers;
@@ -34,7 +35,7 @@ std::vector<std::string> EnvironmentWith(const std::map<std::string, std::string
         const std::string text = *entry;
         if (!added.contains(text.substr(0, text.find('=')))) result.push_back(text);
     }
-    for (const auto& [name, value] : added) result.push_back(name + "=" + value);
+    for (const auto& [name, value] : added) result.push_back(std::string(name).append("=").append(value));
     return result;
 }
 

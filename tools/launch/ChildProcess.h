@@ -27,7 +27,6 @@ public:
     ChildProcess(const ChildProcess&) = delete;
     ChildProcess& operator=(const ChildProcess&) = delete;
 
-    pid_t Pid() const { return pid; }
     void Signal(int signal) const;
     // A line to its standard input.
     void Tell(const std::string& line) const;

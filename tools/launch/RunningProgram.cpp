@@ -3,21 +3,12 @@
 #include <cstdlib>
 #include <fstream>
 #include <stdexcept>
-#include <thread>
 
 namespace ornivane {
 
 namespace fs = std::filesystem;
 
 namespace {
-
-constexpr std::chrono::milliseconds Pause{20};
-
-fs::path Scratch() {
-    std::string name = (fs::temp_directory_path() / "ornivane-XXXXXX").string();
-    if (!mkdtemp(name.data())) throw std::runtime_error("no temporary folder");
-    return name;
-}
 
 // Without a description the screen off screen is 800 by 800.
 void DescribeScreen(const fs::path& file, int width, int height) {
@@ -28,16 +19,14 @@ void DescribeScreen(const fs::path& file, int width, int height) {
 
 } // namespace
 
-bool WaitUntil(const std::function<bool()>& isSo, std::chrono::milliseconds patience) {
-    const auto end = std::chrono::steady_clock::now() + patience;
-    while (!isSo()) {
-        if (std::chrono::steady_clock::now() > end) return false;
-        std::this_thread::sleep_for(Pause);
-    }
-    return true;
+fs::path MakeTemporaryFolder(const std::string& name) {
+    std::string path = fs::temp_directory_path() / (name + "-XXXXXX");
+    if (!mkdtemp(path.data())) throw std::runtime_error("no temporary folder");
+    return path;
 }
 
-RunningProgram::RunningProgram(const fs::path& folder, const Options& options) : scratch(Scratch()) {
+RunningProgram::RunningProgram(const fs::path& folder, const Options& options)
+    : scratch(MakeTemporaryFolder("ornivane")) {
     ChildProcess::Options child;
     child.Output = options.Output;
     child.Environment = {{"QT_PLUGIN_PATH", PROBE_PLUGINS},

@@ -1,8 +1,6 @@
 #pragma once
 
-#include <chrono>
 #include <filesystem>
-#include <functional>
 #include <memory>
 #include <string>
 
@@ -11,9 +9,8 @@
 
 namespace ornivane {
 
-// Asks again and again until it is so. False when that does not happen in time.
-bool WaitUntil(const std::function<bool()>& isSo,
-               std::chrono::milliseconds patience = std::chrono::seconds(10));
+// A new folder for temporary files; its name begins with this.
+std::filesystem::path MakeTemporaryFolder(const std::string& name);
 
 // Ornivane GPS as it is, started from a portable folder and driven through the probe.
 class RunningProgram {

@@ -17,7 +17,8 @@
 #include <QMessageBox>
 #include <QMouseEvent>
 #include <QProgressBar>
-#include <QScreen>
+#include <map>
+#include <vector>
 
 namespace ornivane {
 
@@ -64,6 +65,15 @@ QString TextOf(QWidget* widget) {
     return widget->windowTitle();
 }
 
+const std::map<QString, std::vector<QEvent::Type>> MouseCommands{
+    {"press", {QEvent::MouseButtonPress}},
+    {"move", {QEvent::MouseMove}},
+    {"release", {QEvent::MouseButtonRelease}},
+    {"click", {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}},
+    {"doubleclick",
+     {QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick,
+      QEvent::MouseButtonRelease}}};
+
 void Mouse(QWidget* widget, QEvent::Type type, const QPointF& at, Qt::MouseButton button) {
     const bool isMove = type == QEvent::MouseMove;
     QMouseEvent event(type, at, widget->mapToGlobal(at), isMove ? Qt::NoButton : button,
@@ -106,7 +116,8 @@ Probe::Probe(const QString& socket) {
 }
 
 // A command that opens a dialog answers when it closes; whoever asked may be gone by then.
-void Probe::Serve(QPointer<QLocalSocket> peer) {
+void Probe::Serve(const QPointer<QLocalSocket>& asking) {
+    const QPointer<QLocalSocket> peer = asking; // the one given may end with its event
     while (peer && peer->canReadLine()) {
         QString answer = Answer(QString::fromUtf8(peer->readLine()).trimmed());
         answer.replace('\\', "\\\\").replace('\n', "\\n");
@@ -119,7 +130,7 @@ void Probe::Serve(QPointer<QLocalSocket> peer) {
 QString Probe::Answer(const QString& line) {
     const QStringList words = line.split(' ');
     const QString& command = words[0];
-    const QString done = ActOnWindow(command, words);
+    QString done = ActOnWindow(command, words);
     if (!done.isEmpty()) return done;
     QWidget* widget = words.size() > 1 ? Named(words[1]) : nullptr;
     if (!widget) return "error: no widget " + words.value(1);
@@ -167,23 +178,11 @@ QString Probe::Ask(const QString& command, QWidget* widget, const QStringList& w
 QString Probe::Act(const QString& command, QWidget* widget, const QStringList& words) {
     const Qt::MouseButton button = words.last() == "right" ? Qt::RightButton : Qt::LeftButton;
     const QString rest = words.mid(2).join(' ');
-    if (command == "click") {
+    if (const auto found = MouseCommands.find(command); found != MouseCommands.end()) {
         const QPointF at = PointIn(words, 2, widget);
-        Mouse(widget, QEvent::MouseButtonPress, at, button);
-        Mouse(widget, QEvent::MouseButtonRelease, at, button);
-    } else if (command == "doubleclick") {
-        const QPointF at = PointIn(words, 2, widget);
-        for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease,
-                                QEvent::MouseButtonDblClick, QEvent::MouseButtonRelease})
-            Mouse(widget, type, at, button);
-    } else if (command == "press") {
-        Mouse(widget, QEvent::MouseButtonPress, PointIn(words, 2, widget), button);
-    } else if (command == "move") {
-        Mouse(widget, QEvent::MouseMove, PointIn(words, 2, widget), button);
+        for (const auto type : found->second) Mouse(widget, type, at, button);
     } else if (command == "hover") {
         Mouse(widget, QEvent::MouseMove, PointIn(words, 2, widget), Qt::NoButton);
-    } else if (command == "release") {
-        Mouse(widget, QEvent::MouseButtonRelease, PointIn(words, 2, widget), button);
     } else if (command == "key") {
         Press(widget, rest);
     } else if (command == "type") {

@@ -12,7 +12,6 @@ namespace ornivane {
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
 constexpr std::chrono::milliseconds Pause{20};
 constexpr int AnswerMilliseconds = 30000;
 
@@ -30,12 +29,18 @@ int Connect(const std::string& path) {
 
 } // namespace
 
-ProbeClient::ProbeClient(const std::filesystem::path& path, std::chrono::milliseconds patience) {
-    const auto end = Clock::now() + patience;
-    while ((descriptor = Connect(path.string())) < 0) {
-        if (Clock::now() > end) throw std::runtime_error("the program does not answer at " + path.string());
+bool WaitUntil(const std::function<bool()>& isSo, std::chrono::milliseconds patience) {
+    const auto end = std::chrono::steady_clock::now() + patience;
+    while (!isSo()) {
+        if (std::chrono::steady_clock::now() > end) return false;
         std::this_thread::sleep_for(Pause);
     }
+    return true;
+}
+
+ProbeClient::ProbeClient(const std::filesystem::path& socket, std::chrono::milliseconds patience) {
+    if (!WaitUntil([&] { return (descriptor = Connect(socket.string())) >= 0; }, patience))
+        throw std::runtime_error("the program does not answer at " + socket.string());
 }
 
 ProbeClient::~ProbeClient() { close(descriptor); }
@@ -54,19 +59,14 @@ std::string ProbeClient::Ask(const std::string& line) {
         if (count <= 0) throw std::runtime_error("no answer to: " + line);
         received.append(bytes, static_cast<std::size_t>(count));
     }
-    const std::string answer = received.substr(0, end);
+    std::string answer = received.substr(0, end);
     received.erase(0, end + 1);
     return answer;
 }
 
 bool ProbeClient::WaitFor(const std::string& line, const std::string& answer,
                           std::chrono::milliseconds patience) {
-    const auto end = Clock::now() + patience;
-    while (Ask(line) != answer) {
-        if (Clock::now() > end) return false;
-        std::this_thread::sleep_for(Pause);
-    }
-    return true;
+    return WaitUntil([&] { return Ask(line) == answer; }, patience);
 }
 
 } // namespace ornivane

@@ -2,9 +2,14 @@
 
 #include <chrono>
 #include <filesystem>
+#include <functional>
 #include <string>
 
 namespace ornivane {
+
+// Asks again and again until it is so. False when that does not happen in time.
+bool WaitUntil(const std::function<bool()>& isSo,
+               std::chrono::milliseconds patience = std::chrono::seconds(10));
 
 // The other end of the probe: asks the running program. Throws std::runtime_error when the program is gone.
 class ProbeClient {

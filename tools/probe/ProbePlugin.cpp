@@ -1,5 +1,4 @@
 #include <QGenericPlugin>
-#include <QTimer>
 
 #include "probe/Probe.h"
 

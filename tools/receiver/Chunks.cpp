@@ -7,19 +7,12 @@
 namespace ornivane::receiver {
 
 bool ChunkMode::Read(const std::string& text) {
-    if (text == "burst")
-        How = Kind::Burst;
-    else if (text == "sentence")
-        How = Kind::Sentence;
-    else if (text == "lines")
-        How = Kind::Lines;
-    else if (text == "byte")
-        How = Kind::Byte;
-    else if (text.starts_with("random:") && std::atoi(text.c_str() + 7) > 0) {
-        How = Kind::Random;
-        Longest = std::atoi(text.c_str() + 7);
-    } else
-        return false;
+    constexpr std::string_view names[] = {"burst", "sentence", "lines", "byte"}; // in the order of Kind
+    const auto* named = std::ranges::find(names, text);
+    const bool isRandom = text.starts_with("random:") && std::atoi(text.c_str() + 7) > 0;
+    if (named == std::end(names) && !isRandom) return false;
+    if (isRandom) Longest = std::atoi(text.c_str() + 7);
+    How = static_cast<Kind>(named - names);
     return true;
 }
 

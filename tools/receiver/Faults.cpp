@@ -41,8 +41,7 @@ bool Faults::Command(const std::string& line, double now) {
 bool Faults::At(double seconds, const std::string& line) {
     if (!Faults(*this).Command(line, 0)) return false;
     scheduled.push_back({seconds, line});
-    std::stable_sort(scheduled.begin(), scheduled.end(),
-                     [](const auto& a, const auto& b) { return a.Seconds < b.Seconds; });
+    std::ranges::stable_sort(scheduled, {}, &Scheduled::Seconds);
     return true;
 }
 

@@ -66,8 +66,6 @@ void Flight::Step(double seconds) {
     StepOnce(seconds);
 }
 
-bool Flight::OnLastLeg() const { return !settings.Loop && next + 1 == points.size(); }
-
 void Flight::StepOnce(double seconds) {
     if (points.size() < 2 || state.Ended) return;
     const double shrink = std::cos(Radians(state.Lat));

@@ -52,7 +52,7 @@ private:
     void ChangeSpeed(double seconds);
     void ChangeAltitude(double distance, double seconds);
     void PassPoint(double distance, double bearing);
-    bool OnLastLeg() const;
+    bool OnLastLeg() const { return !settings.Loop && next + 1 == points.size(); }
     bool OnGround() const { return state.AltitudeFeet <= settings.GroundFeet; }
 
     std::vector<FlightPoint> points;

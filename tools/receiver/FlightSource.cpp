@@ -4,11 +4,7 @@
 
 namespace ornivane::receiver {
 
-namespace {
-
 constexpr double MetresPerFoot = 0.3048;
-
-} // namespace
 
 std::optional<Burst> FlightSource::Next() {
     const Flight::State& now = flight.Now();

@@ -7,7 +7,7 @@
 
 namespace ornivane::receiver {
 
-// A flight as its receiver tells it, once a second.
+// A flight as its receiver reports it, once a second.
 class FlightSource : public BurstSource {
 public:
     FlightSource(Flight theFlight, std::chrono::sys_seconds startTime)

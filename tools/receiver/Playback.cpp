@@ -5,6 +5,8 @@
 #include <cmath>
 #include <string_view>
 
+#include "base/Strings.h"
+
 namespace ornivane::receiver {
 
 namespace {
@@ -15,18 +17,9 @@ constexpr double LongestPause = 3600;
 
 struct TimeField {
     std::string_view Kind;
-    int Field;
+    std::size_t Field;
 };
 constexpr std::array<TimeField, 4> TimeFields{{{"GGA", 1}, {"RMC", 1}, {"ZDA", 1}, {"GLL", 5}}};
-
-std::string_view FieldOf(std::string_view sentence, int index) {
-    for (; index > 0; --index) {
-        const auto comma = sentence.find(',');
-        if (comma == std::string_view::npos) return {};
-        sentence.remove_prefix(comma + 1);
-    }
-    return sentence.substr(0, sentence.find_first_of(",*"));
-}
 
 } // namespace
 
@@ -34,7 +27,9 @@ std::optional<double> TimeIn(const std::string& sentence) {
     if (sentence.size() < 7) return std::nullopt;
     for (const TimeField& kind : TimeFields) {
         if (std::string_view(sentence).substr(3, 3) != kind.Kind) continue;
-        const std::string field(FieldOf(sentence, kind.Field));
+        const auto fields = Split(sentence, ",");
+        if (fields.size() <= kind.Field) return std::nullopt;
+        const std::string field = fields[kind.Field].substr(0, fields[kind.Field].find('*'));
         if (field.size() < 6 || field.find_first_not_of("0123456789.") != std::string::npos)
             return std::nullopt;
         return std::stod(field.substr(0, 2)) * 3600 + std::stod(field.substr(2, 2)) * 60 +
@@ -49,8 +44,8 @@ Playback::Playback(std::istream& in, bool again) : loop(again) {
         line.erase(line.find_last_not_of(" \r\n") + 1);
         if (line.starts_with('$') || line.starts_with('!')) sentences.push_back(line + "\r\n");
     }
-    const bool timed = std::any_of(sentences.begin(), sentences.end(),
-                                   [](const auto& sentence) { return TimeIn(sentence); });
+    const bool timed =
+        std::ranges::any_of(sentences, [](const auto& each) { return TimeIn(each).has_value(); });
     for (const std::string& sentence : sentences) {
         if (bursts.empty()) bursts.emplace_back();
         if (timed)

@@ -11,8 +11,8 @@ namespace ornivane::receiver {
 class Playback : public BurstSource {
 public:
     // Lines that begin with "$" or "!" are sentences; all others (headers, comments) are left out. Each gets
-    // the line end of a receiver, whatever the file has. With `loop` it never ends.
-    Playback(std::istream& in, bool loop);
+    // the line end of a receiver, whatever the file has. With `again` it never ends.
+    Playback(std::istream& in, bool again);
     std::optional<Burst> Next() override;
 
 private:

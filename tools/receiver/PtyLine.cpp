@@ -85,9 +85,8 @@ void PtyLine::Write(const std::string& bytes) {
         const ssize_t count = write(master, bytes.data() + written, bytes.size() - written);
         if (count > 0) {
             written += static_cast<std::size_t>(count);
-        } else if (errno != EAGAIN && errno != EINTR) {
-            return;
-        } else if ((EventsOf(master, POLLOUT, LongestWait) & POLLOUT) == 0) {
+        } else if ((errno != EAGAIN && errno != EINTR) ||
+                   (EventsOf(master, POLLOUT, LongestWait) & POLLOUT) == 0) {
             return;
         }
     }

@@ -96,10 +96,7 @@ void Receiver::FollowPlug(double now) {
 // Cuts the burst that is due into pieces with their moments; they are out before the next burst begins.
 void Receiver::TakeBurst(double now) {
     while (burst && burst->Seconds / options.Pace <= now) {
-        if (options.For && burst->Seconds > *options.For) {
-            burst.reset();
-            return;
-        }
+        if (options.For && burst->Seconds > *options.For) return burst.reset();
         double due = std::max(burst->Seconds / options.Pace, pieces.empty() ? 0 : pieces.back().Due);
         const double begin = due;
         const auto sentences = faults.Apply(burst->Sentences, now, chance);

@@ -4,6 +4,8 @@
 #include <cmath>
 #include <cstdio>
 
+#include "base/Strings.h"
+
 namespace ornivane::receiver {
 
 namespace {
@@ -30,7 +32,8 @@ std::string Printed(const char* picture, Values... values) {
 }
 
 // Degrees and minutes as 4807.0380; rounded as a whole, so that the minutes never show 60.
-std::string Coordinate(double degrees, int degreeDigits) {
+template <int degreeDigits>
+std::string Coordinate(double degrees) {
     const long long parts = std::llround(std::fabs(degrees) * 60 * 10'000);
     const long long perDegree = 60LL * 10'000;
     return Printed("%0*lld%02lld.%04lld", degreeDigits, parts / perDegree, parts % perDegree / 10'000,
@@ -38,7 +41,7 @@ std::string Coordinate(double degrees, int degreeDigits) {
 }
 
 std::string Position(const Fix& fix) {
-    return Coordinate(fix.Lat, 2) + (fix.Lat < 0 ? ",S," : ",N,") + Coordinate(fix.Long, 3) +
+    return Coordinate<2>(fix.Lat) + (fix.Lat < 0 ? ",S," : ",N,") + Coordinate<3>(fix.Long) +
            (fix.Long < 0 ? ",W" : ",E");
 }
 
@@ -66,17 +69,7 @@ void AddSatellitesInView(std::vector<std::string>& sentences) {
     }
 }
 
-std::vector<std::string> Fields(std::string_view body) {
-    std::vector<std::string> fields;
-    for (;;) {
-        const auto comma = body.find(',');
-        fields.emplace_back(body.substr(0, comma));
-        if (comma == std::string_view::npos) return fields;
-        body.remove_prefix(comma + 1);
-    }
-}
-
-// Which field tells of the fix, what it says without one, and which fields are empty then.
+// The field that states the fix, what it holds without one, and the fields that are empty then.
 struct FixField {
     std::string_view Kind;
     std::size_t Field;
@@ -123,7 +116,7 @@ std::string WithoutFix(const std::string& sentence) {
     for (const FixField& kind : FixFields) {
         if (std::string_view(sentence).substr(3, 3) != kind.Kind) continue;
         std::vector<std::string> fields =
-            Fields(std::string_view(sentence).substr(1, sentence.find('*') - 1));
+            Split(std::string_view(sentence).substr(1, sentence.find('*') - 1), ",");
         if (fields.size() <= kind.Field) return sentence;
         for (std::size_t i = kind.EmptyFrom; i <= kind.EmptyTo && i < fields.size(); ++i) fields[i].clear();
         fields[kind.Field] = kind.NoFix;

@@ -23,7 +23,7 @@ std::string Sentence(std::string_view body);
 std::vector<std::string> SentencesOf(const Fix& fix);
 
 // The sentence as the same receiver would say it without a fix: status and quality tell so, position, speed,
-// track and altitude are empty. What does not speak of a fix is returned as it is.
+// track and altitude are empty. A sentence that says nothing of a fix is returned as it is.
 std::string WithoutFix(const std::string& sentence);
 
 } // namespace ornivane::receiver

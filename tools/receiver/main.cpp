@@ -30,10 +30,7 @@ void Run(const Options& options) {
         throw std::runtime_error("--chunk: no such mode: " + options.Chunk);
     for (const auto& [seconds, command] : options.At)
         if (!faults.At(seconds, command)) throw std::runtime_error("--at: not understood: " + command);
-    if (options.Write.empty()) {
-        Receiver(*source, faults, options).Run();
-        return;
-    }
+    if (options.Write.empty()) return Receiver(*source, faults, options).Run();
     if (options.Loop && !options.For) throw std::runtime_error("--write with --loop needs --for");
     std::ofstream out(options.Write, std::ios::binary);
     WriteAll(*source, faults, options, out);

@@ -18,14 +18,13 @@ constexpr const char* DemoRoute = "Rheinlandrunde";
 constexpr const char* Pace = "30"; // times as fast as real
 
 fs::path Copy(const fs::path& folder) {
-    std::string name = (fs::temp_directory_path() / "ornivane-tour-XXXXXX").string();
-    if (!mkdtemp(name.data())) throw std::runtime_error("no temporary folder");
+    fs::path copy = MakeTemporaryFolder("ornivane-tour");
     for (const auto& entry : fs::directory_iterator(folder)) {
         const std::string own = entry.path().filename().string();
         if (own != "pictures" && own != "Ports" && !own.starts_with("."))
-            fs::copy(entry.path(), fs::path(name) / own, fs::copy_options::recursive);
+            fs::copy(entry.path(), copy / own, fs::copy_options::recursive);
     }
-    return name;
+    return copy;
 }
 
 } // namespace
@@ -46,8 +45,8 @@ void ChooseDemo(RunningProgram& program) {
         program.Click("cmdKartezentrieren");
 }
 
-Tour::Tour(const fs::path& folder, const fs::path& flightFile)
-    : pictures(folder / "pictures"), copy(Copy(folder)), flight(flightFile) {
+Tour::Tour(const Demo& demo)
+    : pictures(demo.Folder / "pictures"), copy(Copy(demo.Folder)), flight(demo.Flight) {
     fs::create_directories(pictures);
 }
 
@@ -94,7 +93,7 @@ void Tour::Start(int scale) {
     options.Height *= scale;
     options.Output = copy / "output.txt";
     program = std::make_unique<RunningProgram>(copy, options);
-    if (scale == 1 && program->Probe().WaitFor("visible frmSplash", "yes")) Picture("splash", "frmSplash");
+    if (scale == 1 && program->Probe().WaitFor("visible frmSplash", "yes")) Picture("splash", {"frmSplash"});
     Check(program->Probe().WaitFor("visible Main", "yes", 20s), "the main window comes up");
     if (scale == 1) LeaveHints();
 }
@@ -110,7 +109,7 @@ void Tour::End() {
 void Tour::LeaveHints() {
     for (const std::string hint : {"frmInfo1", "frmInfo3"}) {
         if (!program->Visible(hint)) continue;
-        Picture(hint, hint);
+        Picture(hint, {hint});
         program->Click("cmdClose");
     }
 }
@@ -236,7 +235,7 @@ void Tour::Calibrate(const std::string& suffix) {
     program->Do("click frmCalRect/picMap 240 320");
     program->Do("type frmCalRect/picMap a");
     Check(program->Ask("text frmCalRect/tQuickfind1") == "a", "a letter typed over the picture searches");
-    Picture("calibration-" + suffix, "frmCalRect");
+    Picture("calibration-" + suffix, {"frmCalRect"});
     program->Do("key frmCalRect/tQuickfind1 Escape");
     program->Do("key frmCalRect/picMap Escape");
 }
@@ -256,7 +255,7 @@ void Tour::VisitDialogs(const std::string& language) {
         program->Do(dialog.Opener);
         Check(program->Probe().WaitFor("visible " + name, "yes", 10s), name + " opens");
         if (name == "frmTrack") program->Do("key listTrack Space");
-        Picture(name + "-" + language, name);
+        Picture(name + "-" + language, {name});
         program->Do("key " + name + " Escape");
     }
     program->Click("button1");
@@ -272,7 +271,7 @@ void Tour::Plan(const std::string& language) {
     program->Do("menu mnuLuftEin");
     program->Do("key tHoehe Ctrl+A");
     program->Do("type tHoehe 4500");
-    Picture("frmLuftraumSettings-" + language, "frmLuftraumSettings");
+    Picture("frmLuftraumSettings-" + language, {"frmLuftraumSettings"});
     program->Click("cmdExit");
     Check(program->Text("tLR") == "Luftraum in 4500 ft", "airspace shows at the height that was chosen");
     Picture("planning-airspace-" + language);
@@ -311,9 +310,9 @@ void Tour::FlyEnlarged() {
 
 double Tour::Distance() { return std::atof(program->Text("lblDistanz").c_str()); }
 
-void Tour::Picture(const std::string& name, const std::string& widget) {
+void Tour::Picture(const std::string& name, const Widget& of) {
     const fs::path file = pictures / (name + ".png");
-    program->Do("grab " + file.string() + (widget.empty() ? "" : " " + widget));
+    program->Do("grab " + file.string() + (of.Name.empty() ? "" : " " + of.Name));
     std::cout << file.string() << '\n';
 }
 

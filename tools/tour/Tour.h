@@ -2,7 +2,6 @@
 
 #include <filesystem>
 #include <string>
-#include <vector>
 
 #include "launch/RunningProgram.h"
 
@@ -11,9 +10,13 @@ namespace ornivane {
 // Flies the demo off screen, at many times its pace, and takes a picture of every screen that there is.
 class Tour {
 public:
+    struct Demo {
+        std::filesystem::path Folder; // the portable one
+        std::filesystem::path Flight; // the points to fly
+    };
     // Works on a copy of the portable folder: a tour presses many buttons, and the user's settings are the
     // user's.
-    Tour(const std::filesystem::path& folder, const std::filesystem::path& flight);
+    explicit Tour(const Demo& demo);
     ~Tour();
 
     // False when something was not as it should be; all is printed.
@@ -36,7 +39,10 @@ private:
     void Plan(const std::string& language);
     void FlyEnlarged();
     double Distance(); // to the next point, in NM
-    void Picture(const std::string& name, const std::string& widget = {});
+    struct Widget {
+        std::string Name; // empty: the main window
+    };
+    void Picture(const std::string& name, const Widget& of = {});
     void Check(bool isSo, const std::string& what);
 
     std::filesystem::path pictures;

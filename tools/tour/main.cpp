@@ -44,7 +44,7 @@ int main(int count, char** values) {
     }
     try {
         const std::filesystem::path folder = values[count - 2], flight = values[count - 1];
-        return show ? Show(folder, flight) : Tour(folder, flight).Run() ? 0 : 1;
+        return show ? Show(folder, flight) : Tour({folder, flight}).Run() ? 0 : 1;
     } catch (const std::exception& error) {
         std::cout << "FAILED: " << error.what() << '\n';
         return 1;

@@ -3,7 +3,6 @@
 #include <QFontMetricsF>
 #include <QImage>
 #include <QPainter>
-#include <algorithm>
 #include <cmath>
 
 namespace ornivane {

@@ -1,12 +1,8 @@
 #include "platform/qt/CompassCard.h"
 
 #include <QPainter>
-#include <QSvgRenderer>
 
 namespace ornivane {
-
-CompassCard::CompassCard() = default;
-CompassCard::~CompassCard() = default;
 
 bool CompassCard::Load(const std::filesystem::path& file) {
     auto loaded = std::make_unique<QSvgRenderer>(QString::fromStdString(file.string()));

@@ -1,11 +1,10 @@
 #pragma once
 
 #include <QImage>
+#include <QSvgRenderer>
 #include <memory>
 
 #include "platform/PictureSurface.h"
-
-class QSvgRenderer;
 
 namespace ornivane {
 
@@ -13,9 +12,6 @@ namespace ornivane {
 // that it stays sharp at every scale.
 class CompassCard : public Picture {
 public:
-    CompassCard();
-    ~CompassCard() override;
-
     // An SVG file or resource.
     bool Load(const std::filesystem::path& file) override;
     int ScaleWidth() const override;

@@ -4,7 +4,6 @@
 #include <QObject>
 #include <functional>
 #include <type_traits>
-#include <utility>
 
 #include "base/Language.h"
 #include "platform/Dialogs.h"
@@ -18,7 +17,7 @@ namespace ornivane {
 // the program goes on.
 class EventGuard {
 public:
-    // The notices speak `shownIn` as it is at that moment.
+    // The notices are in the language that `shownIn` has at that moment.
     EventGuard(Notice& bar, const Language& shownIn);
 
     Notice& Notices() { return notices; }
@@ -28,17 +27,17 @@ public:
 
     template <typename Sender, typename Signal, typename Handler>
     void Connect(Sender* sender, Signal signal, Handler handler) {
-        QObject::connect(sender, signal, sender, [this, handler](auto&&... arguments) {
-            Run([&] { Call(handler, std::forward<decltype(arguments)>(arguments)...); });
+        QObject::connect(sender, signal, sender, [this, handler](const auto&... arguments) {
+            Run([&] { Call(handler, arguments...); });
         });
     }
 
 private:
     // As in Qt, a handler may leave out the arguments of the signal.
     template <typename Handler, typename... Arguments>
-    static void Call(const Handler& handler, Arguments&&... arguments) {
-        if constexpr (std::is_invocable_v<const Handler&, Arguments...>)
-            handler(std::forward<Arguments>(arguments)...);
+    static void Call(const Handler& handler, const Arguments&... arguments) {
+        if constexpr (std::is_invocable_v<const Handler&, const Arguments&...>)
+            handler(arguments...);
         else
             handler();
     }
@@ -48,7 +47,7 @@ private:
 };
 
 // The program's application, with what holds for every event of every window: what no guard has caught is
-// shown as well and never ends the program, and a hand that slips changes nothing.
+// shown as well and never ends the program, and a slip of the hand changes nothing.
 class GuardedApplication : public QApplication {
 public:
     using QApplication::QApplication;

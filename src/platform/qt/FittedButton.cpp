@@ -6,11 +6,7 @@
 
 namespace ornivane {
 
-namespace {
-
 constexpr int SmallestSize = 9, Margin = 3; // pixels
-
-} // namespace
 
 void FittedButton::paintEvent(QPaintEvent*) {
     QStylePainter painter(this);

@@ -4,11 +4,7 @@
 
 namespace ornivane {
 
-namespace {
-
 constexpr int SmallestSize = 8; // pixels
-
-} // namespace
 
 FittedText::FittedText(int pixelSize, QWidget* parent) : QLabel(parent), largest(pixelSize) {
     setTextFormat(Qt::PlainText);
@@ -29,8 +25,6 @@ void FittedText::SetLargest(int pixelSize) {
     updateGeometry();
     update();
 }
-
-QSize FittedText::sizeHint() const { return {10, QFontMetrics(FontOf(largest)).height()}; }
 
 void FittedText::paintEvent(QPaintEvent*) {
     QFont font = FontOf(largest);

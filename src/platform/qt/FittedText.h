@@ -13,7 +13,7 @@ public:
     explicit FittedText(int pixelSize, QWidget* parent = nullptr);
 
     void SetLargest(int pixelSize);
-    QSize sizeHint() const override;
+    QSize sizeHint() const override { return {10, QFontMetrics(FontOf(largest)).height()}; }
     QSize minimumSizeHint() const override { return {10, sizeHint().height()}; }
 
 protected:

@@ -48,6 +48,8 @@ void GridBinding::SelectRow() {
     if (current.isValid())
         grid.selectionModel()->select(current,
                                       QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    else
+        ClearRowSelection();
 }
 
 void GridBinding::ClearRowSelection() { grid.selectionModel()->clearSelection(); }

@@ -14,7 +14,7 @@ class GridBinding : public QObject {
 public:
     GridBinding(RecordsetModel& of, QTableView& view);
 
-    // The current row shows as selected, or no row does.
+    // The current row shows as selected; no row does without one.
     void SelectRow();
     void ClearRowSelection();
 

@@ -6,12 +6,8 @@
 
 namespace ornivane {
 
-namespace {
-
 constexpr int LeastSize = 44; // pixels: for gloves
 constexpr int IconSize = 28;
-
-} // namespace
 
 LampButton::LampButton(QWidget* parent) : QToolButton(parent) {
     setCheckable(true);

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QObject>
-
 namespace ornivane {
 
 // A control under the name by which the program, its tests and its demo know it.

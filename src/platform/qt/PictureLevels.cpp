@@ -36,12 +36,6 @@ int PictureLevels::Height(int level) const { return Reduced(picture.height(), le
 
 int PictureLevels::TilesAcross(int level) const { return (Width(level) + TileWidth - 1) / TileWidth; }
 
-std::size_t PictureLevels::ReducedBytes() const {
-    std::size_t bytes = 0;
-    for (const Level& level : levels) bytes += level.MadeBytes;
-    return bytes;
-}
-
 const std::uint32_t* PictureLevels::PictureRow(int row, int from, int to) {
     const uchar* line = picture.constScanLine(row);
     if (colours.empty()) return reinterpret_cast<const std::uint32_t*>(line);
@@ -82,7 +76,6 @@ void PictureLevels::MakeTile(int level, PixelPlace at) {
     const int below = level - steps;
     ReduceToLevel(tile, steps, {x << steps, y << steps, Width(below), Height(below)},
                   [this, below](int row, int from, int to) { return Row(below, row, from, to); });
-    levels[level].MadeBytes += static_cast<std::size_t>(tile.Width) * tile.Height * 4;
 }
 
 } // namespace ornivane

@@ -24,14 +24,11 @@ public:
     int Height(int level = 0) const;
     // The pixels of a row, see RowReader.
     const std::uint32_t* Row(int level, int row, int from, int to);
-    // What the reduced levels hold at present, in bytes.
-    std::size_t ReducedBytes() const;
 
 private:
     struct Level {
         std::unique_ptr<std::uint32_t[]> Pixels; // touched, and so in memory, only where tiles were made
         std::vector<bool> Made;                  // by tile
-        std::size_t MadeBytes = 0;
     };
 
     const std::uint32_t* PictureRow(int row, int from, int to);

@@ -5,12 +5,8 @@
 
 namespace ornivane {
 
-namespace {
-
 constexpr std::array<const char*, 5> Families{"ttyS", "ttyUSB", "ttyACM", "rfcomm", "ttyAMA"};
 constexpr int PerFamily = 4;
-
-} // namespace
 
 std::optional<std::filesystem::path> PortDevices::DeviceOf(int number) const {
     namespace fs = std::filesystem;

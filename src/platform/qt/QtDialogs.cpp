@@ -9,6 +9,7 @@
 #include <algorithm>
 
 #include "base/Paths.h"
+#include "platform/qt/Named.h"
 
 namespace ornivane {
 
@@ -19,8 +20,7 @@ constexpr int MostLines = 10;      // of a list that show at once; the others ar
 
 // Between the text and the button.
 void AddList(QMessageBox& box, const QString& text) {
-    auto* list = new QPlainTextEdit(text);
-    list->setObjectName("list");
+    auto* list = Named(new QPlainTextEdit(text), "list");
     list->setReadOnly(true);
     list->setTabChangesFocus(true);
     list->setMinimumWidth(NarrowestList);
@@ -64,8 +64,8 @@ void QtDialogs::ShowNext() {
 }
 
 QMessageBox* QtDialogs::Make(const Box& box) {
-    auto* made = new QMessageBox(QMessageBox::NoIcon, box.Title, box.Text, QMessageBox::Ok, parent);
-    made->setObjectName("messageBox");
+    auto* made = Named(new QMessageBox(QMessageBox::NoIcon, box.Title, box.Text, QMessageBox::Ok, parent),
+                       "messageBox");
     made->setTextFormat(Qt::PlainText); // a name is never markup
     made->setAttribute(Qt::WA_DeleteOnClose);
     if (!box.List.isEmpty()) AddList(*made, box.List);
@@ -74,18 +74,11 @@ QMessageBox* QtDialogs::Make(const Box& box) {
 
 void QtDialogs::MessageBeside(const std::string& title, const std::string& text) {
     const Box box{QString::fromStdString(title), QString::fromStdString(text), {}};
-    if (beside) {
-        beside->setText(box.Text);
-        return;
-    }
+    if (beside) return beside->setText(box.Text);
     beside = Make(box);
     beside->setModal(false);
     beside->setAttribute(Qt::WA_ShowWithoutActivating); // the keys stay where they are
     beside->show();
-}
-
-void QtDialogs::MessageAndWait(const std::string& title, const std::string& text) {
-    MessageWithDetails(title, text, {});
 }
 
 void QtDialogs::MessageWithDetails(const std::string& title, const std::string& text,

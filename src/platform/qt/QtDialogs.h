@@ -20,7 +20,6 @@ public:
     void MessageWithList(const std::string& title, const std::string& text,
                          const std::vector<std::string>& list) override;
     void MessageBeside(const std::string& title, const std::string& text) override;
-    void MessageAndWait(const std::string& title, const std::string& text) override;
     void MessageWithDetails(const std::string& title, const std::string& text,
                             const std::string& details) override;
     bool AskYesNo(const std::string& title, const std::string& text) override;

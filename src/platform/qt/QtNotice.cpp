@@ -1,13 +1,13 @@
 #include "platform/qt/QtNotice.h"
 
 #include <QApplication>
-#include <QLayout>
 #include <QMessageBox>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <algorithm>
 
 #include "platform/qt/EnterKey.h"
+#include "platform/qt/Named.h"
 #include "platform/qt/NoticePlace.h"
 
 namespace ornivane {
@@ -63,8 +63,7 @@ QtNotice::QtNotice(QWidget* parent) : QLabel(parent) {
 }
 
 void QtNotice::MakeButton() {
-    cmdNotice = new QPushButton(this);
-    cmdNotice->setObjectName("cmdNotice");
+    cmdNotice = Named(new QPushButton(this), "cmdNotice");
     cmdNotice->setFocusPolicy(Qt::TabFocus);
     cmdNotice->setAutoDefault(false);
     cmdNotice->hide();
@@ -158,10 +157,7 @@ void QtNotice::ShowOver(QWidget& dialog) {
 void QtNotice::Dismiss() {
     const bool stood = !standing.isEmpty() || !cmdNotice->isVisibleTo(this);
     standing.clear();
-    if (offered && stood) {
-        ShowOffer();
-        return;
-    }
+    if (offered && stood) return ShowOffer();
     Withdraw();
     hide();
 }

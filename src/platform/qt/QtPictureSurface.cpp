@@ -81,11 +81,14 @@ void QtPictureSurface::FillRect(const PixelRect& rect, Colour colour) {
 }
 
 void QtPictureSurface::PaintPicture(const Picture& picture, const PixelRect& destination,
-                                    const PixelRect& source) {
+                                    const PictureSection& section) {
     ++redraws;
     if (!HasArea(destination)) return;
     const auto* chart = dynamic_cast<const QtPicture*>(&picture);
     const PixelRect target = Scaled(destination, ratio);
+    // No section is turned. One that is needs a painter of its own here, in place of PaintLevel, which
+    // resamples an axis at a time.
+    const PixelRect source{section.X, section.Y, section.AcrossX, section.DownY};
     const bool covered = chart && chart->ScaleWidth() > 0 && HasArea(source) &&
                          PaintLevel(chart->Levels(), target, chart->InLevels(source));
     if (!covered) FillRect(target, backColor);

@@ -27,12 +27,12 @@ public:
     double ScaleWidth() const override { return width; }
     double ScaleHeight() const override { return height; }
     void Cls() override;
-    // Parts of the source rectangle outside of the picture show the background.
-    void PaintPicture(const Picture& picture, const PixelRect& destination, const PixelRect& source) override;
+    // Upright sections. What of one lies outside of the picture shows the background.
+    void PaintPicture(const Picture& picture, const PixelRect& destination,
+                      const PictureSection& section) override;
     // A CompassCard; any other picture draws nothing.
     void PaintTurned(const Picture& picture, double angle) override;
     void SetDrawWidth(int newWidth) override { drawWidth = newWidth; }
-    int DrawWidth() const override { return drawWidth; }
     void SetForeColor(Colour colour) override { foreColor = colour; }
     void Line(double x1, double y1, double x2, double y2, Colour colour) override;
     void Circle(double x, double y, double radius, Colour colour) override;

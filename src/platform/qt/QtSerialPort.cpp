@@ -33,8 +33,6 @@ QtSerialPort::QtSerialPort(PortDevices portDevices) : devices(std::move(portDevi
 
 QtSerialPort::~QtSerialPort() { Close(); }
 
-void QtSerialPort::OnEvent(std::function<void(SerialEvent)> handler) { callback = std::move(handler); }
-
 void QtSerialPort::SetSettings(const std::string& newSettings) {
     settings = newSettings;
     if (port.isOpen()) ApplySettings();
@@ -84,8 +82,6 @@ void QtSerialPort::Close() {
     rest.clear();
     if (port.isOpen()) port.close();
 }
-
-bool QtSerialPort::IsOpen() const { return port.isOpen(); }
 
 std::string QtSerialPort::ReadAll() {
     std::string bytes = std::exchange(rest, {});

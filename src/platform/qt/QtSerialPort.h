@@ -28,9 +28,9 @@ public:
     // help.
     void Open(int number) override;
     void Close() override;
-    bool IsOpen() const override;
+    bool IsOpen() const override { return port.isOpen(); }
     std::string ReadAll() override;
-    void OnEvent(std::function<void(SerialEvent)> handler) override;
+    void OnEvent(std::function<void(SerialEvent)> handler) override { callback = std::move(handler); }
 
 private:
     void TakeError(QSerialPort::SerialPortError error);

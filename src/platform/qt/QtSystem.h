@@ -15,7 +15,7 @@ public:
     void Open(const std::string& address) override;
 };
 
-// Linux: /proc tells the processes.
+// The processes are those of /proc.
 class QtProcesses : public Processes {
 public:
     void EndSiblings() override;

@@ -42,10 +42,5 @@ void RecordsetModel::RowsReset() {
 
 // The recordset tells when it has changed already: the model's two steps come together.
 void RecordsetModel::RowInserted(int) { RowsReset(); }
-void RecordsetModel::RowRemoved(int) { RowsReset(); }
-
-void RecordsetModel::RowChanged(int row) { emit dataChanged(index(row, 0), index(row, columnCount() - 1)); }
-
-void RecordsetModel::CurrentRowChanged() { emit CurrentMoved(); }
 
 } // namespace ornivane

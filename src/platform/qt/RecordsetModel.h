@@ -38,9 +38,9 @@ signals:
 private:
     void RowsReset() override;
     void RowInserted(int row) override;
-    void RowRemoved(int row) override;
-    void RowChanged(int row) override;
-    void CurrentRowChanged() override;
+    void RowRemoved(int) override { RowsReset(); }
+    void RowChanged(int row) override { emit dataChanged(index(row, 0), index(row, columnCount() - 1)); }
+    void CurrentRowChanged() override { emit CurrentMoved(); }
 
     Recordset& rows;
     std::vector<Column> columns;

@@ -83,7 +83,7 @@ void MixColumns(const ResampleAxis& x, int from, const Lane* source, std::uint32
     for (int i = x.Begin; i < x.End; ++i, weights += taps) {
         const Lane* pixel = source + static_cast<std::size_t>(x.First[i - x.Begin] - from) * 4;
         Lanes sum = RoundingHalf;
-        for (int tap = 0; tap < taps; ++tap) sum += Load(pixel + tap * 4) * weights[tap];
+        for (std::ptrdiff_t tap = 0; tap < taps; ++tap) sum += Load(pixel + tap * 4) * weights[tap];
         target[i] = Pack((sum >> 8) & 0x00FF00FF00FF00FFULL) | 0xFF000000U;
     }
 }
@@ -104,9 +104,9 @@ template <int Level>
 void AverageWholeSquares(const Lane* sums, std::uint32_t* target, int count) {
     constexpr int Side = 1 << Level;
     constexpr Lanes Half = 0x0001000100010001ULL << (2 * Level - 1);
-    for (int i = 0; i < count; ++i) {
+    for (std::ptrdiff_t i = 0; i < count; ++i) {
         Lanes sum = Half;
-        for (int column = 0; column < Side; ++column) sum += Load(sums + (i * Side + column) * 4);
+        for (std::ptrdiff_t column = 0; column < Side; ++column) sum += Load(sums + (i * Side + column) * 4);
         target[i] = Pack((sum >> (2 * Level)) & 0x00FF00FF00FF00FFULL);
     }
 }

@@ -40,8 +40,6 @@ QPointF SurfaceWidget::OnSurface(QPointF at) const {
     return {at.x() * scale.width() / width(), at.y() * scale.height() / height()};
 }
 
-void SurfaceWidget::resizeEvent(QResizeEvent*) { FitSurface(); }
-
 void SurfaceWidget::paintEvent(QPaintEvent* event) {
     // The window may have moved to a screen of another resolution. Redrawing is the owner's work and must not
     // happen inside of painting.

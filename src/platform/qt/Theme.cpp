@@ -89,17 +89,19 @@ void Theme::Apply(QApplication& application, bool night) {
     const Colours& c = night ? Night : Day;
     application.setStyle(QStyleFactory::create("Fusion"));
     QPalette palette;
-    palette.setColor(QPalette::Window, c.Window);
-    palette.setColor(QPalette::Base, c.Base);
-    palette.setColor(QPalette::AlternateBase, c.Window);
-    palette.setColor(QPalette::Button, c.Button);
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        palette.setColor(role, c.Text);
-    palette.setColor(QPalette::PlaceholderText, c.Faint);
-    palette.setColor(QPalette::Mid, c.Border);
-    palette.setColor(QPalette::Highlight, c.Lit);
-    palette.setColor(QPalette::HighlightedText, c.LitText);
-    palette.setColor(QPalette::Link, c.Lit);
+    const std::pair<QPalette::ColorRole, const char*> colours[] = {{QPalette::Window, c.Window},
+                                                                   {QPalette::Base, c.Base},
+                                                                   {QPalette::AlternateBase, c.Window},
+                                                                   {QPalette::Button, c.Button},
+                                                                   {QPalette::WindowText, c.Text},
+                                                                   {QPalette::Text, c.Text},
+                                                                   {QPalette::ButtonText, c.Text},
+                                                                   {QPalette::PlaceholderText, c.Faint},
+                                                                   {QPalette::Mid, c.Border},
+                                                                   {QPalette::Highlight, c.Lit},
+                                                                   {QPalette::HighlightedText, c.LitText},
+                                                                   {QPalette::Link, c.Lit}};
+    for (const auto& [role, colour] : colours) palette.setColor(role, colour);
     application.setPalette(palette);
     application.setStyleSheet(Filled(c));
 }

@@ -8,12 +8,8 @@
 
 namespace ornivane {
 
-namespace {
-
 constexpr int LeastHeight = 44; // pixels: for gloves
 constexpr double Way = 3500;    // units
-
-} // namespace
 
 ZoomSlider::ZoomSlider(QWidget* parent) : QSlider(Qt::Horizontal, parent) {
     setRange(-100, 100);
@@ -51,7 +47,5 @@ void ZoomSlider::mousePressEvent(QMouseEvent* event) {
 void ZoomSlider::mouseMoveEvent(QMouseEvent* event) {
     if (event->buttons() & Qt::LeftButton) SlideTo(event->position().x());
 }
-
-void ZoomSlider::mouseReleaseEvent(QMouseEvent* event) { mousePressEvent(event); }
 
 } // namespace ornivane

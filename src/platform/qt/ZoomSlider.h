@@ -15,7 +15,7 @@ public:
 protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override { mousePressEvent(event); }
     void mouseDoubleClickEvent(QMouseEvent* event) override { mousePressEvent(event); }
 
 private:
