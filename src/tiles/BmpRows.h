@@ -20,7 +20,7 @@ public:
     std::optional<std::uint64_t> WholeHash(const std::stop_token& stop) override;
 
 private:
-    BmpRows(const ReadOnlyFile& from, const BmpHeader& of) : file(from), header(of), runs(from, of) {}
+    BmpRows(const ReadOnlyFile& from, const BmpHeader& of) : file(from), header(of), runs(from, header) {}
     Outcome ReadBlock(int storedRow);
     Outcome NextOfRuns(int storedRow, std::uint32_t* row);
     void Convert(const unsigned char* bytes, std::uint32_t* row) const;
