@@ -32,7 +32,8 @@ bool IsKnownHeader(std::uint32_t size) {
            size == LargestHeader;
 }
 
-bool FitsDepth(std::uint32_t compression, int bits) {
+bool FitsDepth(std::uint32_t compression, const BmpHeader& header) {
+    const int bits = header.BitsPerPixel;
     switch (compression) {
     case None:
         return bits == 1 || bits == 4 || bits == 8 || bits == 16 || bits == 24 || bits == 32;
@@ -57,7 +58,7 @@ void SetChannels(BmpHeader& header, std::uint32_t red, std::uint32_t green, std:
 // Reads the palette and returns where it ends.
 std::optional<std::uint64_t> ReadPalette(const ReadOnlyFile& file, std::uint64_t at, std::uint32_t colours,
                                          std::size_t bytesEach, BmpHeader& header) {
-    std::array<unsigned char, 4 * 256> bytes{};
+    std::array<unsigned char, std::size_t{4} * 256> bytes{};
     const auto got = file.Read(at, bytes.data(), colours * bytesEach);
     if (!got || *got < bytesEach) return std::nullopt;
     for (std::size_t i = 0; i < *got / bytesEach; ++i) {
@@ -79,7 +80,7 @@ Outcome TakeSizes(const Fields& fields, std::uint32_t infoSize, BmpHeader& heade
     const std::uint32_t planes = fields.Two(old ? 22 : 26);
     header.BitsPerPixel = static_cast<int>(fields.Two(old ? 24 : 28));
     compression = old ? std::uint32_t{None} : fields.Four(30);
-    if (planes != 1 || !FitsDepth(compression, header.BitsPerPixel)) return Damage("unknown kind of BMP");
+    if (planes != 1 || !FitsDepth(compression, header)) return Damage("unknown kind of BMP");
     if (width <= 0 || height == 0 || height == INT32_MIN) return Damage("size");
     header.TopDown = height < 0;
     header.Extent = {width, std::abs(height)};
@@ -117,7 +118,7 @@ Result<BmpHeader> BmpHeader::Read(const ReadOnlyFile& file) {
     BmpHeader header;
     header.Palette.fill(0xFF000000U);
     std::uint32_t compression = None;
-    if (const Outcome failure = TakeSizes(fields, infoSize, header, compression)) return *failure;
+    if (Outcome failure = TakeSizes(fields, infoSize, header, compression)) return *failure;
 
     std::uint64_t end = FileHeader + infoSize;
     if (header.BitsPerPixel <= 8) {

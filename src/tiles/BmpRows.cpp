@@ -27,7 +27,7 @@ Outcome BmpRows::Next(std::uint32_t* row) {
     ++next;
     if (header.Pixels != BmpHeader::Coding::Plain) return NextOfRuns(stored, row);
     if (stored < blockFirst || stored >= blockEnd)
-        if (const Outcome failure = ReadBlock(stored)) return failure;
+        if (Outcome failure = ReadBlock(stored)) return failure;
     if (stored - blockFirst < blockRows)
         Convert(block.data() + static_cast<std::uint64_t>(stored - blockFirst) * header.RowBytes(), row);
     else
@@ -50,7 +50,7 @@ Outcome BmpRows::ReadBlock(int storedRow) {
 
 Outcome BmpRows::NextOfRuns(int storedRow, std::uint32_t* row) {
     indexes.resize(header.Extent.Width);
-    if (const Outcome failure = runs.Row(storedRow, indexes)) return failure;
+    if (Outcome failure = runs.Row(storedRow, indexes)) return failure;
     for (std::size_t x = 0; x < indexes.size(); ++x) row[x] = header.Palette[indexes[x]];
     return std::nullopt;
 }

@@ -35,7 +35,7 @@ void BmpRuns::Literal(Place& place, int count, std::span<unsigned char> indexes)
         indexes[place.X + i] = !nibbles ? byte : i % 2 == 0 ? byte >> 4 : byte & 15;
     }
     place.X += shown;
-    place.At += (bytes + 1) / 2 * 2; // words
+    place.At += static_cast<std::uint64_t>((bytes + 1) / 2) * 2; // words
 }
 
 BmpRuns::Step BmpRuns::DoEscape(Place& place, unsigned char code, std::span<unsigned char> indexes) {
@@ -88,7 +88,7 @@ Outcome BmpRuns::FindRows() {
 
 Outcome BmpRuns::Row(int row, std::span<unsigned char> indexes) {
     if (starts.empty())
-        if (const Outcome failure = FindRows()) return failure;
+        if (Outcome failure = FindRows()) return failure;
     std::fill(indexes.begin(), indexes.end(), static_cast<unsigned char>(0));
     Place place{starts[row].At, starts[row].X, row};
     if (place.At == 0) return std::nullopt;

@@ -21,6 +21,7 @@ struct Span {
 };
 
 // The tiles that a stretch of the chart covers at a level.
+// NOLINTNEXTLINE(bugprone-easily-swappable-parameters): only for the two axes of a request
 Span TilesAlong(double start, double length, int level, int levelLength) {
     const double scale = 1.0 / (1 << level);
     const double from = std::max(std::floor(start * scale) - Margin, 0.0);
@@ -99,6 +100,7 @@ TileView ChartViewer::PutTogether(const Range& range) const {
     return view;
 }
 
+// NOLINTNEXTLINE(bugprone-easily-swappable-parameters): called as one reads it, in one place
 std::vector<TileKey> ChartViewer::MissingIn(const Range& range, const Range& except) const {
     std::vector<TileKey> missing;
     for (int y = range.Top; y < range.Bottom; ++y)

@@ -26,7 +26,7 @@ std::uint32_t Opaque(unsigned red, unsigned green, unsigned blue) {
 
 Result<std::unique_ptr<ImageRows>> JpegRows::Open(const ReadOnlyFile& file, const ImageReading& reading) {
     std::unique_ptr<JpegRows> rows(new JpegRows(file, reading));
-    if (const Outcome failure = rows->ReadHeader()) return *failure;
+    if (Outcome failure = rows->ReadHeader()) return *failure;
     return std::unique_ptr<ImageRows>(std::move(rows));
 }
 
@@ -73,7 +73,7 @@ Outcome JpegRows::ReadHeader() {
     });
     if (!read) return WhyLeft(nullptr);
     if (!Stored().IsPossible()) return Failure{Fault::TooLarge, {}};
-    if (const Outcome failure = CheckMemory()) return failure;
+    if (Outcome failure = CheckMemory()) return failure;
     return ChooseOutput();
 }
 

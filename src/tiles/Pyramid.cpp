@@ -131,7 +131,7 @@ bool Pyramid::FinishRow(int depth) {
     const int above = level.Band * TileSide;
     if (level.Rows < TileSide && above + level.Rows < level.Extent.Height) return true;
     for (int x = 0; x * TileSide < level.Extent.Width; ++x) {
-        const PixelPart part{level.Pixels.data() + x * TileSide,
+        const PixelPart part{level.Pixels.data() + static_cast<std::ptrdiff_t>(x) * TileSide,
                              level.Extent.Width,
                              {std::min(TileSide, level.Extent.Width - x * TileSide), level.Rows}};
         if (!sink({first + depth, x, level.Band}, part)) return false;

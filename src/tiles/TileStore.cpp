@@ -82,7 +82,7 @@ Result<std::shared_ptr<TileStore>> TileStore::Open(ReadOnlyFile file) {
     const auto header = *got == sizeof stored ? Understood(stored) : std::nullopt;
     if (!header) return Failure{Fault::Damaged, "header of the cache"};
     auto store = std::make_shared<TileStore>(std::move(file), *header);
-    if (const Outcome failure = store->ReadIndex()) return *failure;
+    if (Outcome failure = store->ReadIndex()) return *failure;
     return store;
 }
 

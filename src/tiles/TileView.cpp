@@ -42,18 +42,18 @@ const std::uint32_t* TileView::Row(int row, int from, int to) {
     return holds.Pixels.data();
 }
 
-void TileView::CopyPart(const Piece* piece, int row, int from, int to, std::uint32_t* pixels) const {
+void TileView::CopyPart(const Piece* piece, int row, int begin, int end, std::uint32_t* pixels) const {
     if (!piece) {
-        std::fill(pixels + from, pixels + to, White);
+        std::fill(pixels + begin, pixels + end, White);
         return;
     }
     const int up = piece->CoarserBy;
     const std::uint32_t* tile = piece->Pixels->Row((row >> up) % TileSide);
     if (up == 0) {
-        std::copy_n(tile + from % TileSide, to - from, pixels + from);
+        std::copy_n(tile + begin % TileSide, end - begin, pixels + begin);
         return;
     }
-    for (int x = from; x < to; ++x) pixels[x] = tile[(x >> up) % TileSide];
+    for (int x = begin; x < end; ++x) pixels[x] = tile[(x >> up) % TileSide];
 }
 
 } // namespace ornivane

@@ -47,7 +47,7 @@ private:
     };
 
     const Piece* PieceAt(int tileX, int tileY) const;
-    void CopyPart(const Piece* piece, int row, int from, int to, std::uint32_t* pixels) const;
+    void CopyPart(const Piece* piece, int row, int begin, int end, std::uint32_t* pixels) const;
 
     ImageExtent image;
     TileKey first;

@@ -261,7 +261,7 @@ void TiledChart::Show(Work& work) {
         const int row = work.Levels->BandOf(level);
         for (int x = 0; x * TileSide < band.Extent.Width && band.Extent.Height > 0; ++x)
             Keep({level, x, row},
-                 {band.Bits + x * TileSide,
+                 {band.Bits + static_cast<std::ptrdiff_t>(x) * TileSide,
                   band.Stride,
                   {std::min(TileSide, band.Extent.Width - x * TileSide), band.Extent.Height}});
     }

@@ -10,6 +10,7 @@ namespace ornivane {
 // is a function of its place, so that a test knows what is where.
 class SyntheticChart {
 public:
+    // NOLINTNEXTLINE(bugprone-easily-swappable-parameters): width before height, as everywhere
     SyntheticChart(int chartWidth, int chartHeight) : width(chartWidth), height(chartHeight) {}
 
     // 0xFFRRGGBB, as many as the chart is wide.
