@@ -116,8 +116,7 @@ Probe::Probe(const QString& socket) {
 }
 
 // A command that opens a dialog answers when it closes; whoever asked may be gone by then.
-void Probe::Serve(const QPointer<QLocalSocket>& asking) {
-    const QPointer<QLocalSocket> peer = asking; // the one given may end with its event
+void Probe::Serve(const QPointer<QLocalSocket>& peer) {
     while (peer && peer->canReadLine()) {
         QString answer = Answer(QString::fromUtf8(peer->readLine()).trimmed());
         answer.replace('\\', "\\\\").replace('\n', "\\n");

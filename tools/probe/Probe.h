@@ -24,7 +24,7 @@ public:
     explicit Probe(const QString& socket);
 
 private:
-    void Serve(const QPointer<QLocalSocket>& asking);
+    void Serve(const QPointer<QLocalSocket>& peer);
     QString Answer(const QString& line);
     QString Ask(const QString& command, QWidget* widget, const QStringList& words);
     QString Act(const QString& command, QWidget* widget, const QStringList& words);
