@@ -132,7 +132,10 @@ void frmWaypointPanel::MakeGrid(QBoxLayout& layout) {
 LampButton* frmWaypointPanel::Step(const char* name, void (WaypointEditing::*step)(), const char* icon) {
     auto* button = new LampButton(this);
     button->SetIcon(QString(":/icons/%1.svg").arg(icon));
-    Wire(*button, name, [this, step] { return (waypoints.*step)(), PlanEffects(); });
+    Wire(*button, name, [this, step] {
+        (waypoints.*step)();
+        return PlanEffects();
+    });
     return button;
 }
 
