@@ -129,22 +129,21 @@ void frmWaypointPanel::MakeGrid(QBoxLayout& layout) {
     layout.addWidget(gridWaypoints, 1);
 }
 
-LampButton* frmWaypointPanel::Step(const char* name, void (WaypointEditing::*step)(), const char* icon) {
+LampButton* frmWaypointPanel::Step(const char* name, const Event& step, const char* icon) {
     auto* button = new LampButton(this);
     button->SetIcon(QString(":/icons/%1.svg").arg(icon));
-    Wire(*button, name, [this, step] {
-        (waypoints.*step)();
-        return PlanEffects();
-    });
+    Wire(*button, name, step);
     return button;
 }
 
 void frmWaypointPanel::MakeSteps(QBoxLayout& layout) {
     auto* row = Spaced(new QHBoxLayout, 5);
-    cmdPrev = Step("cmdPrev", &WaypointEditing::cmdPrev, "previous");
+    cmdPrev = Step(
+        "cmdPrev", [this] { return waypoints.cmdPrev(), PlanEffects(); }, "previous");
     lblCount = Named(new QLabel(this), "lblCount");
     lblCount->setAlignment(Qt::AlignCenter);
-    cmdNext = Step("cmdNext", &WaypointEditing::cmdNext, "next");
+    cmdNext = Step(
+        "cmdNext", [this] { return waypoints.cmdNext(), PlanEffects(); }, "next");
     row->addWidget(cmdPrev, 1);
     row->addWidget(lblCount, 2);
     row->addWidget(cmdNext, 1);

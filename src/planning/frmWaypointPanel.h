@@ -44,7 +44,7 @@ private:
     void MakeSearch(QBoxLayout& layout);
     void MakeGrid(QBoxLayout& layout);
     void MakeSteps(QBoxLayout& layout);
-    LampButton* Step(const char* name, void (WaypointEditing::*step)(), const char* icon);
+    LampButton* Step(const char* name, const Event& step, const char* icon);
     void MakeEntry(QBoxLayout& layout);
     void MakeButtons(QBoxLayout& layout);
     QLineEdit* Field(const char* name);
