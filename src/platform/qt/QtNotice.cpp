@@ -62,6 +62,9 @@ QtNotice::QtNotice(QWidget* parent) : QLabel(parent) {
     hide();
 }
 
+// A window that closes while it is destroyed still tells of the focus, when this is no notice any more.
+QtNotice::~QtNotice() { disconnect(qApp, nullptr, this, nullptr); }
+
 void QtNotice::MakeButton() {
     cmdNotice = Named(new QPushButton(this), "cmdNotice");
     cmdNotice->setFocusPolicy(Qt::TabFocus);

@@ -20,6 +20,7 @@ class NoticePlace;
 class QtNotice : public QLabel, public Notice {
 public:
     explicit QtNotice(QWidget* parent = nullptr);
+    ~QtNotice() override;
     // At the bottom of this window from now on; it has a layout.
     void StandIn(QWidget& window);
     void Show(const std::string& text) override;
