@@ -5,6 +5,7 @@ RunPackages=(
     g++ cmake ninja-build ccache
     qt6-base-dev qt6-serialport-dev qt6-svg-dev qt6-translations-l10n
     libsqlite3-dev libpugixml-dev
+    libjpeg62-turbo-dev libzstd-dev libxxhash-dev pkg-config
     fonts-dejavu-core
 )
 # To test it.
