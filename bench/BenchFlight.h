@@ -10,7 +10,7 @@
 #include "platform/qt/QtPictureSurface.h"
 #include "store/Schema.h"
 #include "support/MapFakes.h"
-#include "support/TemporaryFolder.h"
+#include "support/TestCharts.h"
 
 // What the benches of the flying screen share: a chart of 12,000 x 9,000 pixels and a store over it.
 namespace ornivane {
@@ -76,12 +76,21 @@ struct Flight : ChartFolder {
         Screen->State.CurLat = Latitude(50);
         Screen->State.CurLong = Longitude(9);
         Screen->cmdKartezentrieren_Click();
+        MakeSharp();
+    }
+    // Until no tile is missing.
+    void MakeSharp() {
+        Becomes([this] {
+            Screen->UpdateMap();
+            return Surface.IsSharp();
+        });
     }
 
     FakePort Port;
     FakeTimer CheckTimer, TrackTimer;
     SetClock Clock;
-    QtPicture Chart;
+    TestCharts Charts;
+    QtPicture Chart{Charts};
     CompassCard Card;
     QtPictureSurface Surface{1640, 980}, Dial{200, 200}, Wind{100, 100};
     FakeProgress ProgressBar;

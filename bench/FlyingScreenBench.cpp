@@ -28,8 +28,8 @@ struct Cockpit : ChartFolder {
         Shared.TrackConn.Open(Folder.Path() / "track.ovd", Connection::Mode::ReadWrite);
         Shared.TrackEnabled = true;
         Shared.TrackInterval = 1000;
-        Form = std::make_unique<frmGPSmain>(
-            FlyingFormServices{Shared, {Port, CheckTimer, TrackTimer, Clock}, Ports, Boxes, Notices, Guard});
+        Form = std::make_unique<frmGPSmain>(FlyingFormServices{
+            Shared, {Port, CheckTimer, TrackTimer, Clock}, Ports, Boxes, Notices, Guard, Charts});
         Form->resize(1920, 1033);
         Form->show();
         Form->Form_Activate();
@@ -56,6 +56,7 @@ struct Cockpit : ChartFolder {
     ScriptedDialogs Boxes;
     QtNotice Notices;
     EventGuard Guard{Notices, Shared};
+    TestCharts Charts;
     std::unique_ptr<frmGPSmain> Form;
 };
 

@@ -26,7 +26,7 @@ struct Desk {
             OpenOwn(own);
         else
             Made = std::make_unique<ChartFolder>(20000, 2000);
-        Form = std::make_unique<frmPlanung>(Shared(), Boxes, Guard);
+        Form = std::make_unique<frmPlanung>(Shared(), Boxes, Guard, Charts);
         Form->resize(1920, 1033);
         Form->show();
         Form->Form_Activate();
@@ -45,6 +45,7 @@ struct Desk {
     void Zoom(const benchmark::State& state) {
         Form->Logic().Map.SetSlide(static_cast<int>(state.range(0)));
         Form->Logic().CenterOnWaypoint();
+        BecomesSharp(*Map);
     }
     void Mouse(QEvent::Type type, double x, double y, Qt::MouseButton button) {
         const QPointF at(x, y);
@@ -58,6 +59,7 @@ struct Desk {
     ScriptedDialogs Boxes;
     QtNotice Notices;
     EventGuard Guard{Notices, Own};
+    TestCharts Charts;
     std::unique_ptr<frmPlanung> Form;
     SurfaceWidget* Map = nullptr;
 };

@@ -83,17 +83,17 @@ Screen* Program::MakeScreen(Mode mode) {
     switch (mode) {
     case Mode::Flight:
         return new frmGPSmain(
-            {variablen, {MSComm1, timerCheck, timeTrack, clock}, ports, dialogs, *notices, guard, &pictures});
+            {variablen, {MSComm1, timerCheck, timeTrack, clock}, ports, dialogs, *notices, guard, charts});
     case Mode::Settings:
         return new frmSettings({{variablen, settingsPort, settingsTimer, ports, clock, dialogs},
                                 guard,
                                 [this] { main->ApplyLanguage(); },
                                 [this] { (new frmTrack(variablen, guard, dialogs, main.get()))->Start(); }});
     case Mode::Planning:
-        planning = new frmPlanung(variablen, dialogs, guard, &pictures);
+        planning = new frmPlanung(variablen, dialogs, guard, charts);
         return planning;
     case Mode::MapData:
-        return new frmCalibrate(variablen, guard, dialogs, &pictures);
+        return new frmCalibrate(variablen, guard, dialogs, charts);
     case Mode::FlightPlan:
         break;
     }

@@ -6,7 +6,6 @@
 #include "app/MainForm.h"
 #include "app/frmSplash.h"
 #include "common/Variablen.h"
-#include "platform/qt/DecodedPictures.h"
 #include "platform/qt/Events.h"
 #include "platform/qt/QtDialogs.h"
 #include "platform/qt/QtNotice.h"
@@ -15,6 +14,7 @@
 #include "platform/qt/QtSystem.h"
 #include "platform/qt/QtTexts.h"
 #include "platform/qt/QtTimer.h"
+#include "platform/qt/SharedCharts.h"
 #include "platform/qt/SystemClock.h"
 
 namespace ornivane {
@@ -52,7 +52,7 @@ private:
     QtTimer timerCheck, timeTrack;
     QtSerialPort settingsPort; // of the port test; no two screens use one port at once
     QtTimer settingsTimer;
-    DecodedPictures pictures;
+    SharedCharts charts{SharedCharts::CacheFolderOfUser()};
     QtTexts qtTexts;
     std::unique_ptr<frmSplash> splash;
     std::unique_ptr<MainForm> main;

@@ -6,6 +6,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QScopeGuard>
 #include <QSlider>
@@ -14,6 +15,7 @@
 
 #include "base/Flagged.h"
 #include "base/RuntimeError.h"
+#include "platform/qt/ChartWatch.h"
 #include "platform/qt/EnterKey.h"
 #include "platform/qt/Events.h"
 #include "platform/qt/GridBinding.h"
@@ -26,7 +28,7 @@ namespace ornivane {
 
 namespace {
 
-constexpr int ButtonHeight = 44, PanelWidth = 300;
+constexpr int ButtonHeight = 44, PanelWidth = 300, BarWidth = 220;
 constexpr double DragBegins = 4; // pixels: a hand that only clicks moves less
 constexpr const char* ToEnterStyle = "background: #ffff00; color: #101418";
 constexpr const char* AcceptedStyle = "background: #00ff00; color: #101418";
@@ -48,7 +50,7 @@ QPushButton* Button(const QString& name) {
 
 frmCalRect::frmCalRect(const Services& services, MapData& frmCalibrate, QWidget* window)
     : QDialog(window), language(services.Texts), guard(services.Guard), catalogue(frmCalibrate),
-      picStorage(std::make_unique<QtPicture>(services.Pictures)), timArr(std::make_unique<QtTimer>(guard)) {
+      picStorage(std::make_unique<QtPicture>(services.Charts)), timArr(std::make_unique<QtTimer>(guard)) {
     setObjectName("frmCalRect");
     setAttribute(Qt::WA_DeleteOnClose);
     setModal(true);
@@ -64,6 +66,13 @@ frmCalRect::frmCalRect(const Services& services, MapData& frmCalibrate, QWidget*
     MakeMap(*left);
     logic = std::make_unique<TwoPoints>(TwoPoints::World{language, services.DataConn, catalogue, *picStorage,
                                                          picMap->Surface(), *timArr, services.Messages});
+    auto* progBar = Named(new QProgressBar(picMap), "progBar");
+    progBar->setGeometry(12, 12, BarWidth, progBar->sizeHint().height());
+    progBar->hide();
+    chartWatch = std::make_unique<ChartWatch>(
+        ChartWatch::World{*picStorage, *picMap, *progBar, guard, language}, [this] {
+            if (loaded) logic->Draw_Picture();
+        });
     timArr->OnTimer([this] {
         logic->timArr_Timer();
         ShowState();

@@ -21,10 +21,11 @@ namespace ornivane {
 
 class EventGuard;
 class GridBinding;
-class DecodedPictures;
+class ChartWatch;
 class QtPicture;
 class QtTimer;
 class RecordsetModel;
+class SharedCharts;
 class SurfaceWidget;
 
 // Calibrates the selected chart by two points. Deletes itself when it closes.
@@ -32,13 +33,13 @@ class frmCalRect : public QDialog {
     Q_OBJECT
 
 public:
-    // What of the program it works with. `Pictures`: the images of all screens; may be missing.
+    // What of the program it works with.
     struct Services {
         const Language& Texts;
         Connection& DataConn;
         EventGuard& Guard;
         Dialogs& Messages;
-        DecodedPictures* Pictures;
+        SharedCharts& Charts;
     };
     frmCalRect(const Services& services, MapData& frmCalibrate, QWidget* window);
     ~frmCalRect() override;
@@ -91,6 +92,7 @@ private:
     std::unique_ptr<QtTimer> timArr;
     SurfaceWidget* picMap = nullptr;
     std::unique_ptr<TwoPoints> logic;
+    std::unique_ptr<ChartWatch> chartWatch;
     QLabel *lblHint = nullptr, *lblKeys = nullptr;
     QSlider* SlideMap = nullptr;
     QLineEdit *tx = nullptr, *ty = nullptr;

@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMouseEvent>
+#include <QProgressBar>
 #include <QProxyStyle>
 #include <QPushButton>
 #include <QTableView>
@@ -16,6 +17,7 @@
 #include "base/Flagged.h"
 #include "calibration/frmCalRect.h"
 #include "platform/PictureFormats.h"
+#include "platform/qt/ChartWatch.h"
 #include "platform/qt/EnterKey.h"
 #include "platform/qt/Events.h"
 #include "platform/qt/GridBinding.h"
@@ -28,8 +30,7 @@ namespace ornivane {
 
 namespace {
 
-constexpr int ButtonHeight = 44;
-constexpr QSize LargestPreview(1200, 900); // logical pixels, on a large screen
+constexpr int ButtonHeight = 44, BarWidth = 220;
 // The colours tell whether the catalogue has the value; dark letters on both, by day and by night.
 constexpr const char* NotStoredStyle = "background: #ffff80; color: #101418";
 constexpr const char* StoredStyle = "background: #c0c0ff; color: #101418";
@@ -60,11 +61,10 @@ QString Shown(const std::string& text) { return QString::fromStdString(text); }
 } // namespace
 
 frmCalibrate::frmCalibrate(Variablen& variablen, EventGuard& eventGuard, Dialogs& messages,
-                           DecodedPictures* decoded)
-    : shared(variablen), guard(eventGuard), dialogs(messages), pictures(decoded),
-      picStorage(std::make_unique<QtPicture>()) {
+                           SharedCharts& allCharts)
+    : shared(variablen), guard(eventGuard), dialogs(messages), charts(allCharts),
+      picStorage(std::make_unique<QtPicture>(allCharts)) {
     setObjectName("frmCalibrate");
-    picStorage->ReduceTo(LargestPreview);
     auto* row = Spaced(new QHBoxLayout(this), 12, {10, 10, 10, 10});
     auto* left = new QVBoxLayout;
     auto* middle = new QVBoxLayout;
@@ -75,6 +75,13 @@ frmCalibrate::frmCalibrate(Variablen& variablen, EventGuard& eventGuard, Dialogs
     MakeList(*left);
     MakePreview(*middle);
     logic = std::make_unique<MapData>(shared, *picStorage, picMap->Surface(), dialogs);
+    auto* progBar = Named(new QProgressBar(picMap), "progBar");
+    progBar->setGeometry(12, 12, BarWidth, progBar->sizeHint().height());
+    progBar->hide();
+    chartWatch = std::make_unique<ChartWatch>(
+        ChartWatch::World{*picStorage, *picMap, *progBar, guard, shared}, [this] {
+            if (logic->chkVorschau) logic->RepaintPreview();
+        });
     MakeEdges(*right);
     MakeActiveMaps(*right);
     EnterKey::PressesButtonsOf(*this);
@@ -222,7 +229,7 @@ void frmCalibrate::Click(const std::function<void()>& event) {
 
 void frmCalibrate::cmdCalibrate_Click() {
     if (logic->SelectedName().empty()) return;
-    auto* form = new frmCalRect({shared, shared.DataConn, guard, dialogs, pictures}, *logic, window());
+    auto* form = new frmCalRect({shared, shared.DataConn, guard, dialogs, charts}, *logic, window());
     connect(form, &QDialog::finished, this, [this] { ShowState(); });
     form->Start();
 }

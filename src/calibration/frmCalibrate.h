@@ -18,11 +18,12 @@ class QTableView;
 
 namespace ornivane {
 
-class DecodedPictures;
+class ChartWatch;
 class EventGuard;
 class GridBinding;
 class QtPicture;
 class RecordsetModel;
+class SharedCharts;
 class SurfaceWidget;
 
 // The catalogue of charts. Every event calls one routine of MapData, then the state is shown.
@@ -30,9 +31,8 @@ class frmCalibrate : public Screen {
     Q_OBJECT
 
 public:
-    // `decoded`: the images of all screens; may be missing.
-    frmCalibrate(Variablen& variablen, EventGuard& eventGuard, Dialogs& messages,
-                 DecodedPictures* decoded = nullptr);
+    // All of it outlives the form.
+    frmCalibrate(Variablen& variablen, EventGuard& eventGuard, Dialogs& messages, SharedCharts& allCharts);
     ~frmCalibrate() override;
 
     void Form_Activate() override { ApplyLanguage(); }
@@ -61,9 +61,10 @@ private:
     Variablen& shared;
     EventGuard& guard;
     Dialogs& dialogs;
-    DecodedPictures* pictures;
+    SharedCharts& charts;
     std::unique_ptr<QtPicture> picStorage;
     std::unique_ptr<MapData> logic;
+    std::unique_ptr<ChartWatch> chartWatch;
     std::unique_ptr<RecordsetModel> mapsModel;
     std::unique_ptr<GridBinding> mapsBinding;
     QLabel *Label7 = nullptr, *Label8 = nullptr, *Label9 = nullptr;

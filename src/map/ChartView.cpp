@@ -26,7 +26,7 @@ void ChartView::LoadPicture() {
     const auto time = fs::last_write_time(*file, error);
     const std::string identity =
         file->string() + '|' + std::to_string(size) + '|' + std::to_string(time.time_since_epoch().count());
-    if (identity == loaded) return;
+    if (identity == loaded && !storage.MustBeReadAgain()) return;
     if (storage.Load(*file)) loaded = identity;
 }
 

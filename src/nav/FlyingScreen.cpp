@@ -120,16 +120,19 @@ void FlyingScreen::Redraw(RedrawOrder order, bool centringAsked) {
     const bool wasCentred = Map.CenterMap;
     order.OnlyRoutePoints = picShowPoints;
     order.HasFix = HasFix();
-    const NavigationStep step = navigation.Step(order);
-    Show(step);
-    if (step.ChangesChart) Show(navigation.ChangeChart(order));
+    NavigationStep step = navigation.Step(order);
+    const bool changesChart = step.ChangesChart;
+    Show(std::move(step));
+    if (changesChart) Show(navigation.ChangeChart(order));
     if (wasCentred && !Map.CenterMap) TellWhyNotCentred(centringAsked);
     world.picMap.Refresh();
     changed();
 }
 
 // What is told comes in the order of what was drawn and computed.
-void FlyingScreen::Show(const NavigationStep& step) {
+void FlyingScreen::Show(NavigationStep step) {
+    // Before anything can end it: half of this scene must not become the one before again.
+    if (step.Picture.PaintsChart) drawn.clear();
     Faults.Tell(drawing.Draw(step.Picture));
     if (step.Passed) focusMap(FocusBy::Receiver);
     if (step.IsADayAway)
@@ -139,6 +142,23 @@ void FlyingScreen::Show(const NavigationStep& step) {
                               "At this speed the target is 24 hours or more away. The time stays \"---\"."));
     const bool hasExtent = world.picMap.ScaleWidth() > 0 && world.picMap.ScaleHeight() > 0;
     if (hasExtent) Faults.Tell(step.Picture.Fault); // a view without extent is no fault
+    Keep(std::move(step.Picture));
+}
+
+void FlyingScreen::Keep(Scene scene) {
+    if (!scene.Transform) return;
+    if (drawn.size() > 1) drawn.pop_back(); // older overlays
+    drawn.push_back(std::move(scene));
+    drawnOf = Map.ViewIsOf();
+}
+
+void FlyingScreen::PaintAgain() {
+    if (!Map.HasMap() || drawnOf != Map.ViewIsOf()) return;
+    // What is wrong with a scene was told when it was drawn first.
+    IgnoreErrors([this] {
+        for (const Scene& scene : drawn) drawing.Draw(scene);
+    });
+    world.picMap.Refresh();
 }
 
 // Unasked only where the pilot would otherwise go on believing that the map follows him: before the first

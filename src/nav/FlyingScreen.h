@@ -1,8 +1,10 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <tuple>
+#include <vector>
 
 #include "common/DisplayFlags.h"
 #include "common/Variablen.h"
@@ -62,6 +64,8 @@ public:
     void UpdateMap() { Redraw({}); }
     // The overlays only, over the picture that stands.
     void DrawOverlays() { Redraw({.PaintsChart = false}); }
+    // More of the chart has come: what was drawn last is drawn once more. No navigation step.
+    void PaintAgain();
     // picMap has a new size.
     void Form_Resize();
     // A right click on the map, in view pixels.
@@ -139,7 +143,8 @@ private:
     void DrawIf(bool isAnotherView);
     void CentreMap();
     void Redraw(RedrawOrder order, bool centringAsked = false);
-    void Show(const NavigationStep& step);
+    void Show(NavigationStep step);
+    void Keep(Scene scene);
     void TellWhyNotCentred(bool centringAsked);
     void ShowLastMap();
     void ActivateRoute();
@@ -149,6 +154,10 @@ private:
     std::function<void(FocusBy)> focusMap;
     Navigation navigation;
     SceneDrawing drawing;
+    // What stands on the map: a scene with the chart, and the overlays that were last drawn over it. And the
+    // chart that it is of.
+    std::vector<Scene> drawn;
+    std::optional<std::string> drawnOf;
     LiveState told;
     Event::Listener chartsChanged;
 };

@@ -12,6 +12,7 @@
 #include "nav/frmRecordPanel.h"
 #include "nav/frmStageButton.h"
 #include "nav/frmWindPanel.h"
+#include "platform/qt/ChartWatch.h"
 #include "platform/qt/Events.h"
 #include "platform/qt/FillCombo.h"
 #include "platform/qt/FittedText.h"
@@ -37,7 +38,7 @@ QString Q(const std::string& text) { return QString::fromStdString(text); }
 } // namespace
 
 frmGPSmain::frmGPSmain(const FlyingFormServices& formServices)
-    : services(formServices), picStorage(std::make_unique<QtPicture>(formServices.Pictures)) {
+    : services(formServices), picStorage(std::make_unique<QtPicture>(formServices.Charts)) {
     setObjectName("frmGPSmain");
     auto* layout = Spaced(new QGridLayout(this), 0);
     layout->setColumnStretch(0, 1);
@@ -65,6 +66,9 @@ void frmGPSmain::MakeScreen() {
             // A route point that is passed is no press of a button: what is being typed keeps its keys.
             if (by == FocusBy::Hand || !IsTyping()) picMap->setFocus();
         });
+    chartWatch = std::make_unique<ChartWatch>(
+        ChartWatch::World{*picStorage, *picMap, *progBar, services.Guard, services.Shared},
+        [this] { screen->PaintAgain(); });
     instruments->Attach(
         screen->Instruments, screen->Qnh, [this] { picMap->setFocus(); }, [this] { ShowState(); });
     wind->Attach(screen->Wind);

@@ -26,11 +26,12 @@ namespace ornivane {
 class EventGuard;
 class GridBinding;
 class LampButton;
-class DecodedPictures;
+class ChartWatch;
 class QtPicture;
 class QtProgress;
 class ReadoutLabel;
 class RecordsetModel;
+class SharedCharts;
 class SurfaceWidget;
 class ZoomSlider;
 class frmInstrumentPanel;
@@ -46,7 +47,7 @@ struct FlyingFormServices {
     Dialogs& Messages;
     Notice& Notices;
     EventGuard& Guard;
-    DecodedPictures* Pictures = nullptr; // of all screens; may be missing
+    SharedCharts& Charts;
 };
 
 // The flying screen. Every event calls one routine of FlyingScreen, then the state is shown.
@@ -120,6 +121,7 @@ private:
     std::unique_ptr<QtPicture> picStorage;
     std::unique_ptr<QtProgress> progress;
     std::unique_ptr<FlyingScreen> screen;
+    std::unique_ptr<ChartWatch> chartWatch;
     std::unique_ptr<RecordsetModel> pointsModel;
     std::unique_ptr<GridBinding> pointsBinding;
 

@@ -75,11 +75,24 @@ void PlanningScreen::RedrawPlan(const std::optional<DegMin>& newPoint) {
 void PlanningScreen::DrawPlan(const std::optional<DegMin>& newPoint) {
     const bool hasExtent = world.picMap.ScaleWidth() > 0 && world.picMap.ScaleHeight() > 0;
     if (!Map.HasMap() || !hasExtent) return;
+    drawn.reset();
+    drawnLine.reset();
     const auto error = ErrorOf([&] {
-        drawing.RedrawPlan({Map.Transform(), Map.SlideMap, Airspace, Routes.DrawnRoute(),
-                            Routes.CurrentPoint(), Map.Measuring.MeasureOn, newPoint});
+        PlanScene scene{
+            Map.Transform(),         Map.SlideMap, Airspace, Routes.DrawnRoute(), Routes.CurrentPoint(),
+            Map.Measuring.MeasureOn, newPoint};
+        drawing.RedrawPlan(scene);
+        drawn = std::move(scene);
+        drawnOf = Map.ViewIsOf();
     });
     if (error) Faults.Tell(DrawingFaults::Layer::Chart, *error);
+}
+
+void PlanningScreen::PaintAgain() {
+    if (!drawn || !Map.HasMap() || drawnOf != Map.ViewIsOf()) return;
+    IgnoreErrors([this] { drawing.RedrawPlan(*drawn); }); // told when it was drawn first
+    if (drawnLine) drawing.DrawMeasuringLine(*drawnLine);
+    world.picMap.Refresh();
 }
 
 void PlanningScreen::MouseMove(const Point& at, bool leftButton) {
@@ -87,7 +100,8 @@ void PlanningScreen::MouseMove(const Point& at, bool leftButton) {
     if (!Map.IsMeasuring()) return;
     if (!drawing.RecallPlan()) DrawPlan();
     // From the entry as typed, without its hemispheres.
-    if (const auto line = Map.MeasureTo(at, Waypoints.TypedPosition())) drawing.DrawMeasuringLine(*line);
+    drawnLine = Map.MeasureTo(at, Waypoints.TypedPosition());
+    if (drawnLine) drawing.DrawMeasuringLine(*drawnLine);
     world.picMap.Refresh(); // also without a line: the last one must go
 }
 

@@ -52,6 +52,8 @@ public:
     void CenterOnWaypoint();
     // Nothing is drawn without a map or in a view without extent.
     void RedrawPlan(const std::optional<DegMin>& newPoint = {});
+    // More of the chart has come: what was drawn last is drawn once more.
+    void PaintAgain();
     // On picMap, in view pixels.
     void MouseMove(const Point& at, bool leftButton);
     void DblClick(const Point& at); // begins a waypoint: its name is to be typed
@@ -71,6 +73,10 @@ private:
     PlanningScreenWorld world;
     Form form;
     PlanDrawing drawing;
+    // What stands on the map, the line over it, and the chart that it is of.
+    std::optional<PlanScene> drawn;
+    std::optional<MeasuringLine> drawnLine;
+    std::optional<std::string> drawnOf;
     Event::Listener chartsChanged;
 };
 

@@ -12,6 +12,7 @@
 #include "planning/frmLuftraumSettings.h"
 #include "planning/frmRoutePanel.h"
 #include "planning/frmWaypointPanel.h"
+#include "platform/qt/ChartWatch.h"
 #include "platform/qt/Events.h"
 #include "platform/qt/FillCombo.h"
 #include "platform/qt/LampButton.h"
@@ -38,10 +39,9 @@ QString Q(const std::string& text) { return QString::fromStdString(text); }
 
 } // namespace
 
-frmPlanung::frmPlanung(Variablen& variablen, Dialogs& messages, EventGuard& eventGuard,
-                       DecodedPictures* pictures)
+frmPlanung::frmPlanung(Variablen& variablen, Dialogs& messages, EventGuard& eventGuard, SharedCharts& charts)
     : shared(variablen), dialogs(messages), guard(eventGuard),
-      picStorage(std::make_unique<QtPicture>(pictures)) {
+      picStorage(std::make_unique<QtPicture>(charts)) {
     setObjectName("frmPlanung");
     // The longest captions fit beside each other, lists are hit with gloves.
     setStyleSheet("QPushButton { padding: 0 4px; } QComboBox { min-height: 40px; }");
@@ -77,6 +77,8 @@ void frmPlanung::MakeScreen() {
         PlanningScreenWorld{shared, *picStorage, picMap->Surface(), *progress, dialogs, guard.Notices()},
         PlanningScreen::Form{[this] { ShowChanges(); }, [this] { ShowState(); },
                              [this](PlanEffect effect) { Focus(effect); }});
+    chartWatch = std::make_unique<ChartWatch>(
+        ChartWatch::World{*picStorage, *picMap, *progBar, guard, shared}, [this] { screen->PaintAgain(); });
     const auto run = [this](const frmListPanel::Event& event) { Do([&] { screen->Act(event()); }); };
     const auto addWaypoint = [this] { return screen->cmdAddwaypoint(); };
     waypoints = new frmWaypointPanel(this, screen->Waypoints, shared, run, addWaypoint);

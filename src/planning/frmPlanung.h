@@ -17,10 +17,11 @@ namespace ornivane {
 
 class EventGuard;
 class LampButton;
-class DecodedPictures;
+class ChartWatch;
 class QtPicture;
 class QtProgress;
 class ReadoutLabel;
+class SharedCharts;
 class SurfaceWidget;
 class ZoomSlider;
 class frmRoutePanel;
@@ -32,9 +33,8 @@ class frmPlanung : public Screen {
     Q_OBJECT
 
 public:
-    // All of it outlives the form. `pictures`: of all screens; may be missing.
-    frmPlanung(Variablen& variablen, Dialogs& messages, EventGuard& eventGuard,
-               DecodedPictures* pictures = nullptr);
+    // All of it outlives the form.
+    frmPlanung(Variablen& variablen, Dialogs& messages, EventGuard& eventGuard, SharedCharts& charts);
     ~frmPlanung() override;
 
     void Form_Activate() override;
@@ -77,6 +77,7 @@ private:
     std::unique_ptr<QtPicture> picStorage;
     std::unique_ptr<QtProgress> progress;
     std::unique_ptr<PlanningScreen> screen;
+    std::unique_ptr<ChartWatch> chartWatch;
 
     SurfaceWidget* picMap = nullptr;
     QLabel *tLR = nullptr, *lblNoMap = nullptr;

@@ -28,6 +28,9 @@ public:
     // Reads an image of one of the PictureFormats, by its content. False when it cannot be read; the picture
     // that was there stays then.
     virtual bool Load(const std::filesystem::path& file) = 0;
+    // The file could not be read to its end: what is there of the picture can be painted, and loading the
+    // same file again may bring the rest.
+    virtual bool MustBeReadAgain() const { return false; }
     // Pixels as stored in the file; 0 before anything was loaded.
     virtual int ScaleWidth() const = 0;
     virtual int ScaleHeight() const = 0;

@@ -8,6 +8,9 @@ namespace ornivane {
 
 namespace {
 
+// Of a view stretched from a level this much finer than itself, or more, the next coarser one is taken:
+// fewer pixels to mix, and no difference that is seen.
+constexpr double CoarserFrom = 1.6;
 constexpr int Margin = 2; // pixels of the level that a stretch may reach beyond the view
 
 bool HasArea(const ViewRequest& request) {
@@ -45,7 +48,7 @@ ChartViewer::~ChartViewer() {
 int ChartViewer::LevelFor(const ViewRequest& request) const {
     const double sourcePerTarget =
         std::min(request.Width / request.TargetWidth, request.Height / request.TargetHeight);
-    const auto whole = static_cast<unsigned>(std::clamp(sourcePerTarget, 1.0, 1e6));
+    const auto whole = static_cast<unsigned>(std::clamp(sourcePerTarget * (2 / CoarserFrom), 1.0, 1e6));
     return std::clamp(static_cast<int>(std::bit_width(whole)) - 1, chart->FinestLevel(),
                       std::max(chart->FinestLevel(), chart->Extent().Levels() - 1));
 }

@@ -28,8 +28,8 @@ public:
     ChartViewer& operator=(const ChartViewer&) = delete;
 
     TiledChart& Chart() const { return *chart; }
-    // The level is the one whose pixels are at most as large as the target's and more than half as large, or
-    // the next one of which anything is there.
+    // The level is the one whose pixels are about as large as the target's (0.6 to 1.25 of them), or the next
+    // one of which anything is there.
     TileView View(const ViewRequest& request);
     // Waits until nothing better can come, or the time is over: for printing, not for a screen.
     TileView SharpView(const ViewRequest& request, std::chrono::milliseconds most);

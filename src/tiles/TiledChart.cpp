@@ -135,15 +135,15 @@ void TiledChart::Repair() {
 
 void TiledChart::Tell(const std::shared_ptr<ViewSignal>& signal) {
     const std::lock_guard lock(guard);
-    std::erase_if(signals, [](const auto& old) { return old.expired(); });
-    signals.push_back(signal);
+    std::erase_if(listeners, [](const auto& old) { return old.expired(); });
+    listeners.push_back(signal);
 }
 
 void TiledChart::SendAll() {
     std::vector<std::weak_ptr<ViewSignal>> all;
     {
         const std::lock_guard lock(guard);
-        all = signals;
+        all = listeners;
     }
     for (const auto& one : all)
         if (const auto signal = one.lock()) signal->Send();

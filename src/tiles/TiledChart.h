@@ -95,7 +95,7 @@ private:
     std::map<TileKey, TilePixels> kept; // of the coarse levels
     std::set<TileKey> bad;
     bool repaired = false, closing = false;
-    std::vector<std::weak_ptr<ViewSignal>> signals;
+    std::vector<std::weak_ptr<ViewSignal>> listeners;
 
     std::jthread pass, repair; // last: their ends are waited for before anything else goes
 };

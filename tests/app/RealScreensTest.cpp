@@ -9,29 +9,33 @@
 #include "flightplan/frmFlugPlan.h"
 #include "nav/frmGPSmain.h"
 #include "planning/frmPlanung.h"
+#include "support/TestCharts.h"
 
 namespace ornivane::test {
 
 // The main window with the screens that the pilot sees.
 class RealScreensTest : public MainWindowTest {
 protected:
+    ~RealScreensTest() override { form.reset(); } // the screens look at the charts to their end
     Screen* Make(Mode mode) override {
         switch (mode) {
         case Mode::Flight:
             return new frmGPSmain(
-                {variablen, {port, timer, trackTimer, clock}, ports, boxes, notices, guard, nullptr});
+                {variablen, {port, timer, trackTimer, clock}, ports, boxes, notices, guard, charts});
         case Mode::Planning:
-            return new frmPlanung(variablen, boxes, guard);
+            return new frmPlanung(variablen, boxes, guard, charts);
         case Mode::Settings:
             return MakeSettings();
         case Mode::MapData:
-            return new frmCalibrate(variablen, guard, boxes);
+            return new frmCalibrate(variablen, guard, boxes, charts);
         case Mode::FlightPlan:
             break;
         }
         return new frmFlugPlan({variablen, guard, boxes, notices, [] {}});
     }
     std::string Title() { return form->windowTitle().toStdString(); }
+
+    TestCharts charts;
 };
 
 TEST_F(RealScreensTest, TheWindowsTitleTellsTheScreenInTheLanguageOfThisMoment) {

@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/qt/QtPicture.h"
-#include "support/TemporaryFolder.h"
+#include "support/TestCharts.h"
 
 namespace ornivane {
 namespace {
@@ -25,16 +25,23 @@ protected:
         ASSERT_TRUE(image.convertToFormat(format).save(QString::fromStdString(file.string())));
         ASSERT_TRUE(Chart.Load(file));
     }
+    void Paint(const PixelRect& source) {
+        EXPECT_TRUE(Becomes([&] {
+            Paint({source.X, source.Y, source.Width, source.Height});
+            return Surface.IsSharp();
+        }));
+    }
     int Grey(int x, int y) { return qGray(Surface.Image().pixel(x, y)); }
 
     TemporaryFolder Folder;
-    QtPicture Chart;
+    TestCharts Charts;
+    QtPicture Chart{Charts};
     QtPictureSurface Surface{200, 100};
 };
 
 TEST_F(PictureSurfaceTest, AThinLineSurvivesZoomingOut) {
     Load(1400, 700);
-    Surface.PaintPicture(Chart, {0, 0, 200, 100}, {0, 0, 1400, 700});
+    Paint({0, 0, 1400, 700});
     // A pixel of the view stands for seven of the chart, so a line is a seventh as dark, wherever it falls.
     for (int line = 1; line < 14; ++line) {
         const int at = static_cast<int>((100 * line + 0.5) / 7);
@@ -45,20 +52,20 @@ TEST_F(PictureSurfaceTest, AThinLineSurvivesZoomingOut) {
 
 TEST_F(PictureSurfaceTest, PixelsLieWhereTheTransformPutsThem) {
     Load(400, 200);
-    Surface.PaintPicture(Chart, {0, 0, 200, 100}, {90, 90, 25, 12.5}); // eight view pixels for one
-    EXPECT_LT(Grey(84, 10), 40);                                       // the middle of column 100
+    Paint({90, 90, 25, 12.5});   // eight view pixels for one
+    EXPECT_LT(Grey(84, 10), 40); // the middle of column 100
     EXPECT_GT(Grey(72, 10), 200);
     EXPECT_GT(Grey(96, 10), 200);
-    Surface.PaintPicture(Chart, {0, 0, 200, 100}, {90.5, 90, 25, 12.5}); // half a pixel on
+    Paint({90.5, 90, 25, 12.5}); // half a pixel on
     EXPECT_LT(Grey(80, 10), 40);
-    Surface.PaintPicture(Chart, {0, 0, 200, 100}, {350, 150, 100, 50}); // half of it beyond the edge
+    Paint({350, 150, 100, 50}); // half of it beyond the edge
     EXPECT_EQ(Grey(150, 90), 255);
 }
 
 TEST_F(PictureSurfaceTest, LoadsGreyAndPaletteImagesAndKeepsTheOldOneOfADamagedFile) {
     for (const auto format : {QImage::Format_Grayscale8, QImage::Format_Indexed8, QImage::Format_Mono}) {
         Load(300, 200, "other.bmp", format);
-        Surface.PaintPicture(Chart, {0, 0, 200, 100}, {0, 0, 200, 100});
+        Paint({0, 0, 200, 100});
         EXPECT_LT(Grey(100, 50), 60);
         EXPECT_GT(Grey(150, 50), 150);
     }
@@ -74,21 +81,49 @@ TEST_F(PictureSurfaceTest, LoadsGreyAndPaletteImagesAndKeepsTheOldOneOfADamagedF
 TEST_F(PictureSurfaceTest, ScreensShareAChartUntilItsFileIsAnotherOne) {
     Load(300, 200, "chart.bmp");
     const auto file = Folder.Path() / "chart.bmp";
-    DecodedPictures all;
-    auto flying = std::make_unique<QtPicture>(&all);
-    QtPicture planning(&all), preview(&all);
-    preview.ReduceTo({30, 20});
-    ASSERT_TRUE(preview.Load(file) && flying->Load(file) && planning.Load(file));
-    EXPECT_EQ(&planning.Levels(), &flying->Levels());
+    QtPicture planning(Charts);
+    ASSERT_TRUE(planning.Load(file));
     EXPECT_EQ(planning.ScaleWidth(), 300);
-    EXPECT_NE(&preview.Levels(), &flying->Levels());
-    const std::weak_ptr<PictureLevels> old = all.Find(file).Levels;
-    flying.reset();
-    EXPECT_FALSE(old.expired());
     Load(400, 200, "chart.bmp"); // scanned anew
+    EXPECT_EQ(planning.ScaleWidth(), 300);
     ASSERT_TRUE(planning.Load(file));
     EXPECT_EQ(planning.ScaleWidth(), 400);
-    EXPECT_TRUE(old.expired());
+}
+
+// A chart of 900 million pixels, none of which has to be on the disk.
+TEST_F(PictureSurfaceTest, AChartOfAnySizeIsThereAtOnceAndIsLeftWhileItIsRead) {
+    Load(10, 10, "huge.bmp");
+    const auto file = Folder.Path() / "huge.bmp";
+    const std::uint32_t side = 30000;
+    std::fstream header(file, std::ios::binary | std::ios::in | std::ios::out);
+    header.seekp(18);
+    for (int i = 0; i < 2; ++i) header.write(reinterpret_cast<const char*>(&side), sizeof side);
+    header.close();
+    std::filesystem::resize_file(file, 54 + 4ULL * side * side);
+    QElapsedTimer time;
+    time.start();
+    {
+        TestCharts charts;
+        QtPicture picture(charts);
+        ASSERT_TRUE(picture.Load(file));
+        EXPECT_EQ(picture.ScaleWidth(), 30000);
+        EXPECT_TRUE(picture.PassPercent());
+        ASSERT_TRUE(Chart.Load(Folder.Path() / "huge.bmp"));
+        Load(400, 200);
+    }
+    EXPECT_LT(time.elapsed(), 5000); // the pass alone takes longer
+}
+
+TEST_F(PictureSurfaceTest, NewsOfTilesAreToldTogether) {
+    int told = 0;
+    TileNews news([&told] { ++told; });
+    for (int i = 0; i < 100; ++i) news.Post();
+    EXPECT_EQ(told, 0);
+    EXPECT_TRUE(Becomes([&] { return told == 1; }));
+    for (int i = 0; i < 100; ++i) news.Post();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(told, 1); // not yet: it has just been told
+    EXPECT_TRUE(Becomes([&] { return told == 2; }));
 }
 
 TEST_F(PictureSurfaceTest, BringsTheKeptPictureBackUntilItsSizeChanges) {

@@ -22,7 +22,7 @@ protected:
         AddWaypoint("Hill", 50.564, 7.36);
         AddWaypoint("Hilltop", 1, 2);
         Shared.EnglishUI = 1;
-        Form = std::make_unique<frmCalibrate>(Shared, Guard, Dialogs);
+        Form = std::make_unique<frmCalibrate>(Shared, Guard, Dialogs, Charts);
         Front = &Show(*Form);
     }
     std::string Edge(int index) { return Text(("tKarten" + std::to_string(index)).c_str()); }
@@ -109,6 +109,7 @@ TEST_F(CalibrationFormsTest, AClickHitsThePixelUnderThePointerAndADragIsNone) {
     form.Logic().View.SX = 460;
     form.Logic().View.SY = 880;
     form.Logic().SlideMap_Scroll(SlideMin);
+    ASSERT_TRUE(BecomesSharp(map));
     const QImage shown = map.grab().toImage();
     QPoint red(-1, -1);
     for (int y = 0; y < shown.height() && red.x() < 0; ++y)

@@ -80,7 +80,7 @@ TEST_F(FlyingEntriesTest, TheInstrumentTakesStationAndCourseAndThenGivesTheKeysB
     EXPECT_EQ(Text("lblKurs"), "052°");
     EXPECT_EQ(Entry(), "090 110");
     Form.Form_Unload();
-    frmGPSmain again({Shared, {Port, Timer, TrackTimer, Clock}, Port, Dialogs, Notices, Guard});
+    frmGPSmain again({Shared, {Port, Timer, TrackTimer, Clock}, Port, Dialogs, Notices, Guard, Charts});
     again.Form_Activate();
     EXPECT_EQ(again.Logic().Instruments.InstrumentMode, DialMode::Hsi);
     EXPECT_EQ(again.Logic().Instruments.lblKurs, "052");

@@ -35,7 +35,7 @@ protected:
     SystemClock Clock;
     QtDialogs Dialogs;
     QtTimer Timer{Guard}, TrackTimer{Guard};
-    frmGPSmain Form{{Shared, {Port, Timer, TrackTimer, Clock}, Port, Dialogs, Notices, Guard}};
+    frmGPSmain Form{{Shared, {Port, Timer, TrackTimer, Clock}, Port, Dialogs, Notices, Guard, Charts}};
 };
 
 } // namespace ornivane

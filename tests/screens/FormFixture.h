@@ -17,6 +17,7 @@
 #include "platform/qt/SurfaceWidget.h"
 #include "support/FlightFolder.h"
 #include "support/ScriptedDialogs.h"
+#include "support/TestCharts.h"
 #include "support/Widgets.h"
 
 namespace ornivane {
@@ -61,6 +62,7 @@ protected:
     QWidget* Front = nullptr; // the form whose controls are meant
     QtNotice Notices;
     EventGuard Guard{Notices, this->Shared};
+    TestCharts Charts;
 };
 
 using FormTest = FormOn<FlightFolder>;

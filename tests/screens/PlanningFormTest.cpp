@@ -28,7 +28,10 @@ protected:
         Form.Logic().Map.SetSlide(-60);
     }
     SurfaceWidget& Map() { return Find<SurfaceWidget>("picMap"); }
-    QImage Picture() { return Map().Surface().Image().copy(); }
+    QImage Picture() {
+        EXPECT_TRUE(BecomesSharp(Map()));
+        return Map().Surface().Image().copy();
+    }
     void Move(int x, int y) { QTest::mouseMove(&Map(), {x, y}); }
     frmLuftraumSettings& OpenSettings() {
         Form.ShowAirspaceSettings();
@@ -41,7 +44,7 @@ protected:
     }
 
     ScriptedDialogs Boxes;
-    frmPlanung Form{Shared, Boxes, Guard};
+    frmPlanung Form{Shared, Boxes, Guard, Charts};
 };
 
 TEST_F(PlanningFormTest, FitsTheSmallestWindowWithAllItsButtons) {
@@ -131,6 +134,8 @@ TEST_F(PlanningFormTest, TheMeasuringLineLeavesNothingBehind) {
     EXPECT_TRUE(Text("lblKurs").ends_with(" °"));
     for (int x = 60; x < 300; x += 10) Move(x, 200);
     Move(50, 60);
+    EXPECT_EQ(Picture(), line);
+    Form.Logic().PaintAgain(); // more of the chart has come
     EXPECT_EQ(Picture(), line);
     Click("picMessen");
     EXPECT_EQ(Picture(), plan);

@@ -37,7 +37,7 @@ protected:
         return field + " " + count;
     }
 
-    frmPlanung Window{Shared, Boxes, Guard};
+    frmPlanung Window{Shared, Boxes, Guard, Charts};
     WaypointEditing& Entry = Window.Logic().Waypoints;
     RouteEditing& Route = Window.Logic().Routes;
     QWidget* Map = &In<QWidget>(Window, "picMap");

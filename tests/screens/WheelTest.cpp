@@ -115,7 +115,7 @@ protected:
     SystemClock Clock;
     QtDialogs Dialogs;
     QtTimer TrackTimer{Guard};
-    frmGPSmain Flying{{Shared, {Port, LinkTimer, TrackTimer, Clock}, Ports, Dialogs, Notices, Guard}};
+    frmGPSmain Flying{{Shared, {Port, LinkTimer, TrackTimer, Clock}, Ports, Dialogs, Notices, Guard, Charts}};
     frmSettings Settings{{{Shared, Port, LinkTimer, Ports, Clock, Dialogs}, Guard, [] {}, {}}};
 };
 
@@ -141,7 +141,7 @@ TEST_F(WheelTest, ChangesNothingInFlight) {
 }
 
 TEST_F(WheelTest, ChangesNothingOnTheGroundAndInNoDialog) {
-    frmPlanung planning(Shared, Dialogs, Guard);
+    frmPlanung planning(Shared, Dialogs, Guard, Charts);
     TurnOverEach(Show(planning));
     planning.ShowAirspaceSettings();
     TurnOverEach(In<frmLuftraumSettings>(planning, "frmLuftraumSettings"));
@@ -160,7 +160,7 @@ TEST_F(WheelTest, ChangesNothingOnTheGroundAndInNoDialog) {
 }
 
 TEST_F(WheelTest, ChangesNothingInTheCatalogueNorWhileCalibrating) {
-    frmCalibrate catalogue(Shared, Guard, Dialogs);
+    frmCalibrate catalogue(Shared, Guard, Dialogs, Charts);
     TurnOverEach(Show(catalogue));
     ClickOn(In<QWidget>(catalogue, "cmdCalibrate"));
     auto& form = In<frmCalRect>(catalogue, "frmCalRect");
@@ -172,7 +172,7 @@ TEST_F(WheelTest, ChangesNothingInTheCatalogueNorWhileCalibrating) {
 
 TEST_F(WheelTest, ScrollsAListAndThePageUnderAClosedBox) {
     for (int i = 0; i < 40; ++i) AddRoute("more", {6.3});
-    frmPlanung planning(Shared, Dialogs, Guard);
+    frmPlanung planning(Shared, Dialogs, Guard, Charts);
     Show(planning);
     auto& routes = In<QTableView>(planning, "gridRoute");
     Turn(*routes.viewport(), {}, {0, -120});

@@ -31,7 +31,9 @@ RunningProgram::RunningProgram(const fs::path& folder, const Options& options)
     child.Output = options.Output;
     child.Environment = {{"QT_PLUGIN_PATH", PROBE_PLUGINS},
                          {"QT_QPA_GENERIC_PLUGINS", "ornivaneprobe"},
-                         {"ORNIVANE_PROBE", (scratch / "probe").string()}};
+                         {"ORNIVANE_PROBE", (scratch / "probe").string()},
+                         // What a test or the demo makes is not for the user.
+                         {"XDG_CACHE_HOME", (scratch / "cache").string()}};
     if (!options.OnScreen) {
         DescribeScreen(scratch / "screen.json", options.Width, options.Height);
         child.Environment["QT_QPA_PLATFORM"] = "offscreen:configfile=" + (scratch / "screen.json").string();

@@ -1,97 +1,74 @@
 #include "platform/qt/QtPicture.h"
 
-#include <QFile>
-#include <QImageReader>
-#include <algorithm>
-
-#include "platform/PictureFormats.h"
-
 namespace ornivane {
 
 namespace {
 
-// More than a sheet of one square metre scanned at 400 dpi, twice over. A damaged header must not claim all
-// the memory of the machine in flight.
-constexpr long long MostPixels = 400'000'000;
+using Phase = TiledChart::Phase;
 
-// Qt refuses images above 128 MiB, and charts are larger. The limit is one for the whole program.
-class AllocationLimitLifted {
-public:
-    AllocationLimitLifted() { QImageReader::setAllocationLimit(0); }
-    ~AllocationLimitLifted() { QImageReader::setAllocationLimit(usual); }
-    AllocationLimitLifted(const AllocationLimitLifted&) = delete;
-    AllocationLimitLifted& operator=(const AllocationLimitLifted&) = delete;
-
-private:
-    int usual = QImageReader::allocationLimit();
-};
-
-QImage InKeptFormat(QImage image) {
-    switch (image.format()) {
-    case QImage::Format_RGB32:
-    case QImage::Format_Grayscale8:
-    case QImage::Format_Indexed8:
-        break;
-    case QImage::Format_Mono:
-    case QImage::Format_MonoLSB:
-        image.convertTo(QImage::Format_Indexed8);
-        break;
-    default:
-        image.convertTo(QImage::Format_RGB32);
-    }
-    return image;
-}
-
-// The JPEG decoder brings an image down to an eighth while it reads, and that is where a preview's time goes;
-// the others would only shrink what they have read whole.
-QSize ReducedSize(const QImageReader& reader, QSize size, QSize enough) {
-    if (enough.isEmpty() || reader.format() != "jpeg") return size;
-    const QSize reduced = size.scaled(2 * enough, Qt::KeepAspectRatioByExpanding);
-    return reduced.width() < size.width() ? reduced : size;
-}
-
-QImage Decode(const std::filesystem::path& path, QSize enough, QSize& stored) {
-    QFile file(QString::fromStdString(path.string()));
-    if (!file.open(QIODevice::ReadOnly)) return {};
-    const AllocationLimitLifted lifted;
-    QImageReader reader(&file);
-    reader.setDecideFormatFromContent(true);
-    // Positions are computed from pixels as stored; a turn noted by a camera would move them all.
-    reader.setAutoTransform(false);
-    const auto decodes = [&reader](const PictureFormat& format) { return reader.format() == format.Decoder; };
-    if (std::none_of(PictureFormats.begin(), PictureFormats.end(), decodes)) return {};
-    const QSize size = reader.size();
-    const QSize reduced = ReducedSize(reader, size, enough);
-    if (static_cast<long long>(reduced.width()) * reduced.height() > MostPixels) return {};
-    if (reduced != size) reader.setScaledSize(reduced);
-    QImage image = InKeptFormat(reader.read());
-    stored = reduced != size ? size : image.size();
-    return image;
-}
+// A file that is missing or no image at all says nothing; the catalogue shows it. What the user's own image
+// programs show, and this one cannot, needs its reason.
+bool HasToBeTold(Fault fault) { return fault == Fault::TooLarge || fault == Fault::Coefficients; }
 
 } // namespace
 
-bool QtPicture::Load(const std::filesystem::path& file) {
-    const bool whole = preview.isEmpty();
-    if (others && whole)
-        if (const auto found = others->Find(file); found.Levels) {
-            stored = found.Stored;
-            levels = found.Levels;
-            return true;
-        }
-    QSize size;
-    QImage image = Decode(file, preview, size);
-    if (image.isNull()) return false;
-    stored = size;
-    levels = std::make_shared<PictureLevels>(std::move(image));
-    if (others && whole) others->Add(file, {stored, levels});
+QtPicture::QtPicture(SharedCharts& allCharts) : charts(allCharts) {}
+
+QtPicture::~QtPicture() { LetGo(); }
+
+void QtPicture::LetGo() {
+    viewer.reset(); // posts nothing any more
+    charts.LetGo(std::move(chart));
+}
+
+bool QtPicture::Load(const std::filesystem::path& image) {
+    auto opened = charts.Tiles().Open(image);
+    refused.reset();
+    if (!opened) {
+        if (!HasToBeTold(opened.Why().Kind)) return false;
+        refused = opened.Why();
+        refusedFile = image;
+        news.Post();
+        return false;
+    }
+    LetGo();
+    file = image;
+    chart = std::move(*opened);
+    viewer = charts.Tiles().View(chart, [this] { news.Post(); });
+    if (chart->Now().At != Phase::Ready) news.Post();
     return true;
 }
 
-PixelRect QtPicture::InLevels(const PixelRect& source) const {
-    const double x = stored.width() > 0 ? static_cast<double>(levels->Width()) / stored.width() : 1;
-    const double y = stored.height() > 0 ? static_cast<double>(levels->Height()) / stored.height() : 1;
-    return {source.X * x, source.Y * y, source.Width * x, source.Height * y};
+bool QtPicture::MustBeReadAgain() const {
+    if (!chart) return false;
+    const auto now = chart->Now();
+    return now.At == Phase::Failed && now.Why && now.Why->Kind == Fault::CannotRead;
+}
+
+TileView QtPicture::View(const ViewRequest& request) const {
+    return viewer ? viewer->View(request) : TileView{};
+}
+
+std::optional<int> QtPicture::PassPercent() const {
+    if (!chart) return std::nullopt;
+    const auto now = chart->Now();
+    return now.At == Phase::Building ? std::optional(now.Percent) : std::nullopt;
+}
+
+bool QtPicture::IsFinished() const { return !chart || chart->Now().At != Phase::Building; }
+
+std::optional<QtPicture::Trouble> QtPicture::IfNew(const std::filesystem::path& of, const Failure& why) {
+    if (!charts.IsNew(of, why.Kind)) return std::nullopt;
+    return Trouble{of.filename().string(), why};
+}
+
+std::optional<QtPicture::Trouble> QtPicture::NewTrouble() {
+    if (const Outcome why = std::exchange(refused, {})) return IfNew(refusedFile, *why);
+    if (!chart) return std::nullopt;
+    const auto now = chart->Now();
+    const bool isOver = now.At == Phase::Failed || now.At == Phase::WithoutCache;
+    if (!isOver || !now.Why || now.Why->Kind == Fault::Cancelled) return std::nullopt;
+    return IfNew(file, *now.Why);
 }
 
 } // namespace ornivane

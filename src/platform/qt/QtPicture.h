@@ -1,41 +1,61 @@
 #pragma once
 
-#include <QSize>
+#include <functional>
 #include <memory>
+#include <optional>
+#include <string>
 
 #include "platform/PictureSurface.h"
-#include "platform/qt/DecodedPictures.h"
-#include "platform/qt/PictureLevels.h"
+#include "platform/qt/SharedCharts.h"
+#include "platform/qt/TileNews.h"
 
 namespace ornivane {
 
-// A chart image. Colour takes four bytes a pixel as decoded, grey and palette images one.
-//
-// The old picture is let go only when the new one is decoded, because a file can turn out to be damaged at
-// its last byte. So while one chart of 12,000 x 9,000 replaces another, both are in memory (2 x 412 MiB); at
-// rest there is one, also for several screens with the same chart.
+// A chart image, of any size: its pixels come from tiles. It loads at once; what can be painted of a chart
+// that was never shown before grows while its tiles are made.
 class QtPicture : public Picture {
 public:
-    // `shared` may be missing; it must outlive the picture.
-    explicit QtPicture(DecodedPictures* shared = nullptr) : others(shared) {}
+    explicit QtPicture(SharedCharts& allCharts);
+    ~QtPicture() override;
+    QtPicture(const QtPicture&) = delete;
+    QtPicture& operator=(const QtPicture&) = delete;
 
-    bool Load(const std::filesystem::path& file) override;
-    int ScaleWidth() const override { return stored.width(); }
-    int ScaleHeight() const override { return stored.height(); }
-    // From now on images are decoded no larger than a preview of that size needs, where the decoder can; a
-    // source rectangle still counts in pixels of the stored image.
-    void ReduceTo(QSize enough) { preview = enough; }
+    bool Load(const std::filesystem::path& image) override;
+    int ScaleWidth() const override { return Extent().Width; }
+    int ScaleHeight() const override { return Extent().Height; }
+    bool MustBeReadAgain() const override;
 
-    // Painting makes reduced levels when it first needs them, which changes nothing that is seen.
-    PictureLevels& Levels() const { return *levels; }
-    // A rectangle of the stored image in pixels of the first level.
-    PixelRect InLevels(const PixelRect& source) const;
+    ImageExtent Extent() const { return chart ? chart->Extent() : ImageExtent{}; }
+    // What can be painted of it at this moment. What is missing is ordered, which changes nothing that is
+    // seen.
+    TileView View(const ViewRequest& request) const;
+    // Called when there is more to paint, or something else to tell of the chart.
+    void OnBetter(std::function<void()> callback) { better = std::move(callback); }
+    // Of the pass over the image; none while there is no pass.
+    std::optional<int> PassPercent() const;
+    // Nothing more will come of itself.
+    bool IsFinished() const;
+
+    // What is wrong with which file, and was told of it by no screen yet.
+    struct Trouble {
+        std::string FileName;
+        Failure Why;
+    };
+    std::optional<Trouble> NewTrouble();
 
 private:
-    QSize stored{0, 0};
-    QSize preview; // empty: full size
-    std::shared_ptr<PictureLevels> levels = std::make_shared<PictureLevels>();
-    DecodedPictures* others;
+    void LetGo();
+    std::optional<Trouble> IfNew(const std::filesystem::path& of, const Failure& why);
+
+    SharedCharts& charts;
+    std::function<void()> better;
+    TileNews news{[this] {
+        if (better) better();
+    }};
+    std::filesystem::path file, refusedFile;
+    Outcome refused; // why the last Load failed, when that has to be told
+    std::shared_ptr<TiledChart> chart;
+    std::unique_ptr<ChartViewer> viewer;
 };
 
 } // namespace ornivane

@@ -1,7 +1,6 @@
 #include "platform/qt/QtPictureSurface.h"
 
 #include <algorithm>
-#include <bit>
 #include <cmath>
 
 #include "platform/qt/CompassCard.h"
@@ -16,7 +15,6 @@ namespace {
 
 constexpr double LargestStamp = 64; // device pixels of radius and pen together
 constexpr std::size_t MostStamps = 256;
-constexpr int HighestLevel = 8;
 
 bool HasArea(const PixelRect& rect) {
     return std::isfinite(rect.X) && std::isfinite(rect.Y) && rect.Width > 0 && rect.Height > 0 &&
@@ -28,13 +26,6 @@ PixelRect Scaled(const PixelRect& rect, double by) {
 }
 
 std::uint32_t Opaque(Colour colour) { return colour | 0xFF000000U; }
-
-// The level whose pixels are at most as large as the target's and more than half as large.
-int LevelFor(double sourcePerTarget) {
-    if (!(sourcePerTarget >= 2)) return 0;
-    const auto whole = static_cast<unsigned>(std::min(sourcePerTarget, 1e6));
-    return std::min(static_cast<int>(std::bit_width(whole)) - 1, HighestLevel);
-}
 
 } // namespace
 
@@ -86,30 +77,38 @@ void QtPictureSurface::PaintPicture(const Picture& picture, const PixelRect& des
     if (!HasArea(destination)) return;
     const auto* chart = dynamic_cast<const QtPicture*>(&picture);
     const PixelRect target = Scaled(destination, ratio);
-    // No section is turned. One that is needs a painter of its own here, in place of PaintLevel, which
+    // No section is turned. One that is needs a painter of its own here, in place of PaintChart, which
     // resamples an axis at a time.
     const PixelRect source{section.X, section.Y, section.AcrossX, section.DownY};
-    const bool covered = chart && chart->ScaleWidth() > 0 && HasArea(source) &&
-                         PaintLevel(chart->Levels(), target, chart->InLevels(source));
-    if (!covered) FillRect(target, backColor);
+    isSharp = true;
+    if (!chart || chart->ScaleWidth() == 0 || !HasArea(source) || !PaintChart(*chart, target, source))
+        FillRect(target, backColor);
 }
 
-bool QtPictureSurface::PaintLevel(PictureLevels& levels, const PixelRect& target, const PixelRect& source) {
-    const int level = LevelFor(std::min(source.Width / target.Width, source.Height / target.Height));
-    const double scale = 1.0 / (1 << level);
+bool QtPictureSurface::PaintChart(const QtPicture& chart, const PixelRect& target, const PixelRect& source) {
+    TileView view =
+        chart.View({source.X, source.Y, source.Width, source.Height, target.Width, target.Height});
+    isSharp = chart.IsFinished() && view.IsSharp();
+    if (view.IsEmpty()) return false;
+    const double scale = 1.0 / (1 << view.Level());
+    const ImageExtent level = view.Extent(), whole = chart.Extent();
     const PixelRect from = Scaled(source, scale);
-    const ResampleAxis x({target.X, target.Width, image.width()}, {from.X, from.Width, levels.Width(level)},
-                         levels.Width() * scale);
-    const ResampleAxis y({target.Y, target.Height, image.height()},
-                         {from.Y, from.Height, levels.Height(level)}, levels.Height() * scale);
+    const ResampleAxis x({target.X, target.Width, image.width()}, {from.X, from.Width, level.Width},
+                         whole.Width * scale);
+    const ResampleAxis y({target.Y, target.Height, image.height()}, {from.Y, from.Height, level.Height},
+                         whole.Height * scale);
     if (x.IsEmpty() || y.IsEmpty()) return false;
-    const bool insideOfPicture = source.X >= 0 && source.Y >= 0 &&
-                                 source.X + source.Width <= levels.Width() &&
-                                 source.Y + source.Height <= levels.Height();
+    const bool insideOfPicture = source.X >= 0 && source.Y >= 0 && source.X + source.Width <= whole.Width &&
+                                 source.Y + source.Height <= whole.Height;
     if (!insideOfPicture) FillRect(target, backColor);
-    Resample(Block(), x, y,
-             [&levels, level](int row, int begin, int end) { return levels.Row(level, row, begin, end); });
+    Resample(Block(), x, y, [&view](int row, int begin, int end) { return view.Row(row, begin, end); });
     return true;
+}
+
+void QtPictureSurface::PaintAgain(const std::function<void()>& paint) {
+    const int before = redraws;
+    paint();
+    redraws = before;
 }
 
 void QtPictureSurface::PaintTurned(const Picture& picture, double angle) {

@@ -11,9 +11,11 @@
 #include "platform/PictureSurface.h"
 #include "platform/qt/ChartText.h"
 #include "platform/qt/CircleStamp.h"
-#include "platform/qt/PictureLevels.h"
+#include "platform/qt/PixelBlock.h"
 
 namespace ornivane {
+
+class QtPicture;
 
 // A surface in memory. Sizes and positions are logical pixels; it holds devicePixelRatio times as many, and
 // all drawing is done at that resolution. Positions count from the borders of pixels: the first one reaches
@@ -50,14 +52,18 @@ public:
     void OnRefresh(std::function<void()> callback) { refreshed = std::move(callback); }
     // What was drawn; good until the next Resize.
     const QImage& Image() const { return image; }
-    // How often PaintPicture was called.
+    // How often PaintPicture was called, but for what was painted again.
     int Redraws() const { return redraws; }
+    // The same picture once more, because more of its chart has come: no redraw of its own.
+    void PaintAgain(const std::function<void()>& paint);
+    // All of the chart that was painted last is there, at the resolution of the surface.
+    bool IsSharp() const { return isSharp; }
 
 private:
     void Allocate(const QSizeF& size, double newRatio);
     PixelBlock Block();
     void FillRect(const PixelRect& rect, Colour colour);
-    bool PaintLevel(PictureLevels& levels, const PixelRect& target, const PixelRect& source);
+    bool PaintChart(const QtPicture& chart, const PixelRect& target, const PixelRect& source);
     void UsePen(Colour colour);
     const CircleStamp& StampFor(double deviceRadius, double deviceWidth);
 
@@ -65,6 +71,7 @@ private:
     int drawWidth = 1;
     Colour foreColor = 0x000000, backColor = 0xFFFFFF;
     int redraws = 0;
+    bool isSharp = true;
     std::function<void()> refreshed;
 
     // The image has no memory of its own: writing to `pixels` must never make it copy itself.

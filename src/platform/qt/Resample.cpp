@@ -6,7 +6,7 @@
 
 // These loops are the cost of every redraw. They are plain C++ in the shape that the compiler turns into
 // vector instructions (this file is built with -O3): bytes in, 16-bit lanes out, four lanes a pixel. The 16
-// bits never overflow: weights add up to 256, and a square of level 4 has 256 pixels of at most 255.
+// bits never overflow: weights add up to 256.
 
 namespace ornivane {
 
@@ -54,10 +54,6 @@ void DivideBy256(Lane* lanes, std::size_t count) {
     for (std::size_t i = 0; i < count; ++i) lanes[i] = static_cast<Lane>(lanes[i] >> 8);
 }
 
-void Add(const std::uint8_t* __restrict row, Lane* __restrict sum, std::size_t count) {
-    for (std::size_t i = 0; i < count; ++i) sum[i] = static_cast<Lane>(sum[i] + row[i]);
-}
-
 // The rows of one target row mixed into one, still as long as the source.
 void MixRows(const ResampleAxis& y, int target, int from, int to, const RowReader& rows,
              std::vector<Lane>& out) {
@@ -88,42 +84,6 @@ void MixColumns(const ResampleAxis& x, int from, const Lane* source, std::uint32
     }
 }
 
-// Squares that the border of the picture cuts.
-std::uint32_t AverageOf(const Lane* sums, int columns, int rows) {
-    std::uint32_t result = 0;
-    for (int channel = 3; channel >= 0; --channel) {
-        unsigned sum = 0;
-        for (int column = 0; column < columns; ++column) sum += sums[column * 4 + channel];
-        const unsigned pixels = static_cast<unsigned>(columns * rows);
-        result = result << 8 | (sum + pixels / 2) / pixels;
-    }
-    return result;
-}
-
-template <int Level>
-void AverageWholeSquares(const Lane* sums, std::uint32_t* target, int count) {
-    constexpr int Side = 1 << Level;
-    constexpr Lanes Half = 0x0001000100010001ULL << (2 * Level - 1);
-    for (std::ptrdiff_t i = 0; i < count; ++i) {
-        Lanes sum = Half;
-        for (std::ptrdiff_t column = 0; column < Side; ++column) sum += Load(sums + (i * Side + column) * 4);
-        target[i] = Pack((sum >> (2 * Level)) & 0x00FF00FF00FF00FFULL);
-    }
-}
-
-void AverageWhole(int level, const Lane* sums, std::uint32_t* target, int count) {
-    switch (level) {
-    case 1:
-        return AverageWholeSquares<1>(sums, target, count);
-    case 2:
-        return AverageWholeSquares<2>(sums, target, count);
-    case 3:
-        return AverageWholeSquares<3>(sums, target, count);
-    default:
-        return AverageWholeSquares<4>(sums, target, count);
-    }
-}
-
 } // namespace
 
 void Resample(const PixelBlock& target, const ResampleAxis& x, const ResampleAxis& y, const RowReader& rows) {
@@ -142,27 +102,6 @@ void Resample(const PixelBlock& target, const ResampleAxis& x, const ResampleAxi
             break;
         default:
             MixColumns<0>(x, from, mixed.data(), target.Row(row));
-        }
-    }
-}
-
-void ReduceToLevel(const PixelBlock& target, int level, const SourcePart& source, const RowReader& rows) {
-    const int side = 1 << level;
-    const int endX = std::min(source.X + target.Width * side, source.Width);
-    const std::size_t count = static_cast<std::size_t>(endX - source.X) * 4;
-    std::vector<Lane> sums(count);
-    for (int y = 0; y < target.Height; ++y) {
-        const int top = source.Y + y * side;
-        const int height = std::min(side, source.Height - top);
-        std::fill(sums.begin(), sums.end(), Lane{0});
-        for (int row = top; row < top + height; ++row)
-            Add(Bytes(rows(row, source.X, endX) + source.X), sums.data(), count);
-        const int whole = height == side ? (endX - source.X) / side : 0;
-        AverageWhole(level, sums.data(), target.Row(y), whole);
-        for (int x = whole; x < target.Width; ++x) {
-            const int columns = std::min(side, endX - source.X - x * side);
-            target.Row(y)[x] =
-                AverageOf(sums.data() + static_cast<std::size_t>(x) * side * 4, columns, height);
         }
     }
 }

@@ -14,12 +14,4 @@ using RowReader = std::function<const std::uint32_t*(int row, int from, int to)>
 // Mixes the target pixels that both axes reach from the rows of the source; the others stay as they are.
 void Resample(const PixelBlock& target, const ResampleAxis& x, const ResampleAxis& y, const RowReader& rows);
 
-// The average of squares of 2^level source pixels, level 1 to 4, for the target's pixels from (0, 0) on,
-// which stand for the source pixels from (X, Y) on. The last column and row may stand for less than a square:
-// the source ends at its width and height.
-struct SourcePart {
-    int X, Y, Width, Height;
-};
-void ReduceToLevel(const PixelBlock& target, int level, const SourcePart& source, const RowReader& rows);
-
 } // namespace ornivane
