@@ -27,7 +27,7 @@ protected:
     }
     void Paint(const PixelRect& source) {
         EXPECT_TRUE(Becomes([&] {
-            Paint({source.X, source.Y, source.Width, source.Height});
+            Surface.PaintPicture(Chart, {0, 0, 200, 100}, {source.X, source.Y, source.Width, source.Height});
             return Surface.IsSharp();
         }));
     }

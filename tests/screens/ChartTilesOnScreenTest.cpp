@@ -1,9 +1,10 @@
 #include <QCheckBox>
-#include <QListWidget>
+#include <QVBoxLayout>
 #include <fstream>
 
 #include "calibration/frmCalibrate.h"
 #include "planning/frmPlanung.h"
+#include "platform/qt/QtPicture.h"
 #include "screens/FlyingFormFixture.h"
 
 namespace ornivane {
@@ -17,7 +18,8 @@ protected:
         chart.fill(QColor(40, 120, 200));
         WriteCharts(chart, {"alpha.jpg", "zulu.jpg"});
         Shared.EnglishUI = 1;
-        window.resize(100, 100);
+        new QVBoxLayout(&window);
+        window.show();
         Notices.StandIn(window);
     }
     ~ChartTilesOnScreenTest() override { Notices.setParent(nullptr); }
