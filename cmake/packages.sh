@@ -9,7 +9,7 @@ RunPackages=(
     fonts-dejavu-core
 )
 # To test it.
-TestPackages=("${RunPackages[@]}" libgtest-dev libgmock-dev clang-format poppler-utils gpsbabel)
+TestPackages=("${RunPackages[@]}" libgtest-dev libgmock-dev clang-format poppler-utils gpsbabel gdal-bin)
 # For what runs with CI=true alone: the fuzz targets.
 CiPackages=(clang libclang-rt-14-dev)
 
